@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "core/result.h"
+
+// Reading and writing whole files. Every reader of the program goes through ReadFile and every
+// writer through ReplaceFile, so that nothing is ever half written.
+namespace skerrow {
+
+// Upper bound for record and settings files; anything larger is refused before it is read.
+inline constexpr std::size_t kMaxRecordFileSize = std::size_t{64} * 1024 * 1024;
+
+// `folder` and `name` with one separator between them. Both "/" and "\" count as separators; a
+// `name` may begin with one. Trailing blanks of `folder` and `name` do not reach the path.
+std::string JoinPath(std::string_view folder, std::string_view name);
+
+// A stored path text as this system's: trimmed, and with "\" as "/".
+std::string NativePath(std::string_view path);
+
+// The last element of a path, either separator counting.
+std::string FileNameOf(std::string_view path);
+
+// The path without its last element and the separator before it.
+std::string FolderOf(std::string_view path);
+
+// Whether `path` can be opened for reading as a file.
+bool FileReadable(const std::string& path);
+
+// The whole content of a file. Errors: missing, not a file, unreadable, over `max_size` bytes.
+Result<std::string> ReadFile(const std::string& path, std::size_t max_size = kMaxRecordFileSize);
+
+// Replaces the file at `path` (or creates it) with `content`: writes a new file beside it, flushes
+// and renames. On any failure the file at `path` is as it was and nothing is left beside it.
+Status ReplaceFile(const std::string& path, std::string_view content);
+
+// Adds `content` at the end of the file at `path`, creating it when missing.
+Status AppendToFile(const std::string& path, std::string_view content);
+
+// Deletes a file; a missing one is no error.
+Status DeleteFile(const std::string& path);
+
+// Creates a folder and those above it; one that exists is no error.
+Status MakeFolder(const std::string& path);
+
+}  // namespace skerrow
