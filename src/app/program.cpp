@@ -1,0 +1,153 @@
+#include "app/program.h"
+
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/text.h"
+
+namespace skerrow {
+namespace {
+
+void ShowFailure(const Status& status, Messages& messages) {
+  if (!status) messages.Show(status.error().Text(), MessageIcon::kWarning);
+}
+
+}  // namespace
+
+void LoadConfig(Program& program, Messages& messages) {
+  const std::string path = program.folders.ConfigFile();
+  if (!FileReadable(path)) {
+    (void)DeleteFile(path);
+    WriteDefaultConfig(program.folders, messages);
+  }
+  ShowFailure(EnsureSampleWaypoints(program.folders), messages);
+  (void)ReadConfig(program.folders, program.config);
+  program.wind_config = LoadWindConfig(program.folders);
+  program.working_wind = program.wind_config.Default();
+  program.leg_winds.fill(program.working_wind);
+  program.use_leeway = program.config.use_leeway != 0;
+}
+
+void LoadProgram(Program& program, Messages& messages) {
+  program.harmonic_streams = false;
+  LoadConfig(program, messages);
+  FollowClock(program);
+  program.thumbnail_visible = true;
+  ShowFailure(LoadCurrentWaypoints(program.folders, program.config, program.waypoints, messages),
+              messages);
+  program.vectors_shown = program.config.use_tides != 0 && program.config.show_vectors != 0;
+  ShowFailure(ReadChartSettings(program.config, program.charts), messages);
+  FindRefPorts(program.tides, program.folders, program.config.tidal_area);
+  RebuildTides(program, messages);
+  LoadDiamonds(program.tides, program.folders, program.config.tidal_area, messages);
+  program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file);
+  ShowFailure(LoadChartIndex(program.folders, program.config, program.charts, messages),
+              messages);
+  program.mouse_mode = MouseMode::kStarting;
+  program.replay_active = false;
+  program.dividers_on = false;
+  program.route_drawing = false;
+  program.route_speed = program.config.vessel_speed;
+  program.selected_time.hours = program.clock->Now().Hours();
+  program.saved_time = {program.selected_time, false};
+  program.saved_time.time.override_ = false;
+  Timer1Routine(program);
+  program.mouse_mode = MouseMode::kRouteCreation;
+  ForgetCalculation(program);
+}
+
+bool RestoreDefaults(Program& program, Messages& messages) {
+  return WriteDefaultConfig(program.folders, messages);
+}
+
+RouteDefaults RouteDefaultsOf(const Program& program) {
+  RouteDefaults defaults;
+  defaults.speed = program.config.vessel_speed;
+  defaults.wind = program.working_wind;
+  defaults.constant_wind = program.config.use_manual_wind != 0;
+  defaults.departure_day = program.selected_time.Day();
+  defaults.departure_hours = program.selected_time.hours;
+  return defaults;
+}
+
+void FollowClock(Program& program) {
+  const ClockReading now = program.clock->Now();
+  SetFromClock(program.selected_time, now);
+  program.clock_day = now.Day().day;
+  program.clock_year = now.Day().year;
+  program.clock_julian = now.Julian();
+}
+
+void RebuildTides(Program& program, Messages& messages) {
+  BuildRefPortHeights(program.tides, program.folders, program.selected_time.Day(),
+                      program.config.summer_time != 0, messages);
+  RefreshTideState(program.tides, true, program.selected_time.hours, program.clock->Now());
+}
+
+void Timer1Routine(Program& program) {
+  const ClockReading now = program.clock->Now();
+  if (now.Day().day != program.clock_day) {
+    program.clock_day = now.Day().day;
+    program.clock_year = now.Day().year;
+  }
+  // The selected day may have moved on with the clock since the tables were built.
+  if (program.tides.loaded->date != program.selected_time.Day()) {
+    LoadTideDay(program.tides, program.selected_time.Day());
+  }
+  RefreshTideState(program.tides, program.selected_time.override_, program.selected_time.hours, now);
+}
+
+std::string SelectedTimeText(SelectedTimeRefusal refusal) {
+  switch (refusal) {
+    case SelectedTimeRefusal::kNone:
+      break;
+    case SelectedTimeRefusal::kNoTime:
+      return "Please enter a valid time i.e. 12:35";
+    case SelectedTimeRefusal::kOutOfRange:
+      return "Please enter a valid time";
+    case SelectedTimeRefusal::kNoSuchDate:
+      return "There is no such date";
+  }
+  return "";
+}
+
+SelectedTimeRefusal SetSelectedTime(Program& program, const SelectedTimeEntry& entry,
+                                    Messages& messages) {
+  const std::string text = Trim(entry.time_text);
+  const std::size_t colon = text.find(':');
+  if (colon == std::string::npos || text.size() < 4) return SelectedTimeRefusal::kNoTime;
+  const std::int64_t hours = RoundToInteger(TextToNumber(text.substr(0, colon)));
+  const std::int64_t minutes = RoundToInteger(TextToNumber(text.substr(colon + 1)));
+  if (hours >= 24 || hours < 0 || minutes >= 61 || minutes < 0) {
+    return SelectedTimeRefusal::kOutOfRange;
+  }
+  const std::int16_t day = DateToDayOfYear(entry.day_of_month, entry.month, entry.year);
+  if (day == 0 || entry.year < 1 || entry.year > INT16_MAX - 1) {
+    return SelectedTimeRefusal::kNoSuchDate;
+  }
+  SetDay(program.selected_time, {day, static_cast<std::int16_t>(entry.year)});
+  program.selected_time.override_ = true;
+  program.selected_time.hours =
+      static_cast<float>(static_cast<double>(hours) + static_cast<double>(minutes) / 60.0);
+  ForgetCalculation(program);
+  RebuildTides(program, messages);
+  return SelectedTimeRefusal::kNone;
+}
+
+void ReturnToRealtime(Program& program, Messages& messages) {
+  FollowClock(program);
+  program.selected_time.override_ = false;
+  program.saved_time = {program.selected_time, false};
+  RebuildTides(program, messages);
+  ForgetCalculation(program);
+  program.route_drawing = false;
+}
+
+void ForgetCalculation(Program& program) {
+  program.passage.route_track.clear();
+  program.passage.route_streams.clear();
+  program.passage.legs.clear();
+  program.passage.calc_mode = 0;
+  for (RoutePoint& point : program.route.points) point.calculated = false;
+}
+
+}  // namespace skerrow

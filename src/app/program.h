@@ -1,0 +1,148 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "charts/chart_files.h"
+#include "core/clock.h"
+#include "core/config.h"
+#include "core/folders.h"
+#include "core/messages.h"
+#include "core/selected_time.h"
+#include "passage/passage_state.h"
+#include "routes/route.h"
+#include "routes/waypoint.h"
+#include "tides/streams.h"
+#include "wind/wind_config.h"
+
+// The one object that holds the state of all subsystems, and the operations that cross them.
+namespace skerrow {
+
+// What a left click on the chart means.
+enum class MouseMode : std::int16_t {
+  kStarting = 1,
+  kWaypointEntry = 2,
+  kRouteCreation = 3,
+  kPointMarked = 7,
+};
+
+enum class AnimationDirection : std::int16_t { kForward = 1, kReverse = 2 };
+
+// The run of a calculated track on the chart.
+struct Animation {
+  AnimationDirection direction = AnimationDirection::kForward;
+  std::size_t index = 0;  // into the route track
+  bool running = false;
+  std::string label;  // "ETA : " with time and date, for the chart
+};
+
+// What the timers keep between their ticks.
+struct TimerState {
+  int seconds = 0;  // Timer1's count, which CommsTimer uses too
+  bool first_pass_done = false;
+  int repaint_divider = 0;
+  int phase = 1;  // turned over at the start of each tick: 0 reads the GPS, 1 the AIS
+  int cycle = 0;
+  double next_log_time = 0.0;  // Julian date
+};
+
+// Legs that the wind per leg is kept for.
+inline constexpr std::size_t kWindLegs = 25;
+
+struct Program {
+  Program(Folders where, const Clock& time_source)
+      : folders(std::move(where)),
+        clock(&time_source),
+        config(DefaultConfig(folders.program)) {}
+
+  Folders folders;
+  const Clock* clock;
+
+  AppConfig config;
+  WindConfig wind_config;
+  Wind working_wind;
+  std::array<Wind, kWindLegs> leg_winds{};
+
+  SelectedTime selected_time;
+  SavedTime saved_time;
+  std::int16_t clock_day = 0;
+  std::int16_t clock_year = 0;
+  double clock_julian = 0.0;
+
+  WaypointState waypoints;
+  RouteState route;
+  ChartState charts;
+  std::vector<PortMarker> port_markers;
+  TideState tides;
+  PassageState passage;
+
+  MouseMode mouse_mode = MouseMode::kStarting;
+  bool dividers_on = false;
+  bool route_drag_on = false;
+  bool route_drawing = false;
+  float route_speed = 5.0F;  // knots
+  bool use_leeway = false;
+  bool gps_enabled = false;
+  bool ais_enabled = false;
+  bool replay_active = false;
+  float boat_latitude = 0.0F;  // 0: no position yet
+  float boat_longitude = 0.0F;
+  bool thumbnail_visible = true;
+  bool vectors_shown = true;
+  bool harmonic_streams = false;
+  Animation animation;
+  TimerState timers;
+};
+
+// Loads the settings: creates the settings file, the sample waypoints and the wind settings where
+// they are missing, reads them, and gives every leg the default wind. A settings file that cannot
+// be written shows "Unable to create a configuration file."; one that cannot be read leaves the
+// defaults in force.
+void LoadConfig(Program& program, Messages& messages);
+
+// The data steps of the start, in their order: settings, time, waypoints, chart, reference ports,
+// tides, diamonds, port marks and chart index. A step that fails says so and does not stop the
+// others.
+void LoadProgram(Program& program, Messages& messages);
+
+// Writes the default settings over the stored ones.
+bool RestoreDefaults(Program& program, Messages& messages);
+
+// The route operations' view of the settings.
+RouteDefaults RouteDefaultsOf(const Program& program);
+
+// Sets the selected time, day and year of the clock, and the clock's Julian date.
+void FollowClock(Program& program);
+
+// Rebuilds the port tables for the selected day and refreshes the tide state for its time.
+void RebuildTides(Program& program, Messages& messages);
+
+// Day check against the clock, then the refresh of the tide state.
+void Timer1Routine(Program& program);
+
+// Why a typed time and chosen date are refused.
+enum class SelectedTimeRefusal { kNone, kNoTime, kOutOfRange, kNoSuchDate };
+
+struct SelectedTimeEntry {
+  std::string time_text;  // "hh:mm"; minutes of exactly 60 pass
+  int day_of_month = 1;
+  int month = 1;
+  int year = 2000;
+};
+
+// The fixed words of a refusal.
+std::string SelectedTimeText(SelectedTimeRefusal refusal);
+
+// Makes a typed time the selected one: the calculated track goes, the tides follow.
+SelectedTimeRefusal SetSelectedTime(Program& program, const SelectedTimeEntry& entry,
+                                    Messages& messages);
+
+// Goes back to the clock's time; the calculated track goes.
+void ReturnToRealtime(Program& program, Messages& messages);
+
+// Drops the calculated track and the calculated mark of every route point.
+void ForgetCalculation(Program& program);
+
+}  // namespace skerrow

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/calendar.h"
+#include "core/position.h"
+#include "core/result.h"
+
+// What a command answers, and the forms its numbers take.
+namespace skerrow::cli {
+
+using Json = nlohmann::ordered_json;
+
+// Both forms of an answer; the options decide which is printed.
+struct Answer {
+  Json json;
+  std::string text;
+};
+
+// A single-precision value as the shortest number that reads back to the same 32 bits; null when
+// it is not finite.
+Json Number(float value);
+Json Number(double value);
+
+// [latitude, longitude].
+Json Place(Position position);
+
+// [hours, day, year].
+Json Moment(float hours, DayAndYear date);
+
+// Rows of text in columns: each column as wide as its widest entry, two blanks between. Columns
+// whose header begins with ">" are set right, without that sign.
+class TextTable {
+ public:
+  explicit TextTable(std::vector<std::string> headers);
+  void Add(std::vector<std::string> row);
+  std::string Text() const;
+
+ private:
+  std::vector<std::vector<std::string>> rows_;
+  std::vector<bool> right_;
+};
+
+// Number of characters (not bytes) of a UTF-8 text.
+std::size_t CharacterCount(std::string_view text);
+
+}  // namespace skerrow::cli

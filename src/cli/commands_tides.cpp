@@ -1,0 +1,255 @@
+#include <algorithm>
+
+#include "cli/arguments.h"
+#include "cli/commands.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "tides/heights.h"
+#include "tides/port.h"
+#include "tides/streams.h"
+
+namespace skerrow::cli {
+namespace {
+
+constexpr const char* kLocalAppearance = "heights in metres above chart datum";
+
+std::string Metres(float height) { return FormatFixed(height, 1, 1) + " m"; }
+
+// 1-based position of a port by its number or its name (case does not matter); 0 when there is
+// none. The start of a name will do when only one port has it.
+int FindPort(const std::vector<Port>& ports, const std::string& wanted) {
+  if (const Result<int> number = ParseWhole(wanted, "port", 1, INT16_MAX)) {
+    return static_cast<std::size_t>(*number) <= ports.size() ? *number : 0;
+  }
+  const std::string lower = ToLowerAscii(Trim(wanted));
+  int beginning = 0;
+  int matches = 0;
+  for (std::size_t i = 0; i < ports.size(); ++i) {
+    const std::string name = ToLowerAscii(Trim(ports[i].name));
+    if (name == lower) return static_cast<int>(i) + 1;
+    if (name.starts_with(lower)) {
+      beginning = static_cast<int>(i) + 1;
+      ++matches;
+    }
+  }
+  return matches == 1 ? beginning : 0;
+}
+
+Json CurveJson(const std::vector<CurvePoint>& curve) {
+  Json list = Json::array();
+  for (int i = 0; i < kCurveCount; ++i) {
+    const CurvePoint& point = curve[static_cast<std::size_t>(i)];
+    list.push_back({Number(point.hours), Number(point.height)});
+  }
+  return list;
+}
+
+Json LayerJson(const std::vector<CurvePoint>& layer) {
+  Json list = Json::array();
+  for (int i = 0; i < kCurveCount; ++i) {
+    list.push_back(Number(layer[static_cast<std::size_t>(i)].height));
+  }
+  return list;
+}
+
+std::string StreamText(float rate, float direction) {
+  return FormatFixed(rate, 1, 1) + " kn " + FormatFixed(direction, 3, 0) + "°T";
+}
+
+// The date and time of a request about streams.
+struct When {
+  DayAndYear date;
+  float hours = 0.0F;
+};
+
+Result<When> ParseWhen(Session& session, const std::string& date, const std::string& time) {
+  const ClockReading now = session.program.clock->Now();
+  const Result<DayAndYear> day = ParseDate(date, now);
+  if (!day) return day.error();
+  const Result<float> hours = ParseTime(time, now);
+  if (!hours) return hours.error();
+  return When{*day, *hours};
+}
+
+}  // namespace
+
+Outcome ShowConstituents(Session& session, const std::string& date) {
+  const Result<DayAndYear> day = ParseDate(date, session.program.clock->Now());
+  if (!day) return WrongUsage(day.error());
+  const DayConstituents values = CalcDayConstituents(day->year, day->day);
+  Answer answer;
+  TextTable table({"Group", ">Phase", ">Factor"});
+  const auto add = [&](const std::string& name, const GroupValue& value) {
+    answer.json["V" + name] = Number(value.v);
+    answer.json["F" + name] = Number(value.f);
+    table.Add({name, FormatFixed(value.v, 1, 0) + "°", FormatFixed(value.f, 1, 4)});
+  };
+  add("M2", values.m2);
+  add("S2", values.s2);
+  add("K1", values.k1);
+  add("O1", values.o1);
+  answer.text = "At 00:00 on " + DateText(*day) + "\n" + table.Text();
+  return answer;
+}
+
+Outcome ShowTide(Session& session, const std::string& port, const std::string& date,
+                 const std::string& file) {
+  Program& program = session.program;
+  const Result<DayAndYear> day = ParseDate(date, program.clock->Now());
+  if (!day) return WrongUsage(day.error());
+  const std::string path =
+      Session::FindFile(file.empty() ? Trim(program.config.tidal_port_file) : file,
+                        {program.folders.TidalStreams(), program.folders.program});
+  const Result<std::vector<Port>> ports = ReadRecords(path, kPortFields);
+  if (!ports) return Failed(ports.error());
+  const int number = FindPort(*ports, port);
+  if (number == 0) return Failed({path, "there is no port \"" + port + "\""});
+  const Port& found = (*ports)[static_cast<std::size_t>(number - 1)];
+  if (!IsSound(found)) return Failed({path, "the constants of this port are damaged"});
+  SetDay(program.selected_time, *day);
+  const TideCurve tide = PredictHeights(found, day->day, program.selected_time.month, day->year,
+                                        program.config.summer_time != 0);
+  Answer answer;
+  Json waters = Json::array();
+  TextTable table({"", "Time", ">Height"});
+  for (const Water& water : tide.waters) {
+    waters.push_back({{"kind", water.high ? "high" : "low"},
+                      {"hours", Number(water.hours)},
+                      {"height", Number(water.height)}});
+    table.Add({water.high ? "High water" : "Low water", HoursToClock(water.hours),
+               Metres(water.height)});
+  }
+  answer.json = {{"port", number},
+                 {"name", Trim(found.name)},
+                 {"curve", CurveJson(tide.curve)},
+                 {"layers",
+                  {{"M2", LayerJson(tide.layer_m2)},
+                   {"S2", LayerJson(tide.layer_s2)},
+                   {"K1", LayerJson(tide.layer_k1)},
+                   {"O1", LayerJson(tide.layer_o1)},
+                   {"F4", LayerJson(tide.layer_f4)},
+                   {"F6", LayerJson(tide.layer_f6)},
+                   {"Z0", LayerJson(tide.layer_z0)}}},
+                 {"meanLevel", Number(tide.mean_level)},
+                 {"waters", waters},
+                 {"range", Number(tide.range)}};
+  answer.text = Trim(found.name) + ", " + DateText(*day) + ", " + kLocalAppearance +
+                (program.config.summer_time != 0 ? ", summer time" : "") + "\n" + table.Text() +
+                "Mean level " + Metres(tide.mean_level) + ", range " + Metres(tide.range) + "\n";
+  TextTable hourly({"Time", ">Height"});
+  for (std::size_t i = 0; i <= 144; i += 6) {
+    // The last row is the midnight that ends the day.
+    hourly.Add({i == 144 ? "24:00" : HoursToClock(tide.curve[i].hours),
+                Metres(tide.curve[i].height)});
+  }
+  answer.text += "\n" + hourly.Text();
+  return answer;
+}
+
+Outcome ShowRefPorts(Session& session, const std::string& date, const std::string& time) {
+  Program& program = session.program;
+  // Without a time the state of the tide is that of midnight.
+  const Result<When> when = ParseWhen(session, date, time.empty() ? "00:00" : time);
+  if (!when) return WrongUsage(when.error());
+  session.LoadTides(when->date);
+  const int minute = MinuteOfDay(when->hours);
+  Answer answer;
+  answer.json = Json::array();
+  for (std::size_t p = 0; p < program.tides.loaded->ports.size(); ++p) {
+    const PortTides& port = program.tides.loaded->ports[p];
+    if (!port.known) continue;
+    Json heights = Json::array();
+    for (int i = 1; i <= kDaySamples; ++i) {
+      heights.push_back(Number(port.heights[static_cast<std::size_t>(i)]));
+    }
+    Json tides = Json::array();
+    std::string waters;
+    for (const Water& water : port.waters) {
+      tides.push_back({Number(water.hours), Number(water.height)});
+      waters += "  " + std::string(water.high ? "HW " : "LW ") + HoursToClock(water.hours) + " " +
+                Metres(water.height);
+    }
+    const TideReference& reference = port.reference[static_cast<std::size_t>(minute / 10)];
+    const TidePhase phase = port.phase[static_cast<std::size_t>(minute)];
+    const bool tide = port.HasTide(minute);
+    const std::string& name = program.tides.ref_port_names[p];
+    answer.json.push_back(
+        {{"number", program.tides.ref_ports[p]},
+         {"name", name},
+         {"heights", heights},
+         {"hwTime", tide ? Number(SampleHours(reference.high_water_sample)) : Json(nullptr)},
+         {"slot", tide ? Json(phase.slot) : Json(nullptr)},
+         {"minutesLeft", tide ? Json(phase.minutes_left) : Json(nullptr)},
+         {"daysRange", tide ? Number(reference.range) : Json(nullptr)},
+         {"tides", tides}});
+    answer.text += name + waters + "\n";
+    if (!tide) continue;
+    answer.text += "  at " + HoursToClock(when->hours) + ": hour slot " +
+                   std::to_string(phase.slot) + " from high water " +
+                   HoursToClock(SampleHours(reference.high_water_sample)) + ", Mins left in Slot " +
+                   std::to_string(phase.minutes_left) + ", Days Range " +
+                   Metres(reference.range) + "\n";
+  }
+  if (answer.text.empty()) answer.text = "no reference ports\n";
+  return answer;
+}
+
+Outcome ShowStream(Session& session, const std::string& latitude, const std::string& longitude,
+                   const std::string& date, const std::string& time) {
+  const Result<Position> place = ParsePosition(latitude, longitude);
+  if (!place) return WrongUsage(place.error());
+  const Result<When> when = ParseWhen(session, date, time);
+  if (!when) return WrongUsage(when.error());
+  session.LoadTides(when->date);
+  StreamReader reader(session.program.tides);
+  StreamReading reading;
+  if (reader.CalculateTidalStreams(*place, when->hours, when->date, reading) !=
+      StreamFault::kNone) {
+    return Failed({"", StreamFaultText("CalculateTidalStreams")});
+  }
+  const std::string label = StreamLabel(session.program.tides, reading);
+  const bool found = reading.diamond >= 0;
+  Answer answer;
+  answer.json = {{"rate", Number(reading.rate)},
+                 {"direction", Number(reading.direction)},
+                 {"slot", reading.dep_slot},
+                 {"minutesLeft", found ? Json(reading.mins_left) : Json(nullptr)},
+                 {"daysRange", found ? Number(reading.days_range) : Json(nullptr)},
+                 {"label", label.empty() ? kNoDiamondLabel : label}};
+  if (found) {
+    answer.text = StreamText(reading.rate, reading.direction) + ", diamond " + label +
+                  ", hour slot " + std::to_string(reading.dep_slot) + ", Mins left in Slot " +
+                  std::to_string(reading.mins_left) + ", Days Range " +
+                  Metres(reading.days_range) + "\n";
+  } else {
+    answer.text = "no tidal stream is known within " +
+                  FormatFixed(kDiamondReach, 1, 0) + " nm of this place\n";
+  }
+  return answer;
+}
+
+Outcome ShowStreams(Session& session, const std::string& date, const std::string& time) {
+  Program& program = session.program;
+  const Result<When> when = ParseWhen(session, date, time);
+  if (!when) return WrongUsage(when.error());
+  session.LoadTides(when->date);
+  RefreshTideState(program.tides, true, when->hours, program.clock->Now());
+  CalculateTidalStreamTable(program.tides, session.messages);
+  Answer answer;
+  answer.json = Json::array();
+  TextTable table({"Diamond", "Latitude", "Longitude", ">Stream"});
+  for (const TidalStream& stream : program.tides.tidal_streams) {
+    answer.json.push_back({{"ref", stream.ref},
+                           {"latitude", Number(static_cast<float>(stream.latitude))},
+                           {"longitude", Number(static_cast<float>(stream.longitude))},
+                           {"direction", Number(stream.direction)},
+                           {"rate", Number(stream.rate)}});
+    table.Add({stream.ref, LatToText(static_cast<float>(stream.latitude)),
+               LongToText(static_cast<float>(stream.longitude)),
+               StreamText(stream.rate, stream.direction)});
+  }
+  answer.text = table.Text();
+  return answer;
+}
+
+}  // namespace skerrow::cli

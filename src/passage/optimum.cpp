@@ -1,0 +1,182 @@
+#include "passage/optimum.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+#include "core/numbers.h"
+
+namespace skerrow {
+namespace {
+
+constexpr const char* kRule = "=========================================";
+
+// One departure tried.
+struct Departure {
+  float total_hours = 0.0F;
+  float ground_distance = 0.0F;
+  float arrival_hours = 0.0F;
+  DayAndYear arrival_date;
+  std::vector<std::int16_t> steps;
+  StreamFault fault = StreamFault::kNone;
+};
+
+Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points, int hour,
+                       DayAndYear date, const LegSettings& settings) {
+  Departure departure;
+  departure.arrival_hours = static_cast<float>(hour);
+  departure.arrival_date = date;
+  for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+    const RoutePoint& point = points[i];
+    const LegResult leg =
+        solver.CalcResultOnly({point.At(), point.Next(), point.speed,
+                               departure.arrival_hours,
+                               departure.arrival_date},
+                              settings);
+    if (solver.fault() != StreamFault::kNone) departure.fault = solver.fault();
+    departure.ground_distance += leg.track_distance;
+    departure.total_hours += leg.passage_time;
+    departure.steps.push_back(leg.steps);
+    const LaterTime arrival =
+        AddHours(departure.arrival_date, departure.arrival_hours, leg.passage_time);
+    departure.arrival_hours = arrival.hours;
+    departure.arrival_date = arrival.date;
+  }
+  return departure;
+}
+
+// All departures of a slot, worked off by several threads with a solver each. Empty when the user
+// cancelled.
+std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& tides,
+                              const std::vector<RoutePoint>& points, const LegSettings& settings,
+                              Progress& progress) {
+  const auto count = static_cast<std::size_t>(request.slot.last_hour - request.slot.first_hour + 1);
+  std::vector<Departure> departures(count);
+  std::atomic<std::size_t> next{0};
+  std::atomic<bool> stop{false};
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::size_t finished = 0;
+  const auto work = [&] {
+    LegSolver solver(tides);
+    for (std::size_t i = next++; i < count && !stop; i = next++) {
+      departures[i] = TryDeparture(solver, points, request.slot.first_hour + static_cast<int>(i),
+                                   request.date, settings);
+      const std::lock_guard lock(mutex);
+      ++finished;
+      changed.notify_one();
+    }
+  };
+  const unsigned wanted =
+      request.threads == 0 ? std::max(1U, std::thread::hardware_concurrency()) : request.threads;
+  std::vector<std::jthread> threads;
+  for (std::size_t t = 0; t < std::min<std::size_t>(wanted, count); ++t) threads.emplace_back(work);
+  std::size_t done = 0;
+  while (done < count && !stop) {
+    {
+      std::unique_lock lock(mutex);
+      changed.wait_for(lock, std::chrono::milliseconds(50), [&] { return finished > done; });
+      done = finished;
+    }
+    if (!progress.Step(static_cast<double>(done) * 100.0 / static_cast<double>(count))) stop = true;
+  }
+  threads.clear();
+  return stop ? std::vector<Departure>() : departures;
+}
+
+// A clock text with the date behind it when it is not the day of departure.
+std::string ArrivalText(const Departure& departure, DayAndYear from) {
+  const LaterTime arrival = AddHours(departure.arrival_date, departure.arrival_hours, 0.0F);
+  MonthDate date;
+  if (arrival.date == from || !DayOfYearToDate(arrival.date.day, arrival.date.year, date)) {
+    return arrival.text;
+  }
+  return arrival.text + " (" + std::to_string(date.day_of_month) + " " + date.month_name + ")";
+}
+
+std::string TableLine(const Departure& departure, int hour, DayAndYear date, float distance,
+                      float last_speed) {
+  const float total = departure.total_hours;
+  const float speed = total > 0.0F ? distance / total : 0.0F;
+  return HoursToClock(static_cast<float>(hour)) + "\t" + ArrivalText(departure, date) + "\t" +
+         HoursToDuration(total) + "\t" + FormatFixed(speed, 1, 2) + "kt.\t" +
+         FormatFixed(departure.ground_distance, 1, 2) + "nm.\t" +
+         FormatFixed(total * last_speed, 1, 1) + "nm.";
+}
+
+}  // namespace
+
+RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& config,
+                             TideState& tides, RouteState& route, PassageState& passage,
+                             Messages& messages, Progress& progress) {
+  if (route.points.size() < 2) return RouteOutcome::kNoRoute;
+  if (!CheckLegSpeeds(route.points, messages)) return RouteOutcome::kRefused;
+  if (!progress.Step(5)) return RouteOutcome::kCancelled;
+  // Built before the threads start, so that all share it.
+  (void)tides.days.Get(request.date);
+  const std::vector<Departure> departures =
+      TryAll(request, tides, route.points, LegSettingsOf(config), progress);
+  if (departures.empty()) return RouteOutcome::kCancelled;
+
+  const float distance = RouteLengthOf(route.points);
+  const float last_speed = route.points[route.points.size() - 2].speed;
+  const std::string title = "Optimum Departure for " + DateText(request.date);
+  std::vector<std::string> lines = {
+      kDerivedDataNotice, "   ", title, " ",
+      "Depart\tArrive\tTime Taken\tEffective Speed\tGround Distance\tWater Distance"};
+  passage.route_history.push_back(title);
+  passage.optimum_times.clear();
+  passage.optimum_start_hour = static_cast<float>(request.slot.first_hour);
+  bool fault = false;
+  int hour = request.slot.first_hour;
+  for (const Departure& departure : departures) {
+    fault = fault || departure.fault != StreamFault::kNone;
+    passage.optimum_times.push_back(departure.total_hours);
+    const std::string line = TableLine(departure, hour++, request.date, distance, last_speed);
+    lines.emplace_back(" ");
+    lines.push_back(line);
+    passage.route_history.push_back(line);
+  }
+  passage.route_history.emplace_back(" ");
+  for (std::size_t i = 0; i < departures.back().steps.size(); ++i) {
+    route.points[i].steps = departures.back().steps[i];
+  }
+  lines.insert(lines.end(), {" ", " ", kRule, " ",
+                             "Route Details - Distance = " + FormatFixed(distance, 1, 1) + "nm",
+                             " "});
+  for (std::string& line : RouteListLines(route.points)) lines.push_back(std::move(line));
+  lines.insert(lines.end(), {" ", kRule});
+  for (std::string& line : ReferencePortLines(tides, request.date)) lines.push_back(std::move(line));
+  if (fault) {
+    messages.Show(StreamFaultText("CalculateTidalStreams"), MessageIcon::kWarning);
+  }
+  passage.result_lines = std::move(lines);
+  passage.route_distance = distance;
+  passage.route_track.clear();
+  passage.route_streams.clear();
+  passage.legs.clear();
+  passage.calc_mode = 0;
+  return RouteOutcome::kDone;
+}
+
+OptimumExtremes ExtremesOf(const std::vector<float>& times) {
+  OptimumExtremes extremes;
+  float longest = -9999.0F;
+  float shortest = 9999.0F;
+  for (std::size_t i = 0; i < times.size(); ++i) {
+    if (times[i] > longest) {
+      longest = times[i];
+      extremes.longest = i;
+    }
+    if (times[i] < shortest) {
+      shortest = times[i];
+      extremes.shortest = i;
+    }
+  }
+  return extremes;
+}
+
+}  // namespace skerrow

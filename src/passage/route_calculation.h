@@ -1,0 +1,59 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/config.h"
+#include "core/messages.h"
+#include "core/progress.h"
+#include "passage/passage_state.h"
+#include "routes/route.h"
+#include "tides/streams.h"
+
+// The calculation of a whole route, leg by leg, each departing when the one before arrives.
+namespace skerrow {
+
+inline constexpr const char* kDerivedDataNotice =
+    "RESULTS ARE FROM DERIVED DATA AND AS SUCH ARE ONLY APPROXIMATE";
+
+// Why a typed time of departure is refused.
+enum class DepartureTimeRefusal { kNone, kNoTime, kOutOfRange };
+
+// The time of a text "hh:mm" in decimal hours. Legal: "09:05", "9:05", "23:59". Refused as no time:
+// "0905", "9:5", "". Refused as out of range: "24:00", "12:60", "-1:00".
+DepartureTimeRefusal CheckDepartureTime(std::string_view text, float& hours);
+
+// The fixed words of a refusal; empty for none.
+std::string DepartureTimeText(DepartureTimeRefusal refusal);
+
+// Checks the speed of every point, the last one too: 0.5 knots or less is refused with a message,
+// under 1.0 asks. False when the calculation is not to go on.
+bool CheckLegSpeeds(const std::vector<RoutePoint>& points, Messages& messages);
+
+struct RouteRequest {
+  float hours = 0.0F;  // departure, hours of the day
+  DayAndYear date;
+  bool use_leeway = false;
+  std::string leeway_text;  // degrees, as typed
+};
+
+enum class RouteOutcome { kDone, kNoRoute, kRefused, kCancelled };
+
+// Calculates the route. A leg that cannot be achieved moves its destination, and the next leg's
+// start, to where its track ended, with a message and a warning line. Whatever is refused or
+// cancelled leaves route and results as they were.
+RouteOutcome CalculateRoute(const RouteRequest& request, const AppConfig& config,
+                            const TideState& tides, RouteState& route, PassageState& passage,
+                            Messages& messages, Progress& progress);
+
+// The four lines that a dialog's list shows of each leg: from, to, speed with range and bearing,
+// and a blank.
+std::vector<std::string> RouteListLines(const std::vector<RoutePoint>& points);
+
+// "Port Tack", "Starboard Tack", or empty.
+std::string TackName(Tack tack);
+
+// The high and low waters of a day at the reference ports, as they end every report.
+std::vector<std::string> ReferencePortLines(const TideState& tides, DayAndYear date);
+
+}  // namespace skerrow

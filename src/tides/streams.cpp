@@ -1,0 +1,284 @@
+#include "tides/streams.h"
+
+#include <algorithm>
+
+#include "core/plane_sailing.h"
+
+namespace skerrow {
+namespace {
+
+constexpr int kColumns = static_cast<int>(kDiamondColumns);
+
+struct RateAndDirection {
+  float rate = 0.0F;
+  float direction = 0.0F;
+};
+
+enum class SlackRule { kKeepRunning, kAsTabled };
+enum class ColumnRates { kExact, kTwoDecimals };
+
+bool HasRanges(const Diamond& diamond) { return diamond.sp_range - diamond.np_range != 0.0F; }
+
+// Rate and direction of a diamond with different spring and neap ranges: the rate runs along a
+// straight line from the slot's column to the next, the direction jumps half way.
+RateAndDirection FromDiamond(const Diamond& diamond, int dep_slot, int mins_left, float days_range,
+                             SlackRule slack, ColumnRates rates) {
+  const int column = std::clamp(dep_slot + kHighWaterColumn, 0, kColumns - 1);
+  const int next = column + 1 >= kColumns ? 1 : column + 1;
+  double range = days_range;
+  if (range < diamond.np_range) range = diamond.np_range;
+  if (range > diamond.sp_range) range = diamond.sp_range;
+  const double ratio = (range - diamond.np_range) /
+                       (static_cast<double>(diamond.sp_range) - diamond.np_range);
+  const auto rate_of = [&](int c) {
+    const auto i = static_cast<std::size_t>(c);
+    const double neap = diamond.neap_rate[i];
+    const double rate = neap + ratio * (diamond.spring_rate[i] - neap);
+    if (rates == ColumnRates::kExact) return rate;
+    return static_cast<double>(RoundToInteger(rate * 100.0)) / 100.0;
+  };
+  const double step = (rate_of(column) - rate_of(next)) / 60.0;
+  RateAndDirection result;
+  result.rate = static_cast<float>(rate_of(column) - (60 - mins_left) * step);
+  int heading_column = mins_left >= 30 ? column : next;
+  if (slack == SlackRule::kKeepRunning) {
+    if (diamond.Slack(next)) heading_column = column;
+    if (diamond.Slack(column)) heading_column = next;
+  }
+  result.direction = diamond.direction[static_cast<std::size_t>(heading_column)];
+  return result;
+}
+
+int IndexOfPort(const TideState& state, float ref_port) {
+  const auto at =
+      std::find(state.ref_ports.begin(), state.ref_ports.end(), RoundToInt16(ref_port));
+  return at == state.ref_ports.end() ? -1 : static_cast<int>(at - state.ref_ports.begin());
+}
+
+void LinkDiamondsToPorts(TideState& state) {
+  state.port_of_diamond.clear();
+  for (const Diamond& diamond : state.diamonds) {
+    state.port_of_diamond.push_back(IndexOfPort(state, diamond.ref_port));
+  }
+}
+
+// Takes the state of the tide at a port into a reading; false when there is no tide to read.
+bool TakeTide(const DayTides& day, int port, float hours, StreamReading& reading) {
+  const int minute = MinuteOfDay(hours);
+  if (port < 0 || static_cast<std::size_t>(port) >= day.ports.size() ||
+      !day.ports[static_cast<std::size_t>(port)].HasTide(minute)) {
+    return false;
+  }
+  const PortTides& tides = day.ports[static_cast<std::size_t>(port)];
+  const TidePhase phase = tides.phase[static_cast<std::size_t>(minute)];
+  reading.dep_slot = phase.slot;
+  reading.mins_left = phase.minutes_left;
+  reading.days_range = tides.reference[static_cast<std::size_t>(minute / 10)].range;
+  return true;
+}
+
+StreamReading NoStream() {
+  StreamReading reading;
+  reading.taken = true;
+  return reading;
+}
+
+void ShowProblemOnce(TideState& state, const std::string& problem, Messages& messages) {
+  if (problem == state.reported_problem) return;
+  state.reported_problem = problem;
+  if (!problem.empty()) messages.Show(problem, MessageIcon::kWarning);
+}
+
+}  // namespace
+
+void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tidal_area,
+                  Messages& messages) {
+  state.diamonds.clear();
+  const Result<std::vector<Diamond>> records =
+      ReadDiamonds(DiamondFilePath(folders, tidal_area));
+  if (records) {
+    state.diamonds = KeepCharted(*records);
+    const auto damaged = std::count_if(records->begin(), records->end(),
+                                       [](const Diamond& diamond) { return !IsSound(diamond); });
+    if (damaged > 0) {
+      messages.Show("LoadDiamondsError " + DiamondFilePath(folders, tidal_area) + ": " +
+                        std::to_string(damaged) + " damaged records are left out",
+                    MessageIcon::kWarning);
+    }
+  } else {
+    messages.Show("LoadDiamondsError " + records.error().Text(), MessageIcon::kWarning);
+  }
+  state.labels.clear();
+  for (const Diamond& diamond : state.diamonds) state.labels.push_back(DiamondLabel(diamond));
+  state.index = std::make_shared<DiamondIndex>(state.diamonds);
+  state.tidal_streams.clear();
+  LinkDiamondsToPorts(state);
+}
+
+void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view file_name,
+                    Messages& messages) {
+  state.sl_diamonds.clear();
+  Result<std::vector<Diamond>> records = ReadDiamonds(JoinPath(folders.TidalStreams(), file_name));
+  if (records) {
+    state.sl_diamonds = std::move(records.value());
+  } else {
+    messages.Show("LoadSlDiamondsError " + records.error().Text(), MessageIcon::kWarning);
+  }
+}
+
+void FindRefPorts(TideState& state, const Folders& folders, std::string_view tidal_area) {
+  const Result<std::vector<Diamond>> records =
+      ReadDiamonds(DiamondFilePath(folders, tidal_area));
+  if (!records) return;
+  state.ref_ports = FindRefPorts(*records);
+  LinkDiamondsToPorts(state);
+}
+
+void BuildRefPortHeights(TideState& state, const Folders& folders, DayAndYear date,
+                         bool summer_time, Messages& messages) {
+  const Result<std::vector<Port>> all = ReadRefPorts(folders);
+  std::vector<std::shared_ptr<const Port>> ports;
+  std::string missing;
+  state.ref_port_names.clear();
+  for (const std::int16_t number : state.ref_ports) {
+    if (all && number >= 1 && static_cast<std::size_t>(number) <= all->size() &&
+        IsSound((*all)[static_cast<std::size_t>(number - 1)])) {
+      const Port& port = (*all)[static_cast<std::size_t>(number - 1)];
+      ports.push_back(std::make_shared<const Port>(port));
+      state.ref_port_names.push_back(Trim(port.name));
+    } else {
+      ports.push_back(nullptr);
+      state.ref_port_names.emplace_back();
+      missing += (missing.empty() ? "" : ", ") + std::to_string(number);
+    }
+  }
+  std::string problem;
+  if (!all) {
+    problem = "The reference ports cannot be read, there are no tidal streams.\n" +
+              all.error().Text();
+  } else if (!missing.empty()) {
+    problem = folders.RefPortFile() + ": the tidal diamonds refer to ports that this file does not "
+              "hold (" + missing + "), they give no tidal stream.";
+  }
+  ShowProblemOnce(state, problem, messages);
+  state.days = TideDays(std::move(ports), summer_time);
+  LoadTideDay(state, date);
+}
+
+void LoadTideDay(TideState& state, DayAndYear date) { state.loaded = state.days.Get(date); }
+
+void RefreshTideState(TideState& state, bool override_, float hours, const ClockReading& now) {
+  const int minute = override_ ? MinuteOfDay(hours) : now.hour * 60 + now.minute;
+  state.ref_port_states.clear();
+  for (std::size_t p = 0; p < state.loaded->ports.size(); ++p) {
+    const PortTides& port = state.loaded->ports[p];
+    RefPortState shown;
+    if (p < state.ref_port_names.size()) shown.port_name = state.ref_port_names[p];
+    if (port.HasTide(minute)) {
+      const TideReference& reference = port.reference[static_cast<std::size_t>(minute / 10)];
+      const TidePhase phase = port.phase[static_cast<std::size_t>(minute)];
+      shown.hw_time = HoursToClock(SampleHours(reference.high_water_sample));
+      shown.days_range = reference.range;
+      shown.dep_slot = phase.slot;
+      shown.mins_left = phase.minutes_left;
+    }
+    for (const Water& water : port.waters) {
+      shown.tides.emplace_back(HoursToClock(water.hours), FormatFixed(water.height, 1, 1));
+    }
+    state.ref_port_states.push_back(std::move(shown));
+  }
+}
+
+std::string StreamLabel(const TideState& state, const StreamReading& reading) {
+  if (reading.diamond >= 0) return state.labels[static_cast<std::size_t>(reading.diamond)];
+  return reading.taken ? kNoDiamondLabel : "";
+}
+
+const DayTides& StreamReader::Day(DayAndYear date) {
+  if (!day_ || day_->date != date) day_ = days_.Get(date);
+  return *day_;
+}
+
+StreamFault StreamReader::CalculateTidalStreams(Position position, float hours, DayAndYear date,
+                                                StreamReading& reading) {
+  if (state_->diamonds.empty()) return StreamFault::kNone;
+  const int nearest = state_->index->Nearest(position);
+  if (nearest < 0) {
+    reading = NoStream();
+    return StreamFault::kNone;
+  }
+  const auto i = static_cast<std::size_t>(nearest);
+  const Diamond& diamond = state_->diamonds[i];
+  StreamReading fresh = NoStream();
+  if (!TakeTide(Day(date), state_->port_of_diamond[i], hours, fresh)) {
+    reading = fresh;
+    return StreamFault::kNone;
+  }
+  if (!HasRanges(diamond)) return StreamFault::kDivideByZero;
+  const auto [rate, direction] =
+      FromDiamond(diamond, fresh.dep_slot, fresh.mins_left, fresh.days_range,
+                  SlackRule::kKeepRunning, ColumnRates::kExact);
+  fresh.rate = rate;
+  fresh.direction = direction;
+  fresh.diamond = nearest;
+  reading = fresh;
+  return StreamFault::kNone;
+}
+
+StreamFault StreamReader::CalcDaysStream(const Diamond& diamond, float hours, DayAndYear date,
+                                         StreamReading& reading) {
+  StreamReading fresh = NoStream();
+  if (!TakeTide(Day(date), IndexOfPort(*state_, diamond.ref_port), hours, fresh)) {
+    reading = fresh;
+    return StreamFault::kNone;
+  }
+  if (!HasRanges(diamond)) return StreamFault::kDivideByZero;
+  const auto [rate, direction] =
+      FromDiamond(diamond, fresh.dep_slot, fresh.mins_left, fresh.days_range, SlackRule::kAsTabled,
+                  ColumnRates::kExact);
+  fresh.rate = rate;
+  fresh.direction = direction;
+  reading = fresh;
+  return StreamFault::kNone;
+}
+
+std::string StreamFaultText(std::string_view operation) {
+  return std::string(operation) +
+         "\nDivide by Zero (Diamond(intDiaNo)Sprange - Diamond(intDiaNo).Nprange)";
+}
+
+int CalculateTidalStreamTable(TideState& state, Messages& messages) {
+  state.tidal_streams.clear();
+  for (std::size_t i = 0; i < state.diamonds.size(); ++i) {
+    const Diamond& diamond = state.diamonds[i];
+    const int port = state.port_of_diamond[i];
+    const bool known =
+        port >= 0 && static_cast<std::size_t>(port) < state.ref_port_states.size() &&
+        !state.ref_port_states[static_cast<std::size_t>(port)].hw_time.empty();
+    if (known && !HasRanges(diamond)) {
+      messages.Show(
+          "CalculateTidalStreams\n"
+          "Divide by Zero (Diamond(iCount)Sprange - Diamond(iCount).Nprange)",
+          MessageIcon::kWarning);
+      break;
+    }
+    TidalStream stream;
+    stream.ref = ShortText(diamond.chart_no) + "-" + ShortText(diamond.dia_no);
+    stream.ref.resize(std::min<std::size_t>(stream.ref.size(), 10));
+    stream.latitude = diamond.latitude;
+    stream.longitude = diamond.longitude;
+    if (known) {
+      const RefPortState& tide = state.ref_port_states[static_cast<std::size_t>(port)];
+      const auto [rate, direction] =
+          FromDiamond(diamond, tide.dep_slot, tide.mins_left, tide.days_range,
+                      SlackRule::kKeepRunning, ColumnRates::kTwoDecimals);
+      stream.direction = direction;
+      stream.direction_rad = static_cast<float>(direction * kRadiansPerDegree);
+      stream.rate = static_cast<float>(TextToNumber(FormatFixed(rate, 1, 1)));
+    }
+    state.tidal_streams.push_back(std::move(stream));
+  }
+  return static_cast<int>(state.diamonds.size());
+}
+
+}  // namespace skerrow
