@@ -1,0 +1,190 @@
+#include "routes/route.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/files.h"
+#include "core/plane_sailing.h"
+#include "routes/waypoint.h"
+
+namespace skerrow {
+namespace {
+
+constexpr float kHoursOfAYear = 24.0F * 365.0F;
+
+// Why a record cannot be a route point; empty for a good one.
+std::string RecordFault(const RouteRecord& record) {
+  // Written so that a value that is no number fails too.
+  if (!(std::fabs(record.latitude) <= 90.0F)) return "has a latitude beyond 90 degrees";
+  if (!(std::fabs(record.longitude) <= 180.0F)) return "has a longitude beyond 180 degrees";
+  if (!(record.speed >= 0.0F) || !std::isfinite(record.speed)) return "has no valid speed";
+  return "";
+}
+
+void DropResults(RoutePoint& point) {
+  point.calculated = false;
+  point.course_to_steer = 0.0F;
+  point.leg_time = 0.0F;
+  point.steps = 0;
+  point.tide_vector.clear();
+}
+
+std::string StatusTextOf(const RouteState& state) {
+  if (state.points.empty()) return "";
+  if (state.points.size() == 1) return ":  Creating Route";
+  return ":  Route = " + FormatFixed(state.distance, 1, 1) + "nm";
+}
+
+std::int16_t AtMost(std::int16_t selected, std::size_t count) {
+  return static_cast<std::size_t>(selected) > count ? std::int16_t{0} : selected;
+}
+
+}  // namespace
+
+float RouteLengthOf(std::span<const RoutePoint> points) {
+  float total = 0.0F;
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    total += RangeOnly(points[i - 1].At(), points[i].At());
+  }
+  return total;
+}
+
+void RelinkRoute(std::vector<RoutePoint>& points) {
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const RoutePoint end;
+    const RoutePoint& next = i + 1 < points.size() ? points[i + 1] : end;
+    points[i].next_latitude = next.latitude;
+    points[i].next_longitude = next.longitude;
+    points[i].next_name = next.name;
+  }
+}
+
+std::vector<Position> RouteTrackOf(std::span<const RoutePoint> points) {
+  std::vector<Position> track;
+  if (points.size() < 2) return track;
+  track.reserve((kTrackPiecesPerLeg + 1) * (points.size() - 1));
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    const Position from = points[i - 1].At();
+    const Position to = points[i].At();
+    const RangeAndBearing leg = RangeBearing(from, to);
+    const auto step = static_cast<float>(leg.range * 5.0 / 100.0);
+    const EastNorth way = Resolve(leg.bearing, step);
+    track.push_back(from);
+    for (std::size_t k = 1; k < kTrackPiecesPerLeg; ++k) {
+      track.push_back(MoveByMiles(track.back(), way));
+    }
+    track.push_back(to);
+  }
+  return track;
+}
+
+void RouteChanged(RouteState& state, const RouteDefaults& defaults) {
+  RelinkRoute(state.points);
+  for (RoutePoint& point : state.points) DropResults(point);
+  state.track = RouteTrackOf(state.points);
+  state.distance = RouteLengthOf(state.points);
+  state.winds.fill(defaults.wind);
+  for (std::size_t i = 0; i < std::min(state.points.size(), state.winds.size()); ++i) {
+    state.winds[i] = {state.points[i].wind_speed, state.points[i].wind_direction};
+  }
+  state.selected_point = AtMost(state.selected_point, state.points.size());
+  state.selected_leg =
+      AtMost(state.selected_leg, state.points.empty() ? 0 : state.points.size() - 1);
+  state.status_text = StatusTextOf(state);
+}
+
+std::optional<Wind> WindAtPoint(std::span<const RoutePoint> points, std::size_t index,
+                                const RouteDefaults& defaults) {
+  if (!defaults.wind_at) return std::nullopt;
+  float hours = 0.0F;
+  for (std::size_t i = 1; i <= index; ++i) {
+    hours += RangeOnly(points[i - 1].At(), points[i].At()) / points[i - 1].speed;
+  }
+  // A leg without speed never arrives: the sum is infinite or no number.
+  if (!(hours <= kHoursOfAYear)) return std::nullopt;
+  const LaterTime arrival = AddHours(defaults.departure_day, defaults.departure_hours, hours);
+  return defaults.wind_at(points[index].At(), arrival.date, arrival.hours);
+}
+
+void RecomputeWinds(RouteState& state, const RouteDefaults& defaults, Messages& messages) {
+  if (defaults.constant_wind) return;
+  bool missed = false;
+  for (std::size_t i = 0; i < state.points.size(); ++i) {
+    RoutePoint& point = state.points[i];
+    if (const std::optional<Wind> wind = WindAtPoint(state.points, i, defaults)) {
+      point.wind_speed = wind->speed;
+      point.wind_direction = wind->direction;
+      if (i < state.winds.size()) state.winds[i] = *wind;
+    } else {
+      missed = true;
+    }
+  }
+  if (missed) {
+    messages.Show("GRIB Wind file data coverage incorrect - using last good wind values");
+  }
+}
+
+std::string RoutePath(const Folders& folders, std::string_view file_name) {
+  return JoinPath(folders.Routes(), file_name);
+}
+
+Result<std::vector<RouteRecord>> ReadRouteFile(const std::string& path) {
+  return ReadRecords(path, kRouteFields);
+}
+
+Status SaveRoute(const std::string& path, const RouteState& state, float default_speed) {
+  if (state.points.empty()) return Error{"", "No route set-up"};
+  std::vector<RouteRecord> records;
+  for (const RoutePoint& point : state.points) {
+    const float speed = point.speed >= 1.0F ? point.speed : default_speed;
+    records.push_back({Trim(point.name), point.latitude, point.longitude, speed});
+  }
+  return ReplaceFile(path, EncodeRecords(std::span<const RouteRecord>(records), kRouteFields));
+}
+
+Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefaults& defaults,
+                 RouteState& state, Messages& messages) {
+  if (path.empty()) return Error{"", "Enter a new file name and then click the OK button"};
+  const Result<std::string> content = ReadFile(path);
+  if (!content) return content.error();
+  const Result<std::vector<RouteRecord>> records = DecodeRecords(*content, path, kRouteFields);
+  if (!records) return records.error();
+  for (std::size_t i = 0; i < records->size(); ++i) {
+    const std::string fault = RecordFault((*records)[i]);
+    if (!fault.empty()) return Error{path, "point " + std::to_string(i + 1) + " " + fault};
+  }
+
+  RouteState loaded;
+  Wind last_good = defaults.wind;
+  bool missed = false;
+  for (const RouteRecord& record : *records) {
+    RoutePoint point;
+    point.latitude = record.latitude;
+    point.longitude = record.longitude;
+    point.name = record.name;
+    point.speed = record.speed;
+    loaded.points.push_back(point);
+    if (!defaults.constant_wind) {
+      const auto wind = WindAtPoint(loaded.points, loaded.points.size() - 1, defaults);
+      missed = missed || !wind;
+      last_good = wind.value_or(last_good);
+    }
+    RoutePoint& added = loaded.points.back();
+    added.wind_speed = last_good.speed;
+    added.wind_direction = last_good.direction;
+    if (speeds == RouteSpeeds::kProgramDefault) added.speed = defaults.speed;
+  }
+  if (!loaded.points.empty()) loaded.phase = RoutePhase::kLoaded;
+  RouteChanged(loaded, defaults);
+  state = std::move(loaded);
+  if (records->empty()) return Error{"", "No entries in this file"};
+  if (missed) {
+    messages.Show("GRIB Wind file data coverage incorrect - using default values");
+  }
+  if (const auto note = OddLengthNote(path, content->size(), kRouteRecordSize)) {
+    messages.Show(*note, MessageIcon::kWarning);
+  }
+  return Done{};
+}
+
+}  // namespace skerrow

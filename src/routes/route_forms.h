@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/messages.h"
+#include "routes/route.h"
+#include "routes/route_editing.h"
+
+// What the route dialogs and the route list of the main window show, check and do.
+namespace skerrow {
+
+// A waypoint as the pick lists hold it: its position in texts, to a hundredth of a minute.
+struct WaypointRow {
+  std::string name;
+  std::string latitude_text;   // "50.30.25N"
+  std::string longitude_text;  // "001.05.40W"
+};
+
+WaypointRow RowOf(const Waypoint& waypoint);
+
+// The waypoint that a row stands for, its position read from the texts.
+Waypoint WaypointOf(const WaypointRow& row);
+
+// "Lizard,49.56.40N : 005.12.36W", as the lists of waypoints to choose from show a row.
+std::string PickListText(const WaypointRow& row);
+
+// The four rows of a leg (from 1): start, end, speed with range and bearing, and a blank.
+//   "Lizard<tab>From   :49.56.40N,005.12.36W"
+//   "Start Point<tab>To      :50.12.48N , 003.37.80W"
+//   "Speed : 5 Kn.  Range = 63.3  Bearing = 075°T"
+// The tack's name stands behind the third row when the leg has one.
+std::vector<std::string> LegRows(const RouteState& state, std::size_t leg);
+
+// The rows of all legs, as `frmRouteEdit` lists them.
+std::vector<std::string> RouteRows(const RouteState& state);
+
+// The rows of the main window's route list: those of RouteRows without tabs; "Start " and the
+// position for a single point; none without a route.
+std::vector<std::string> RouteComboRows(const RouteState& state);
+
+// The leg (from 1) to which row `row` (from 0) of RouteRows belongs.
+constexpr int LegOfRow(int row) { return row / 4 + 1; }
+
+// What the text boxes of a leg hold.
+struct LegEntry {
+  std::string start_name;
+  std::string start_latitude;
+  std::string start_longitude;
+  std::string end_name;
+  std::string end_latitude;
+  std::string end_longitude;
+  std::string speed;
+};
+
+// The texts of a leg (from 1); empty ones outside the route.
+LegEntry EntryOfLeg(const RouteState& state, std::size_t leg);
+
+// Why `frmRouteEdit` refuses an entry.
+enum class RouteFormRefusal {
+  kNone,
+  kNoLegSelected,
+  kBadLatitude,
+  kBadLongitude,
+  kBadSpeed,
+  kNoWaypointSelected,
+  kNoInsertionSide,
+  kEmptyWaypoint,
+  kNoRowSelected,
+  kRowWithoutLongitude,
+  kNothingToRemove,  // from the list of `frmRouteWayPoints`
+  kRouteFull,
+};
+
+// The text shown for a refusal.
+std::string_view RouteFormText(RouteFormRefusal refusal);
+
+// Latitude of a typed text. Empty for a text that gives exactly 0 or more than 90 degrees.
+std::optional<float> ParseLatitudeEntry(std::string_view text);
+
+// Longitude of a typed text. Empty for one that does not end in "E" or "W" or gives more than 180.
+std::optional<float> ParseLongitudeEntry(std::string_view text);
+
+// Whether a key passes in the position and speed boxes: digits, ".", the position letters in
+// either case. Control characters such as backspace are the widget's and pass.
+bool PositionKeyAllowed(char key);
+bool SpeedKeyAllowed(char key);
+
+// "Accept Changes to Leg": gives leg `leg` (from 1) the typed ends, names and speed.
+RouteFormRefusal EditLeg(RouteState& state, std::size_t leg, const LegEntry& entry,
+                         const RouteDefaults& defaults, Messages& messages);
+
+// The side of the leg's starting point on which a waypoint goes in.
+enum class InsertSide { kNotChosen, kBefore, kAfter };
+
+// "Insert Selected Point": `leg` from 1, 0 when none is selected; `waypoint` empty when no row of
+// the list is selected.
+RouteFormRefusal InsertWaypointAtLeg(RouteState& state, std::size_t leg,
+                                     const std::optional<WaypointRow>& waypoint, InsertSide side,
+                                     const RouteDefaults& defaults, Messages& messages);
+
+// "Delete Selected Point": the position is that of the row's text; empty when no row is selected.
+RouteFormRefusal DeletePointOfRow(RouteState& state, std::string_view row,
+                                  const RouteDefaults& defaults, Messages& messages);
+
+// "Apply Speed to all Legs". A speed of 0 changes nothing.
+RouteFormRefusal ApplySpeedToAllLegs(RouteState& state, std::string_view speed_text,
+                                     const RouteDefaults& defaults);
+
+// OK of `frmRouteWayPoints`: the route of the listed rows.
+RouteEdit CreateRouteFromRows(RouteState& state, const std::vector<WaypointRow>& rows,
+                              const RouteDefaults& defaults, Messages& messages);
+
+}  // namespace skerrow
