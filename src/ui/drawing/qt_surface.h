@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QBrush>
+#include <QPainter>
+#include <QPen>
+#include <QSizeF>
+
+#include "ui/drawing/drawing_surface.h"
+
+namespace skerrow {
+
+// The surface over a painter: a widget, a picture or a printed page. The painter's state comes
+// back at the end of the object's life.
+class QtSurface final : public DrawingSurface {
+ public:
+  // `size` is that of the surface in the painter's coordinates. With `night` all colours pass
+  // through NightColour.
+  QtSurface(QPainter& painter, QSizeF size, bool night = false);
+  ~QtSurface() override;
+  QtSurface(const QtSurface&) = delete;
+  QtSurface& operator=(const QtSurface&) = delete;
+
+  SurfaceRect Bounds() const override;
+  void SetPen(int width, std::int32_t colour, LineStyle style) override;
+  void SetFill(std::optional<std::int32_t> colour) override;
+  void Line(SurfacePoint from, SurfacePoint to) override;
+  void Polyline(std::span<const SurfacePoint> points) override;
+  void Polygon(std::span<const SurfacePoint> points) override;
+  void Ring(SurfacePoint centre, double radius) override;
+  void Ellipse(SurfacePoint centre, double radius_x, double radius_y) override;
+  void Arc(SurfacePoint centre, double radius, double start_deg, double span_deg) override;
+  void Text(SurfacePoint at, std::string_view text, std::int32_t colour,
+            const TextStyle& style) override;
+  SurfaceRect TextExtent(std::string_view text, const TextStyle& style) const override;
+  void PushClip(SurfaceRect rect) override;
+  void PopClip() override;
+
+  // The painter, for what the surface has no call for.
+  QPainter& painter() { return painter_; }
+
+ private:
+  QColor Colour(std::int32_t colour) const;
+  void UpdateReach();
+  void DrawRun(std::span<const SurfacePoint> points);
+
+  QPainter& painter_;
+  QSizeF size_;
+  bool night_;
+  QPen pen_;
+  QBrush fill_;
+  QRectF reach_;  // what a line must touch to be seen
+  int clips_ = 0;
+};
+
+}  // namespace skerrow

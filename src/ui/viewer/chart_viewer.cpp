@@ -1,0 +1,437 @@
+#include "ui/viewer/chart_viewer.h"
+
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTimer>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "ui/drawing/qt_surface.h"
+
+namespace skerrow {
+namespace {
+
+constexpr QRgb kDayDesk = qRgb(0xc3, 0xcb, 0xd4);
+constexpr QRgb kNightDesk = qRgb(0x0c, 0x0f, 0x13);
+constexpr double kZoomPerNotch = 1.25;
+constexpr std::int32_t kSelectionColour = 0x0000ff;  // red
+
+// Slim scroll bars whose colours do not hang on the desktop's style.
+QString ScrollBarStyle(bool night) {
+  const QString groove = QLatin1String(night ? "#0c0f13" : "#dde2e8");
+  const QString handle = QLatin1String(night ? "#39424d" : "#98a4b1");
+  const QString hover = QLatin1String(night ? "#4b5663" : "#788695");
+  return QStringLiteral(
+             "QScrollBar { background: %1; border: none; margin: 0; }"
+             "QScrollBar:horizontal { height: 11px; }"
+             "QScrollBar:vertical { width: 11px; }"
+             "QScrollBar::handle { background: %2; border-radius: 3px; margin: 2px; }"
+             "QScrollBar::handle:horizontal { min-width: 28px; }"
+             "QScrollBar::handle:vertical { min-height: 28px; }"
+             "QScrollBar::handle:hover, QScrollBar::handle:pressed { background: %3; }"
+             "QScrollBar::handle:disabled { background: %1; }"
+             "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
+             "QScrollBar::add-page, QScrollBar::sub-page { background: none; }"
+             "QAbstractScrollArea::corner { background: %1; border: none; }")
+      .arg(groove, handle, hover);
+}
+
+ImageRect Between(ImagePoint a, ImagePoint b, int width, int height) {
+  const auto whole = [](double value, int most) {
+    return std::clamp(static_cast<int>(std::lround(value)), 0, most);
+  };
+  const int left = whole(std::min(a.column, b.column), width);
+  const int top = whole(std::min(a.row, b.row), height);
+  const int right = whole(std::max(a.column, b.column), width);
+  const int bottom = whole(std::max(a.row, b.row), height);
+  return {left, top, right - left, bottom - top};
+}
+
+}  // namespace
+
+ChartViewer::ChartViewer(QWidget* parent) : QAbstractScrollArea(parent) {
+  setFrameShape(QFrame::NoFrame);
+  // Always there, so that a zoom does not change the size of the view it is fitted to.
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setFocusPolicy(Qt::StrongFocus);
+  setStyleSheet(ScrollBarStyle(false));
+  viewport()->setMouseTracking(true);
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  viewport()->setCursor(Qt::CrossCursor);
+  connect(&tiles_, &TileStore::TilesReady, this, [this] { Redraw(); });
+  connect(&loader_, &ChartLoader::Progressed, this, &ChartViewer::OpenProgress);
+  connect(&loader_, &ChartLoader::Cancelled, this, &ChartViewer::OpenCancelled);
+  connect(&loader_, &ChartLoader::Reduced, this, [this] {
+    emit PictureChanged();
+    Redraw();
+  });
+  connect(&loader_, &ChartLoader::Loaded, this, [this](std::shared_ptr<ChartImage> loaded) {
+    ShowImage(std::move(loaded));
+    emit Opened();
+  });
+  connect(&loader_, &ChartLoader::Failed, this, [this](const Error& error) {
+    if (on_failure_ == OnFailure::kShowEmpty) ShowImage(nullptr);
+    emit OpenFailed(QString::fromStdString(error.path), QString::fromStdString(error.reason));
+  });
+}
+
+ChartViewer::~ChartViewer() = default;
+
+void ChartViewer::Open(const std::string& path, OnFailure on_failure) {
+  on_failure_ = on_failure;
+  loader_.Start(path);
+}
+
+Status ChartViewer::OpenAndWait(const std::string& path, OnFailure on_failure, Progress& progress) {
+  Status result = Done{};
+  QEventLoop loop;
+  QObject scope;
+  connect(this, &ChartViewer::Opened, &scope, [&loop] { loop.quit(); });
+  connect(this, &ChartViewer::OpenCancelled, &scope, [&] {
+    result = Error{path, kDecodeCancelled};
+    loop.quit();
+  });
+  connect(this, &ChartViewer::OpenFailed, &scope, [&](const QString& file, const QString& reason) {
+    result = Error{file.toStdString(), reason.toStdString()};
+    loop.quit();
+  });
+  double percent = 0.0;
+  connect(this, &ChartViewer::OpenProgress, &scope, [&percent](int read) { percent = read; });
+  QTimer beat;
+  connect(&beat, &QTimer::timeout, &scope, [&] {
+    if (!progress.Step(percent)) CancelOpen();
+  });
+  beat.start(50);
+  Open(path, on_failure);
+  loop.exec();
+  return result;
+}
+
+void ChartViewer::CancelOpen() { loader_.Cancel(); }
+
+void ChartViewer::ShowImage(std::shared_ptr<const ChartImage> image) {
+  image_ = image != nullptr && !image->picture().empty() ? std::move(image) : nullptr;
+  tiles_.SetImage(image_);
+  geometry_.SetImageSize(image_ ? image_->width() : 0, image_ ? image_->height() : 0);
+  selection_.reset();
+  band_start_.reset();
+  pan_grip_.reset();
+  emit PictureChanged();
+  AfterViewChange();
+}
+
+std::int64_t ChartViewer::MemoryUse() const {
+  return (image_ ? image_->MemoryUse() : 0) + tiles_.MemoryUse();
+}
+
+void ChartViewer::SetZoom(double zoom) {
+  geometry_.SetZoom(zoom);
+  AfterViewChange();
+}
+
+void ChartViewer::ZoomAbout(QPointF at, double zoom) {
+  geometry_.ZoomAbout({at.x(), at.y()}, zoom);
+  AfterViewChange();
+}
+
+void ChartViewer::ZoomByWheel(QPointF at, int angle) {
+  ZoomAbout(at, zoom() * std::pow(kZoomPerNotch, angle / 120.0));
+}
+
+void ChartViewer::FitWidth() {
+  geometry_.FitWidth();
+  AfterViewChange();
+}
+
+void ChartViewer::FitHeight() {
+  geometry_.FitHeight();
+  AfterViewChange();
+}
+
+void ChartViewer::FitAll() {
+  geometry_.FitAll();
+  AfterViewChange();
+}
+
+void ChartViewer::ZoomToRect(ImageRect rect) {
+  geometry_.ZoomToRect(rect);
+  AfterViewChange();
+}
+
+void ChartViewer::CentreOn(ImagePoint point) {
+  geometry_.CentreOn(point);
+  AfterViewChange();
+}
+
+void ChartViewer::Place(ImagePoint point, QPointF at) {
+  geometry_.Place(point, {at.x(), at.y()});
+  AfterViewChange();
+}
+
+void ChartViewer::PanBy(QPointF delta) {
+  geometry_.PanBy(delta.x(), delta.y());
+  AfterViewChange();
+}
+
+void ChartViewer::SetScrollPosition(QPointF position) {
+  geometry_.SetScroll(position.x(), position.y());
+  AfterViewChange();
+}
+
+QPointF ChartViewer::ImageToView(ImagePoint point) const {
+  const ViewPoint at = geometry_.ToView(point);
+  return {at.x, at.y};
+}
+
+void ChartViewer::SetSelection(ImageRect rect) {
+  selection_ = rect;
+  Redraw();
+}
+
+void ChartViewer::ClearSelection() {
+  selection_.reset();
+  band_start_.reset();
+  Redraw();
+}
+
+void ChartViewer::ZoomToSelection() {
+  if (selection_) ZoomToRect(*selection_);
+}
+
+void ChartViewer::SetNight(bool night) { ApplyLook({night, look().brightness}); }
+
+void ChartViewer::SetBrightness(int percent) {
+  ApplyLook({look().night, std::clamp(percent, 10, 100)});
+}
+
+void ChartViewer::ApplyLook(Look new_look) {
+  const Look old = look();
+  if (new_look == old) return;
+  tiles_.SetLook(new_look);
+  if (new_look.night != old.night) setStyleSheet(ScrollBarStyle(new_look.night));
+  emit PictureChanged();
+  Redraw();
+}
+
+void ChartViewer::SetMouseMode(MouseMode mode) {
+  mouse_mode_ = mode;
+  band_start_.reset();
+  pan_grip_.reset();
+}
+
+void ChartViewer::UpdateViewSize() {
+  const QSize size = viewport()->size();
+  const double ratio = viewport()->devicePixelRatioF();
+  if (geometry_.view_width() == size.width() && geometry_.view_height() == size.height() &&
+      geometry_.pixel_ratio() == ratio) {
+    return;
+  }
+  geometry_.SetViewSize(size.width(), size.height(), ratio);
+  const double screen_pixels = size.width() * ratio * size.height() * ratio;
+  // Enough for the view, what is around it, and the scale before.
+  tiles_.SetBudget(std::max<std::int64_t>(std::int64_t{16} << 20,
+                                          static_cast<std::int64_t>(screen_pixels * 4.0 * 3.0)));
+  AfterViewChange();
+}
+
+void ChartViewer::AfterViewChange() {
+  SyncScrollBars();
+  emit ViewChanged();
+  Redraw();
+}
+
+void ChartViewer::SyncScrollBars() {
+  syncing_bars_ = true;
+  const auto sync = [](QScrollBar* bar, double position, double range, double page) {
+    bar->setRange(0, static_cast<int>(std::lround(range)));
+    bar->setPageStep(std::max(static_cast<int>(page), 1));
+    bar->setSingleStep(std::max(static_cast<int>(page / 10.0), 1));
+    bar->setValue(static_cast<int>(std::lround(position)));
+  };
+  sync(horizontalScrollBar(), geometry_.ScrollX(), geometry_.ScrollRangeX(),
+       geometry_.view_width());
+  sync(verticalScrollBar(), geometry_.ScrollY(), geometry_.ScrollRangeY(), geometry_.view_height());
+  syncing_bars_ = false;
+}
+
+void ChartViewer::scrollContentsBy(int, int) {
+  if (syncing_bars_) return;
+  // Only the bar that moved: the other one's whole number would round the position.
+  const int x = horizontalScrollBar()->value();
+  const int y = verticalScrollBar()->value();
+  const bool moved_x = x != static_cast<int>(std::lround(geometry_.ScrollX()));
+  const bool moved_y = y != static_cast<int>(std::lround(geometry_.ScrollY()));
+  geometry_.SetScroll(moved_x ? x : geometry_.ScrollX(), moved_y ? y : geometry_.ScrollY());
+  AfterViewChange();
+}
+
+void ChartViewer::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  UpdateViewSize();
+}
+
+void ChartViewer::paintEvent(QPaintEvent* event) {
+  // The window may have come to a screen of another density.
+  UpdateViewSize();
+  QPainter painter(viewport());
+  PaintChart(painter, event->region());
+  QtSurface surface(painter, QSizeF(viewport()->size()), look().night);
+  if (overlay_ && image_) overlay_(surface);
+  PaintSelection(surface);
+}
+
+void ChartViewer::PaintChart(QPainter& painter, const QRegion& region) {
+  const QColor desk(look().night ? kNightDesk : kDayDesk);
+  if (!image_) {
+    for (const QRect& part : region) painter.fillRect(part, desk);
+    return;
+  }
+  constexpr int kTile = TileStore::kTileSize;
+  const double ratio = geometry_.pixel_ratio();
+  const int origin_x = geometry_.OriginX();
+  const int origin_y = geometry_.OriginY();
+  const int scaled_width = geometry_.ScaledWidth();
+  const int scaled_height = geometry_.ScaledHeight();
+  const int view_width = static_cast<int>(std::ceil(geometry_.view_width() * ratio));
+  const int view_height = static_cast<int>(std::ceil(geometry_.view_height() * ratio));
+
+  // The tiles in view, and a ring of those around them.
+  const int last_column = (scaled_width - 1) / kTile;
+  const int last_row = (scaled_height - 1) / kTile;
+  const int first_x = std::max(origin_x, 0) / kTile;
+  const int first_y = std::max(origin_y, 0) / kTile;
+  const int end_x = std::min((origin_x + view_width - 1) / kTile, last_column);
+  const int end_y = std::min((origin_y + view_height - 1) / kTile, last_row);
+  std::vector<TileKey> visible;
+  std::vector<TileKey> next;
+  for (int y = std::max(first_y - 1, 0); y <= std::min(end_y + 1, last_row); ++y) {
+    for (int x = std::max(first_x - 1, 0); x <= std::min(end_x + 1, last_column); ++x) {
+      const bool in_view = x >= first_x && x <= end_x && y >= first_y && y <= end_y;
+      (in_view ? visible : next).push_back({geometry_.Scale(), x, y});
+    }
+  }
+  tiles_.Request(visible, next);
+
+  painter.save();
+  // In screen pixels, so that tiles are copied and not scaled.
+  painter.scale(1.0 / ratio, 1.0 / ratio);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  for (const TileKey& key : visible) {
+    const int x = key.column * kTile;
+    const int y = key.row * kTile;
+    const QRect part(0, 0, std::min(kTile, scaled_width - x), std::min(kTile, scaled_height - y));
+    painter.drawImage(QPoint(x - origin_x, y - origin_y), tiles_.Tile(key), part);
+  }
+  const QRect chart(-origin_x, -origin_y, scaled_width, scaled_height);
+  const QRect view(0, 0, view_width, view_height);
+  if (!chart.contains(view)) {
+    for (const QRect& part : QRegion(view).subtracted(QRegion(chart))) {
+      painter.fillRect(part, desk);
+    }
+  }
+  painter.restore();
+}
+
+void ChartViewer::PaintSelection(DrawingSurface& surface) {
+  if (!selection_ || selection_->width <= 0 || selection_->height <= 0) return;
+  const ViewPoint from = geometry_.ToView(
+      {static_cast<double>(selection_->left), static_cast<double>(selection_->top)});
+  const ViewPoint to =
+      geometry_.ToView({static_cast<double>(selection_->left + selection_->width),
+                        static_cast<double>(selection_->top + selection_->height)});
+  const SurfacePoint corners[] = {{from.x, from.y}, {to.x, from.y}, {to.x, to.y}, {from.x, to.y}};
+  surface.SetFill(std::nullopt);
+  surface.SetPen(2, kSelectionColour, LineStyle::kDash);
+  surface.Polygon(corners);
+}
+
+ViewerMouse ChartViewer::Describe(const QMouseEvent& event) const {
+  ViewerMouse mouse;
+  mouse.at = {event.position().x(), event.position().y()};
+  mouse.image = geometry_.ToImage(mouse.at);
+  mouse.global = event.globalPosition().toPoint();
+  mouse.button = event.button();
+  mouse.buttons = event.buttons();
+  mouse.modifiers = event.modifiers();
+  return mouse;
+}
+
+void ChartViewer::mousePressEvent(QMouseEvent* event) {
+  const ViewerMouse mouse = Describe(*event);
+  event->accept();
+  if (events_ != nullptr && events_->MousePressed(mouse)) return;
+  if (event->button() != Qt::LeftButton || !image_) return;
+  if (mouse_mode_ == MouseMode::kRubberBand) {
+    band_start_ = mouse.image;
+    selection_.reset();
+    Redraw();
+  } else if (mouse_mode_ == MouseMode::kPan) {
+    pan_grip_ = mouse.image;
+  }
+}
+
+void ChartViewer::mouseMoveEvent(QMouseEvent* event) {
+  const ViewerMouse mouse = Describe(*event);
+  event->accept();
+  if (events_ != nullptr && events_->MouseMoved(mouse)) return;
+  if (band_start_) {
+    SetSelection(Between(*band_start_, mouse.image, image_width(), image_height()));
+  } else if (pan_grip_ && (event->buttons() & Qt::LeftButton) != 0) {
+    Place(*pan_grip_, event->position());
+  }
+}
+
+void ChartViewer::mouseReleaseEvent(QMouseEvent* event) {
+  const ViewerMouse mouse = Describe(*event);
+  event->accept();
+  if (event->button() == Qt::LeftButton) {
+    pan_grip_.reset();
+    if (band_start_) {
+      const ImageRect rect = Between(*band_start_, mouse.image, image_width(), image_height());
+      band_start_.reset();
+      SetSelection(rect);
+      emit SelectionMade();
+    }
+  }
+  if (events_ != nullptr) events_->MouseReleased(mouse);
+}
+
+void ChartViewer::mouseDoubleClickEvent(QMouseEvent* event) {
+  const ViewerMouse mouse = Describe(*event);
+  event->accept();
+  if (events_ != nullptr && events_->DoubleClicked(mouse)) return;
+  // A press like any other to whoever does not care.
+  mousePressEvent(event);
+}
+
+void ChartViewer::wheelEvent(QWheelEvent* event) {
+  ViewerMouse mouse;
+  mouse.at = {event->position().x(), event->position().y()};
+  mouse.image = geometry_.ToImage(mouse.at);
+  mouse.global = event->globalPosition().toPoint();
+  mouse.buttons = event->buttons();
+  mouse.modifiers = event->modifiers();
+  event->accept();
+  if (events_ != nullptr && events_->Wheel(mouse, event->angleDelta().y())) return;
+  QAbstractScrollArea::wheelEvent(event);
+}
+
+void ChartViewer::keyPressEvent(QKeyEvent* event) {
+  event->accept();
+  if (events_ != nullptr && events_->KeyPressed(*event)) return;
+  QAbstractScrollArea::keyPressEvent(event);
+}
+
+bool ChartViewer::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::Leave && events_ != nullptr) events_->MouseLeft();
+  return QAbstractScrollArea::viewportEvent(event);
+}
+
+}  // namespace skerrow
