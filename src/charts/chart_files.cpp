@@ -27,6 +27,9 @@ const char* CalibrationFault(const ChartFileRecord& file) {
   if (std::fabs(file.upper_lat) >= 90.0F || std::fabs(file.lower_lat) >= 90.0F) {
     return "a calibration latitude lies at or beyond a pole";
   }
+  if (std::fabs(file.upper_lon) > 360.0F || std::fabs(file.lower_lon) > 360.0F) {
+    return "a calibration longitude lies beyond 360 degrees";
+  }
   if (file.top_pix == file.bottom_pix) return "the two calibration rows are equal";
   if (file.left_pix == file.right_pix) return "the two calibration columns are equal";
   if (file.upper_lat == file.lower_lat) return "the two calibration latitudes are equal";
