@@ -1,9 +1,8 @@
 #include "app/program.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <filesystem>
+#include <gtest/gtest.h>
 
 #include "app/timers.h"
 #include "support/recording_messages.h"

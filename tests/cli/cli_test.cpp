@@ -1,12 +1,15 @@
-#include <gtest/gtest.h>
-
-#include <array>
+#include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
-#include <nlohmann/json.hpp>
+#include <gtest/gtest.h>
+#include <random>
 #include <sstream>
+
+#include <nlohmann/json.hpp>
 
 #include "cli/answer.h"
 #include "cli/arguments.h"
@@ -244,12 +247,18 @@ TEST_F(CommandLine, SurvivesDamagedInstallations) {
   std::filesystem::copy(std::string(SKERROW_SOURCE_DIR) + "/program", program,
                         std::filesystem::copy_options::recursive);
   const std::string with = "--program " + program + " ";
-  const std::vector<std::string> files = {"RefPorts.hc", "TS/UK.hc", "TS/Sample Chart.l25",
-                                          "Charts/9999-1.cht", "Charts/Sample Chart.xrf",
+  const std::vector<std::string> files = {"RefPorts.hc",
+                                          "TS/UK.hc",
+                                          "TS/Sample Chart.l25",
+                                          "Charts/9999-1.cht",
+                                          "Charts/Sample Chart.xrf",
                                           "Samples/Sample.rte"};
-  const std::vector<std::string> commands = {
-      "plan --date 2026-12-05 --time 06:30", "tide 1 --date 2026-12-05", "chart list",
-      "chart show 9999-1", "streams --date 2026-12-05 --time 6", "route Sample.rte"};
+  const std::vector<std::string> commands = {"plan --date 2026-12-05 --time 06:30",
+                                             "tide 1 --date 2026-12-05",
+                                             "chart list",
+                                             "chart show 9999-1",
+                                             "streams --date 2026-12-05 --time 6",
+                                             "route Sample.rte"};
   std::mt19937 random(77);
   for (const std::string& file : files) {
     const std::string path = program + "/" + file;
@@ -261,7 +270,9 @@ TEST_F(CommandLine, SurvivesDamagedInstallations) {
       for (const std::string& command : commands) {
         const Ran ran = Run(with + command);
         EXPECT_TRUE(ran.status == 0 || ran.status == 1) << file << ": " << command << ran.err;
-        if (ran.status == 1) EXPECT_NE(ran.err, "") << file << ": " << command;
+        if (ran.status == 1) {
+          EXPECT_NE(ran.err, "") << file << ": " << command;
+        }
       }
     }
     std::filesystem::remove(path);

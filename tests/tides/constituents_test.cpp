@@ -1,8 +1,7 @@
 #include "tides/constituents.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 
 #include "core/calendar.h"
 
@@ -45,8 +44,7 @@ TEST(Constituents, AgreeWithTheSkyOverManyYears) {
   for (int year = 1985; year <= 2040; ++year) {
     for (int month = 1; month <= 12; ++month) {
       const Sky sky = SkyAt(15, month, year);
-      const DayConstituents day =
-          CalcDayConstituents(year, DateToDayOfYear(15, month, year));
+      const DayConstituents day = CalcDayConstituents(year, DateToDayOfYear(15, month, year));
       const double n = sky.n * kDegree;
 
       Group s2;

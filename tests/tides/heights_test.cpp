@@ -1,10 +1,10 @@
 #include "tides/heights.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <gtest/gtest.h>
+
 #include <nlohmann/json.hpp>
 
 #include "core/text.h"
@@ -39,8 +39,7 @@ struct Agreement {
     std::vector<double> own_high;
     for (int d = 0; d < days; ++d) {
       SelectedMonth month(from, d);
-      const TideCurve curve =
-          PredictHeights(port, from.day + d, month.value, from.year, false);
+      const TideCurve curve = PredictHeights(port, from.day + d, month.value, from.year, false);
       for (int hour = 0; hour < 24; ++hour) {
         const std::size_t at = static_cast<std::size_t>(d * 24 + hour);
         if (at >= heights_mm.size()) break;
@@ -147,8 +146,8 @@ TEST(Heights, TakeTheMonthFromTheSameTableEveryYear) {
     port.mhm2[i] = static_cast<float>(i + 1);
     port.delta_z0[i] = static_cast<float>(i + 1) / 10.0F;
   }
-  const std::pair<int, int> rows[] = {{0, 1},   {31, 1},   {32, 2},   {59, 2},  {60, 3},
-                                      {121, 5}, {152, 6},  {182, 6},  {183, 7}, {304, 10},
+  const std::pair<int, int> rows[] = {{0, 1},    {31, 1},   {32, 2},   {59, 2},  {60, 3},
+                                      {121, 5},  {152, 6},  {182, 6},  {183, 7}, {304, 10},
                                       {305, 11}, {334, 11}, {335, 12}, {366, 12}};
   for (const auto& [day, month] : rows) {
     EXPECT_EQ(SeasonByDay(port, day).m2_amplitude, static_cast<float>(month)) << day;
@@ -167,11 +166,13 @@ TEST(Heights, APortOfZerosIsFlat) {
 }
 
 TEST(Ports, TimeZoneLetters) {
-  const std::pair<const char*, int> rows[] = {{"L", 0},  {"K", 1},   {"A", 11}, {"M", -1},
-                                              {"W", -11}, {"", 0}, {" ", 0}};
+  const std::pair<const char*, int> rows[] = {{"L", 0},   {"K", 1}, {"A", 11}, {"M", -1},
+                                              {"W", -11}, {"", 0},  {" ", 0}};
   for (const auto& [letter, hours] : rows) {
     EXPECT_EQ(TimeZoneHours(letter), hours) << letter;
-    if (std::string(letter) > " ") EXPECT_EQ(TimeZoneLetter(hours), letter);
+    if (std::string(letter) > " ") {
+      EXPECT_EQ(TimeZoneLetter(hours), letter);
+    }
   }
   EXPECT_EQ(TimeZoneLetter(12), "L");
   EXPECT_EQ(TimeZoneLetter(-12), "L");

@@ -1,9 +1,8 @@
 #include "tides/streams.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
+#include <gtest/gtest.h>
 #include <random>
 
 #include "core/plane_sailing.h"
@@ -91,8 +90,9 @@ class OneDiamond : public ::testing::Test {
   StreamReading ReadAt(int minute, Position place = {50.0F, -1.0F}) {
     StreamReader reader(state_);
     StreamReading reading;
-    EXPECT_EQ(reader.CalculateTidalStreams(place, static_cast<float>(minute / 60.0), kDate, reading),
-              StreamFault::kNone);
+    EXPECT_EQ(
+        reader.CalculateTidalStreams(place, static_cast<float>(minute / 60.0), kDate, reading),
+        StreamFault::kNone);
     return reading;
   }
 
@@ -243,8 +243,7 @@ TEST(Streams, AreThePlainOnesBitForBit) {
   for (int i = 0; i < 6000; ++i) {
     // The plain form is slow at building days; a few readings on each.
     if (i % 100 == 0) {
-      date = {static_cast<std::int16_t>(day(random)),
-              static_cast<std::int16_t>(1990 + i % 60)};
+      date = {static_cast<std::int16_t>(day(random)), static_cast<std::int16_t>(1990 + i % 60)};
     }
     const Position place{latitude(random), longitude(random)};
     const float time = std::min(hours(random), 23.99999F);
