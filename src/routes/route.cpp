@@ -100,8 +100,8 @@ std::optional<Wind> WindAtPoint(std::span<const RoutePoint> points, std::size_t 
   for (std::size_t i = 1; i <= index; ++i) {
     hours += RangeOnly(points[i - 1].At(), points[i].At()) / points[i - 1].speed;
   }
-  // A leg without speed never arrives: the sum is infinite or no number.
-  if (!(hours <= kHoursOfAYear)) return std::nullopt;
+  // A leg without speed never arrives: the sum is infinite, of either sign, or no number.
+  if (!(hours >= 0.0F && hours <= kHoursOfAYear)) return std::nullopt;
   const LaterTime arrival = AddHours(defaults.departure_day, defaults.departure_hours, hours);
   return defaults.wind_at(points[index].At(), arrival.date, arrival.hours);
 }
