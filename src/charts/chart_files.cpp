@@ -162,7 +162,7 @@ std::optional<std::string> SmallerScaleChart(Position position, ChartState& stat
 Status OpenChart(std::string_view chart_path, AppConfig& config, ChartState& state) {
   const std::string before = config.chart_path;
   config.chart_path = Trim(chart_path);
-  const Status read = ReadChartSettings(config, state);
+  Status read = ReadChartSettings(config, state);
   if (!read) config.chart_path = before;
   return read;
 }
@@ -171,7 +171,7 @@ Status OpenPreviousChart(AppConfig& config, ChartState& state) {
   if (state.history.empty()) return Error{};
   if (state.history.size() > 1) state.history.pop_back();
   const std::string previous = state.history.back();
-  const Status opened = OpenChart(previous, config, state);
+  Status opened = OpenChart(previous, config, state);
   if (opened) {
     state.history.pop_back();
   } else {

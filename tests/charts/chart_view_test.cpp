@@ -95,7 +95,8 @@ TEST(ChartView, LocatePoint) {
   EXPECT_EQ(at(1, 1, visible), (PixelRect{0, 0, 1000, 800}));
   EXPECT_EQ(at(4098, 3198, visible), (PixelRect{3100, 2400, 1000, 800}));
   EXPECT_EQ(at(2000, 1600, (PixelRect{0, 0, 5000, 800})), (PixelRect{0, 1200, 5000, 800}));
-  EXPECT_EQ(at(2000, 1600, (PixelRect{7, 7, 1001, 801})), (PixelRect{1500, 1200, 1001, 801}));
+  // Halves go to the even pixel: 2001 - 500.5 and 1603 - 400.5.
+  EXPECT_EQ(at(2001, 1603, (PixelRect{7, 7, 1001, 801})), (PixelRect{1500, 1202, 1001, 801}));
   EXPECT_FALSE(at(-2, 1600, visible));
   EXPECT_FALSE(at(4102, 1600, visible));
   EXPECT_FALSE(at(2000, -2, visible));

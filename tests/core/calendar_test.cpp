@@ -1,7 +1,9 @@
 #include "core/calendar.h"
 
 #include <chrono>
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 
 #include "core/clock.h"
 #include "core/selected_time.h"
@@ -95,6 +97,13 @@ TEST(Calendar, AddHours) {
     EXPECT_EQ(later.date, row.to) << row.text;
     EXPECT_FLOAT_EQ(later.hours, row.left) << row.text;
     EXPECT_EQ(later.text, row.text);
+  }
+}
+
+TEST(Calendar, AddHoursSurvivesWhatIsNoTime) {
+  for (const float odd : {std::numeric_limits<float>::infinity(),
+                          -std::numeric_limits<float>::infinity(), std::nanf("")}) {
+    EXPECT_FALSE(AddHours({100, 2025}, 6.0F, odd).text.empty());
   }
 }
 

@@ -178,8 +178,21 @@ TEST_F(RouteTest, WindAtTheTimeOfArrival) {
 TEST_F(RouteTest, NoWindAtAllGivesTheDefault) {
   defaults_.constant_wind = false;  // and no lookup
   messages_.Expect(kLoadMiss);
-  ASSERT_TRUE(Load(Store({{"", 50, -1, 0}, {"", 49, -1, 0}})));  // a leg without speed never ends
+  ASSERT_TRUE(Load(Store({{"", 50, -1, 5}, {"", 49, -1, 5}})));
   EXPECT_EQ(state_.points[1].wind_speed, 12.0F);
+  // A leg without speed never ends, so nothing is asked about the points behind it. A minus zero
+  // once gave an arrival of minus infinity.
+  int asked = 0;
+  defaults_.wind_at = [&](Position, DayAndYear, float) {
+    ++asked;
+    return Wind{1, 1};
+  };
+  for (const float speed : {0.0F, -0.0F}) {
+    asked = 0;
+    messages_.Expect(kLoadMiss);
+    ASSERT_TRUE(Load(Store({{"", 50, -1, speed}, {"", 49, -1, 5}, {"", 48, -1, 5}})));
+    EXPECT_EQ(asked, 1);
+  }
 }
 
 // Every piece against its place worked out in double precision; a leg's own ends are kept to the
