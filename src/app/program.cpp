@@ -40,8 +40,7 @@ void LoadProgram(Program& program, Messages& messages) {
   RebuildTides(program, messages);
   LoadDiamonds(program.tides, program.folders, program.config.tidal_area, messages);
   program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file);
-  ShowFailure(LoadChartIndex(program.folders, program.config, program.charts, messages),
-              messages);
+  ShowFailure(LoadChartIndex(program.folders, program.config, program.charts, messages), messages);
   program.mouse_mode = MouseMode::kStarting;
   program.replay_active = false;
   program.dividers_on = false;
@@ -93,7 +92,8 @@ void Timer1Routine(Program& program) {
   if (program.tides.loaded->date != program.selected_time.Day()) {
     LoadTideDay(program.tides, program.selected_time.Day());
   }
-  RefreshTideState(program.tides, program.selected_time.override_, program.selected_time.hours, now);
+  RefreshTideState(program.tides, program.selected_time.override_, program.selected_time.hours,
+                   now);
 }
 
 std::string SelectedTimeText(SelectedTimeRefusal refusal) {

@@ -53,9 +53,7 @@ inline constexpr std::size_t kWindLegs = 25;
 
 struct Program {
   Program(Folders where, const Clock& time_source)
-      : folders(std::move(where)),
-        clock(&time_source),
-        config(DefaultConfig(folders.program)) {}
+      : folders(std::move(where)), clock(&time_source), config(DefaultConfig(folders.program)) {}
 
   Folders folders;
   const Clock* clock;

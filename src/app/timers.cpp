@@ -39,8 +39,7 @@ void FollowTimeAndFix(Program& program, TimerWindow& window, TimerInstruments& i
   }
 }
 
-void RepaintNowAndThen(Program& program, TimerWindow& window,
-                       const TimerInstruments& instruments) {
+void RepaintNowAndThen(Program& program, TimerWindow& window, const TimerInstruments& instruments) {
   program.timers.cycle = 0;
   if (++program.timers.repaint_divider > 2) {
     program.timers.repaint_divider = 1;

@@ -27,6 +27,9 @@ const char* CalibrationFault(const ChartFileRecord& file) {
   if (std::fabs(file.upper_lat) >= 90.0F || std::fabs(file.lower_lat) >= 90.0F) {
     return "a calibration latitude lies at or beyond a pole";
   }
+  if (std::fabs(file.upper_lon) > 360.0F || std::fabs(file.lower_lon) > 360.0F) {
+    return "a calibration longitude lies beyond 360 degrees";
+  }
   if (file.top_pix == file.bottom_pix) return "the two calibration rows are equal";
   if (file.left_pix == file.right_pix) return "the two calibration columns are equal";
   if (file.upper_lat == file.lower_lat) return "the two calibration latitudes are equal";
@@ -159,7 +162,7 @@ std::optional<std::string> SmallerScaleChart(Position position, ChartState& stat
 Status OpenChart(std::string_view chart_path, AppConfig& config, ChartState& state) {
   const std::string before = config.chart_path;
   config.chart_path = Trim(chart_path);
-  const Status read = ReadChartSettings(config, state);
+  Status read = ReadChartSettings(config, state);
   if (!read) config.chart_path = before;
   return read;
 }
@@ -168,7 +171,7 @@ Status OpenPreviousChart(AppConfig& config, ChartState& state) {
   if (state.history.empty()) return Error{};
   if (state.history.size() > 1) state.history.pop_back();
   const std::string previous = state.history.back();
-  const Status opened = OpenChart(previous, config, state);
+  Status opened = OpenChart(previous, config, state);
   if (opened) {
     state.history.pop_back();
   } else {

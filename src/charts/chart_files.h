@@ -126,7 +126,8 @@ struct ChartState {
 std::string ChartPathOf(const Folders& folders, std::string_view chart_key);
 
 // Works the values of a calibration out. Error (without a path): a value that is no number, equal
-// rows, columns, latitudes or longitudes, a latitude at or beyond a pole, no width.
+// rows, columns, latitudes or longitudes, a latitude at or beyond a pole, a longitude beyond 360
+// degrees, no width.
 Result<ChartRecord> WorkOutChart(const ChartFileRecord& file);
 
 // Reads the settings of the chart of ChartPath, trimming that field, and adds the path to the

@@ -34,10 +34,10 @@ bool IsCoordinateText(std::string_view text, char positive, char negative) {
   if (point == std::string_view::npos || !AllDigits(text.substr(0, point))) return false;
   const std::string_view minutes = text.substr(point + 1);
   const std::size_t decimals = minutes.find('.');
-  const bool shaped = decimals == std::string_view::npos
-                          ? AllDigits(minutes)
-                          : AllDigits(minutes.substr(0, decimals)) &&
-                                AllDigits(minutes.substr(decimals + 1));
+  const bool shaped =
+      decimals == std::string_view::npos
+          ? AllDigits(minutes)
+          : AllDigits(minutes.substr(0, decimals)) && AllDigits(minutes.substr(decimals + 1));
   return shaped && TextToNumber(minutes) < 60.0;
 }
 

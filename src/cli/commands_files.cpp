@@ -12,10 +12,14 @@ namespace skerrow::cli {
 namespace {
 
 Json EntryJson(const ChartIndexEntry& entry) {
-  return {{"chartKey", entry.chart_key},          {"chartTitle", entry.title},
-          {"scale", Number(entry.scale)},         {"lowerLat", Number(entry.lower_lat)},
-          {"lowerLon", Number(entry.lower_lon)},  {"upperLat", Number(entry.upper_lat)},
-          {"upperLon", Number(entry.upper_lon)},  {"flag1", entry.flag1},
+  return {{"chartKey", entry.chart_key},
+          {"chartTitle", entry.title},
+          {"scale", Number(entry.scale)},
+          {"lowerLat", Number(entry.lower_lat)},
+          {"lowerLon", Number(entry.lower_lon)},
+          {"upperLat", Number(entry.upper_lat)},
+          {"upperLon", Number(entry.upper_lon)},
+          {"flag1", entry.flag1},
           {"flag2", entry.flag2}};
 }
 
@@ -26,8 +30,8 @@ Answer EntriesAnswer(const std::vector<ChartIndexEntry>& entries) {
   for (const ChartIndexEntry& entry : entries) {
     answer.json.push_back(EntryJson(entry));
     table.Add({entry.chart_key, FormatFixed(entry.scale, 1, 0), LatToText(entry.lower_lat),
-               LongToText(entry.lower_lon), LatToText(entry.upper_lat),
-               LongToText(entry.upper_lon), entry.title});
+               LongToText(entry.lower_lon), LatToText(entry.upper_lat), LongToText(entry.upper_lon),
+               entry.title});
   }
   answer.text = entries.empty() ? "no charts\n" : table.Text();
   return answer;
@@ -42,20 +46,34 @@ std::optional<Failure> LoadIndex(Session& session) {
 }
 
 Json ChartJson(const ChartRecord& chart) {
-  return {{"upperLat", Number(chart.file.upper_lat)}, {"topPix", Number(chart.file.top_pix)},
-          {"lowerLat", Number(chart.file.lower_lat)}, {"bottomPix", Number(chart.file.bottom_pix)},
-          {"lowerLon", Number(chart.file.lower_lon)}, {"leftPix", Number(chart.file.left_pix)},
-          {"upperLon", Number(chart.file.upper_lon)}, {"rightPix", Number(chart.file.right_pix)},
-          {"width", Number(chart.file.width)},        {"height", Number(chart.file.height)},
-          {"topLat", Number(chart.top_lat)},          {"topRow", Number(chart.top_row)},
-          {"bottomLat", Number(chart.bottom_lat)},    {"bottomRow", Number(chart.bottom_row)},
-          {"westLon", Number(chart.west_lon)},        {"westCol", Number(chart.west_col)},
-          {"eastLon", Number(chart.east_lon)},        {"eastCol", Number(chart.east_col)},
-          {"topMerc", Number(chart.top_merc)},        {"bottomMerc", Number(chart.bottom_merc)},
-          {"mercSpan", Number(chart.merc_span)},      {"rowSpan", Number(chart.row_span)},
-          {"scale", Number(chart.scale)},             {"spare1", Number(chart.spare1)},
-          {"issue", Number(chart.issue)},             {"spare2", Number(chart.spare2)},
-          {"latPerRow", Number(chart.lat_per_row)},   {"lonPerCol", Number(chart.lon_per_col)}};
+  return {{"upperLat", Number(chart.file.upper_lat)},
+          {"topPix", Number(chart.file.top_pix)},
+          {"lowerLat", Number(chart.file.lower_lat)},
+          {"bottomPix", Number(chart.file.bottom_pix)},
+          {"lowerLon", Number(chart.file.lower_lon)},
+          {"leftPix", Number(chart.file.left_pix)},
+          {"upperLon", Number(chart.file.upper_lon)},
+          {"rightPix", Number(chart.file.right_pix)},
+          {"width", Number(chart.file.width)},
+          {"height", Number(chart.file.height)},
+          {"topLat", Number(chart.top_lat)},
+          {"topRow", Number(chart.top_row)},
+          {"bottomLat", Number(chart.bottom_lat)},
+          {"bottomRow", Number(chart.bottom_row)},
+          {"westLon", Number(chart.west_lon)},
+          {"westCol", Number(chart.west_col)},
+          {"eastLon", Number(chart.east_lon)},
+          {"eastCol", Number(chart.east_col)},
+          {"topMerc", Number(chart.top_merc)},
+          {"bottomMerc", Number(chart.bottom_merc)},
+          {"mercSpan", Number(chart.merc_span)},
+          {"rowSpan", Number(chart.row_span)},
+          {"scale", Number(chart.scale)},
+          {"spare1", Number(chart.spare1)},
+          {"issue", Number(chart.issue)},
+          {"spare2", Number(chart.spare2)},
+          {"latPerRow", Number(chart.lat_per_row)},
+          {"lonPerCol", Number(chart.lon_per_col)}};
 }
 
 }  // namespace
@@ -139,8 +157,8 @@ Outcome ShowChart(Session& session, const std::string& key, const std::string& c
   Answer answer;
   answer.json = ChartJson(chart);
   for (const auto& [name, value] : answer.json.items()) {
-    answer.text += name + std::string(12 - std::min<std::size_t>(name.size(), 11), ' ') +
-                   value.dump() + "\n";
+    answer.text +=
+        name + std::string(12 - std::min<std::size_t>(name.size(), 11), ' ') + value.dump() + "\n";
   }
   if (!convert.empty()) {
     const std::size_t comma = convert.find(',');

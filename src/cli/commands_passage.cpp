@@ -26,8 +26,8 @@ Json TrackJson(const std::vector<TrackPoint>& track) {
 Json StreamsJson(const std::vector<StreamSample>& streams) {
   Json list = Json::array();
   for (const StreamSample& sample : streams) {
-    list.push_back({Number(sample.rate), Number(sample.direction), Number(sample.hours),
-                    sample.label});
+    list.push_back(
+        {Number(sample.rate), Number(sample.direction), Number(sample.hours), sample.label});
   }
   return list;
 }
@@ -62,8 +62,8 @@ std::optional<Failure> ApplyTacks(std::vector<RoutePoint>& points,
   for (const std::string& word : tacks) {
     const std::size_t equals = word.find('=');
     const std::string side = equals == std::string::npos ? "" : word.substr(equals + 1);
-    const Result<int> leg = ParseWhole(word.substr(0, equals), "leg", 1,
-                                       static_cast<int>(points.size()) - 1);
+    const Result<int> leg =
+        ParseWhole(word.substr(0, equals), "leg", 1, static_cast<int>(points.size()) - 1);
     if (!leg) return WrongUsage(leg.error());
     if (side != "port" && side != "starboard" && side != "none") {
       return WrongUsage({"", "--tack takes N=port, N=starboard or N=none, not \"" + word + "\""});
@@ -168,17 +168,17 @@ Outcome SolveLeg(Session& session, const LegWords& words) {
   }
   const LegResult& result = leg.result;
   const LaterTime arrival = AddHours(*date, *hours, result.passage_time);
-  answer.text =
-      std::string(kDerivedDataNotice) + "\nCOURSE TO STEER = " +
-      FormatFixed(result.course_to_steer, 3, 0) + "°T\n" + DateText(*date) + " @ " +
-      HoursToClock(*hours) + "\nFrom " + LatToText(start->latitude) + " , " +
-      LongToText(start->longitude) + "\nTo   " + LatToText(destination->latitude) + " , " +
-      LongToText(destination->longitude) + "\nTime taken " + HoursToDuration(result.passage_time) +
-      " arriving at " + arrival.text + "\nSpeed Over Ground " +
-      FormatFixed(result.speed_over_ground, 1, 1) + "kt\nCourse Over Ground " +
-      FormatFixed(result.track_distance, 1, 1) + "nm\nClosest approach " +
-      FormatFixed(result.closest_approach, 1, 2) + "nm" +
-      (leg.achieved ? "" : "  NOT ACHIEVED") + "\n";
+  answer.text = std::string(kDerivedDataNotice) +
+                "\nCOURSE TO STEER = " + FormatFixed(result.course_to_steer, 3, 0) + "°T\n" +
+                DateText(*date) + " @ " + HoursToClock(*hours) + "\nFrom " +
+                LatToText(start->latitude) + " , " + LongToText(start->longitude) + "\nTo   " +
+                LatToText(destination->latitude) + " , " + LongToText(destination->longitude) +
+                "\nTime taken " + HoursToDuration(result.passage_time) + " arriving at " +
+                arrival.text + "\nSpeed Over Ground " +
+                FormatFixed(result.speed_over_ground, 1, 1) + "kt\nCourse Over Ground " +
+                FormatFixed(result.track_distance, 1, 1) + "nm\nClosest approach " +
+                FormatFixed(result.closest_approach, 1, 2) + "nm" +
+                (leg.achieved ? "" : "  NOT ACHIEVED") + "\n";
   return answer;
 }
 

@@ -65,9 +65,9 @@ Outcome ConfigSet(Session& session, const std::string& field, const std::string&
   }
   MakeUserFolders(session.program.folders);
   AppConfig stored = DefaultConfig(session.program.folders.program);
-  const Status saved = ReloadThenSave(
-      session.program.folders, stored,
-      [&](AppConfig& config) { (void)SetConfigField(config, field, value); });
+  const Status saved = ReloadThenSave(session.program.folders, stored, [&](AppConfig& config) {
+    (void)SetConfigField(config, field, value);
+  });
   if (!saved) return Failed(saved.error());
   return ConfigAnswer(stored);
 }

@@ -116,8 +116,8 @@ Outcome ShowTide(Session& session, const std::string& port, const std::string& d
     waters.push_back({{"kind", water.high ? "high" : "low"},
                       {"hours", Number(water.hours)},
                       {"height", Number(water.height)}});
-    table.Add({water.high ? "High water" : "Low water", HoursToClock(water.hours),
-               Metres(water.height)});
+    table.Add(
+        {water.high ? "High water" : "Low water", HoursToClock(water.hours), Metres(water.height)});
   }
   answer.json = {{"port", number},
                  {"name", Trim(found.name)},
@@ -139,8 +139,8 @@ Outcome ShowTide(Session& session, const std::string& port, const std::string& d
   TextTable hourly({"Time", ">Height"});
   for (std::size_t i = 0; i <= 144; i += 6) {
     // The last row is the midnight that ends the day.
-    hourly.Add({i == 144 ? "24:00" : HoursToClock(tide.curve[i].hours),
-                Metres(tide.curve[i].height)});
+    hourly.Add(
+        {i == 144 ? "24:00" : HoursToClock(tide.curve[i].hours), Metres(tide.curve[i].height)});
   }
   answer.text += "\n" + hourly.Text();
   return answer;
@@ -187,8 +187,8 @@ Outcome ShowRefPorts(Session& session, const std::string& date, const std::strin
     answer.text += "  at " + HoursToClock(when->hours) + ": hour slot " +
                    std::to_string(phase.slot) + " from high water " +
                    HoursToClock(SampleHours(reference.high_water_sample)) + ", Mins left in Slot " +
-                   std::to_string(phase.minutes_left) + ", Days Range " +
-                   Metres(reference.range) + "\n";
+                   std::to_string(phase.minutes_left) + ", Days Range " + Metres(reference.range) +
+                   "\n";
   }
   if (answer.text.empty()) answer.text = "no reference ports\n";
   return answer;
@@ -219,11 +219,11 @@ Outcome ShowStream(Session& session, const std::string& latitude, const std::str
   if (found) {
     answer.text = StreamText(reading.rate, reading.direction) + ", diamond " + label +
                   ", hour slot " + std::to_string(reading.dep_slot) + ", Mins left in Slot " +
-                  std::to_string(reading.mins_left) + ", Days Range " +
-                  Metres(reading.days_range) + "\n";
+                  std::to_string(reading.mins_left) + ", Days Range " + Metres(reading.days_range) +
+                  "\n";
   } else {
-    answer.text = "no tidal stream is known within " +
-                  FormatFixed(kDiamondReach, 1, 0) + " nm of this place\n";
+    answer.text = "no tidal stream is known within " + FormatFixed(kDiamondReach, 1, 0) +
+                  " nm of this place\n";
   }
   return answer;
 }

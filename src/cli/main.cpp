@@ -1,8 +1,9 @@
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
+
+#include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
 #include "cli/session.h"
@@ -74,9 +75,8 @@ void AddConfigCommands(CLI::App& app, Request& r) {
 }
 
 void AddPlaceCommands(CLI::App& app, Request& r) {
-  CLI::App* position = Add(app, "position", "a position in all its forms", r, [&r](Session&) {
-    return ShowPosition(r.latitude, r.longitude);
-  });
+  CLI::App* position = Add(app, "position", "a position in all its forms", r,
+                           [&r](Session&) { return ShowPosition(r.latitude, r.longitude); });
   AddPlaces(position, r);
   CLI::App* range = Add(app, "range", "range and bearing between two positions", r,
                         [&r](Session&) { return ShowRange(r.place); });
@@ -87,9 +87,9 @@ void AddPlaceCommands(CLI::App& app, Request& r) {
 }
 
 void AddFileCommands(CLI::App& app, Request& r) {
-  Add(app, "waypoints", "the marks of a waypoint file", r,
-      [&r](Session& s) { return ListWaypoints(s, r.file); })
-      ->add_option("FILE", r.file, "waypoint file; the current one when left out");
+  Add(app, "waypoints", "the marks of a waypoint file", r, [&r](Session& s) {
+    return ListWaypoints(s, r.file);
+  })->add_option("FILE", r.file, "waypoint file; the current one when left out");
   Add(app, "route", "the points and legs of a route file", r,
       [&r](Session& s) { return ShowRoute(s, r.file); })
       ->add_option("FILE", r.file, "route file")
@@ -152,8 +152,9 @@ void AddPassageCommands(CLI::App& app, Request& r) {
                           [&r](Session& s) { return FindDeparture(s, r.optimum); });
   optimum->add_option("FILE", r.optimum.file, "route file; the sample route when left out");
   AddDate(optimum, r.optimum.date);
-  optimum->add_option("--slot", r.optimum.slot,
-                      "departures: 1 night, 2 morning, 3 afternoon, 4 evening, 5 all day")
+  optimum
+      ->add_option("--slot", r.optimum.slot,
+                   "departures: 1 night, 2 morning, 3 afternoon, 4 evening, 5 all day")
       ->default_val("5");
 }
 
@@ -161,7 +162,7 @@ void AddPassageCommands(CLI::App& app, Request& r) {
 int Report(const Outcome& outcome, const Options& options) {
   if (const auto* failure = std::get_if<Failure>(&outcome)) {
     if (!failure->reason.empty()) {
-      std::fprintf(stderr, "skerrow-cli: %s\n", failure->reason.c_str());
+      std::fprintf(stderr, "skerrow-cli: %s\n", OneLine(failure->reason).c_str());
     }
     return failure->status;
   }
@@ -177,8 +178,9 @@ int Report(const Outcome& outcome, const Options& options) {
 
 int main(int argc, char** argv) {
   Request request;
-  CLI::App app("Skerrow Helm: passage planning for small craft. A planning aid, not for navigation.",
-               "skerrow-cli");
+  CLI::App app(
+      "Skerrow Helm: passage planning for small craft. A planning aid, not for navigation.",
+      "skerrow-cli");
   app.require_subcommand(1);
   app.fallthrough();
   app.add_option("--program", request.options.program, "folder of the program's own data");
@@ -201,9 +203,9 @@ int main(int argc, char** argv) {
   const SystemClock clock;
   Session session(request.options, clock);
   if (const Status opened = session.Open(); !opened) {
-    return Report(request.options.sets.empty() ? Failed(opened.error())
-                                               : WrongUsage(opened.error()),
-                  request.options);
+    return Report(
+        request.options.sets.empty() ? Failed(opened.error()) : WrongUsage(opened.error()),
+        request.options);
   }
   return Report(request.command(session), request.options);
 }

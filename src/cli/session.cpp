@@ -21,15 +21,15 @@ std::string Choose(const std::string& option, const char* variable, Otherwise ot
 }
 
 Folders ChooseFolders(const Options& options) {
-  return {Choose(options.program, "SKERROW_PROGRAM",
-                 [] { return FindProgramFolder(ProgramFile()); }),
-          Choose(options.documents, "SKERROW_DOCUMENTS", [] { return DocumentsFolder(); }),
-          Choose(options.settings, "SKERROW_SETTINGS", [] { return ConfigurationFolder(); })};
+  return {
+      Choose(options.program, "SKERROW_PROGRAM", [] { return FindProgramFolder(ProgramFile()); }),
+      Choose(options.documents, "SKERROW_DOCUMENTS", [] { return DocumentsFolder(); }),
+      Choose(options.settings, "SKERROW_SETTINGS", [] { return ConfigurationFolder(); })};
 }
 
-std::string OneLine(std::string_view text) { return ReplaceAll(std::string(text), "\n", "; "); }
-
 }  // namespace
+
+std::string OneLine(std::string_view text) { return ReplaceAll(std::string(text), "\n", "; "); }
 
 void ConsoleMessages::Show(std::string_view text, MessageIcon, std::string_view) {
   texts_.emplace_back(text);
@@ -65,7 +65,8 @@ Status Session::Open() {
   }
   for (const std::string& set : options_.sets) {
     const std::size_t equals = set.find('=');
-    if (equals == std::string::npos) return Error{"", "--set takes FIELD=VALUE, not \"" + set + "\""};
+    if (equals == std::string::npos)
+      return Error{"", "--set takes FIELD=VALUE, not \"" + set + "\""};
     if (const Status done =
             SetConfigField(program.config, set.substr(0, equals), set.substr(equals + 1));
         !done) {

@@ -17,6 +17,9 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUsage = 2;
 
+// A text with its lines joined into one.
+std::string OneLine(std::string_view text);
+
 // A command's answer, or why there is none and the exit status that goes with it.
 struct Failure {
   int status = kFailed;

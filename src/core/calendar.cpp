@@ -125,8 +125,8 @@ LaterTime AddHours(DayAndYear date, float hours, float increment) {
   later.date = {static_cast<std::int16_t>(day), static_cast<std::int16_t>(year)};
   later.hours = static_cast<float>(total - days * 24.0);
   const double whole_hours = WholePart(later.hours);
-  const auto minutes = static_cast<std::int64_t>(WholePart((later.hours - whole_hours) * 60.0));
-  later.text = TwoDigits(static_cast<std::int64_t>(whole_hours)) + ":" + TwoDigits(minutes);
+  const std::int64_t minutes = RoundToInteger(WholePart((later.hours - whole_hours) * 60.0));
+  later.text = TwoDigits(RoundToInteger(whole_hours)) + ":" + TwoDigits(minutes);
   if (later.date.day != date.day) {
     MonthDate month_date;
     DayOfYearToDate(day, year, month_date);

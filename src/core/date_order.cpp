@@ -55,11 +55,11 @@ std::string DetectDateOrder(const DateServices& services) {
 
 std::string DateOrderFailureText() {
   std::string text;
-  for (const char* line :
-       {"CANNOT DETECT THE REQUIRED TIME AND DATE SETTINGS",
-        "To setup use the Control Panel -> Regional Settings -> Date Tab", "Set as follows :",
-        "      Short date Style dd/MM/yyyy", "      Date separator = /",
-        "      Long Date style = dd MMMM yyyy", "      PLEASE CONTACT US IF YOU REQUIRE ANY SUPPORT"}) {
+  for (const char* line : {"CANNOT DETECT THE REQUIRED TIME AND DATE SETTINGS",
+                           "To setup use the Control Panel -> Regional Settings -> Date Tab",
+                           "Set as follows :", "      Short date Style dd/MM/yyyy",
+                           "      Date separator = /", "      Long Date style = dd MMMM yyyy",
+                           "      PLEASE CONTACT US IF YOU REQUIRE ANY SUPPORT"}) {
     text += std::string(line) + "\n\n";
   }
   return text;

@@ -53,8 +53,8 @@ std::int64_t RoundToInteger(double value) {
 }
 
 std::int16_t RoundToInt16(double value) {
-  return static_cast<std::int16_t>(std::clamp<std::int64_t>(RoundToInteger(value), INT16_MIN,
-                                                            INT16_MAX));
+  return static_cast<std::int16_t>(
+      std::clamp<std::int64_t>(RoundToInteger(value), INT16_MIN, INT16_MAX));
 }
 
 double WholePartDown(double value) { return std::floor(value); }
@@ -69,7 +69,8 @@ double TextToNumber(std::string_view text) {
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
   if (error == std::errc::result_out_of_range) {
     // Digits alone cannot tell overflow from underflow; the larger side is the harmless one to cap.
-    return number.find("e-") == std::string_view::npos && number.find("E-") == std::string_view::npos
+    return number.find("e-") == std::string_view::npos &&
+                   number.find("E-") == std::string_view::npos
                ? (number.front() == '-' ? -DBL_MAX : DBL_MAX)
                : 0.0;
   }
@@ -115,8 +116,8 @@ std::string ShortText(float value) {
   if (!std::isfinite(value)) return "0";
   if (value == 0.0F) return "0";
   char buffer[64];
-  const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer,
-                                          static_cast<double>(value), std::chars_format::general, 7);
+  const auto [end, error] = std::to_chars(
+      buffer, buffer + sizeof buffer, static_cast<double>(value), std::chars_format::general, 7);
   (void)error;  // 64 characters hold any 7-digit number.
   return std::string(buffer, end);
 }

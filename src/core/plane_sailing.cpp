@@ -55,8 +55,7 @@ RangeAndBearing RangeBearing(Position from, Position to) {
 }
 
 float RangeOnly(Position from, Position to) {
-  const Departure way =
-      DepartureBetween(from.latitude, from.longitude, to.latitude, to.longitude);
+  const Departure way = DepartureBetween(from.latitude, from.longitude, to.latitude, to.longitude);
   return Length(way.east, way.north);
 }
 

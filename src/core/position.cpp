@@ -53,7 +53,8 @@ std::string LatToText(float latitude) {
     minutes_text = "00.00";
     degrees += 1.0F;
   }
-  return FormatFixed(degrees, 2, 0) + "." + FirstFive(minutes_text) + (latitude >= 0.0F ? "N" : "S");
+  return FormatFixed(degrees, 2, 0) + "." + FirstFive(minutes_text) +
+         (latitude >= 0.0F ? "N" : "S");
 }
 
 std::string LatToText3(float latitude) {

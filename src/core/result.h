@@ -19,8 +19,8 @@ struct Error {
 template <typename T>
 class [[nodiscard]] Result {
  public:
-  Result(T value) : outcome_(std::move(value)) {}         // NOLINT: conversions are the point
-  Result(Error error) : outcome_(std::move(error)) {}     // NOLINT
+  Result(T value) : outcome_(std::move(value)) {}      // NOLINT: conversions are the point
+  Result(Error error) : outcome_(std::move(error)) {}  // NOLINT
   bool ok() const { return std::holds_alternative<T>(outcome_); }
   explicit operator bool() const { return ok(); }
   // Only when ok().

@@ -133,8 +133,8 @@ ListRow SplitListRow(std::string_view row) {
   ListRow parts;
   // One character (the tab) stands between name and colon.
   const std::size_t name_end = colon == std::string_view::npos ? text.size() : colon;
-  parts.name = Trim(text.substr(0, name_end > 0 && colon != std::string_view::npos ? name_end - 1
-                                                                                   : name_end));
+  parts.name = Trim(
+      text.substr(0, name_end > 0 && colon != std::string_view::npos ? name_end - 1 : name_end));
   if (const std::size_t tab = parts.name.find('\t'); tab != std::string::npos) {
     parts.name = Trim(std::string_view(parts.name).substr(0, tab));
   }

@@ -67,8 +67,7 @@ LegSolver::Pass LegSolver::CalcLegPass(const LegRequest& leg, float time_step, f
     step.stream_hours = hours;
     const EastNorth set = Resolve(stream.direction, stream.rate * time_step);
     step.drift = MoveByMiles(before.drift, set);
-    const Position next =
-        MoveByMiles(position, {boat.east + set.east, boat.north + set.north});
+    const Position next = MoveByMiles(position, {boat.east + set.east, boat.north + set.north});
     step.track = {next, hours, date};
     before.range_to_dest = RangeOnly(position, leg.destination);
     step.track_run = before.track_run + RangeOnly(position, next);
@@ -95,8 +94,8 @@ LegSolver::Pass LegSolver::CalcLegPass(const LegRequest& leg, float time_step, f
   float angle = std::fabs(direct.bearing - pass.bearing_over_ground);
   if (angle >= 360.0F) angle -= 360.0F;
   const EastNorth offset = Resolve(angle, miss);
-  pass.time_to_closest = static_cast<float>(
-      pass.best_step * static_cast<double>(time_step) + std::fabs(offset.east) / leg.speed);
+  pass.time_to_closest = static_cast<float>(pass.best_step * static_cast<double>(time_step) +
+                                            std::fabs(offset.east) / leg.speed);
   return pass;
 }
 
@@ -124,8 +123,8 @@ LegResult LegSolver::CalcResultOnly(const LegRequest& leg, const LegSettings& se
   const Step& best = steps_[static_cast<std::size_t>(last_.best_step)];
   const float run = RangeOnly(leg.start, best.track.position);
   result.course_to_steer = heading;
-  result.passage_time = static_cast<float>(
-      (static_cast<double>(direct.range) - run) / leg.speed + last_.time_to_closest);
+  result.passage_time = static_cast<float>((static_cast<double>(direct.range) - run) / leg.speed +
+                                           last_.time_to_closest);
   result.track_distance = last_.track_distance;
   result.closest_approach = last_.closest_approach;
   result.steps = static_cast<std::int16_t>(last_.best_step);

@@ -31,11 +31,11 @@ struct StreamSample {
 };
 
 struct LegResult {
-  float course_to_steer = 0.0F;   // degrees true, before variation and leeway
-  float passage_time = 0.0F;      // hours
-  float track_distance = 0.0F;    // nautical miles over the ground to the closest approach
-  float closest_approach = 0.0F;  // nautical miles from there to the destination
-  std::int16_t steps = 0;         // BestStep: steps to the closest approach
+  float course_to_steer = 0.0F;    // degrees true, before variation and leeway
+  float passage_time = 0.0F;       // hours
+  float track_distance = 0.0F;     // nautical miles over the ground to the closest approach
+  float closest_approach = 0.0F;   // nautical miles from there to the destination
+  std::int16_t steps = 0;          // BestStep: steps to the closest approach
   float speed_over_ground = 0.0F;  // knots
 };
 

@@ -31,11 +31,9 @@ Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
   departure.arrival_date = date;
   for (std::size_t i = 0; i + 1 < points.size(); ++i) {
     const RoutePoint& point = points[i];
-    const LegResult leg =
-        solver.CalcResultOnly({point.At(), point.Next(), point.speed,
-                               departure.arrival_hours,
-                               departure.arrival_date},
-                              settings);
+    const LegResult leg = solver.CalcResultOnly(
+        {point.At(), point.Next(), point.speed, departure.arrival_hours, departure.arrival_date},
+        settings);
     if (solver.fault() != StreamFault::kNone) departure.fault = solver.fault();
     departure.ground_distance += leg.track_distance;
     departure.total_hours += leg.passage_time;
@@ -144,12 +142,13 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
   for (std::size_t i = 0; i < departures.back().steps.size(); ++i) {
     route.points[i].steps = departures.back().steps[i];
   }
-  lines.insert(lines.end(), {" ", " ", kRule, " ",
-                             "Route Details - Distance = " + FormatFixed(distance, 1, 1) + "nm",
-                             " "});
+  lines.insert(lines.end(),
+               {" ", " ", kRule, " ",
+                "Route Details - Distance = " + FormatFixed(distance, 1, 1) + "nm", " "});
   for (std::string& line : RouteListLines(route.points)) lines.push_back(std::move(line));
   lines.insert(lines.end(), {" ", kRule});
-  for (std::string& line : ReferencePortLines(tides, request.date)) lines.push_back(std::move(line));
+  for (std::string& line : ReferencePortLines(tides, request.date))
+    lines.push_back(std::move(line));
   if (fault) {
     messages.Show(StreamFaultText("CalculateTidalStreams"), MessageIcon::kWarning);
   }

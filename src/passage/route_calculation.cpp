@@ -23,8 +23,8 @@ std::string PlaceText(Position place, std::string_view name) {
 }
 
 void ShowUnachieved(std::size_t leg, float closest_approach, Messages& messages) {
-  messages.Show("Unable to achieve leg " + std::to_string(leg) + " destination.\nCPA = " +
-                    FormatFixed(closest_approach, 1, 2) +
+  messages.Show("Unable to achieve leg " + std::to_string(leg) +
+                    " destination.\nCPA = " + FormatFixed(closest_approach, 1, 2) +
                     "nm\nRoute waypoint modified to last good COG point.\n"
                     "(Caused by boat speed and tidal stream combinations,\n"
                     "modify waypoints, departure time or boat speed.)",
@@ -128,8 +128,8 @@ class Calculation {
       lines_.push_back(std::move(line));
     }
     passage.route_summary_text = "Route distance = " + OneDecimal(distance) +
-                                 "nm.  Time Taken = " + HoursToDuration(total_) + ",  SOG  = " +
-                                 OneDecimal(speed) + "kt.";
+                                 "nm.  Time Taken = " + HoursToDuration(total_) +
+                                 ",  SOG  = " + OneDecimal(speed) + "kt.";
     passage.route_track = std::move(track_);
     passage.route_streams = std::move(streams_);
     passage.legs = std::move(legs_);
@@ -266,9 +266,9 @@ std::vector<std::string> RouteListLines(const std::vector<RoutePoint>& points) {
                     LongToText(point.longitude));
     lines.push_back(named(point.next_name) + "To      :" + LatToText(point.next_latitude) + " , " +
                     LongToText(point.next_longitude));
-    lines.push_back("Speed : " + OneDecimal(point.speed) + " Kn.  Range = " +
-                    OneDecimal(direct.range) + "  Bearing = " + ThreeDigits(direct.bearing) +
-                    "°T" + (tack.empty() ? "" : " " + tack));
+    lines.push_back(
+        "Speed : " + OneDecimal(point.speed) + " Kn.  Range = " + OneDecimal(direct.range) +
+        "  Bearing = " + ThreeDigits(direct.bearing) + "°T" + (tack.empty() ? "" : " " + tack));
     lines.emplace_back(" ");
   }
   return lines;
@@ -287,8 +287,8 @@ std::string TackName(Tack tack) {
 }
 
 std::vector<std::string> ReferencePortLines(const TideState& tides, DayAndYear date) {
-  std::vector<std::string> lines = {
-      " ", "Reference Port predictions for the areas Tidal Diamonds ", " "};
+  std::vector<std::string> lines = {" ", "Reference Port predictions for the areas Tidal Diamonds ",
+                                    " "};
   TideDays days = tides.days;
   const std::shared_ptr<const DayTides> day = days.Get(date);
   for (std::size_t p = 0; p < day->ports.size() && p < tides.ref_port_names.size(); ++p) {

@@ -98,7 +98,9 @@ class PageRun {
       return;
     }
     QTextLayout layout(text, font, &device_);
-    layout.setTextOption(QTextOption(Qt::AlignLeft));
+    QTextOption option(Qt::AlignLeft);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
     layout.beginLayout();
     bool any = false;
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {

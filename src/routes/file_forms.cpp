@@ -119,11 +119,11 @@ Status ChooseWaypointFile(const Folders& folders, std::string_view file_name, Ap
   AppConfig tried = config;
   WaypointState loaded;
   tried.waypoint_file = name;
-  const Status load = LoadCurrentWaypoints(folders, tried, loaded, messages);
+  Status load = LoadCurrentWaypoints(folders, tried, loaded, messages);
   if (!load) return load;
   state = std::move(loaded);
   AppConfig stored = config;
-  const Status saved =
+  Status saved =
       ReloadThenSave(folders, stored, [&](AppConfig& record) { record.waypoint_file = name; });
   config.waypoint_file = name;
   return saved;
@@ -131,7 +131,7 @@ Status ChooseWaypointFile(const Folders& folders, std::string_view file_name, Ap
 
 Status NewWaypointFile(const Folders& folders, std::string_view file_name, AppConfig& config,
                        WaypointState& state, Messages& messages) {
-  const Status created = WriteWaypointFile(WaypointPath(folders, file_name), {});
+  Status created = WriteWaypointFile(WaypointPath(folders, file_name), {});
   if (!created) return created;
   return ChooseWaypointFile(folders, file_name, config, state, messages);
 }

@@ -35,6 +35,19 @@ std::string StatusTextOf(const RouteState& state) {
   return ":  Route = " + FormatFixed(state.distance, 1, 1) + "nm";
 }
 
+// Time for the leg between two points at the speed of the first; infinite or no number without one.
+float LegHours(const RoutePoint& from, const RoutePoint& to) {
+  return RangeOnly(from.At(), to.At()) / from.speed;
+}
+
+// The wind at a point that is reached `hours` after the departure.
+std::optional<Wind> WindAfter(const RoutePoint& point, float hours, const RouteDefaults& defaults) {
+  // A leg without speed never arrives: the sum is infinite, of either sign, or no number.
+  if (!defaults.wind_at || !(hours >= 0.0F && hours <= kHoursOfAYear)) return std::nullopt;
+  const LaterTime arrival = AddHours(defaults.departure_day, defaults.departure_hours, hours);
+  return defaults.wind_at(point.At(), arrival.date, arrival.hours);
+}
+
 std::int16_t AtMost(std::int16_t selected, std::size_t count) {
   return static_cast<std::size_t>(selected) > count ? std::int16_t{0} : selected;
 }
@@ -95,23 +108,19 @@ void RouteChanged(RouteState& state, const RouteDefaults& defaults) {
 
 std::optional<Wind> WindAtPoint(std::span<const RoutePoint> points, std::size_t index,
                                 const RouteDefaults& defaults) {
-  if (!defaults.wind_at) return std::nullopt;
   float hours = 0.0F;
-  for (std::size_t i = 1; i <= index; ++i) {
-    hours += RangeOnly(points[i - 1].At(), points[i].At()) / points[i - 1].speed;
-  }
-  // A leg without speed never arrives: the sum is infinite or no number.
-  if (!(hours <= kHoursOfAYear)) return std::nullopt;
-  const LaterTime arrival = AddHours(defaults.departure_day, defaults.departure_hours, hours);
-  return defaults.wind_at(points[index].At(), arrival.date, arrival.hours);
+  for (std::size_t i = 1; i <= index; ++i) hours += LegHours(points[i - 1], points[i]);
+  return WindAfter(points[index], hours, defaults);
 }
 
 void RecomputeWinds(RouteState& state, const RouteDefaults& defaults, Messages& messages) {
   if (defaults.constant_wind) return;
   bool missed = false;
+  float hours = 0.0F;
   for (std::size_t i = 0; i < state.points.size(); ++i) {
     RoutePoint& point = state.points[i];
-    if (const std::optional<Wind> wind = WindAtPoint(state.points, i, defaults)) {
+    if (i > 0) hours += LegHours(state.points[i - 1], point);
+    if (const std::optional<Wind> wind = WindAfter(point, hours, defaults)) {
       point.wind_speed = wind->speed;
       point.wind_direction = wind->direction;
       if (i < state.winds.size()) state.winds[i] = *wind;
@@ -157,6 +166,7 @@ Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefault
   RouteState loaded;
   Wind last_good = defaults.wind;
   bool missed = false;
+  float hours = 0.0F;
   for (const RouteRecord& record : *records) {
     RoutePoint point;
     point.latitude = record.latitude;
@@ -165,7 +175,9 @@ Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefault
     point.speed = record.speed;
     loaded.points.push_back(point);
     if (!defaults.constant_wind) {
-      const auto wind = WindAtPoint(loaded.points, loaded.points.size() - 1, defaults);
+      const std::size_t count = loaded.points.size();
+      if (count > 1) hours += LegHours(loaded.points[count - 2], point);
+      const auto wind = WindAfter(point, hours, defaults);
       missed = missed || !wind;
       last_good = wind.value_or(last_good);
     }

@@ -104,7 +104,7 @@ WaypointRefusal WaypointEditor::Delete(std::size_t row) {
 }
 
 Status WaypointEditor::Save() {
-  const Status written = WriteWaypointFile(path_, waypoints_);
+  Status written = WriteWaypointFile(path_, waypoints_);
   if (written) changed_ = false;
   return written;
 }

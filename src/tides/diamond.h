@@ -63,8 +63,8 @@ Result<std::vector<Diamond>> ReadDiamonds(const std::string& path);
 // Whether every number of a diamond is finite; one that is not comes from a damaged file.
 bool IsSound(const Diamond& diamond);
 
-// The sound diamonds that a sea area shows: those above latitude 35 and below 75. This also leaves out
-// an all-zero record.
+// The sound diamonds that a sea area shows: those above latitude 35 and below 75. This also leaves
+// out an all-zero record.
 std::vector<Diamond> KeepCharted(const std::vector<Diamond>& records);
 
 // The reference ports that `records` name, each once, in order of first appearance.

@@ -44,21 +44,24 @@ Bounds RangeBounds(double south, double north, double west, double east, Positio
 DiamondIndex::DiamondIndex(std::span<const Diamond> diamonds) {
   places_.reserve(diamonds.size());
   for (const Diamond& diamond : diamonds) places_.push_back({diamond.latitude, diamond.longitude});
+  // The tree is for diamonds on Earth; one elsewhere is out of reach of every place inside it.
+  std::vector<std::uint32_t> on_earth;
   for (std::uint32_t i = 0; i < places_.size(); ++i) {
+    all_.push_back(i);
     if (std::fabs(places_[i].latitude) <= 90.0F && std::fabs(places_[i].longitude) <= 360.0F) {
-      all_.push_back(i);
+      on_earth.push_back(i);
     }
   }
-  if (all_.empty()) return;
+  if (on_earth.empty()) return;
   root_ = {90.0, -90.0, 360.0, -360.0};
-  for (const std::uint32_t i : all_) {
+  for (const std::uint32_t i : on_earth) {
     root_.south = std::min(root_.south, places_[i].latitude - kMargin);
     root_.north = std::max(root_.north, places_[i].latitude + kMargin);
     root_.west = std::min(root_.west, places_[i].longitude - kMargin);
     root_.east = std::max(root_.east, places_[i].longitude + kMargin);
   }
   nodes_.emplace_back();
-  Build(0, root_, all_, 0);
+  Build(0, root_, on_earth, 0);
 }
 
 std::vector<std::uint32_t> DiamondIndex::Prune(const Cell& cell,
@@ -119,18 +122,17 @@ int DiamondIndex::NearestOf(Position position, std::span<const std::uint32_t> ca
 }
 
 int DiamondIndex::Nearest(Position position) const {
-  if (nodes_.empty()) return -1;
-  const bool inside = position.latitude >= root_.south && position.latitude <= root_.north &&
-                      position.longitude >= root_.west && position.longitude <= root_.east;
-  // Outside the tree every diamond is beyond reach or so near the pole that a walk is as good.
+  const bool inside = !nodes_.empty() && position.latitude >= root_.south &&
+                      position.latitude <= root_.north && position.longitude >= root_.west &&
+                      position.longitude <= root_.east;
+  // Far outside the sea area, where a walk is good enough.
   if (!inside) return NearestOf(position, all_);
   const Node* node = &nodes_.front();
   while (node->child >= 0) {
     const double value = node->by_latitude ? position.latitude : position.longitude;
     node = &nodes_[static_cast<std::size_t>(node->child) + (value < node->split ? 0 : 1)];
   }
-  return NearestOf(position,
-                   std::span(leaves_).subspan(node->first, node->last - node->first));
+  return NearestOf(position, std::span(leaves_).subspan(node->first, node->last - node->first));
 }
 
 }  // namespace skerrow

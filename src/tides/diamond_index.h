@@ -45,7 +45,7 @@ class DiamondIndex {
   int NearestOf(Position position, std::span<const std::uint32_t> candidates) const;
 
   std::vector<Position> places_;
-  std::vector<std::uint32_t> all_;  // the diamonds that have a place on Earth
+  std::vector<std::uint32_t> all_;
   Cell root_{};
   std::vector<Node> nodes_;
   std::vector<std::uint32_t> leaves_;

@@ -118,9 +118,9 @@ TideCurve PredictHeights(const Port& port, int day, int month, int year, bool su
     const bool high = h(i) < h(i + 1) && h(i + 1) > h(i + 2);
     if (low || high) result.waters.push_back({high, result.curve[i].hours, h(i + 1)});
   }
-  const auto [lowest, highest] =
-      std::minmax_element(result.curve.begin(), result.curve.begin() + 145,
-                          [](const CurvePoint& a, const CurvePoint& b) { return a.height < b.height; });
+  const auto [lowest, highest] = std::minmax_element(
+      result.curve.begin(), result.curve.begin() + 145,
+      [](const CurvePoint& a, const CurvePoint& b) { return a.height < b.height; });
   result.range = highest->height - lowest->height;
   return result;
 }

@@ -45,7 +45,8 @@ std::vector<PortMarker> LoadPortMarkers(const Folders& folders, std::string_view
   std::vector<PortMarker> markers;
   const Result<std::vector<Port>> ports = ReadAreaPorts(folders, file_name);
   if (!ports) return markers;
-  for (const Port& port : *ports) markers.push_back({Trim(port.name), port.latitude, port.longitude});
+  for (const Port& port : *ports)
+    markers.push_back({Trim(port.name), port.latitude, port.longitude});
   return markers;
 }
 

@@ -61,8 +61,8 @@ inline constexpr std::array<F, 18> kShared = {{
      "amplitude of M2 by month, metres, January to December"},
 }};
 
-inline constexpr F kNumber = {0, 5, FieldType::kText, "PortNo", &Port::number,
-                              "the port's number as entered"};
+inline constexpr F kNumber = {
+    0, 5, FieldType::kText, "PortNo", &Port::number, "the port's number as entered"};
 
 template <std::size_t N>
 constexpr std::array<F, N + kShared.size()> WithShared(const std::array<F, N>& head) {

@@ -28,8 +28,8 @@ RateAndDirection FromDiamond(const Diamond& diamond, int dep_slot, int mins_left
   double range = days_range;
   if (range < diamond.np_range) range = diamond.np_range;
   if (range > diamond.sp_range) range = diamond.sp_range;
-  const double ratio = (range - diamond.np_range) /
-                       (static_cast<double>(diamond.sp_range) - diamond.np_range);
+  const double ratio =
+      (range - diamond.np_range) / (static_cast<double>(diamond.sp_range) - diamond.np_range);
   const auto rate_of = [&](int c) {
     const auto i = static_cast<std::size_t>(c);
     const double neap = diamond.neap_rate[i];
@@ -50,8 +50,7 @@ RateAndDirection FromDiamond(const Diamond& diamond, int dep_slot, int mins_left
 }
 
 int IndexOfPort(const TideState& state, float ref_port) {
-  const auto at =
-      std::find(state.ref_ports.begin(), state.ref_ports.end(), RoundToInt16(ref_port));
+  const auto at = std::find(state.ref_ports.begin(), state.ref_ports.end(), RoundToInt16(ref_port));
   return at == state.ref_ports.end() ? -1 : static_cast<int>(at - state.ref_ports.begin());
 }
 
@@ -94,8 +93,7 @@ void ShowProblemOnce(TideState& state, const std::string& problem, Messages& mes
 void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tidal_area,
                   Messages& messages) {
   state.diamonds.clear();
-  const Result<std::vector<Diamond>> records =
-      ReadDiamonds(DiamondFilePath(folders, tidal_area));
+  const Result<std::vector<Diamond>> records = ReadDiamonds(DiamondFilePath(folders, tidal_area));
   if (records) {
     state.diamonds = KeepCharted(*records);
     const auto damaged = std::count_if(records->begin(), records->end(),
@@ -127,8 +125,7 @@ void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view f
 }
 
 void FindRefPorts(TideState& state, const Folders& folders, std::string_view tidal_area) {
-  const Result<std::vector<Diamond>> records =
-      ReadDiamonds(DiamondFilePath(folders, tidal_area));
+  const Result<std::vector<Diamond>> records = ReadDiamonds(DiamondFilePath(folders, tidal_area));
   if (!records) return;
   state.ref_ports = FindRefPorts(*records);
   LinkDiamondsToPorts(state);
@@ -154,11 +151,13 @@ void BuildRefPortHeights(TideState& state, const Folders& folders, DayAndYear da
   }
   std::string problem;
   if (!all) {
-    problem = "The reference ports cannot be read, there are no tidal streams.\n" +
-              all.error().Text();
+    problem =
+        "The reference ports cannot be read, there are no tidal streams.\n" + all.error().Text();
   } else if (!missing.empty()) {
-    problem = folders.RefPortFile() + ": the tidal diamonds refer to ports that this file does not "
-              "hold (" + missing + "), they give no tidal stream.";
+    problem = folders.RefPortFile() +
+              ": the tidal diamonds refer to ports that this file does not "
+              "hold (" +
+              missing + "), they give no tidal stream.";
   }
   ShowProblemOnce(state, problem, messages);
   state.days = TideDays(std::move(ports), summer_time);
@@ -252,9 +251,8 @@ int CalculateTidalStreamTable(TideState& state, Messages& messages) {
   for (std::size_t i = 0; i < state.diamonds.size(); ++i) {
     const Diamond& diamond = state.diamonds[i];
     const int port = state.port_of_diamond[i];
-    const bool known =
-        port >= 0 && static_cast<std::size_t>(port) < state.ref_port_states.size() &&
-        !state.ref_port_states[static_cast<std::size_t>(port)].hw_time.empty();
+    const bool known = port >= 0 && static_cast<std::size_t>(port) < state.ref_port_states.size() &&
+                       !state.ref_port_states[static_cast<std::size_t>(port)].hw_time.empty();
     if (known && !HasRanges(diamond)) {
       messages.Show(
           "CalculateTidalStreams\n"

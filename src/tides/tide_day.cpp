@@ -88,8 +88,8 @@ TideReference LocateHighWater(const Heights& heights, int minute) {
       found.high_water_sample = static_cast<std::int16_t>(i - 1);
     }
   }
-  const auto [lowest, highest] = std::minmax_element(heights.begin() + (start - 39),
-                                                     heights.begin() + (start + 39) + 1);
+  const auto [lowest, highest] =
+      std::minmax_element(heights.begin() + (start - 39), heights.begin() + (start + 39) + 1);
   found.range = *highest - *lowest;
   return found;
 }

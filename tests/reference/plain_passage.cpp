@@ -40,8 +40,8 @@ PlainPortState PlainTides::LocateHighWater(std::size_t port, float hours) const 
   const std::array<float, 434>& h = heights_[port];
   PlainPortState state;
   const double whole = std::trunc(hours);
-  const int t = static_cast<int>(whole) * 60 +
-                static_cast<int>(RoundToInteger((hours - whole) * 60.0));
+  const int t =
+      static_cast<int>(whole) * 60 + static_cast<int>(RoundToInteger((hours - whole) * 60.0));
   const int s = t / 10 + 145;
   int high_water = 0;
   const auto at = [&](int i) { return h[static_cast<std::size_t>(i)]; };
@@ -77,7 +77,7 @@ PlainPortState PlainTides::LocateHighWater(std::size_t port, float hours) const 
   struct Row {
     int up_to, slot, base;
   };
-  static constexpr Row kBefore[] = {{30, 0, -30},  {90, -1, 30},   {150, -2, 90}, {210, -3, 150},
+  static constexpr Row kBefore[] = {{30, 0, -30},   {90, -1, 30},   {150, -2, 90}, {210, -3, 150},
                                     {270, -4, 210}, {330, -5, 270}, {390, -6, 330}};
   static constexpr Row kAfter[] = {{30, 0, 30},   {90, 1, 90},   {150, 2, 150}, {210, 3, 210},
                                    {270, 4, 270}, {330, 5, 330}, {390, 6, 390}};
@@ -100,8 +100,9 @@ PlainPortState PlainTides::LocateHighWater(std::size_t port, float hours) const 
     ++state.no_tides;
     state.tides[static_cast<std::size_t>(state.no_tides)] = {
         HoursToClock(hours_[port][static_cast<std::size_t>(i + 1)]),
-        FormatFixed(static_cast<double>(RoundToInteger(static_cast<double>(at(i + 1)) * 10.0)) / 10.0,
-                    1, 1)};
+        FormatFixed(
+            static_cast<double>(RoundToInteger(static_cast<double>(at(i + 1)) * 10.0)) / 10.0, 1,
+            1)};
   }
   return state;
 }
@@ -191,8 +192,7 @@ PassResult PlainLegPass(PlainTides& tides, const LegRequest& leg, float dt, floa
     out.streams.push_back({rate, direction, hours, label});
     const EastNorth set = Resolve(direction, rate * dt);
     out.drift.push_back(MoveByMiles(out.drift.back(), set));
-    const Position next =
-        MoveByMiles(position, {boat.east + set.east, boat.north + set.north});
+    const Position next = MoveByMiles(position, {boat.east + set.east, boat.north + set.north});
     out.track.push_back(
         {next, hours, {static_cast<std::int16_t>(day), static_cast<std::int16_t>(year)}});
     range_to_dest[i - 1] = RangeBearing(position, leg.destination).range;
@@ -227,8 +227,8 @@ PassResult PlainLegPass(PlainTides& tides, const LegRequest& leg, float dt, floa
   pass.distance = track_run[best];
   pass.heading = RangeBearing(out.drift[best], leg.destination).bearing;
   const float miss = RangeBearing(leg.destination, out.track[best].position).range;
-  float angle = std::fabs(direct.bearing -
-                          RangeBearing(leg.start, out.track[best].position).bearing);
+  float angle =
+      std::fabs(direct.bearing - RangeBearing(leg.start, out.track[best].position).bearing);
   if (angle >= 360.0F) angle -= 360.0F;
   pass.time = static_cast<float>(pass.best * static_cast<double>(dt) +
                                  std::fabs(Resolve(angle, miss).east) / leg.speed);
@@ -263,8 +263,8 @@ LegSolution PlainCourseToSteer(PlainTides& tides, const LegRequest& leg,
   const float run =
       RangeBearing(leg.start, out.track[static_cast<std::size_t>(pass.best)].position).range;
   out.result.course_to_steer = heading;
-  out.result.passage_time = static_cast<float>(
-      (static_cast<double>(direct.range) - run) / leg.speed + pass.time);
+  out.result.passage_time =
+      static_cast<float>((static_cast<double>(direct.range) - run) / leg.speed + pass.time);
   out.result.track_distance = pass.distance;
   out.result.closest_approach = pass.closest;
   out.result.steps = static_cast<std::int16_t>(pass.best);

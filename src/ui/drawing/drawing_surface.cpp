@@ -30,7 +30,7 @@ void DrawCross(DrawingSurface& surface, SurfacePoint centre, double arm) {
 std::int32_t NightColour(std::int32_t colour) {
   // Lightness is turned over by the same step for each channel, so that the hue stays; then the
   // colour is lifted to a brightness that can be read on black, and dimmed.
-  constexpr double kLeastLuma = 105.0;
+  constexpr double kLeastLuma = 125.0;
   constexpr double kDim = 0.75;
   std::array<double, 3> channel{};
   for (std::size_t i = 0; i < 3; ++i) channel[i] = (colour >> (8 * i)) & 0xff;

@@ -21,7 +21,7 @@ class QtSurface final : public DrawingSurface {
   QtSurface& operator=(const QtSurface&) = delete;
 
   SurfaceRect Bounds() const override;
-  void SetPen(int width, std::int32_t colour, LineStyle style) override;
+  void SetPen(int width, std::int32_t colour, LineStyle style = LineStyle::kSolid) override;
   void SetFill(std::optional<std::int32_t> colour) override;
   void Line(SurfacePoint from, SurfacePoint to) override;
   void Polyline(std::span<const SurfacePoint> points) override;

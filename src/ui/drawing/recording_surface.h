@@ -30,7 +30,7 @@ class RecordingSurface final : public DrawingSurface {
   void Clear() { lines_.clear(); }
 
   SurfaceRect Bounds() const override { return bounds_; }
-  void SetPen(int width, std::int32_t colour, LineStyle style) override;
+  void SetPen(int width, std::int32_t colour, LineStyle style = LineStyle::kSolid) override;
   void SetFill(std::optional<std::int32_t> colour) override;
   void Line(SurfacePoint from, SurfacePoint to) override;
   void Polyline(std::span<const SurfacePoint> points) override;

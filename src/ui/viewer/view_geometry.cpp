@@ -9,7 +9,7 @@ namespace {
 int ToInt(double value) { return static_cast<int>(std::floor(value + 0.5)); }
 
 double ClampOrigin(double origin, double scaled, double view) {
-  if (scaled <= view) return -std::floor((view - scaled) / 2.0);
+  if (scaled <= view) return -(view - scaled) / 2.0;
   return std::clamp(origin, 0.0, std::floor(scaled - view));
 }
 

@@ -1,0 +1,253 @@
+#include "app/program.h"
+
+#include <cmath>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "app/timers.h"
+#include "support/recording_messages.h"
+#include "support/temp_folder.h"
+
+namespace skerrow {
+namespace {
+
+using testing::RecordingMessages;
+using testing::TempFolder;
+
+class StillClock final : public Clock {
+ public:
+  ClockReading Now() const override { return now; }
+  ClockReading now{2026, 12, 5, 6, 30, 20};
+};
+
+class Window final : public TimerWindow {
+ public:
+  bool Minimised() const override { return minimised; }
+  void Repaint() override { ++repaints; }
+  void ServeEvents() override {}
+  void ShowReadout() override { ++readouts; }
+  void ShowEta(const std::string& text) override { eta = text; }
+  void LocatePoint(Position position) override { located.push_back(position); }
+  std::optional<VisibleChart> Visible() const override { return visible; }
+
+  bool minimised = false;
+  int repaints = 0;
+  int readouts = 0;
+  std::string eta;
+  std::vector<Position> located;
+  std::optional<VisibleChart> visible;
+};
+
+class Instruments final : public TimerInstruments {
+ public:
+  void FeedGps() override { fed += 'G'; }
+  void FeedAis() override { fed += 'A'; }
+  std::optional<WaitingFix> NewFix() const override { return fix; }
+  void AppendTrackPoint(const WaitingFix&) override { ++track_points; }
+  void ComputeClosestApproaches() override { ++approaches; }
+  void WriteLogRecord() override { ++log_records; }
+  void ReplayNextLine() override { ++replayed; }
+
+  std::string fed;
+  std::optional<WaitingFix> fix;
+  int track_points = 0;
+  int approaches = 0;
+  int log_records = 0;
+  int replayed = 0;
+};
+
+// A program on the sample installation with user folders of its own.
+class Started : public ::testing::Test {
+ protected:
+  Started()
+      : folders_{std::string(SKERROW_SOURCE_DIR) + "/program", user_.path() + "/documents",
+                 user_.path() + "/settings"},
+        program_(folders_, clock_) {}
+
+  void Start() {
+    MakeUserFolders(folders_);
+    LoadProgram(program_, messages_);
+  }
+
+  TempFolder user_;
+  Folders folders_;
+  StillClock clock_;
+  Program program_;
+  RecordingMessages messages_;
+  Window window_;
+  Instruments instruments_;
+};
+
+TEST_F(Started, FirstStartStandsOnTheSampleChart) {
+  Start();
+  EXPECT_TRUE(FileReadable(folders_.ConfigFile()));
+  EXPECT_EQ(std::filesystem::file_size(folders_.ConfigFile()), kAppConfigSize);
+  EXPECT_EQ(std::filesystem::file_size(folders_.WindConfigFile()), kWindConfigSize);
+  EXPECT_EQ(program_.waypoints.waypoints.size(), 46U);
+  EXPECT_EQ(program_.charts.index.size(), 4U);
+  EXPECT_GT(program_.charts.chart.scale, 0.0F);
+  EXPECT_GE(program_.tides.diamonds.size(), 48U);
+  EXPECT_GE(program_.port_markers.size(), 100U);
+  ASSERT_FALSE(program_.tides.ref_port_states.empty());
+  EXPECT_EQ(program_.selected_time.day_of_year, 339);
+  EXPECT_EQ(program_.selected_time.hours, 6.5F);  // seconds do not count
+  EXPECT_EQ(program_.mouse_mode, MouseMode::kRouteCreation);
+  EXPECT_EQ(program_.route_speed, 5.0F);
+  EXPECT_EQ(program_.leg_winds[24].direction, 290.0F);
+  EXPECT_TRUE(program_.vectors_shown);
+  for (const char* folder : {"Routes", "Waypoints", "Tracks", "Google Earth"}) {
+    EXPECT_TRUE(std::filesystem::is_directory(folders_.UserData() + "/" + folder)) << folder;
+  }
+  EXPECT_TRUE(std::filesystem::is_directory(folders_.GribData()));
+}
+
+TEST_F(Started, SettingsSurviveAndTidesOffHidesTheVectors) {
+  Start();
+  ASSERT_TRUE(ReloadThenSave(folders_, program_.config,
+                             [](AppConfig& config) { config.use_tides = kFalse; }));
+  Program again(folders_, clock_);
+  LoadProgram(again, messages_);
+  EXPECT_EQ(again.config.use_tides, kFalse);
+  EXPECT_FALSE(again.vectors_shown);
+}
+
+TEST_F(Started, AReadOnlySettingsFolderIsToldAndDoesNotStopTheStart) {
+  MakeUserFolders(folders_);
+  std::filesystem::remove_all(folders_.SettingsData());
+  user_.Write("settings/SkerrowHelm", "a file in the folder's place");
+  messages_.Expect("Unable to create a configuration file.");
+  LoadProgram(program_, messages_);
+  EXPECT_EQ(program_.charts.index.size(), 4U);
+  EXPECT_EQ(program_.config.calc_interval, 5.0F);
+}
+
+TEST_F(Started, AMissingProgramFolderIsToldStepByStep) {
+  Program lost({user_.path() + "/none", folders_.documents, folders_.settings}, clock_);
+  MakeUserFolders(lost.folders);
+  messages_.Expect("Does not exist in Mod. ReadChartSettings\n" + user_.path() +
+                   "/none/Charts/9999-1.cht");
+  messages_.Expect("The reference ports cannot be read, there are no tidal streams.\n" +
+                   user_.path() + "/none/RefPorts.hc: the file does not exist");
+  messages_.Expect("LoadDiamondsError " + user_.path() +
+                   "/none/TS/Sample Chart.l25: the file does not exist");
+  LoadProgram(lost, messages_);
+  EXPECT_TRUE(lost.charts.index.empty());
+  EXPECT_EQ(lost.mouse_mode, MouseMode::kRouteCreation);
+}
+
+TEST_F(Started, TypedTimesAreCheckedInOrder) {
+  Start();
+  struct Row {
+    const char* text;
+    int day, month, year;
+    SelectedTimeRefusal refusal;
+  };
+  const Row rows[] = {{"1235", 5, 12, 2026, SelectedTimeRefusal::kNoTime},
+                      {"1:5", 5, 12, 2026, SelectedTimeRefusal::kNoTime},
+                      {"24:00", 5, 12, 2026, SelectedTimeRefusal::kOutOfRange},
+                      {"12:61", 5, 12, 2026, SelectedTimeRefusal::kOutOfRange},
+                      {"12:35", 30, 2, 2026, SelectedTimeRefusal::kNoSuchDate},
+                      {"12:35", 29, 2, 2028, SelectedTimeRefusal::kNone}};
+  for (const Row& row : rows) {
+    EXPECT_EQ(SetSelectedTime(program_, {row.text, row.day, row.month, row.year}, messages_),
+              row.refusal)
+        << row.text;
+  }
+  EXPECT_EQ(program_.selected_time.day_of_year, 60);
+  EXPECT_TRUE(program_.selected_time.override_);
+  EXPECT_EQ(program_.tides.loaded->date, (DayAndYear{60, 2028}));
+  // Minutes of 60 give the next whole hour.
+  SetSelectedTime(program_, {"12:60", 29, 2, 2028}, messages_);
+  EXPECT_EQ(program_.selected_time.hours, 13.0F);
+
+  ReturnToRealtime(program_, messages_);
+  EXPECT_FALSE(program_.selected_time.override_);
+  EXPECT_EQ(program_.selected_time.Day(), (DayAndYear{339, 2026}));
+  EXPECT_EQ(program_.tides.loaded->date, (DayAndYear{339, 2026}));
+}
+
+TEST_F(Started, Timer1FollowsTheClockOnceAMinuteUnlessTheTimeIsSet) {
+  Start();
+  clock_.now = {2026, 12, 6, 0, 5, 0};
+  for (int i = 0; i < 60; ++i) Timer1Tick(program_, false, window_);
+  EXPECT_EQ(program_.selected_time.day_of_year, 339);
+  Timer1Tick(program_, false, window_);
+  EXPECT_EQ(program_.selected_time.day_of_year, 340);
+  EXPECT_EQ(program_.clock_day, 340);
+  EXPECT_EQ(window_.repaints, 1);
+  EXPECT_EQ(program_.tides.loaded->date, (DayAndYear{340, 2026}));
+
+  SetSelectedTime(program_, {"12:00", 1, 1, 2027}, messages_);
+  clock_.now = {2026, 12, 7, 0, 5, 0};
+  for (int i = 0; i < 500; ++i) Timer1Tick(program_, false, window_);
+  EXPECT_EQ(program_.selected_time.year, 2027);
+  EXPECT_EQ(program_.clock_day, 340);
+  program_.selected_time.override_ = false;
+  for (int i = 0; i < 500; ++i) Timer1Tick(program_, true, window_);
+  EXPECT_EQ(program_.clock_day, 340);
+}
+
+TEST_F(Started, CommsTicksTakeTurnsAndOverrideTheSetTime) {
+  Start();
+  program_.gps_enabled = program_.ais_enabled = true;
+  program_.config.gps_centre = kTrue;
+  program_.boat_latitude = 50.0F;
+  program_.boat_longitude = -1.0F;
+  instruments_.fix = WaitingFix{{50.0F, -1.0F}, 5.0F, 90.0F, "051226", "063020"};
+  program_.selected_time.override_ = true;
+  program_.selected_time.hours = 1.0F;
+  CommsTick(program_, window_, instruments_);
+  EXPECT_EQ(program_.selected_time.hours, 6.5F);
+  EXPECT_EQ(instruments_.fed, "G");
+  EXPECT_EQ(instruments_.track_points, 1);
+  EXPECT_EQ(instruments_.log_records, 1);
+  ASSERT_EQ(window_.located.size(), 1U);
+  for (int i = 0; i < 5; ++i) CommsTick(program_, window_, instruments_);
+  EXPECT_EQ(instruments_.fed, "GAGAGA");
+  EXPECT_EQ(instruments_.log_records, 1);
+  // The boat is centred again only when it has left the middle third.
+  window_.visible = VisibleChart{49.0F, 51.0F, -2.0F, 0.0F};
+  for (int i = 0; i < 100; ++i) CommsTick(program_, window_, instruments_);
+  EXPECT_EQ(window_.located.size(), 1U);
+  EXPECT_GE(window_.repaints, 1);
+  window_.visible = VisibleChart{49.0F, 51.0F, -4.0F, -0.5F};
+  for (int i = 0; i < 30; ++i) CommsTick(program_, window_, instruments_);
+  EXPECT_GE(window_.located.size(), 2U);
+  EXPECT_GT(instruments_.approaches, 0);
+
+  program_.replay_active = true;
+  ReplayTick(program_, window_, instruments_);
+  EXPECT_EQ(instruments_.replayed, 1);
+}
+
+TEST_F(Started, AnimationStepsThroughTheTrackAndRemembersTheTime) {
+  Start();
+  for (int i = 0; i < 8; ++i) {
+    program_.passage.route_track.push_back(
+        {{50.0F, -1.0F}, static_cast<float>(i) / 2.0F, {1, 2027}});
+  }
+  program_.animation.running = true;
+  EXPECT_TRUE(AnimateTick(program_, window_));
+  EXPECT_EQ(program_.animation.index, 3U);
+  EXPECT_EQ(window_.eta, "ETA : 01:30");
+  EXPECT_EQ(program_.animation.label, "ETA : 01:30  1 Jan");
+  EXPECT_EQ(program_.selected_time.Day(), (DayAndYear{1, 2027}));
+  EXPECT_TRUE(program_.selected_time.override_);
+  AnimateTick(program_, window_);
+  AnimateTick(program_, window_);
+  EXPECT_EQ(program_.animation.index, 7U);
+  EXPECT_FALSE(AnimateTick(program_, window_));
+  EXPECT_FALSE(AnimateTick(program_, window_));
+
+  program_.animation = {AnimationDirection::kReverse, 2, true, ""};
+  EXPECT_TRUE(AnimateTick(program_, window_));
+  EXPECT_EQ(program_.animation.index, 0U);
+  EXPECT_FALSE(AnimateTick(program_, window_));
+  EXPECT_EQ(program_.saved_time.time.Day(), (DayAndYear{339, 2026}));
+  RestoreSaved(program_.selected_time, program_.saved_time);
+  EXPECT_EQ(program_.selected_time.hours, 6.5F);
+  EXPECT_FALSE(program_.selected_time.override_);
+}
+
+}  // namespace
+}  // namespace skerrow

@@ -1,0 +1,169 @@
+#include "charts/chart_view.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+namespace skerrow {
+namespace {
+
+ChartView Channel() {
+  ChartFileRecord file;
+  file.upper_lat = 51.0F;
+  file.top_pix = 100.0F;
+  file.lower_lat = 49.0F;
+  file.bottom_pix = 3100.0F;
+  file.lower_lon = -5.0F;
+  file.left_pix = 50.0F;
+  file.upper_lon = 1.0F;
+  file.right_pix = 4050.0F;
+  file.scale = 500000.0F;
+  file.width = 4100.0F;
+  file.height = 3200.0F;
+  return MakeChartView(*WorkOutChart(file), 4100, 3200);
+}
+
+// Rows by the inverse hyperbolic form of the projection, in double precision.
+TEST(ChartView, KnownPlaces) {
+  const ChartView view = Channel();
+  const struct {
+    float latitude;
+    double row;
+  } rows[] = {{51.0F, 100.0},  {49.0F, 3100.0},   {50.0F, 1615.60},
+              {50.5F, 861.81}, {49.25F, 2731.73}, {51.02F, 69.36}};
+  for (const auto& row : rows) {
+    EXPECT_NEAR(view.LatToRow(row.latitude), row.row, 0.52) << row.latitude;
+    EXPECT_NEAR(view.RowToLat(row.row), row.latitude, 1e-5);
+  }
+  EXPECT_EQ(view.LatToRow(51.0F), 100);
+  EXPECT_EQ(view.LatToRow(49.0F), 3100);
+  EXPECT_EQ(view.LongToCol(view.west_lon), 0);
+  EXPECT_EQ(view.LongToCol(1.075F), 4100);
+  EXPECT_EQ(view.LongToCol(-2.5F), 1717);
+  EXPECT_EQ(view.LongToCol(-5.0F), 50);
+  EXPECT_NEAR(view.ColToLong(4050), 1.0, 1e-5);
+}
+
+TEST(ChartView, ConversionsAreInverseWithinAPixel) {
+  const unsigned seed = 271828;
+  SCOPED_TRACE(seed);
+  std::mt19937 random(seed);
+  std::uniform_real_distribution<float> latitude(48.9F, 51.05F);
+  std::uniform_real_distribution<float> longitude(-5.07F, 1.07F);
+  const ChartView view = Channel();
+  for (int i = 0; i < 20000; ++i) {
+    const float lat = latitude(random);
+    const float lon = longitude(random);
+    ASSERT_NEAR(view.RowToLat(view.LatToRow(lat)), lat, 2.0 / 3000);
+    ASSERT_NEAR(view.ColToLong(view.LongToCol(lon)), lon, 0.0016 / 2 + 1e-5);
+  }
+}
+
+TEST(ChartView, PlacesFarOutsideStayWithinTheRange) {
+  const ChartView view = Channel();
+  for (const float odd :
+       {90.0F, -90.0F, 3e38F, -3e38F, std::nanf(""), std::numeric_limits<float>::infinity()}) {
+    EXPECT_FALSE(view.OnImage(view.LongToCol(odd), 5000)) << odd;
+    view.LatToRow(odd);
+  }
+  EXPECT_EQ(view.LongToCol(3e38F), std::numeric_limits<std::int32_t>::max());
+  EXPECT_LT(view.LatToRow(89.9F), 0);
+  EXPECT_GT(view.LatToRow(-89.9F), 3200);
+}
+
+// The longitude scale follows the image that was opened, not the size its settings tell.
+TEST(ChartView, ImageOfAnotherSize) {
+  ChartView view = Channel();
+  ChartRecord chart;
+  chart.west_lon = -5.075F;
+  chart.east_lon = 1.075F;
+  chart.row_span = 3000;
+  chart.merc_span = 1;
+  view = MakeChartView(chart, 2050, 1600);
+  EXPECT_EQ(view.LongToCol(1.075F), 2050);
+  EXPECT_EQ(view.LongToCol(-2.0F), 1025);
+}
+
+TEST(ChartView, LocatePoint) {
+  const ChartView view = Channel();
+  const PixelRect visible{0, 0, 1000, 800};
+  const auto at = [&](double col, double row, const PixelRect& seen) {
+    return view.LocatePoint({view.RowToLat(row), view.ColToLong(col)}, seen);
+  };
+  EXPECT_EQ(at(2000, 1600, visible), (PixelRect{1500, 1200, 1000, 800}));
+  EXPECT_EQ(at(1, 1, visible), (PixelRect{0, 0, 1000, 800}));
+  EXPECT_EQ(at(4098, 3198, visible), (PixelRect{3100, 2400, 1000, 800}));
+  EXPECT_EQ(at(2000, 1600, (PixelRect{0, 0, 5000, 800})), (PixelRect{0, 1200, 5000, 800}));
+  // Halves go to the even pixel: 2001 - 500.5 and 1603 - 400.5.
+  EXPECT_EQ(at(2001, 1603, (PixelRect{7, 7, 1001, 801})), (PixelRect{1500, 1202, 1001, 801}));
+  EXPECT_FALSE(at(-2, 1600, visible));
+  EXPECT_FALSE(at(4102, 1600, visible));
+  EXPECT_FALSE(at(2000, -2, visible));
+  EXPECT_FALSE(at(2000, 3202, visible));
+}
+
+TEST(ChartView, PanningByFourFifths) {
+  const struct {
+    PixelRect from;
+    PanDirection direction;
+    PixelRect to;
+  } rows[] = {
+      {{500, 1000, 1000, 500}, PanDirection::kUp, {500, 600, 1000, 500}},
+      {{500, 1000, 1000, 500}, PanDirection::kDown, {500, 1400, 1000, 500}},
+      {{500, 1000, 1000, 500}, PanDirection::kRight, {1300, 1000, 1000, 500}},
+      {{500, 1000, 1000, 500}, PanDirection::kLeft, {0, 1000, 1000, 500}},
+      {{500, 0, 1000, 500}, PanDirection::kUp, {500, 0, 1000, 500}},
+      {{500, 100, 1000, 500}, PanDirection::kUp, {500, 0, 1000, 500}},
+      {{500, 2650, 1000, 500}, PanDirection::kDown, {500, 2700, 1000, 500}},
+      {{3000, 0, 1000, 500}, PanDirection::kRight, {3100, 0, 1000, 500}},
+      {{0, 0, 5000, 5000}, PanDirection::kDown, {0, 0, 5000, 5000}},
+  };
+  for (const auto& row : rows) EXPECT_EQ(Pan(row.from, row.direction, 4100, 3200), row.to);
+  EXPECT_EQ(PanHome({9, 9, 1000, 500}, 4100, 3200), (PixelRect{1550, 1350, 1000, 500}));
+}
+
+TEST(ChartView, ZoomSteps) {
+  const float in[] = {1.0F, 1.3F, 1.8F, 2.3F, 2.5F, 2.5F};
+  for (std::size_t i = 0; i + 1 < std::size(in); ++i) EXPECT_FLOAT_EQ(ZoomIn(in[i]), in[i + 1]);
+  EXPECT_FLOAT_EQ(ZoomIn(2.4F), 2.5F);
+  EXPECT_FLOAT_EQ(ZoomOut(0.6F), 0.2F);
+  EXPECT_FLOAT_EQ(ZoomOut(0.2F), 0.2F);
+  EXPECT_FLOAT_EQ(ZoomOut(2.5F), 2.0F);
+  EXPECT_EQ(ZoomPercentOfKey(0), 100);
+  EXPECT_EQ(ZoomPercentOfKey(7), 70);
+  EXPECT_FALSE(StoredView({0, 0, -1, -1}));
+  EXPECT_EQ(StoredView({1, 2, 3, 4}), (PixelRect{1, 2, 3, 4}));
+}
+
+TEST(Viewport, SelectionAndPointStayInPlace) {
+  const Viewport window{0, 0, 1.0, 800, 600};
+  const Viewport fitted = ZoomToSelection(window, {1000, 1000, 400, 100});
+  EXPECT_EQ(fitted.zoom, 2.0);
+  EXPECT_EQ(fitted.Visible(4100, 3200), (PixelRect{1000, 900, 400, 300}));
+  EXPECT_EQ(ZoomToSelection(window, {5, 5, 0, 10}).left, 0.0);
+  const Viewport about = ZoomAbout(fitted, 200, 150, 0.5);
+  EXPECT_DOUBLE_EQ(about.ImageCol(200), fitted.ImageCol(200));
+  EXPECT_DOUBLE_EQ(about.ImageRow(150), fitted.ImageRow(150));
+  EXPECT_DOUBLE_EQ(about.ScreenX(about.ImageCol(77)), 77.0);
+  const Viewport held = HoldOnImage({-50, 3000, 1.0, 800, 600}, 4100, 3200);
+  EXPECT_EQ(held.left, 0.0);
+  EXPECT_EQ(held.top, 2600.0);
+  // An image smaller than the window stands in its middle.
+  EXPECT_EQ(HoldOnImage({10, 10, 1.0, 800, 600}, 400, 3200).left, -200.0);
+}
+
+TEST(Brightness, StepsAndEnds) {
+  Brightness brightness;
+  EXPECT_EQ(brightness.Increase(), 0);
+  int total = 0;
+  for (int i = 0; i < 12; ++i) total += brightness.Decrease();
+  EXPECT_EQ(brightness.level, 10);
+  EXPECT_EQ(total, -90);
+  EXPECT_EQ(brightness.Increase(), 10);
+  EXPECT_EQ(brightness.Reset(), 80);
+  EXPECT_TRUE(brightness.Day());
+}
+
+}  // namespace
+}  // namespace skerrow

@@ -1,0 +1,306 @@
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <random>
+#include <sstream>
+
+#include <nlohmann/json.hpp>
+
+#include "cli/answer.h"
+#include "cli/arguments.h"
+#include "core/config.h"
+#include "record-tables/record_tables.h"
+#include "routes/route.h"
+#include "support/temp_folder.h"
+
+namespace skerrow::cli {
+namespace {
+
+using skerrow::testing::FileBytes;
+using skerrow::testing::TempFolder;
+
+struct Ran {
+  int status = -1;
+  std::string out;
+  std::string err;
+  nlohmann::json json() const { return nlohmann::json::parse(out, nullptr, false); }
+};
+
+// Runs the real program with folders of its own.
+class CommandLine : public ::testing::Test {
+ protected:
+  Ran Run(const std::string& words) {
+    const std::string out = user_.File("out.txt");
+    const std::string err = user_.File("err.txt");
+    const std::string command = std::string("env -u SKERROW_PROGRAM ") + SKERROW_CLI +
+                                " --documents '" + user_.path() + "/documents' --settings '" +
+                                user_.path() + "/settings' " + words + " >" + out + " 2>" + err;
+    const int raw = std::system(command.c_str());
+    return {WEXITSTATUS(raw), FileBytes(out), FileBytes(err)};
+  }
+
+  nlohmann::json Json(const std::string& words) {
+    const Ran ran = Run("--json " + words);
+    EXPECT_EQ(ran.status, 0) << words << ": " << ran.err;
+    const nlohmann::json json = ran.json();
+    EXPECT_FALSE(json.is_discarded()) << ran.out.substr(0, 200);
+    return json;
+  }
+
+  // An error: the status, nothing on standard output, one line on standard error.
+  void ExpectError(const std::string& words, int status, const std::string& part) {
+    const Ran ran = Run(words);
+    EXPECT_EQ(ran.status, status) << words;
+    EXPECT_EQ(ran.out, "") << words;
+    EXPECT_NE(ran.err.find(part), std::string::npos) << words << ": " << ran.err;
+    EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << ran.err;
+  }
+
+  TempFolder user_;
+};
+
+std::vector<std::string> Keys(const nlohmann::json& object) {
+  std::vector<std::string> keys;
+  for (const auto& [key, value] : object.items()) keys.push_back(key);
+  std::sort(keys.begin(), keys.end());
+  return keys;
+}
+
+TEST_F(CommandLine, PositionsInEveryForm) {
+  const auto json = Json("position 50.30.25N 001.05.40W");
+  EXPECT_EQ(Keys(json), (std::vector<std::string>{"latitude", "longitude", "text", "text3"}));
+  EXPECT_EQ(std::bit_cast<std::uint32_t>(json["latitude"].get<float>()),
+            std::bit_cast<std::uint32_t>(50.504166F));
+  EXPECT_EQ(json["text"][0], "50.30.25N");
+  EXPECT_EQ(json["text3"][1], "001.05.400W");
+  EXPECT_EQ(Json("position 50.504166 -1.09")["text"], json["text"]);
+  EXPECT_EQ(Json("range 0 0 0 1")["range"], 60.0);
+  EXPECT_EQ(Json("range 50 -1 49 -1")["bearing"], 180.0);
+  EXPECT_NEAR(Json("move 50 -1 -90 10")["longitude"].get<double>(), -1.2593, 1e-4);
+}
+
+TEST_F(CommandLine, TellsWrongUsageFromFailure) {
+  ExpectError("position 95 0", 2, "latitude");
+  ExpectError("position 50.61.00N 001.00.00W", 2, "latitude");
+  ExpectError("tide Dover --date 2026-02-30", 2, "no such day");
+  ExpectError("stream 50 -1 --date 2026-12-05 --time 24:00", 2, "time");
+  ExpectError("tide Atlantis --date 2026-12-05", 1, "Atlantis");
+  ExpectError("plan nothing.rte --date 2026-12-05 --time 06:30", 1, "nothing.rte");
+  ExpectError("--set CalcInterval=soon config show", 2, "CalcInterval");
+  ExpectError("--set Nothing=1 config show", 2, "Nothing");
+  ExpectError("optimum --date 2026-12-05 --slot 6", 2, "slot");
+  ExpectError("chart show 1234-5", 1, "Does not exist in Mod. ReadChartSettings");
+  ExpectError("leg 50 -1 50 -1.5 --speed 0.5 --date 2026-12-05 --time 6", 1, "Boat below 0.5kn");
+  EXPECT_EQ(Run("sail").status, 2);
+  EXPECT_EQ(Run("position 50").status, 2);
+  EXPECT_EQ(Run("--help").status, 0);
+}
+
+TEST_F(CommandLine, KeepsSettings) {
+  const auto fields = Json("config show")["fields"];
+  EXPECT_EQ(fields.size(), kAppConfigFields.size());
+  EXPECT_EQ(fields[0]["name"], "SeaArea");
+  EXPECT_EQ(fields[0]["type"], "text");
+  EXPECT_FALSE(std::filesystem::exists(user_.File("settings/SkerrowHelm/HelmConfigv60.cfg")));
+  Json("config init");
+  Json("config set Variation -- -3.5");
+  Json("config set ClassBColour 1,2,3");
+  const std::string record = FileBytes(user_.File("settings/SkerrowHelm/HelmConfigv60.cfg"));
+  ASSERT_EQ(record.size(), kAppConfigSize);
+  EXPECT_EQ(bytes::GetFloat(record, 2558), -3.5F);
+  EXPECT_EQ(bytes::Get32(record, 2904), 0x030201U);
+  // An override lasts for its run.
+  const auto shown = Json("--set Variation=2 config show")["fields"];
+  EXPECT_EQ(FileBytes(user_.File("settings/SkerrowHelm/HelmConfigv60.cfg")), record);
+  bool seen = false;
+  for (const auto& field : shown) {
+    if (field["name"] == "Variation") {
+      EXPECT_EQ(field["value"], 2.0);
+      seen = true;
+    }
+  }
+  EXPECT_TRUE(seen);
+}
+
+TEST_F(CommandLine, ChartsConvertPositions) {
+  const auto list = Json("chart list");
+  ASSERT_EQ(list.size(), 4U);
+  const auto at = Json("chart at 50.7 -1.3");
+  ASSERT_GE(at.size(), 2U);
+  EXPECT_LT(at[0]["scale"].get<double>(), at[1]["scale"].get<double>());
+  const auto chart = Json("chart show 9999-1 --convert 50.0,-1.5");
+  // Linear in longitude between the image's edges.
+  const double column = (-1.5 - chart["westLon"].get<double>()) /
+                        (chart["eastLon"].get<double>() - chart["westLon"].get<double>()) *
+                        chart["width"].get<double>();
+  EXPECT_NEAR(chart["column"].get<double>(), column, 1.0);
+  const auto mercator = [](double latitude) {
+    return std::log(std::tan(M_PI / 4 + latitude * M_PI / 360));
+  };
+  const double top = mercator(chart["topLat"]);
+  const double bottom = mercator(chart["bottomLat"]);
+  const double row = chart["topRow"].get<double>() +
+                     (top - mercator(50.0)) / (top - bottom) *
+                         (chart["bottomRow"].get<double>() - chart["topRow"].get<double>());
+  EXPECT_NEAR(chart["row"].get<double>(), row, 1.0);
+}
+
+TEST_F(CommandLine, TidesAndStreams) {
+  const auto tide = Json("tide dover --date 2026-12-05");
+  EXPECT_EQ(Keys(tide), (std::vector<std::string>{"curve", "layers", "meanLevel", "name", "port",
+                                                  "range", "waters"}));
+  EXPECT_EQ(tide["port"], 76);
+  EXPECT_EQ(tide["curve"].size(), 147U);
+  EXPECT_EQ(tide["layers"]["F6"].size(), 147U);
+  EXPECT_EQ(tide["waters"].size(), 4U);
+  EXPECT_EQ(Json("tide 76 --date 2026-12-05"), tide);
+  EXPECT_EQ(Keys(Json("constituents --date 2026-12-05")),
+            (std::vector<std::string>{"FK1", "FM2", "FO1", "FS2", "VK1", "VM2", "VO1", "VS2"}));
+  const auto ports = Json("refports --date 2026-12-05 --time 06:30");
+  EXPECT_EQ(ports[0]["heights"].size(), 433U);
+  EXPECT_EQ(ports[0]["name"], "Dover");
+  EXPECT_NEAR(ports[0]["hwTime"].get<double>(), 8.0 + 20.0 / 60, 1e-6);
+  EXPECT_EQ(ports[0]["slot"], -2);
+  const auto stream = Json("stream 50.30.00N 001.20.00W --date 2026-12-05 --time 6.5");
+  EXPECT_GT(stream["rate"].get<double>(), 0.0);
+  const auto none = Json("stream 60 -20 --date 2026-12-05 --time 6.5");
+  EXPECT_EQ(none["label"], "NONE");
+  EXPECT_EQ(none["rate"], 0.0);
+  EXPECT_TRUE(none["daysRange"].is_null());
+  const auto streams = Json("streams --date 2026-12-05 --time 6.5");
+  EXPECT_GE(streams.size(), 48U);
+}
+
+TEST_F(CommandLine, PlansTheSampleRoutes) {
+  for (const std::string file : {"", "'Portland Bill.rte'", "'Round Alderney.rte'"}) {
+    const auto plan = Json("plan " + file + " --date 2026-12-05 --time 06:30");
+    EXPECT_EQ(plan["messages"].size(), 0U) << file;
+    double hours = 0.0;
+    float arrival = 6.5F;
+    for (const auto& leg : plan["legs"]) {
+      EXPECT_TRUE(leg["achieved"].get<bool>()) << file;
+      EXPECT_EQ(leg["start"][0].get<float>(), arrival) << file;
+      arrival = leg["arrival"][0].get<float>();
+      hours += leg["passageTime"].get<double>();
+    }
+    EXPECT_NEAR(plan["hours"].get<double>(), hours, 1e-4) << file;
+    std::size_t steps = 0;
+    for (const auto& leg : plan["legs"]) steps += leg["steps"].get<std::size_t>();
+    EXPECT_EQ(plan["track"].size(), steps + 1) << file;
+    EXPECT_EQ(plan["streams"].size(), steps) << file;
+  }
+  const std::string text = Run("plan --date 2026-12-05 --time 06:30").out;
+  EXPECT_NE(text.find("Route calculation for 5 Dec 2026"), std::string::npos);
+  EXPECT_NE(text.find("Port Name Dover"), std::string::npos);
+  const auto plain = Json("plan --date 2026-12-05 --time 06:30");
+  const auto tacked = Json("plan --date 2026-12-05 --time 06:30 --leeway 5 --tack 1=port");
+  EXPECT_NEAR(plain["legs"][0]["heading"].get<double>() - 5,
+              tacked["legs"][0]["heading"].get<double>(), 1e-3);
+}
+
+TEST_F(CommandLine, ReadsAUsersRouteAndWarns) {
+  std::vector<RouteRecord> records = {{"A", 50.0F, -1.0F, 0.8F}, {"B", 50.05F, -1.0F, 5.0F}};
+  std::filesystem::create_directories(user_.File("documents/SkerrowHelm/Routes"));
+  user_.Write("documents/SkerrowHelm/Routes/slow.rte",
+              EncodeRecords<RouteRecord>(records, kRouteFields));
+  const auto route = Json("route slow.rte");
+  EXPECT_EQ(route["points"][0]["name"], "A");
+  EXPECT_EQ(route["legs"].size(), 1U);
+  EXPECT_EQ(route["track"].size(), 21U);
+  EXPECT_NEAR(route["length"].get<double>(), 3.0, 1e-4);
+  const auto plan = Json("plan slow.rte --date 2026-12-05 --time 06:30");
+  ASSERT_GE(plan["messages"].size(), 1U);
+  EXPECT_NE(plan["messages"][0].get<std::string>().find("Boat speed very low"), std::string::npos);
+  records[1].speed = 0.4F;
+  user_.Write("stop.rte", EncodeRecords<RouteRecord>(records, kRouteFields));
+  const Ran refused = Run("plan " + user_.File("stop.rte") + " --date 2026-12-05 --time 06:30");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_NE(refused.err.find("Boat speed below 0.5kn between waypoints 2 and 3"),
+            std::string::npos);
+}
+
+TEST_F(CommandLine, SearchesADaysDepartures) {
+  const auto optimum = Json("optimum --date 2026-12-05 --slot 2");
+  EXPECT_EQ(optimum["startHour"], 6.0);
+  EXPECT_EQ(optimum["times"].size(), 8U);
+  const std::string text = Run("optimum --date 2026-12-05").out;
+  EXPECT_NE(text.find("shortest"), std::string::npos);
+  EXPECT_NE(text.find("\n23:00"), std::string::npos);
+}
+
+TEST_F(CommandLine, FirstStartMakesTheSampleWaypoints) {
+  const auto json = Json("waypoints");
+  ASSERT_EQ(json["waypoints"].size(), 46U);
+  EXPECT_EQ(json["waypoints"][0]["name"], "Anvil Point");
+  EXPECT_EQ(std::filesystem::file_size(user_.File("documents/SkerrowHelm/Waypoints/Sample.way")),
+            46U * 43U);
+}
+
+// Damaged files for every reader that the commands use: told, and never a crash.
+TEST_F(CommandLine, SurvivesDamagedInstallations) {
+  const std::string program = user_.File("program");
+  std::filesystem::copy(std::string(SKERROW_SOURCE_DIR) + "/program", program,
+                        std::filesystem::copy_options::recursive);
+  const std::string with = "--program " + program + " ";
+  const std::vector<std::string> files = {"RefPorts.hc",
+                                          "TS/UK.hc",
+                                          "TS/Sample Chart.l25",
+                                          "Charts/9999-1.cht",
+                                          "Charts/Sample Chart.xrf",
+                                          "Samples/Sample.rte"};
+  const std::vector<std::string> commands = {"plan --date 2026-12-05 --time 06:30",
+                                             "tide 1 --date 2026-12-05",
+                                             "chart list",
+                                             "chart show 9999-1",
+                                             "streams --date 2026-12-05 --time 6",
+                                             "route Sample.rte"};
+  std::mt19937 random(77);
+  for (const std::string& file : files) {
+    const std::string path = program + "/" + file;
+    const std::string good = FileBytes(path);
+    std::string noise = good;
+    for (char& c : noise) c = static_cast<char>(random());
+    for (const std::string& bad : {std::string(), good.substr(0, 7), noise}) {
+      std::ofstream(path, std::ios::binary) << bad;
+      for (const std::string& command : commands) {
+        const Ran ran = Run(with + command);
+        EXPECT_TRUE(ran.status == 0 || ran.status == 1) << file << ": " << command << ran.err;
+        if (ran.status == 1) {
+          EXPECT_NE(ran.err, "") << file << ": " << command;
+        }
+      }
+    }
+    std::filesystem::remove(path);
+    for (const std::string& command : commands) {
+      const Ran ran = Run(with + command);
+      EXPECT_TRUE(ran.status == 0 || ran.status == 1) << file << ": " << command << ran.err;
+    }
+    std::ofstream(path, std::ios::binary) << good;
+  }
+}
+
+TEST(Numbers, ReadBackToTheSameBits) {
+  for (const float value : {0.1F, 1e-7F, 16777216.0F, -3.4028235e38F, 50.504166F}) {
+    const auto text = Number(value).dump();
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(std::strtof(text.c_str(), nullptr)),
+              std::bit_cast<std::uint32_t>(value))
+        << text;
+  }
+  EXPECT_TRUE(Number(std::nanf("")).is_null());
+}
+
+TEST(Documentation, ListsEveryRecordAsItIs) {
+  std::ifstream file(std::string(SKERROW_SOURCE_DIR) + "/docs/FILES.md");
+  std::stringstream text;
+  text << file.rdbuf();
+  EXPECT_NE(text.str().find(AllRecordTables()), std::string::npos)
+      << "run build/release/bin/record-tables and put its output into docs/FILES.md";
+}
+
+}  // namespace
+}  // namespace skerrow::cli

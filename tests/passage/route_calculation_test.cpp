@@ -1,0 +1,277 @@
+#include "passage/route_calculation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "core/plane_sailing.h"
+#include "passage/optimum.h"
+#include "support/sample_tides.h"
+
+namespace skerrow {
+namespace {
+
+using testing::RecordingMessages;
+using testing::SampleTides;
+
+constexpr DayAndYear kDate = {339, 2026};
+
+RouteState MakeRoute(const std::vector<Position>& places, float speed = 6.0F) {
+  RouteState route;
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    RoutePoint point;
+    point.latitude = places[i].latitude;
+    point.longitude = places[i].longitude;
+    point.name = "P" + std::to_string(i + 1);
+    point.speed = speed;
+    route.points.push_back(point);
+  }
+  RelinkRoute(route.points);
+  route.track = RouteTrackOf(route.points);
+  return route;
+}
+
+// Wants the work to stop at the nth step.
+class StopAt final : public Progress {
+ public:
+  explicit StopAt(int step) : left_(step) {}
+  bool Step(double) override { return --left_ > 0; }
+
+ private:
+  int left_;
+};
+
+class RouteCalculation : public ::testing::Test {
+ protected:
+  RouteOutcome Run(const RouteRequest& request) {
+    return CalculateRoute(request, config_, tides_, route_, passage_, messages_, progress_);
+  }
+
+  AppConfig config_;
+  TideState tides_;
+  RouteState route_ = MakeRoute({{50.0F, -1.0F}, {50.5F, -1.0F}, {50.5F, -1.5F}});
+  PassageState passage_;
+  RecordingMessages messages_;
+  NoProgress progress_;
+};
+
+TEST_F(RouteCalculation, WritesTheReport) {
+  ASSERT_EQ(Run({23.0F, {365, 2026}, false, ""}), RouteOutcome::kDone);
+  // Five hours north, then 19.08 nm west along 50.30N; the variation of 4 W is added. Moves in
+  // single precision gain four seconds on the way, and arrivals cut their minutes off.
+  const std::vector<std::string> head = {
+      "RESULTS ARE FROM DERIVED DATA AND AS SUCH ARE ONLY APPROXIMATE",
+      "   ",
+      "Route calculation for 31 Dec 2026",
+      "Departing 23:00, Passage time = 08Hrs 11Min ",
+      "Route distance = 49.1nm.",
+      "Effective Speed Over Ground = 6.0kt.",
+      " ",
+      "Steer 004°M\t Time taken=05Hrs 00Min  at 6.0 kt.",
+      "From \t50.00.00N , 001.00.00W   P1",
+      "To \t50.30.00N , 001.00.00W   P2",
+      "Starting at 23:00 arriving at 03:59 (1 Jan)",
+      "Range and bearing between waypoints : 30.0nm @ 000°T ",
+      "Speed Over Ground = 6.0kt. Water Track Distance 30.0nm.",
+      "Steer 274°M\t Time taken=03Hrs 11Min  at 6.0 kt.",
+      "From \t50.30.00N , 001.00.00W   P2",
+      "To \t50.30.00N , 001.30.00W   P3",
+      "Starting at 03:59 (1 Jan) arriving at 07:10",
+  };
+  ASSERT_GE(passage_.result_lines.size(), head.size());
+  for (std::size_t i = 0; i < head.size(); ++i) EXPECT_EQ(passage_.result_lines[i], head[i]) << i;
+  EXPECT_EQ(passage_.route_summary_text,
+            "Route distance = 49.1nm.  Time Taken = 08Hrs 11Min ,  SOG  = 6.0kt.");
+  EXPECT_EQ(passage_.route_combo_text, head[2]);
+  EXPECT_EQ(passage_.route_combo[0], head[3]);
+  EXPECT_EQ(passage_.route_combo[4], "Steer 004°M Time taken=05Hrs 00Min  at 6.0 kt.");
+  EXPECT_EQ(passage_.calc_mode, 1);
+  ASSERT_EQ(passage_.route_history.size(), 5U);
+  EXPECT_EQ(passage_.route_history[0], head[2]);
+  EXPECT_EQ(passage_.legs[1].start_date, (DayAndYear{1, 2027}));
+  EXPECT_TRUE(route_.points[0].calculated);
+  EXPECT_EQ(route_.points[0].tide_vector.size(), static_cast<std::size_t>(route_.points[0].steps));
+  ASSERT_EQ(Run({1.0F, {100, 2026}, false, ""}), RouteOutcome::kDone);
+  EXPECT_EQ(passage_.route_history.size(), 10U);
+}
+
+TEST_F(RouteCalculation, AppliesLeewayByTack) {
+  route_.points[0].tack = 1;
+  route_.points[1].tack = 2;
+  ASSERT_EQ(Run({8.0F, kDate, true, "5"}), RouteOutcome::kDone);
+  EXPECT_NEAR(passage_.legs[0].heading, 359.0F, 0.01);
+  EXPECT_NEAR(passage_.legs[1].heading, 279.0F, 0.2);
+  EXPECT_EQ(passage_.result_lines[6], "(Leeway of 5° and a variation of 4W applied to all legs)");
+
+  config_.variation = 0.0F;
+  messages_.Expect("You have selected to use leeway but there is no value entered");
+  ASSERT_EQ(Run({8.0F, kDate, true, " "}), RouteOutcome::kDone);
+  EXPECT_EQ(passage_.result_lines[6], " ");
+  EXPECT_NEAR(passage_.legs[0].heading, 0.0F, 0.01);
+}
+
+TEST_F(RouteCalculation, RepairsALegThatCannotBeAchieved) {
+  config_.error_circle = 0.0001F;  // no track comes that near
+  const Position old_end = route_.points[1].At();
+  messages_.Expect(
+      "Unable to achieve leg 1 destination.\nCPA = 0.24nm\nRoute waypoint modified to last good "
+      "COG point.\n(Caused by boat speed and tidal stream combinations,\nmodify waypoints, "
+      "departure time or boat speed.)");
+  route_ = MakeRoute({{50.0F, -1.0F}, {50.054F, -1.0F}, {50.1F, -1.0F}});
+  messages_.Expect(
+      "Unable to achieve leg 2 destination.\nCPA = 0.00nm\nRoute waypoint modified to last good "
+      "COG point.\n(Caused by boat speed and tidal stream combinations,\nmodify waypoints, "
+      "departure time or boat speed.)");
+  ASSERT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kDone);
+  EXPECT_EQ(passage_.result_lines[1],
+            "* WARNING * Unable to achieve destination waypoint, examine results before use * "
+            "WARNING * ");
+  EXPECT_NE(route_.points[1].At(), old_end);
+  EXPECT_EQ(route_.points[0].Next(), route_.points[1].At());
+  EXPECT_EQ(route_.points[1].Next(), route_.points[2].At());
+  const std::string from = "From \t" + LatToText(route_.points[1].latitude);
+  EXPECT_TRUE(std::any_of(passage_.result_lines.begin(), passage_.result_lines.end(),
+                          [&](const std::string& line) { return line.starts_with(from); }));
+  EXPECT_EQ(route_.track, RouteTrackOf(route_.points));
+}
+
+TEST_F(RouteCalculation, ChecksTheSpeedsOfEveryPoint) {
+  route_.points[2].speed = 0.5F;
+  messages_.Expect(
+      "Boat speed below 0.5kn between waypoints 3 and 4\nCannot continue - please correct.");
+  EXPECT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kRefused);
+  route_.points[2].speed = 0.6F;
+  messages_.ExpectQuestion(
+      "Boat speed very low between waypoints 3 and 4\nDo you wish to continue?\n(This may cause "
+      "problems)",
+      false);
+  EXPECT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kRefused);
+  EXPECT_TRUE(passage_.result_lines.empty());
+  route_.points[2].speed = 1.0F;
+  EXPECT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kDone);
+}
+
+TEST_F(RouteCalculation, ACancelLeavesTheLastResultAsItWas) {
+  ASSERT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kDone);
+  const PassageState before = passage_;
+  for (int step = 1; step <= 3; ++step) {
+    StopAt stop(step);
+    EXPECT_EQ(CalculateRoute({9.0F, kDate, false, ""}, config_, tides_, route_, passage_, messages_,
+                             stop),
+              RouteOutcome::kCancelled);
+    EXPECT_EQ(passage_.result_lines, before.result_lines);
+    EXPECT_EQ(passage_.route_history, before.route_history);
+    EXPECT_EQ(passage_.route_track.size(), before.route_track.size());
+  }
+  StopAt stop(2);
+  OptimumRequest optimum;
+  optimum.date = kDate;
+  EXPECT_EQ(SearchDeparture(optimum, config_, tides_, route_, passage_, messages_, stop),
+            RouteOutcome::kCancelled);
+  EXPECT_EQ(passage_.result_lines, before.result_lines);
+  EXPECT_EQ(passage_.calc_mode, 1);
+}
+
+TEST_F(RouteCalculation, NeedsTwoPoints) {
+  route_ = MakeRoute({{50.0F, -1.0F}});
+  EXPECT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kNoRoute);
+}
+
+TEST(DepartureTime, RowsOfTheHeader) {
+  struct Row {
+    const char* text;
+    DepartureTimeRefusal refusal;
+    float hours;
+  };
+  const Row rows[] = {{"09:05", DepartureTimeRefusal::kNone, 9 + 5 / 60.0F},
+                      {" 9:05 ", DepartureTimeRefusal::kNone, 9 + 5 / 60.0F},
+                      {"23:59", DepartureTimeRefusal::kNone, 23 + 59 / 60.0F},
+                      {"0905", DepartureTimeRefusal::kNoTime, 0},
+                      {"9:5", DepartureTimeRefusal::kNoTime, 0},
+                      {"", DepartureTimeRefusal::kNoTime, 0},
+                      {"24:00", DepartureTimeRefusal::kOutOfRange, 0},
+                      {"12:60", DepartureTimeRefusal::kOutOfRange, 0},
+                      {"-1:00", DepartureTimeRefusal::kOutOfRange, 0}};
+  for (const Row& row : rows) {
+    float hours = 0;
+    EXPECT_EQ(CheckDepartureTime(row.text, hours), row.refusal) << row.text;
+    EXPECT_FLOAT_EQ(hours, row.hours) << row.text;
+  }
+}
+
+// The search across the sample's streams.
+class Optimum : public ::testing::Test {
+ protected:
+  Optimum() { tides_ = SampleTides(kDate); }
+
+  AppConfig config_;
+  TideState tides_;
+  RouteState route_ =
+      MakeRoute({{50.66F, -1.6F}, {50.4F, -1.9F}, {49.9F, -1.9F}, {49.7F, -1.65F}}, 5.0F);
+  PassageState passage_;
+  RecordingMessages messages_;
+  NoProgress progress_;
+};
+
+TEST_F(Optimum, TriesEachHourOfASlot) {
+  OptimumRequest request;
+  request.slot = kDepartureSlots[1];
+  request.date = kDate;
+  ASSERT_EQ(SearchDeparture(request, config_, tides_, route_, passage_, messages_, progress_),
+            RouteOutcome::kDone);
+  ASSERT_EQ(passage_.optimum_times.size(), 8U);
+  EXPECT_EQ(passage_.optimum_start_hour, 6.0F);
+  EXPECT_EQ(passage_.calc_mode, 0);
+  EXPECT_TRUE(passage_.route_track.empty());
+  EXPECT_EQ(passage_.result_lines[2], "Optimum Departure for 5 Dec 2026");
+  EXPECT_EQ(passage_.result_lines[4],
+            "Depart\tArrive\tTime Taken\tEffective Speed\tGround Distance\tWater Distance");
+  EXPECT_TRUE(passage_.result_lines[6].starts_with("06:00\t"));
+  EXPECT_EQ(passage_.route_history.size(), 10U);
+
+  // Each entry is what the route calculation gives for that departure.
+  for (const std::size_t j : {std::size_t{0}, std::size_t{5}}) {
+    PassageState single;
+    RouteState route = route_;
+    ASSERT_EQ(CalculateRoute({6.0F + static_cast<float>(j), kDate, false, ""}, config_, tides_,
+                             route, single, messages_, progress_),
+              RouteOutcome::kDone);
+    EXPECT_EQ(single.route_hours, passage_.optimum_times[j]) << j;
+  }
+}
+
+TEST_F(Optimum, DoesNotDependOnTheNumberOfThreads) {
+  OptimumRequest request;
+  request.date = kDate;
+  std::vector<std::string> lines;
+  for (const unsigned threads : {1U, 2U, 5U}) {
+    request.threads = threads;
+    PassageState passage;
+    ASSERT_EQ(SearchDeparture(request, config_, tides_, route_, passage, messages_, progress_),
+              RouteOutcome::kDone);
+    ASSERT_EQ(passage.optimum_times.size(), 24U);
+    if (threads == 1) lines = passage.result_lines;
+    EXPECT_EQ(passage.result_lines, lines) << threads;
+  }
+}
+
+TEST_F(Optimum, WaterDistanceFollowsTheLastLegsSpeed) {
+  route_.points[0].speed = 4.0F;
+  route_.points[2].speed = 7.0F;
+  OptimumRequest request;
+  request.slot = kDepartureSlots[3];
+  request.date = kDate;
+  ASSERT_EQ(SearchDeparture(request, config_, tides_, route_, passage_, messages_, progress_),
+            RouteOutcome::kDone);
+  const std::string water = FormatFixed(passage_.optimum_times[0] * 7.0F, 1, 1) + "nm.";
+  EXPECT_TRUE(passage_.result_lines[6].ends_with("\t" + water)) << passage_.result_lines[6];
+}
+
+TEST(OptimumExtremes, TakeTheEarliestOfEquals) {
+  const OptimumExtremes extremes = ExtremesOf({3.0F, 5.0F, 2.0F, 5.0F, 2.0F});
+  EXPECT_EQ(extremes.longest, 1U);
+  EXPECT_EQ(extremes.shortest, 2U);
+}
+
+}  // namespace
+}  // namespace skerrow

@@ -1,0 +1,110 @@
+#include "platform/printing.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPdfDocument>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include "platform/clipboard.h"
+
+namespace skerrow {
+namespace {
+
+class PrintingTest : public ::testing::Test {
+ protected:
+  std::string path() const { return folder_.filePath("out.pdf").toStdString(); }
+  // The pages of the file, white behind.
+  std::vector<QImage> Pages() const {
+    QPdfDocument pdf;
+    pdf.load(QString::fromStdString(path()));
+    std::vector<QImage> pages;
+    for (int i = 0; i < pdf.pageCount(); ++i) {
+      const QSize size = (pdf.pagePointSize(i)).toSize();
+      QImage page(size, QImage::Format_RGB32);
+      page.fill(Qt::white);
+      QPainter(&page).drawImage(0, 0, pdf.render(i, size));
+      pages.push_back(page);
+    }
+    return pages;
+  }
+  QTemporaryDir folder_;
+};
+
+// The share of the pixels of a part of the page that are dark.
+double Ink(const QImage& page, QRect part) {
+  int dark = 0;
+  for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int x = part.left(); x <= part.right(); ++x) dark += qGray(page.pixel(x, y)) < 160;
+  }
+  return static_cast<double>(dark) / (part.width() * part.height());
+}
+
+TEST_F(PrintingTest, LinesRunOverPagesWithNumbersAtTheFoot) {
+  PrintDocument document;
+  document.title = "Tide table";
+  for (int i = 0; i < 120; ++i) {
+    document.items.push_back(PrintLine("Line " + std::to_string(i) + "\t12.34\tHW", {}, {40, 90}));
+  }
+  document.items.push_back(PrintNewPage());
+  document.items.push_back(PrintLine(std::string("Last page ") + std::string(400, 'x') + " end"));
+  const auto count = Print(document, {{}, path()});
+  ASSERT_TRUE(count.ok()) << count.error().Text();
+  const auto pages = Pages();
+  ASSERT_EQ(static_cast<int>(pages.size()), *count);
+  EXPECT_EQ(*count, 3);
+  // A4 upright, in points.
+  EXPECT_NEAR(pages[0].width(), 595, 2);
+  EXPECT_NEAR(pages[0].height(), 842, 2);
+  for (const QImage& page : pages) {
+    EXPECT_GT(Ink(page, {42, 42, 300, 40}), 0.005);
+    EXPECT_GT(Ink(page, {450, 780, 103, 22}), 0.005);  // the number
+    EXPECT_EQ(Ink(page, {0, 0, 595, 40}), 0.0);        // the margin
+    EXPECT_EQ(Ink(page, {556, 0, 38, 841}), 0.0);
+  }
+  // The second column begins 40 mm from the left margin of 15 mm: 156 points.
+  EXPECT_GT(Ink(pages[0], {156, 42, 30, 60}), 0.02);
+  EXPECT_EQ(Ink(pages[0], {125, 42, 29, 60}), 0.0);
+}
+
+TEST_F(PrintingTest, PicturesKeepTheirShapeAndStayOnOnePage) {
+  PrintDocument document;
+  document.landscape = true;
+  document.page_numbers = false;
+  document.items.push_back(PrintLine("The plot", {{}, 20.0, true}));
+  std::vector<std::uint32_t> black(200 * 100, 0xff000000U);
+  document.items.push_back(PrintPicture(PictureFromRgb32(200, 100, black), 100.0));
+  document.items.push_back(PrintPicture(PictureFromRgb32(100, 200, black)));
+  const auto count = Print(document, {{}, path()});
+  ASSERT_TRUE(count.ok());
+  const auto pages = Pages();
+  ASSERT_EQ(pages.size(), 2U);
+  EXPECT_GT(pages[0].width(), pages[0].height());
+  // 100 x 50 mm are 283 x 142 points.
+  const double area = Ink(pages[0], pages[0].rect()) * pages[0].width() * pages[0].height();
+  EXPECT_NEAR(area, 283.5 * 141.7, 1800.0);
+  const double tall = Ink(pages[1], pages[1].rect()) * pages[1].width() * pages[1].height();
+  const double height = pages[1].height() - 2 * 15.0 / 25.4 * 72.0;
+  EXPECT_NEAR(tall, height * height / 2.0, 2500.0);
+}
+
+TEST_F(PrintingTest, ErrorsNameWhatIsMissing) {
+  PrintDocument document;
+  document.items.push_back(PrintLine("x"));
+  const std::string nowhere = path() + "/no/file.pdf";
+  EXPECT_EQ(Print(document, {{}, nowhere}).error().path, nowhere);
+  EXPECT_EQ(Print(document, {"No such printer", {}}).error().reason,
+            "there is no printer \"No such printer\"");
+}
+
+TEST(Clipboard, TextAndPicturesGoThroughTheDesktop) {
+  SystemClipboard clipboard;
+  clipboard.SetText("50°30.25N\nsecond");
+  EXPECT_EQ(clipboard.Text(), "50°30.25N\nsecond");
+  clipboard.SetPicture(PictureFromRgb32(2, 1, {0xff010203U, 0xff040506U}));
+  EXPECT_EQ(clipboard.Text(), "");
+}
+
+}  // namespace
+}  // namespace skerrow

@@ -1,0 +1,86 @@
+#include "platform/settings_store.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace skerrow {
+namespace {
+
+class SettingsStoreTest : public ::testing::Test {
+ protected:
+  std::string path() const { return folder_.filePath("helm.ini").toStdString(); }
+  QTemporaryDir folder_;
+};
+
+TEST_F(SettingsStoreTest, EveryTextComesBackFromTheFile) {
+  const std::vector<std::string> texts = {
+      "",         "plain",       "  blanks  ", "a,b;c=d", "\"quoted\"", "@Invalid()",
+      "C:\\a\\b", "50°30.25N é", "line\nline", "%20",     "0x10",       "/srv/Charts/9999-1.cht"};
+  {
+    const auto store = OpenSettingsStore(path());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      store->Set("Some texts", std::to_string(i), texts[i]);
+    }
+    ASSERT_TRUE(store->Flush().ok());
+  }
+  const auto store = OpenSettingsStore(path());
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    EXPECT_EQ(store->Get("Some texts", std::to_string(i), "none"), texts[i]);
+  }
+  EXPECT_EQ(store->Get("Some texts", "99", "none"), "none");
+  EXPECT_EQ(store->Get("Other", "0"), "");
+}
+
+// The file and the memory form keep the same rules.
+TEST_F(SettingsStoreTest, NumbersRemovalAndRecentFiles) {
+  MemorySettingsStore memory;
+  const auto file = OpenSettingsStore(path());
+  for (SettingsStore* store : {static_cast<SettingsStore*>(&memory), file.get()}) {
+    store->SetInt("View", "Left", -120);
+    store->Set("View", "Top", "12x");
+    EXPECT_EQ(store->GetInt("View", "Left", 5), -120);
+    EXPECT_EQ(store->GetInt("View", "Top", 5), 5);
+    EXPECT_EQ(store->GetInt("View", "Width", -1), -1);
+
+    WriteRecentFiles(*store, {"a.cht", "b.cht", "c,d.cht"});
+    EXPECT_EQ(ReadRecentFiles(*store), (std::vector<std::string>{"a.cht", "b.cht", "c,d.cht"}));
+    EXPECT_EQ(store->Get(kRecentFilesSection, "1"), "b.cht");
+    WriteRecentFiles(*store, {"z.cht"});
+    EXPECT_EQ(ReadRecentFiles(*store), std::vector<std::string>{"z.cht"});
+    store->Set(kRecentFilesSection, "2", "behind a gap");
+    EXPECT_EQ(ReadRecentFiles(*store).size(), 1U);
+    for (int i = 0; i < 9; ++i) store->Set(kRecentFilesSection, std::to_string(i), "x");
+    EXPECT_EQ(ReadRecentFiles(*store).size(), 6U);
+
+    store->Remove("View", "Left");
+    EXPECT_EQ(store->GetInt("View", "Left", 5), 5);
+    store->Remove("View", "");
+    EXPECT_EQ(store->Get("View", "Top", "gone"), "gone");
+  }
+}
+
+TEST_F(SettingsStoreTest, DamagedOrHandWrittenFilesAreNoTrouble) {
+  std::ofstream(path()) << "[Window]\nLeft=a, b\n[[[ \x01\x02 \nno equals sign\nTop=7\n";
+  const auto store = OpenSettingsStore(path());
+  EXPECT_EQ(store->Get("Window", "Left"), "a, b");
+  store->Set("Window", "Left", "3");
+  EXPECT_EQ(store->GetInt("Window", "Left", 0), 3);
+}
+
+TEST_F(SettingsStoreTest, FlushSaysThatTheFileCannotBeWritten) {
+  // A file stands where the folder should be: not even the superuser can write below it.
+  const std::string in_a_file = path() + "/below.ini";
+  std::ofstream(path()) << "x";
+  const auto store = OpenSettingsStore(in_a_file);
+  store->Set("a", "b", "c");
+  const Status status = store->Flush();
+  ASSERT_FALSE(status.ok());
+  EXPECT_EQ(status.error().path, in_a_file);
+  EXPECT_EQ(store->Get("a", "b"), "c");
+}
+
+}  // namespace
+}  // namespace skerrow

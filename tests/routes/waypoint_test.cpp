@@ -1,0 +1,164 @@
+#include "routes/waypoint.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <limits>
+
+#include "support/recording_messages.h"
+#include "support/temp_folder.h"
+
+namespace skerrow {
+namespace {
+
+using testing::FileBytes;
+using testing::RecordingMessages;
+using testing::TempFolder;
+
+class WaypointTest : public ::testing::Test {
+ protected:
+  WaypointTest() : folders_{folder_.path(), folder_.path(), folder_.path()} {
+    MakeUserFolders(folders_);
+    config_.waypoint_file = "Mine.way";
+  }
+  std::string Path() const { return WaypointPath(folders_, "Mine.way"); }
+  void Store(const std::string& bytes) { folder_.Write("SkerrowHelm/Waypoints/Mine.way", bytes); }
+
+  TempFolder folder_;
+  Folders folders_;
+  AppConfig config_;
+  WaypointState state_;
+  RecordingMessages messages_;
+};
+
+std::string Padded(std::string name) {
+  name.resize(35, ' ');
+  return name;
+}
+
+TEST_F(WaypointTest, RecordIsThatOfTheFile) {
+  // 50.5 is 0x424A0000 and -1.25 is 0xBFA00000 as singles.
+  const std::string bytes = Padded("Needles") + std::string("\0\0\x4A\x42\0\0\xA0\xBF", 8) +
+                            Padded("\xCEle de R\xE9") + std::string(8, '\0');
+  Store(bytes);
+  ASSERT_TRUE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
+  ASSERT_EQ(state_.waypoints.size(), 2U);
+  EXPECT_EQ(state_.waypoints[0], (Waypoint{"Needles", 50.5F, -1.25F}));
+  EXPECT_EQ(state_.waypoints[1].name, "\u00cele de R\u00e9");
+  ASSERT_TRUE(SaveWaypointsAs(folders_, "Copy.way", state_));
+  EXPECT_EQ(FileBytes(WaypointPath(folders_, "Copy.way")), bytes);
+}
+
+TEST_F(WaypointTest, NamesAreCutAt35Bytes) {
+  const std::string name35 = "abcdefghijklmnopqrstuvwxyz012345678";
+  // 34 letters and an accented one are 35 bytes in the file, though 36 in UTF-8.
+  const std::string accented = "abcdefghijklmnopqrstuvwxyz01234567\u00e9";
+  state_.waypoints = {{name35, 1, 2}, {name35 + "9", 1, 2}, {accented + "x", 1, 2}};
+  ASSERT_TRUE(SaveWaypointsAs(folders_, "Mine.way", state_));
+  EXPECT_EQ(std::filesystem::file_size(Path()), 3U * 43U);
+  ASSERT_TRUE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
+  EXPECT_EQ(state_.waypoints[0].name, name35);
+  EXPECT_EQ(state_.waypoints[1].name, name35);
+  EXPECT_EQ(state_.waypoints[2].name, accented);
+}
+
+TEST_F(WaypointTest, CurrentFileNameIsTrimmed) {
+  Store("");
+  config_.waypoint_file = "Mine.way   ";
+  ASSERT_TRUE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
+  EXPECT_EQ(config_.waypoint_file, "Mine.way");
+  EXPECT_TRUE(state_.waypoints.empty());
+}
+
+TEST_F(WaypointTest, DamagedFiles) {
+  state_.waypoints = {{"kept", 1, 2}};
+  const auto missing = LoadCurrentWaypoints(folders_, config_, state_, messages_);
+  ASSERT_FALSE(missing);
+  EXPECT_EQ(missing.error().path, Path());
+  EXPECT_EQ(state_.waypoints.size(), 1U);
+
+  // A record cut short counts from half its length on; blanks and zeros stand for the rest.
+  const std::string one = EncodeRecord(Waypoint{"one", 3, 4}, kWaypointFields);
+  for (const auto& [extra, count] : {std::pair{1U, 1U}, {21U, 1U}, {22U, 2U}, {39U, 2U}}) {
+    Store(one + one.substr(0, extra));
+    messages_.Expect(Path() + ": the length of " + std::to_string(43 + extra) +
+                     " bytes is not a whole number of 43-byte records; check the last entry");
+    ASSERT_TRUE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
+    ASSERT_EQ(state_.waypoints.size(), count);
+    EXPECT_EQ(state_.waypoints[0].name, "one");
+    EXPECT_EQ(state_.waypoints[count - 1].longitude, count == 2 ? 0.0F : 4.0F);
+  }
+  Store(std::string(43U * 32768U, ' '));
+  EXPECT_FALSE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
+}
+
+TEST_F(WaypointTest, AppendGoesBehindTheLastWholeRecord) {
+  const Waypoint first{"first", 50, -1};
+  const Waypoint second{"second", 51, -2};
+  ASSERT_TRUE(AppendWaypoint(folders_, config_, first));  // creates the file
+  ASSERT_TRUE(AppendWaypoint(folders_, config_, second));
+  EXPECT_EQ(FileBytes(Path()),
+            EncodeRecord(first, kWaypointFields) + EncodeRecord(second, kWaypointFields));
+  EXPECT_TRUE(state_.waypoints.empty());
+  // Five bytes of a torn record are written over.
+  Store(EncodeRecord(first, kWaypointFields) + "torn!");
+  ASSERT_TRUE(AppendWaypoint(folders_, config_, second));
+  EXPECT_EQ(FileBytes(Path()),
+            EncodeRecord(first, kWaypointFields) + EncodeRecord(second, kWaypointFields));
+  // What cannot be read is not written over.
+  std::filesystem::remove(Path());
+  std::filesystem::create_directory(Path());
+  EXPECT_FALSE(AppendWaypoint(folders_, config_, first));
+  EXPECT_TRUE(std::filesystem::is_directory(Path()));
+}
+
+TEST_F(WaypointTest, DeleteNearestTakesTheEarlierOfEquals) {
+  state_.waypoints = {{"far", 49, -3}, {"same 1", 50, -1}, {"same 2", 50, -1}, {"last", 51, 0}};
+  ASSERT_TRUE(SaveWaypointsAs(folders_, "Mine.way", state_));
+  ASSERT_TRUE(DeleteNearestWaypoint(folders_, config_, state_, {50.01F, -1.0F}));
+  ASSERT_TRUE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
+  ASSERT_EQ(state_.waypoints.size(), 3U);
+  EXPECT_EQ(state_.waypoints[1].name, "same 2");
+  EXPECT_EQ(state_.waypoints[2].name, "last");
+  state_.waypoints.clear();
+  const std::string before = FileBytes(Path());
+  EXPECT_FALSE(DeleteNearestWaypoint(folders_, config_, state_, {50, -1}));
+  EXPECT_EQ(FileBytes(Path()), before);
+}
+
+TEST_F(WaypointTest, NearestIgnoresWhatIsNoPosition) {
+  const float nan = std::nanf("");
+  const float infinity = std::numeric_limits<float>::infinity();
+  const std::vector<Waypoint> table = {
+      {"nan", nan, -1}, {"inf", 50, infinity}, {"huge", 3e38F, 3e38F}, {"good", 50, -1}};
+  const auto nearest = NearestWaypoint(table, {50, -1});
+  ASSERT_TRUE(nearest);
+  EXPECT_EQ(nearest->index, 3U);
+  // The limit itself is outside: 60 nm is not under 60.
+  EXPECT_FALSE(NearestWaypoint(table, {51, -1}, 60.0F));
+  EXPECT_TRUE(NearestWaypoint(table, {51, -1}, 60.001F));
+}
+
+TEST_F(WaypointTest, SampleFile) {
+  ASSERT_TRUE(EnsureSampleWaypoints(folders_));
+  const std::string path = WaypointPath(folders_, "Sample.way");
+  const auto sample = ReadWaypointFile(path);
+  ASSERT_TRUE(sample);
+  ASSERT_EQ(sample->size(), 46U);
+  EXPECT_EQ(sample->front(), (Waypoint{"Anvil Point", 50.58233F, -1.93083F}));
+  EXPECT_EQ(sample->back(), (Waypoint{"Ushant NE Buoy", 48.765F, -5.19333F}));
+  EXPECT_EQ((*sample)[22].name, "Le Harve Lanby");
+  EXPECT_EQ((*sample)[17].name, "Granvill Buoy");
+  for (const Waypoint& mark : *sample) {
+    EXPECT_TRUE(mark.latitude > 48 && mark.latitude < 51) << mark.name;
+    EXPECT_TRUE(mark.longitude > -6 && mark.longitude < 2) << mark.name;
+  }
+  // A user's changes to it stay.
+  ASSERT_TRUE(WriteWaypointFile(path, {}));
+  ASSERT_TRUE(EnsureSampleWaypoints(folders_));
+  EXPECT_EQ(std::filesystem::file_size(path), 0U);
+}
+
+}  // namespace
+}  // namespace skerrow

@@ -1,0 +1,379 @@
+#include "tides/streams.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <random>
+
+#include "core/plane_sailing.h"
+#include "reference/plain_passage.h"
+#include "support/sample_tides.h"
+#include "support/temp_folder.h"
+
+namespace skerrow {
+namespace {
+
+using testing::MadeTides;
+using testing::RandomDiamonds;
+using testing::RandomPort;
+using testing::RecordingMessages;
+using testing::SampleFolders;
+using testing::SampleTides;
+using testing::TempFolder;
+
+TEST(TidePhase, FollowsTheHourTables) {
+  struct Row {
+    int minute, high_water, slot, left;
+  };
+  const Row rows[] = {
+      // after high water at 06:00
+      {360, 360, 0, 30},
+      {361, 360, 0, 29},
+      {390, 360, 0, 0},
+      {391, 360, 1, 59},
+      {450, 360, 1, 0},
+      {750, 360, 6, 0},
+      {751, 360, 6, 59},
+      // before high water at 12:00
+      {719, 720, 0, 31},
+      {691, 720, 0, 59},
+      {690, 720, -1, 0},
+      {689, 720, -1, 1},
+      {630, 720, -2, 0},
+      {629, 720, -2, 1},
+      {330, 720, -7, 0},
+      {329, 720, -6, 59},
+      // yesterday's and tomorrow's high water
+      {10, 1430, 0, 10},
+      {1430, 10, 0, 50},
+      {60, 1380, 2, 30},
+  };
+  for (const Row& row : rows) {
+    const TidePhase phase = PhaseAt(row.minute, row.high_water);
+    EXPECT_EQ(phase.slot, row.slot) << row.minute << " about " << row.high_water;
+    EXPECT_EQ(phase.minutes_left, row.left) << row.minute << " about " << row.high_water;
+  }
+}
+
+TEST(MinuteOfDay, RoundsTheFractionsMinutes) {
+  EXPECT_EQ(MinuteOfDay(0.0F), 0);
+  EXPECT_EQ(MinuteOfDay(6.5F), 390);
+  EXPECT_EQ(MinuteOfDay(7.05F), 423);
+  EXPECT_EQ(MinuteOfDay(23.9999F), 1440);
+  EXPECT_EQ(MinuteOfDay(24.0F), 1440);
+}
+
+// A sea with one port and one diamond whose columns are easy to reckon with.
+class OneDiamond : public ::testing::Test {
+ protected:
+  static constexpr DayAndYear kDate = {200, 2026};
+
+  OneDiamond() {
+    std::mt19937 random(5);
+    ports_ = {RandomPort(random, "Port")};
+    diamond_.chart_no = 2045;
+    diamond_.dia_no = 7;
+    diamond_.ref_port = 1;
+    diamond_.np_range = 1000.0F;  // the tide is below neaps: neap rates hold
+    diamond_.sp_range = 1001.0F;
+    diamond_.latitude = 50.0F;
+    diamond_.longitude = -1.0F;
+    for (std::size_t c = 1; c < kDiamondColumns; ++c) {
+      diamond_.direction[c] = static_cast<float>(10 * c);
+      diamond_.neap_rate[c] = static_cast<float>(c);
+      diamond_.spring_rate[c] = 100.0F;
+    }
+  }
+
+  void Make() { state_ = MadeTides({diamond_}, ports_, kDate); }
+
+  StreamReading ReadAt(int minute, Position place = {50.0F, -1.0F}) {
+    StreamReader reader(state_);
+    StreamReading reading;
+    EXPECT_EQ(
+        reader.CalculateTidalStreams(place, static_cast<float>(minute / 60.0), kDate, reading),
+        StreamFault::kNone);
+    return reading;
+  }
+
+  // A minute of the day with a given slot and minutes left; the tests need a few of them only.
+  int MinuteWith(int slot, int left) {
+    const PortTides& port = state_.loaded->ports[0];
+    for (int minute = 0; minute < 1440; ++minute) {
+      const TidePhase phase = port.phase[static_cast<std::size_t>(minute)];
+      if (phase.slot == slot && phase.minutes_left == left) return minute;
+    }
+    ADD_FAILURE() << "no minute with slot " << slot << " and " << left << " left";
+    return 0;
+  }
+
+  std::vector<Port> ports_;
+  Diamond diamond_;
+  TideState state_;
+};
+
+TEST_F(OneDiamond, RateRunsStraightAndDirectionJumpsHalfWay) {
+  Make();
+  const StreamReading at_high_water = ReadAt(MinuteWith(0, 30));
+  EXPECT_FLOAT_EQ(at_high_water.rate, 7.5F);
+  EXPECT_EQ(at_high_water.direction, 70.0F);
+  EXPECT_EQ(StreamLabel(state_, at_high_water), "2045, 7");
+  const StreamReading a_minute_later = ReadAt(MinuteWith(0, 29));
+  EXPECT_EQ(a_minute_later.direction, 80.0F);
+  // Half an hour before high water the rate is that of high water.
+  EXPECT_FLOAT_EQ(ReadAt(MinuteWith(-1, 0)).rate, 7.0F);
+  // Behind six hours after, the table goes round to six hours before.
+  const StreamReading round = ReadAt(MinuteWith(6, 10));
+  EXPECT_EQ(round.direction, 10.0F);
+  EXPECT_FLOAT_EQ(round.rate, static_cast<float>(13.0 - 50 * (12.0 / 60)));
+}
+
+TEST_F(OneDiamond, KeepsItsDirectionOnTheWayToSlack) {
+  diamond_.direction[8] = diamond_.neap_rate[8] = diamond_.spring_rate[8] = 0.0F;
+  Make();
+  const StreamReading easing = ReadAt(MinuteWith(0, 15));
+  EXPECT_EQ(easing.direction, 70.0F);
+  EXPECT_FLOAT_EQ(easing.rate, 7.0F * 0.25F);
+  const StreamReading rising = ReadAt(MinuteWith(1, 45));
+  EXPECT_EQ(rising.direction, 90.0F);
+  // The reading of one diamond has no such rule.
+  StreamReader reader(state_);
+  StreamReading plain;
+  reader.CalcDaysStream(diamond_, static_cast<float>(MinuteWith(0, 15) / 60.0), kDate, plain);
+  EXPECT_EQ(plain.direction, 0.0F);
+}
+
+TEST_F(OneDiamond, ReachesThirtyMilesAndNoFarther) {
+  Make();
+  EXPECT_EQ(ReadAt(600, {50.5F, -1.0F}).diamond, 0);
+  const StreamReading beyond = ReadAt(600, {50.502F, -1.0F});
+  EXPECT_EQ(StreamLabel(state_, beyond), "NONE");
+  EXPECT_EQ(beyond.rate, 0.0F);
+  EXPECT_EQ(beyond.direction, 0.0F);
+}
+
+TEST_F(OneDiamond, ClampsTheRangeToNeapsAndSprings) {
+  Make();
+  const float neap = ReadAt(MinuteWith(0, 30)).rate;
+  diamond_.np_range = 0.01F;
+  diamond_.sp_range = 0.02F;
+  Make();
+  const float spring = ReadAt(MinuteWith(0, 30)).rate;
+  EXPECT_FLOAT_EQ(neap, 7.5F);
+  EXPECT_FLOAT_EQ(spring, 100.0F);
+}
+
+TEST_F(OneDiamond, EqualRangesLeaveTheReadingAsItWas) {
+  diamond_.sp_range = diamond_.np_range;
+  Make();
+  StreamReader reader(state_);
+  StreamReading reading;
+  reading.rate = 1.25F;
+  EXPECT_EQ(reader.CalculateTidalStreams({50.0F, -1.0F}, 6.0F, kDate, reading),
+            StreamFault::kDivideByZero);
+  EXPECT_EQ(reading.rate, 1.25F);
+  RecordingMessages messages;
+  RefreshTideState(state_, true, 6.0F, {});
+  messages.Expect(
+      "CalculateTidalStreams\n"
+      "Divide by Zero (Diamond(iCount)Sprange - Diamond(iCount).Nprange)");
+  CalculateTidalStreamTable(state_, messages);
+  EXPECT_TRUE(state_.tidal_streams.empty());
+}
+
+TEST_F(OneDiamond, APortThatNeverTurnsGivesNoStream) {
+  ports_[0] = Port{};
+  Make();
+  EXPECT_EQ(StreamLabel(state_, ReadAt(600)), "NONE");
+}
+
+TEST(DiamondIndex, FindsWhatAWalkFinds) {
+  const unsigned seed = 20260607;
+  SCOPED_TRACE(seed);
+  std::mt19937 random(seed);
+  for (const int count : {1, 2, 7, 60, 300, 1500}) {
+    std::vector<Diamond> diamonds = RandomDiamonds(random, count, 3);
+    // Twins, and one beyond any sea.
+    diamonds.push_back(diamonds.front());
+    diamonds.push_back(diamonds.front());
+    diamonds.push_back(diamonds.back());
+    diamonds.back().longitude = 4000.0F;
+    const DiamondIndex index(diamonds);
+    std::uniform_real_distribution<float> latitude(47.0F, 52.5F);
+    std::uniform_real_distribution<float> longitude(-7.0F, 3.0F);
+    for (int i = 0; i < 3000; ++i) {
+      Position place{latitude(random), longitude(random)};
+      if (i % 5 == 0) {  // on the line where two mirrored diamonds tie
+        const Diamond& d = diamonds[static_cast<std::size_t>(i) % diamonds.size()];
+        place = {d.latitude, d.longitude + 0.125F};
+      }
+      float best = 9999.0F;
+      int found = -1;
+      for (std::size_t k = 0; k < diamonds.size(); ++k) {
+        const float range = RangeBearing(place.latitude, place.longitude, diamonds[k].latitude,
+                                         diamonds[k].longitude)
+                                .range;
+        if (range < best) {
+          best = range;
+          found = static_cast<int>(k);
+        }
+      }
+      ASSERT_EQ(index.Nearest(place), best <= 30.0F ? found : -1)
+          << count << ": " << place.latitude << " " << place.longitude;
+    }
+  }
+}
+
+TEST(Streams, AreThePlainOnesBitForBit) {
+  const unsigned seed = 31415926;
+  SCOPED_TRACE(seed);
+  std::mt19937 random(seed);
+  std::vector<Port> ports;
+  for (int i = 0; i < 10; ++i) ports.push_back(RandomPort(random, "P" + std::to_string(i)));
+  const std::vector<Diamond> diamonds = RandomDiamonds(random, 300, 10);
+  const TideState state = MadeTides(diamonds, ports, {100, 2026});
+  reference::PlainTides plain(diamonds, state.ref_ports, ports, false);
+  StreamReader reader(state);
+  std::uniform_real_distribution<float> latitude(48.2F, 51.3F);
+  std::uniform_real_distribution<float> longitude(-5.5F, 2.0F);
+  std::uniform_real_distribution<float> hours(0.0F, 24.0F);
+  std::uniform_int_distribution<int> day(1, 366);
+  DayAndYear date{1, 2026};
+  int none = 0;
+  for (int i = 0; i < 6000; ++i) {
+    // The plain form is slow at building days; a few readings on each.
+    if (i % 100 == 0) {
+      date = {static_cast<std::int16_t>(day(random)), static_cast<std::int16_t>(1990 + i % 60)};
+    }
+    const Position place{latitude(random), longitude(random)};
+    const float time = std::min(hours(random), 23.99999F);
+    float rate = 0;
+    float direction = 0;
+    int slot = 0;
+    std::string label;
+    plain.CalculateTidalStreams(place.latitude, place.longitude, time, date.day, date.year, rate,
+                                direction, slot, label);
+    StreamReading reading;
+    reader.CalculateTidalStreams(place, time, date, reading);
+    ASSERT_EQ(reading.rate, rate) << i;
+    ASSERT_EQ(reading.direction, direction) << i;
+    ASSERT_EQ(reading.dep_slot, slot) << i;
+    ASSERT_EQ(StreamLabel(state, reading), label) << i;
+    none += label == "NONE" ? 1 : 0;
+  }
+  EXPECT_GT(none, 10);
+  EXPECT_LT(none, 3000);
+}
+
+TEST(Streams, RefreshShowsThePortsOfTheDay) {
+  TideState state = SampleTides({339, 2026});
+  RefreshTideState(state, true, 6.5F, {});
+  ASSERT_EQ(state.ref_port_states.size(), state.ref_ports.size());
+  const RefPortState& dover = state.ref_port_states.front();
+  EXPECT_EQ(dover.port_name, "Dover");
+  EXPECT_EQ(dover.hw_time, "08:20");
+  EXPECT_EQ(dover.dep_slot, -2);
+  EXPECT_EQ(dover.mins_left, 20);  // 110 minutes before: 110 - 90
+  ASSERT_EQ(dover.tides.size(), 4U);
+  EXPECT_EQ(dover.tides[1].first, "08:20");
+  // The clock stands in for the time when the time is not overridden.
+  ClockReading now;
+  now.hour = 6;
+  now.minute = 30;
+  RefreshTideState(state, false, 20.0F, now);
+  EXPECT_EQ(state.ref_port_states.front().hw_time, "08:20");
+
+  RecordingMessages messages;
+  EXPECT_EQ(CalculateTidalStreamTable(state, messages), static_cast<int>(state.diamonds.size()));
+  ASSERT_EQ(state.tidal_streams.size(), state.diamonds.size());
+  for (const TidalStream& stream : state.tidal_streams) {
+    EXPECT_EQ(stream.rate, static_cast<float>(std::round(stream.rate * 10.0) / 10.0));
+  }
+}
+
+TEST(Diamonds, KeepsThoseOnTheChartAndCountsEveryPort) {
+  std::mt19937 random(9);
+  std::vector<Diamond> records = RandomDiamonds(random, 5, 2);
+  records[0] = Diamond{};
+  records[1].latitude = 35.0F;
+  records[1].ref_port = 9;
+  records[2].latitude = 75.0F;
+  const std::vector<Diamond> kept = KeepCharted(records);
+  EXPECT_EQ(kept.size(), 2U);
+  const std::vector<std::int16_t> ports = FindRefPorts(records);
+  EXPECT_EQ(ports, (std::vector<std::int16_t>{0, 9, 1, 2}));
+}
+
+TEST(Diamonds, BadFilesAreToldAndLeaveNoHalfTable) {
+  TempFolder folder;
+  std::filesystem::create_directories(folder.path() + "/TS");
+  const Folders folders{folder.path(), "", ""};
+  TideState state = SampleTides({339, 2026});
+  RecordingMessages messages;
+
+  messages.Expect("LoadDiamondsError " + folder.File("TS/Missing.l25") +
+                  ": the file does not exist");
+  LoadDiamonds(state, folders, "Missing", messages);
+  EXPECT_TRUE(state.diamonds.empty());
+  const auto ports = state.ref_ports;
+  FindRefPorts(state, folders, "Missing");
+  EXPECT_EQ(state.ref_ports, ports);
+
+  messages.Expect("LoadSlDiamondsError " + folder.File("TS/no.l25") + ": the file does not exist");
+  LoadSlDiamonds(state, folders, "no.l25", messages);
+
+  // A file of noise loads without a crash; what it names does not exist.
+  std::mt19937 random(1);
+  std::string noise(196 * 20 + 100, '\0');
+  for (char& c : noise) c = static_cast<char>(random());
+  folder.Write("TS/Noise.l25", noise);
+  class Any final : public Messages {
+   public:
+    void Show(std::string_view, MessageIcon, std::string_view) override { ++shown; }
+    bool Ask(std::string_view, std::string_view) override { return false; }
+    int shown = 0;
+  } any;
+  FindRefPorts(state, folders, "Noise");
+  LoadDiamonds(state, folders, "Noise", any);
+  BuildRefPortHeights(state, folders, {339, 2026}, false, any);
+  EXPECT_GE(any.shown, 1);
+  const int shown = any.shown;
+  BuildRefPortHeights(state, folders, {340, 2026}, false, any);
+  EXPECT_EQ(any.shown, shown) << "the same trouble is told once";
+  StreamReader reader(state);
+  StreamReading reading;
+  reader.CalculateTidalStreams({50.0F, -1.0F}, 6.0F, {339, 2026}, reading);
+  EXPECT_EQ(reading.rate, 0.0F);
+}
+
+TEST(Diamonds, APortThatTheFileLacksGivesNoStreamAndOneMessage) {
+  TempFolder folder;
+  std::filesystem::create_directories(folder.path() + "/TS");
+  std::mt19937 random(2);
+  std::vector<Diamond> diamonds = RandomDiamonds(random, 2, 2);
+  diamonds[1].ref_port = 50.0F;
+  diamonds[1].latitude = diamonds[0].latitude + 0.3F;
+  folder.Write("TS/Area.l25", EncodeRecords<Diamond>(diamonds, kDiamondFields));
+  const std::vector<Port> ports = {RandomPort(random, "One")};
+  folder.Write("RefPorts.hc", EncodeRecords<Port>(ports, kRefPortFields));
+  const Folders folders{folder.path(), "", ""};
+  TideState state;
+  RecordingMessages messages;
+  FindRefPorts(state, folders, "Area");
+  messages.Expect(folder.File("RefPorts.hc") +
+                  ": the tidal diamonds refer to ports that this file does not hold (50), they "
+                  "give no tidal stream.");
+  BuildRefPortHeights(state, folders, {10, 2026}, false, messages);
+  LoadDiamonds(state, folders, "Area", messages);
+  StreamReader reader(state);
+  StreamReading reading;
+  reader.CalculateTidalStreams({diamonds[0].latitude, diamonds[0].longitude}, 5.0F, {10, 2026},
+                               reading);
+  EXPECT_EQ(reading.diamond, 0);
+  reader.CalculateTidalStreams({diamonds[1].latitude, diamonds[1].longitude}, 5.0F, {10, 2026},
+                               reading);
+  EXPECT_EQ(StreamLabel(state, reading), "NONE");
+}
+
+}  // namespace
+}  // namespace skerrow

@@ -1,0 +1,12 @@
+// Runs the tests inside an application without a screen.
+
+#include <QApplication>
+#include <QByteArray>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  QApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
