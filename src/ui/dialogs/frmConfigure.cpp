@@ -12,16 +12,8 @@ namespace skerrow {
 namespace {
 
 // A field with its unit behind it, as one row of a form.
-QLayout* WithUnit(QWidget* field, const QString& unit) {
-  auto* row = new QHBoxLayout;
-  row->addWidget(field);
-  if (!unit.isEmpty()) row->addWidget(new QLabel(unit));
-  row->addStretch(1);
-  return row;
-}
-
 void AddField(QFormLayout* form, const QString& label, QWidget* field, const QString& unit) {
-  form->addRow(MakeLabel(label, field), WithUnit(field, unit));
+  form->addRow(MakeLabel(label, field), MakeRow({field, new QLabel(unit)}));
 }
 
 QFormLayout* MakeForm(QGroupBox* box) {
@@ -180,8 +172,7 @@ QWidget* FrmConfigure::MakeStreamPage() {
 QWidget* FrmConfigure::MakeWindPage() {
   show_wind_ = Named<QCheckBox>("chkShowwind", tr("Show wind along the r&oute"));
   barb_text_ = Named<QCheckBox>("chkBarbDisplayText", tr("Write the speed beside the bar&bs"));
-  forecast_wind_ =
-      Named<QCheckBox>("chkUseSmartMet", tr("Take the wind from imported &forecasts"));
+  forecast_wind_ = Named<QCheckBox>("chkUseSmartMet", tr("Take the wind from imported &forecasts"));
   barb_weight_ = MakeList("cmbBarbWeight", LineWidthChoices(), true);
   barb_length_ = MakeList("cmbBarbLength", BarbLengthChoices(), true);
   barb_spacing_ = MakeList("cmbBarbSpacing", BarbSpacingChoices(), true);

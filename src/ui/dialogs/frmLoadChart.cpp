@@ -72,8 +72,9 @@ QLayout* FrmLoadChart::MakeChoices() {
   auto* column = new QVBoxLayout;
   column->addWidget(MakeLabel(tr("Sea &area:"), areas_));
   column->addWidget(areas_);
-  column->addWidget(MakeHint(tr("Choose a sea area, then a chart of it. The list shows the charts "
-                                "whose scale is above the one chosen here.")));
+  column->addWidget(
+      MakeHint(tr("Choose a sea area, then a chart of it. The list shows the charts "
+                  "whose scale is above the one chosen here.")));
   auto* grid = new QGridLayout;
   grid->addWidget(MakeLabel(tr("Charts abo&ve:"), scale_list_), 0, 0);
   grid->addWidget(scale_list_, 0, 1);
@@ -95,8 +96,8 @@ QLayout* FrmLoadChart::MakeChoices() {
 void FrmLoadChart::LoadArea() {
   if (areas_->currentItem() == nullptr) return;
   config_.sea_area = FromQt(areas_->currentItem()->text());
-  const Status loaded = LoadChartIndex(desktop().program.folders, config_, charts_,
-                                       desktop().messages);
+  const Status loaded =
+      LoadChartIndex(desktop().program.folders, config_, charts_, desktop().messages);
   if (!loaded) desktop().messages.Show(loaded.error().Text(), MessageIcon::kWarning);
   FillCharts();
 }
@@ -116,8 +117,8 @@ void FrmLoadChart::FillCharts() {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
       auto* item = new QListWidgetItem(ToQt(rows_[i].title), list_);
       item->setData(Qt::UserRole, static_cast<int>(rows_[i].entry));
-      const std::string path = ChartPathOf(desktop().program.folders,
-                                           Trim(charts_.index[rows_[i].entry].chart_key));
+      const std::string path =
+          ChartPathOf(desktop().program.folders, Trim(charts_.index[rows_[i].entry].chart_key));
       if (path == Trim(desktop().program.config.chart_path)) current = static_cast<int>(i);
     }
     list_->setCurrentRow(current);
@@ -149,9 +150,9 @@ void FrmLoadChart::Accept() {
   const int row = list_->currentRow();
   if (row < 0) return;
   Program& program = desktop().program;
-  const ChartChoice choice = {
-      config_.sea_area, charts_.index[rows_[static_cast<std::size_t>(row)].entry].chart_key,
-      filter_};
+  const ChartChoice choice = {config_.sea_area,
+                              charts_.index[rows_[static_cast<std::size_t>(row)].entry].chart_key,
+                              filter_};
   if (const Status chosen = ChooseChart(program.folders, choice, program.config, program.charts);
       !chosen) {
     desktop().messages.Show(chosen.error().Text(), MessageIcon::kWarning);

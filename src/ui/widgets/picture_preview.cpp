@@ -36,8 +36,7 @@ void PicturePreview::paintEvent(QPaintEvent*) {
   const Theme& theme = ThemeInForce();
   painter.fillRect(rect(), theme.base);
   if (!pixmap_.isNull()) {
-    const QSize fitted =
-        pixmap_.size().scaled(size() * devicePixelRatioF(), Qt::KeepAspectRatio);
+    const QSize fitted = pixmap_.size().scaled(size() * devicePixelRatioF(), Qt::KeepAspectRatio);
     QPixmap shown = Dimmed(pixmap_.scaled(fitted, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     shown.setDevicePixelRatio(devicePixelRatioF());
     const QSizeF room = QSizeF(fitted) / devicePixelRatioF();

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "app/program.h"
@@ -73,9 +72,9 @@ class SampleDesk {
   SampleDesk()
       : root_(std::filesystem::temp_directory_path() /
               ("skerrow-dialogs-" + std::to_string(::getpid()) + "-" + std::to_string(++count_))),
-        program({SKERROW_PROGRAM_FOLDER, (root_ / "documents").string(),
-                 (root_ / "settings").string()},
-                clock),
+        program(
+            {SKERROW_PROGRAM_FOLDER, (root_ / "documents").string(), (root_ / "settings").string()},
+            clock),
         desktop{program, messages, settings, clipboard, window} {
     std::filesystem::create_directories(root_);
     MakeUserFolders(program.folders);

@@ -1,9 +1,10 @@
 // Writes a picture of every dialog, by day and by night, into the folder given.
 #include <QApplication>
-#include <QFile>
 #include <QDir>
+#include <QFile>
 #include <QFontDatabase>
 #include <QTest>
+#include <QTimer>
 #include <cstdio>
 #include <functional>
 
@@ -33,7 +34,8 @@ class Album {
 
   void Keep(QDialog& dialog, const QString& name) const {
     dialog.show();
-    if (!QTest::qWaitForWindowExposed(&dialog)) std::fprintf(stderr, "not shown: %s\n", qPrintable(name));
+    if (!QTest::qWaitForWindowExposed(&dialog))
+      std::fprintf(stderr, "not shown: %s\n", qPrintable(name));
     QTest::qWait(120);
     dialog.grab().save(folder_ + "/" + name + (ThemeInForce().night ? "-night" : "") + ".png");
     dialog.hide();
@@ -91,6 +93,7 @@ void KeepAll(const Album& album) {
     auto* list = form.findChild<QListWidget*>("lstWaypoints");
     emit list->itemDoubleClicked(list->item(0));
     emit list->itemDoubleClicked(list->item(5));
+    form.findChild<QRadioButton*>("optPort")->setChecked(true);
     form.findChild<QPushButton*>("cmdCalculate")->click();
     album.Keep(form, "frmSetLeg");
   }
@@ -105,6 +108,19 @@ void KeepAll(const Album& album) {
   {
     FrmLoadChart form(desktop, nullptr);
     album.Keep(form, "frmLoadChart");
+  }
+  {
+    DesktopMessages messages;
+    QTimer::singleShot(300, [&album] {
+      auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (box == nullptr) return;
+      album.Keep(*box, "message");
+      box->reject();
+    });
+    messages.Ask(
+        "Boat speed very low between waypoints 1 and 2\nDo you wish to continue?\n"
+        "(This may cause problems)",
+        kProgramTitle);
   }
   {
     FrmQuickInstructions form(desktop, nullptr);
