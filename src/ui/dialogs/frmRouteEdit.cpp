@@ -34,12 +34,12 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
   legs_->setSelectionMode(QAbstractItemView::SingleSelection);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
-  auto* left = new QVBoxLayout;
+  QVBoxLayout* left = MakeColumn();
   left->addWidget(MakeHeading(tr("Legs of the route (double click edits one)")));
   left->addWidget(legs_, 1);
   left->addWidget(MakeLegBox());
   columns->addLayout(left, 1);
-  auto* right = new QVBoxLayout;
+  QVBoxLayout* right = MakeColumn();
   right->addWidget(view_, 1);
   right->addLayout(MakeInsertion());
   columns->addLayout(right, 1);

@@ -15,7 +15,7 @@ FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, QWidget* parent)
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   columns->addWidget(view_, 5);
-  auto* right = new QVBoxLayout;
+  QVBoxLayout* right = MakeColumn();
   right->addWidget(MakeHeading(tr("Route")));
   right->addWidget(route_, 1);
   auto* row = new QHBoxLayout;

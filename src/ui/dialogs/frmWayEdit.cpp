@@ -21,11 +21,11 @@ FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent)
       longitude_(MakeLongitudeEdit(desktop.messages, "txtlong")) {
   auto* columns = new QHBoxLayout;
   columns->setSpacing(12);
-  auto* left = new QVBoxLayout;
+  QVBoxLayout* left = MakeColumn();
   left->addWidget(MakeHeading(tr("Files")));
   left->addWidget(files_, 1);
   columns->addLayout(left, 2);
-  auto* right = new QVBoxLayout;
+  QVBoxLayout* right = MakeColumn();
   right->addWidget(count_);
   right->addWidget(list_, 1);
   right->addWidget(MakeEntryBox());

@@ -17,7 +17,7 @@ FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   columns->addWidget(view_, 5);
-  auto* right = new QVBoxLayout;
+  QVBoxLayout* right = MakeColumn();
   right->addWidget(MakeHeading(tr("Copied")));
   right->addWidget(picked_, 1);
   right->addWidget(MakeLabel(tr("&Destination file:"), name_));

@@ -15,8 +15,8 @@ std::string JoinLines(const std::vector<std::string>& lines);
 // keyboard makes its first row the current one though nobody chose it.
 int SelectedRow(const QListWidget& list);
 
-// A list of report lines. Columns separated by tabs line up over all rows that have as many; what
-// is copied keeps the tabs. Ctrl+C copies the selected rows.
+// A list of report lines. Columns separated by tabs, one or several, line up over all rows that
+// have as many; what is copied keeps the tabs. Ctrl+C copies the selected rows.
 class TextList : public QListWidget {
   Q_OBJECT
 
