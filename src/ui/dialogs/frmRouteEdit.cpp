@@ -60,7 +60,7 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
   view_->Refresh(desktop.program.config.waypoint_file);
   Load();
   legs_->setFocus();
-  resize(1080, 560);
+  resize(1140, 580);
 }
 
 QWidget* FrmRouteEdit::MakeLegBox() {

@@ -61,6 +61,7 @@ QWidget* FrmWayEdit::MakeEntryBox() {
   auto* rows = new QVBoxLayout(box);
   QHBoxLayout* fields = MakeRow({MakeLabel(tr("&Name:"), name_), name_, latitude_, longitude_});
   fields->setStretch(1, 1);
+  fields->setStretch(fields->count() - 1, 0);
   rows->addLayout(fields);
   const auto key = [](const char* name, const QString& text) {
     auto* button = Named<QPushButton>(name, text);
