@@ -252,40 +252,6 @@ RouteOutcome CalculateRoute(const RouteRequest& request, const AppConfig& config
   return RouteOutcome::kDone;
 }
 
-std::vector<std::string> RouteListLines(const std::vector<RoutePoint>& points) {
-  std::vector<std::string> lines;
-  const auto named = [](const std::string& name) {
-    const std::string trimmed = Trim(name);
-    return trimmed.empty() ? "" : trimmed + " ";
-  };
-  for (std::size_t i = 0; i + 1 < points.size(); ++i) {
-    const RoutePoint& point = points[i];
-    const RangeAndBearing direct = RangeBearing(point.At(), point.Next());
-    const std::string tack = TackName(static_cast<Tack>(point.tack));
-    lines.push_back(named(point.name) + "From   :" + LatToText(point.latitude) + "," +
-                    LongToText(point.longitude));
-    lines.push_back(named(point.next_name) + "To      :" + LatToText(point.next_latitude) + " , " +
-                    LongToText(point.next_longitude));
-    lines.push_back(
-        "Speed : " + OneDecimal(point.speed) + " Kn.  Range = " + OneDecimal(direct.range) +
-        "  Bearing = " + ThreeDigits(direct.bearing) + "°T" + (tack.empty() ? "" : " " + tack));
-    lines.emplace_back(" ");
-  }
-  return lines;
-}
-
-std::string TackName(Tack tack) {
-  switch (tack) {
-    case Tack::kNone:
-      break;
-    case Tack::kPort:
-      return "Port Tack";
-    case Tack::kStarboard:
-      return "Starboard Tack";
-  }
-  return "";
-}
-
 std::vector<std::string> ReferencePortLines(const TideState& tides, DayAndYear date) {
   std::vector<std::string> lines = {" ", "Reference Port predictions for the areas Tidal Diamonds ",
                                     " "};

@@ -46,13 +46,6 @@ RouteOutcome CalculateRoute(const RouteRequest& request, const AppConfig& config
                             const TideState& tides, RouteState& route, PassageState& passage,
                             Messages& messages, Progress& progress);
 
-// The four lines that a dialog's list shows of each leg: from, to, speed with range and bearing,
-// and a blank.
-std::vector<std::string> RouteListLines(const std::vector<RoutePoint>& points);
-
-// "Port Tack", "Starboard Tack", or empty.
-std::string TackName(Tack tack);
-
 // The high and low waters of a day at the reference ports, as they end every report.
 std::vector<std::string> ReferencePortLines(const TideState& tides, DayAndYear date);
 
