@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "app/timers.h"
+#include "charts/chart_view.h"
 #include "routes/route_editing.h"
 #include "routes/route_history.h"
 #include "ui/desktop.h"
