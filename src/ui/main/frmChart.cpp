@@ -200,7 +200,7 @@ void FrmChart::MakeToolbars() {
   route_combo_->setMinimumWidth(260);
   route_combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   route_combo_->view()->setMinimumWidth(520);
-  view_toolbar_->addWidget(route_combo_);
+  route_combo_place_ = view_toolbar_->addWidget(route_combo_);
   RefreshIcons();
 }
 
@@ -334,7 +334,7 @@ void FrmChart::UpdateRouteCombo() {
       calculated ? passage.route_combo : RouteComboRows(program().route);
   route_combo_->clear();
   for (const std::string& row : rows) route_combo_->addItem(ToQt(row));
-  route_combo_->setVisible(!rows.empty());
+  route_combo_place_->setVisible(!rows.empty());
   if (calculated) route_combo_->setToolTip(ToQt(passage.route_combo_text));
 }
 
@@ -355,7 +355,8 @@ std::unique_ptr<Progress> FrmChart::StartProgress(const char*) {
 void FrmChart::ServeEvents() { QCoreApplication::processEvents(); }
 
 void FrmChart::ShowReadout() {
-  const bool on_chart = viewer_->image_height() > 0;
+  // Before the mouse has been over the chart there is no cursor to tell of.
+  const bool on_chart = viewer_->image_height() > 0 && view_.cursor != Position{};
   readout_->setVisible(on_chart);
   if (!on_chart) return;
   QStringList rows;

@@ -160,6 +160,8 @@ class FrmChart final : public QMainWindow,
   bool SwitchChart(const std::string& chart_path);
   void LoadAreaData();
   void PaintOverlays(DrawingSurface& surface);
+  // Tells that there is no chart, puts the default settings back and ends the program.
+  void GiveUpChart();
   void SaveView();
   void RestoreView();
   void ShowPopUp(QPoint at);
@@ -179,6 +181,7 @@ class FrmChart final : public QMainWindow,
   QToolBar* toolbar_ = nullptr;
   QToolBar* view_toolbar_ = nullptr;
   QComboBox* route_combo_ = nullptr;
+  QAction* route_combo_place_ = nullptr;  // shows and hides it in its toolbar
   QLabel* readout_ = nullptr;   // Picture1
   QLabel* dividers_ = nullptr;  // txtDividers
   QLabel* mob_label_ = nullptr;
@@ -193,6 +196,7 @@ class FrmChart final : public QMainWindow,
   bool tools_shown_ = false;
   bool redraw_ = true;
   bool busy_ = false;
+  bool chart_lost_ = false;  // there is no chart at all, and the user has been told
 };
 
 }  // namespace skerrow

@@ -95,6 +95,8 @@ bool FrmChart::DrawChart() {
                                              ChartViewer::OnFailure::kKeepOld, *progress);
   redraw_ = true;
   if (!opened) {
+    // At the start the window comes up without a chart and says so when it is used.
+    if (viewer_->image_height() < 1) return false;
     messages().Show("The chart picture cannot be opened.\n" + opened.error().Text(),
                     MessageIcon::kWarning, kProgramTitle);
     return false;
@@ -371,8 +373,25 @@ bool FrmChart::MousePressed(const ViewerMouse& mouse) {
   return false;
 }
 
+void FrmChart::GiveUpChart() {
+  if (chart_lost_) return;
+  chart_lost_ = true;
+  AppConfig& config = program().config;
+  config.chart_folder = Trim(config.chart_folder);
+  config.chart_path = Trim(config.chart_path);
+  messages().Show("Error in Chart File\n" + config.chart_path +
+                      "\n\nRestoring defaults to Sample Chart and exiting program",
+                  MessageIcon::kError, kProgramTitle);
+  WriteDefaultConfig(program().folders, messages());
+  QTimer::singleShot(0, this, &QWidget::close);
+}
+
 bool FrmChart::MouseMoved(const ViewerMouse& mouse) {
-  if (busy_ || viewer_->image_height() < 1) return true;
+  if (busy_) return true;
+  if (viewer_->image_height() < 1) {
+    GiveUpChart();
+    return true;
+  }
   mouse_.Move(PlaceUnder(mouse), {mouse.buttons.testFlag(Qt::LeftButton),
                                   mouse.buttons.testFlag(Qt::RightButton),
                                   mouse.modifiers.testFlag(Qt::ShiftModifier)});
