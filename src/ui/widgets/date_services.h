@@ -1,0 +1,16 @@
+#pragma once
+
+#include "core/date_order.h"
+
+namespace skerrow {
+
+// The desktop's date services. The short form of a locale that writes two-digit years or no
+// separators is widened to day, month and a four-digit year in the locale's own order, so that the
+// date gate passes wherever the order can be told at all.
+class LocaleDateServices final : public DateServices {
+ public:
+  std::string ShortToday() const override;
+  std::string AbbreviatedWeekday(std::string_view date_text) const override;
+};
+
+}  // namespace skerrow
