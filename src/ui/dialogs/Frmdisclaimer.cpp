@@ -109,7 +109,7 @@ Frmdisclaimer::Frmdisclaimer(Program& program, Messages& messages, QWidget* pare
   });
   connect(decline, &QPushButton::clicked, this, &QDialog::reject);
   accept_button->setFocus();
-  resize(600, 500);
+  resize(640, 600);
 }
 
 bool Frmdisclaimer::Prepare(const Program& program, const DateServices& services,

@@ -53,9 +53,7 @@ QAction* FrmOptResults::MakeAction(const char* name, const QString& text) {
 }
 
 void FrmOptResults::MakeCommands() {
-  const auto copy_all = [this] {
-    desktop().clipboard.SetText(JoinLines(list_->lines()) + "\n");
-  };
+  const auto copy_all = [this] { desktop().clipboard.SetText(JoinLines(list_->lines()) + "\n"); };
   const auto copy_image = [this] { CopyImage(); };
   const auto print = [this] { Print(); };
   const auto calculate = [this] { CalculateCourse(); };

@@ -17,9 +17,8 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
       legs_(new TextList(desktop.clipboard, "List1")),
       bar_(Named<QProgressBar>("ProgressBar1")),
       progress_(Named<QLabel>("lblProgress")) {
-  body()->addWidget(
-      MakeHint(tr("The route is calculated for every whole hour of the slot on %1.")
-                   .arg(ToQt(DateText(desktop.program.selected_time.Day())))));
+  body()->addWidget(MakeHint(tr("The route is calculated for every whole hour of the slot on %1.")
+                                 .arg(ToQt(DateText(desktop.program.selected_time.Day())))));
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   columns->addWidget(legs_, 1);
@@ -69,9 +68,8 @@ void FrmRouteOptDeparture::showEvent(QShowEvent* event) {
   if (inputs_checked_) return;
   inputs_checked_ = true;
   // Behind the first paint, so that a message stands over the dialog that it is about.
-  QTimer::singleShot(0, this, [this] {
-    CheckLegSpeeds(desktop().program.route.points, desktop().messages);
-  });
+  QTimer::singleShot(
+      0, this, [this] { CheckLegSpeeds(desktop().program.route.points, desktop().messages); });
 }
 
 std::size_t FrmRouteOptDeparture::Slot() const {

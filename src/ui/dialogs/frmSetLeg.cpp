@@ -82,25 +82,17 @@ QWidget* FrmSetLeg::MakeEntries() {
   grid->addWidget(MakeLabel(tr("T&o:"), end_latitude_), 2, 0);
   grid->addWidget(end_latitude_, 2, 1);
   grid->addWidget(end_longitude_, 2, 2);
-  auto* fill = new QHBoxLayout;
   auto* sides = new QButtonGroup(this);
   sides->addButton(fill_start_);
   sides->addButton(fill_end_);
-  fill->addWidget(fill_start_);
-  fill->addWidget(fill_end_);
-  fill->addStretch(1);
   grid->addWidget(new QLabel(tr("A waypoint goes to:")), 3, 0, 1, 3);
-  grid->addLayout(fill, 4, 0, 1, 3);
+  grid->addLayout(MakeRow({fill_start_, fill_end_}), 4, 0, 1, 3);
   column->addWidget(places);
 
   auto* sailing = new QGroupBox(tr("Departure"));
   auto* rows = new QGridLayout(sailing);
   rows->addWidget(MakeLabel(tr("&Boat speed:"), speed_), 0, 0);
-  auto* speed = new QHBoxLayout;
-  speed->addWidget(speed_);
-  speed->addWidget(new QLabel(tr("kn")));
-  speed->addStretch(1);
-  rows->addLayout(speed, 0, 1);
+  rows->addLayout(MakeRow({speed_, new QLabel(tr("kn"))}), 0, 1);
   rows->addWidget(new QLabel(tr("Date:")), 1, 0);
   rows->addWidget(new QLabel(ToQt(DateText(desktop().program.selected_time.Day()))), 1, 1);
   rows->addWidget(MakeLabel(tr("T&ime:"), time_->text_box()), 2, 0);
@@ -113,22 +105,16 @@ QWidget* FrmSetLeg::MakeEntries() {
 
 QWidget* FrmSetLeg::MakeLeewayBox() {
   auto* box = new QGroupBox(tr("Leeway"));
-  auto* grid = new QGridLayout(box);
+  auto* rows = new QVBoxLayout(box);
   leeway_->SetColumns(5);
   leeway_->setToolTip(tr("Leeway angle, degrees"));
   auto* sides = new QButtonGroup(this);
   sides->addButton(wind_port_);
   sides->addButton(wind_starboard_);
-  grid->addWidget(leeway_on_, 0, 0, 1, 3);
-  grid->addWidget(MakeLabel(tr("A&ngle:"), leeway_), 1, 0);
-  grid->addWidget(leeway_, 1, 1);
-  grid->addWidget(new QLabel(QStringLiteral("\u00b0")), 1, 2);
-  grid->setColumnStretch(2, 1);
-  auto* winds = new QHBoxLayout;
-  winds->addWidget(wind_port_);
-  winds->addWidget(wind_starboard_);
-  winds->addStretch(1);
-  grid->addLayout(winds, 2, 0, 1, 3);
+  rows->addWidget(leeway_on_);
+  rows->addLayout(
+      MakeRow({MakeLabel(tr("A&ngle:"), leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
+  rows->addLayout(MakeRow({wind_port_, wind_starboard_}));
   return box;
 }
 

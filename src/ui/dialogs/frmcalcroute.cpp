@@ -79,15 +79,11 @@ QWidget* FrmCalcRoute::MakeLegBox() {
   grid->addWidget(end_latitude_, 2, 2);
   grid->addWidget(end_longitude_, 2, 3);
   grid->addWidget(MakeLabel(tr("&Speed:"), speed_), 3, 0);
-  auto* row = new QHBoxLayout;
-  row->addWidget(speed_);
-  row->addWidget(new QLabel(tr("kn")));
   auto* all = Named<QPushButton>("cmdRouteSpeed", tr("Appl&y to all Legs"));
   all->setToolTip(tr("Gives every leg this speed"));
   auto* accept = Named<QPushButton>("cmdModify", tr("&Accept"));
   accept->setToolTip(tr("Writes these values into the leg"));
-  row->addWidget(all);
-  row->addStretch(1);
+  QHBoxLayout* row = MakeRow({speed_, new QLabel(tr("kn")), all});
   row->addWidget(accept);
   grid->addLayout(row, 3, 1, 1, 3);
   grid->setColumnStretch(1, 1);
@@ -112,14 +108,10 @@ QWidget* FrmCalcRoute::MakeSideColumn() {
   auto* leeway = new QGroupBox(tr("Leeway"));
   auto* leeway_rows = new QVBoxLayout(leeway);
   leeway_rows->addWidget(leeway_on_);
-  auto* angle = new QHBoxLayout;
   leeway_->SetColumns(5);
   leeway_->setToolTip(tr("Leeway angle, degrees; applied by the tack of each leg"));
-  angle->addWidget(MakeLabel(tr("A&ngle:"), leeway_));
-  angle->addWidget(leeway_);
-  angle->addWidget(new QLabel(QStringLiteral("\u00b0")));
-  angle->addStretch(1);
-  leeway_rows->addLayout(angle);
+  leeway_rows->addLayout(
+      MakeRow({MakeLabel(tr("A&ngle:"), leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
   auto* winds = new QHBoxLayout;
   auto* wind = Named<QPushButton>("cmdWind", tr("&Wind"));
   wind->setEnabled(false);
@@ -151,10 +143,9 @@ QWidget* FrmCalcRoute::MakeSideColumn() {
 }
 
 void FrmCalcRoute::MakeButtons() {
-  QPushButton* reverse =
-      AddLeftButton("cmdreverse", tr("&Reverse"), tr("Turns the route round"));
+  QPushButton* reverse = AddLeftButton("cmdreverse", tr("&Reverse"), tr("Turns the route round"));
   QPushButton* copy =
-      AddLeftButton("cmdCopy", tr("Cop&y"), tr("Puts the route plan on the clipboard"));
+      AddLeftButton("cmdCopy", tr("Co&py"), tr("Puts the route plan on the clipboard"));
   QPushButton* ok = AddButton("Cmdrteok", tr("&Calculate"));
   ok->setDefault(true);
   QPushButton* cancel = AddButton("cmdrtecancel", tr("Cancel"));
@@ -194,8 +185,8 @@ void FrmCalcRoute::LoadGps() {
   const std::optional<GpsReading> gps = GpsReadingOf(desktop().program);
   gps_box_->setVisible(gps.has_value());
   if (!gps) return;
-  gps_position_->setText(ToQt(LatToText(gps->position.latitude) + "  " +
-                              LongToText(gps->position.longitude)));
+  gps_position_->setText(
+      ToQt(LatToText(gps->position.latitude) + "  " + LongToText(gps->position.longitude)));
   const bool has_speed = gps->speed_over_ground.has_value();
   gps_speed_->setVisible(has_speed);
   use_sog_->setEnabled(has_speed);
@@ -210,12 +201,14 @@ void FrmCalcRoute::RouteEdited() {
 }
 
 void FrmCalcRoute::AcceptLegEntry() {
-  const LegEntry entry = {FromQt(start_name_->text()), start_latitude_->Text(),
-                          start_longitude_->Text(),    FromQt(end_name_->text()),
-                          end_latitude_->Text(),       end_longitude_->Text(),
+  const LegEntry entry = {FromQt(start_name_->text()),
+                          start_latitude_->Text(),
+                          start_longitude_->Text(),
+                          FromQt(end_name_->text()),
+                          end_latitude_->Text(),
+                          end_longitude_->Text(),
                           speed_->Text()};
-  const LegRefusal refusal =
-      AcceptLeg(desktop().program, leg_, entry, desktop().messages);
+  const LegRefusal refusal = AcceptLeg(desktop().program, leg_, entry, desktop().messages);
   if (refusal == LegRefusal::kNoLeg) return;
   if (refusal != LegRefusal::kNone) {
     Refuse(LegRefusalText(refusal), false,
@@ -241,8 +234,7 @@ void FrmCalcRoute::UseGps() {
 }
 
 void FrmCalcRoute::Copy() {
-  desktop().clipboard.SetText(
-      RoutePlanText(time_->Text(), FromQt(date_->text()), legs_->lines()));
+  desktop().clipboard.SetText(RoutePlanText(time_->Text(), FromQt(date_->text()), legs_->lines()));
 }
 
 void FrmCalcRoute::Calculate() {

@@ -25,8 +25,8 @@ FrmResults::FrmResults(Desktop& desktop, QWidget* parent)
   choices->addWidget(stream_id_, 0, 3);
   choices->setColumnStretch(4, 1);
   head()->addLayout(choices);
-  for (QAbstractButton* choice : std::initializer_list<QAbstractButton*>{
-           summary_, tidal_details_, every_, stream_id_}) {
+  for (QAbstractButton* choice :
+       std::initializer_list<QAbstractButton*>{summary_, tidal_details_, every_, stream_id_}) {
     connect(choice, &QAbstractButton::toggled, this, [this] { Load(); });
   }
   Load();

@@ -29,6 +29,7 @@ FrmTimDat::FrmTimDat(Desktop& desktop, QWidget* parent)
   form->setHorizontalSpacing(12);
   form->addRow(MakeLabel(tr("&Time:"), time_->text_box()), time_);
   auto* date = new QHBoxLayout;
+  date->setSpacing(6);
   // In the order in which this machine writes dates.
   const bool year_first = date_order_.starts_with("YYYY");
   const bool month_first = date_order_.find("MM") < date_order_.find("DD");
@@ -74,8 +75,7 @@ void FrmTimDat::ShowDay() {
 void FrmTimDat::Accept() {
   const SelectedTimeEntry entry = {time_->Text(), day_->currentData().toInt(),
                                    month_->currentData().toInt(), year_->currentData().toInt()};
-  const SelectedTimeRefusal refusal =
-      SetSelectedTime(desktop().program, entry, desktop().messages);
+  const SelectedTimeRefusal refusal = SetSelectedTime(desktop().program, entry, desktop().messages);
   switch (refusal) {
     case SelectedTimeRefusal::kNone:
       accept();

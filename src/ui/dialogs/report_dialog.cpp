@@ -28,9 +28,8 @@ ReportDialog::ReportDialog(Desktop& desktop, const char* name, const QString& ti
   ok_ = AddButton("cmdOK", tr("OK"));
   ok_->setDefault(true);
   connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
-  connect(print, &QPushButton::clicked, this, [this] {
-    PrintLines(this->desktop(), this, PrintHeading(), list_->lines());
-  });
+  connect(print, &QPushButton::clicked, this,
+          [this] { PrintLines(this->desktop(), this, PrintHeading(), list_->lines()); });
   connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
   resize(720, 540);
 }

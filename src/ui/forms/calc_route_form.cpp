@@ -16,8 +16,8 @@ bool Within(float value, float limit) { return std::fabs(value) <= limit; }
 }  // namespace
 
 CalcRouteTexts CalcRouteTextsOf(const Program& program) {
-  const float hours = program.selected_time.override_ ? program.selected_time.hours
-                                                      : program.clock->Now().Hours();
+  const float hours =
+      program.selected_time.override_ ? program.selected_time.hours : program.clock->Now().Hours();
   return {HoursToClock(hours), DateText(program.selected_time.Day()), program.use_leeway,
           ShortText(program.config.leeway_angle),
           "Route = " + FormatFixed(RouteLengthOf(program.route.points), 1, 1) + "Nm"};
@@ -36,8 +36,7 @@ std::string_view LegRefusalText(LegRefusal refusal) {
   return "";
 }
 
-LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry,
-                     Messages& messages) {
+LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry, Messages& messages) {
   std::vector<RoutePoint>& points = program.route.points;
   if (leg < 1 || leg >= points.size()) return LegRefusal::kNoLeg;
   const float start_latitude = TextToLat(entry.start_latitude);
@@ -47,8 +46,7 @@ LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry,
   for (const float latitude : {start_latitude, end_latitude}) {
     if (latitude == 0.0F || !Within(latitude, 90.0F)) return LegRefusal::kLatitude;
   }
-  if (end_longitude == 0.0F || !Within(end_longitude, 180.0F) ||
-      !Within(start_longitude, 180.0F)) {
+  if (end_longitude == 0.0F || !Within(end_longitude, 180.0F) || !Within(start_longitude, 180.0F)) {
     return LegRefusal::kLongitude;
   }
   RoutePoint& start = points[leg - 1];
@@ -121,8 +119,8 @@ void UseGpsForStart(Program& program, const GpsReading& gps, bool use_speed, Mes
 
 std::string RoutePlanText(std::string_view time, std::string_view date,
                           const std::vector<std::string>& lines) {
-  std::string text = "Route Plan \n\nDeparture Time " + std::string(time) + " on " +
-                     std::string(date) + "\n\n";
+  std::string text =
+      "Route Plan \n\nDeparture Time " + std::string(time) + " on " + std::string(date) + "\n\n";
   for (const std::string& line : lines) text += line + "\n";
   return text;
 }
@@ -141,9 +139,8 @@ RouteOutcome RunCalculation(Program& program, const CalculationEntry& entry, Mes
   request.date = program.selected_time.Day();
   request.use_leeway = entry.use_leeway;
   request.leeway_text = entry.leeway;
-  const RouteOutcome outcome =
-      CalculateRoute(request, program.config, program.tides, program.route, program.passage,
-                     messages, progress);
+  const RouteOutcome outcome = CalculateRoute(request, program.config, program.tides, program.route,
+                                              program.passage, messages, progress);
   // The roll of the result through the hours goes on with the leeway of the calculation.
   if (outcome == RouteOutcome::kDone) program.use_leeway = entry.use_leeway;
   return outcome;
@@ -154,9 +151,8 @@ RouteOutcome RunDepartureSearch(Program& program, std::size_t slot, Messages& me
   OptimumRequest request;
   request.slot = kDepartureSlots.at(slot);
   request.date = program.selected_time.Day();
-  const RouteOutcome outcome =
-      SearchDeparture(request, program.config, program.tides, program.route, program.passage,
-                      messages, progress);
+  const RouteOutcome outcome = SearchDeparture(request, program.config, program.tides,
+                                               program.route, program.passage, messages, progress);
   if (outcome == RouteOutcome::kDone) {
     for (RoutePoint& point : program.route.points) point.calculated = false;
   }

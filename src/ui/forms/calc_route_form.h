@@ -16,8 +16,8 @@ namespace skerrow {
 
 // The texts and marks of `frmcalcroute` as it opens.
 struct CalcRouteTexts {
-  std::string time;            // "hh:mm": the user's selected time, or else the clock's
-  std::string date;            // of the selected time, "5 Dec 2026"
+  std::string time;  // "hh:mm": the user's selected time, or else the clock's
+  std::string date;  // of the selected time, "5 Dec 2026"
   bool use_leeway = false;
   std::string leeway;          // degrees
   std::string route_distance;  // "Route = 12.3Nm"

@@ -98,8 +98,7 @@ std::vector<std::string> TrackWidthChoices() { return Choices(1, 3, 1); }
 
 ConfigureEntry ConfigureEntryOf(const AppConfig& config) {
   ConfigureEntry entry;
-  entry.variation =
-      ShortText(std::fabs(config.variation)) + (config.variation < 0.0F ? "W" : "E");
+  entry.variation = ShortText(std::fabs(config.variation)) + (config.variation < 0.0F ? "W" : "E");
   entry.error_circle = ShortText(config.error_circle);
   entry.threshold = FormatFixed(config.slack_threshold, 1, 1);
   entry.search_circle = ShortText(config.search_circle);

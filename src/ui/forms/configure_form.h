@@ -43,13 +43,13 @@ struct ConfigureEntry {
 };
 
 // The choices of the lists.
-std::vector<std::string> ThresholdChoices();      // "0.0" to "1.0", "1.5" to "5.0"
-std::vector<std::string> TextSizeChoices();       // 8 to 22
-std::vector<std::string> LineWidthChoices();      // of stream lines and barbs: 1 to 4
-std::vector<std::string> StreamLengthChoices();   // 2 to 12
-std::vector<std::string> BarbSpacingChoices();    // 2 to 16
-std::vector<std::string> BarbLengthChoices();     // 10 to 50
-std::vector<std::string> TrackWidthChoices();     // 1 to 3
+std::vector<std::string> ThresholdChoices();     // "0.0" to "1.0", "1.5" to "5.0"
+std::vector<std::string> TextSizeChoices();      // 8 to 22
+std::vector<std::string> LineWidthChoices();     // of stream lines and barbs: 1 to 4
+std::vector<std::string> StreamLengthChoices();  // 2 to 12
+std::vector<std::string> BarbSpacingChoices();   // 2 to 16
+std::vector<std::string> BarbLengthChoices();    // 10 to 50
+std::vector<std::string> TrackWidthChoices();    // 1 to 3
 
 // The entry that shows a record.
 ConfigureEntry ConfigureEntryOf(const AppConfig& config);

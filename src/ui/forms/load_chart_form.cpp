@@ -28,8 +28,8 @@ std::vector<ChartRow> ChartRows(const std::vector<ChartIndexEntry>& index, float
   return rows;
 }
 
-std::optional<std::size_t> FindChartRow(const std::vector<ChartRow>& rows,
-                                        std::string_view letters, int current) {
+std::optional<std::size_t> FindChartRow(const std::vector<ChartRow>& rows, std::string_view letters,
+                                        int current) {
   const std::string wanted = ToLowerAscii(Trim(letters));
   if (wanted.empty() || rows.empty()) return std::nullopt;
   const auto from = static_cast<std::size_t>(current + 1);

@@ -30,8 +30,8 @@ std::vector<ChartRow> ChartRows(const std::vector<ChartIndexEntry>& index, float
 
 // The first row behind `current` (-1 for none) whose title contains the letters, in either case;
 // the search goes on at the top. Empty letters find nothing.
-std::optional<std::size_t> FindChartRow(const std::vector<ChartRow>& rows,
-                                        std::string_view letters, int current);
+std::optional<std::size_t> FindChartRow(const std::vector<ChartRow>& rows, std::string_view letters,
+                                        int current);
 
 // The preview picture of a chart.
 std::string PreviewPath(const Folders& folders, std::string_view chart_key);

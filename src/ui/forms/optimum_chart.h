@@ -49,9 +49,7 @@ class OptimumChart {
   std::string HoverText(std::size_t index) const;
 
   // The departure of a bar, hours of the day.
-  float DepartureHours(std::size_t index) const {
-    return start_hour_ + static_cast<float>(index);
-  }
+  float DepartureHours(std::size_t index) const { return start_hour_ + static_cast<float>(index); }
 
  private:
   std::vector<float> times_;

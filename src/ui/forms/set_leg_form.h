@@ -29,9 +29,9 @@ enum class SetLegRefusal {
   kNone,
   kNoStart,
   kNoDestination,
-  kNoSpeed,     // the speed box is set to kSetLegSpeed then
+  kNoSpeed,  // the speed box is set to kSetLegSpeed then
   kSpeedTooLow,
-  kDeclined,    // a No to the question about a low speed
+  kDeclined,  // a No to the question about a low speed
   kNoWindSide,
   kNoTime,
   kTimeOutOfRange,

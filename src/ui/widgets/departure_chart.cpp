@@ -59,7 +59,7 @@ void DepartureChart::PaintGrid(QPainter& painter, const QRectF& plot) const {
     const double y = plot.bottom() - hours / top * plot.height();
     painter.setPen(QPen(theme.border, 1, Qt::DotLine));
     painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
-    if (y < plot.top() + 8) continue;
+    if (hours == 0.0 || y < plot.top() + 8) continue;
     painter.setPen(theme.dim_text);
     painter.drawText(QRectF(plot.left() - LeftMargin(), y - 10, LeftMargin() - 6, 20),
                      Qt::AlignRight | Qt::AlignVCenter, GridText(hours));
@@ -90,8 +90,7 @@ void DepartureChart::PaintExtreme(QPainter& painter, const QRectF& plot, std::si
                                   bool above) const {
   const double top = chart_.Top();
   if (!(top > 0.0)) return;
-  const double y =
-      plot.bottom() - static_cast<double>(chart_.times()[index]) / top * plot.height();
+  const double y = plot.bottom() - static_cast<double>(chart_.times()[index]) / top * plot.height();
   painter.setPen(QPen(colour, 1.5));
   painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
   const QString text = ToQt(label).trimmed();

@@ -33,6 +33,14 @@ QLabel* MakeLabel(const QString& text, QWidget* buddy) {
   return label;
 }
 
+QHBoxLayout* MakeRow(std::initializer_list<QWidget*> widgets) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(6);
+  for (QWidget* widget : widgets) row->addWidget(widget);
+  row->addStretch(1);
+  return row;
+}
+
 Dialog::Dialog(Desktop& desktop, const char* name, const QString& title, QWidget* parent)
     : QDialog(parent),
       desktop_(desktop),

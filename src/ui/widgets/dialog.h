@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <initializer_list>
 #include <string_view>
 
 #include "ui/desktop.h"
@@ -23,6 +24,9 @@ Widget* Named(const char* name, Arguments&&... arguments) {
 QLabel* MakeHint(const QString& text);
 QLabel* MakeHeading(const QString& text);
 
+// Widgets side by side with even gaps, flush left.
+QHBoxLayout* MakeRow(std::initializer_list<QWidget*> widgets);
+
 // A label of `text` whose mnemonic goes to `buddy`.
 QLabel* MakeLabel(const QString& text, QWidget* buddy);
 
@@ -40,7 +44,8 @@ class Dialog : public QDialog {
  protected:
   Desktop& desktop() const { return desktop_; }
   QVBoxLayout* body() const { return body_; }
-  // Buttons stand at the right of the bottom row in the order of the calls; `left` ones at its left.
+  // Buttons stand at the right of the bottom row in the order of the calls; `left` ones at its
+  // left.
   QPushButton* AddButton(const char* name, const QString& text, const QString& tip = {});
   QPushButton* AddLeftButton(const char* name, const QString& text, const QString& tip = {});
 

@@ -64,8 +64,7 @@ void FilteredEdit::SetText(std::string_view text) { setText(ToQt(text)); }
 
 void FilteredEdit::SetColumns(int digits) {
   const int width = fontMetrics().horizontalAdvance(QLatin1Char('0')) * (digits + 2) + 12;
-  setMinimumWidth(width);
-  setMaximumWidth(width * 2);
+  setFixedWidth(width);
 }
 
 void FilteredEdit::keyPressEvent(QKeyEvent* event) {
@@ -109,6 +108,7 @@ TimeEntry::TimeEntry(Messages& beeper, const char* text_name, const char* hours_
       minutes_(MakeTwoDigitList(minutes_name, 60, tr("Minutes"))) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(6);
   row->addWidget(text_);
   row->addWidget(hours_);
   row->addWidget(new QLabel(QStringLiteral(":")));

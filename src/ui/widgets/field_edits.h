@@ -22,7 +22,7 @@ class FilteredEdit : public QLineEdit {
 
   std::string Text() const;
   void SetText(std::string_view text);
-  // A width for so many digits, which the box then asks for.
+  // Makes the box as wide as so many digits need.
   void SetColumns(int digits);
 
  protected:

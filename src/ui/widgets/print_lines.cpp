@@ -41,10 +41,9 @@ class PrintChoice final : public Dialog {
     desktop().settings.Set(kPrintSection, kPrinterKey, target.printer);
     if (!target.printer.empty()) return target;
     QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    const QString file =
-        QFileDialog::getSaveFileName(parentWidget(), QObject::tr("Print to a PDF file"),
-                                     folder.filePath(ToQt(heading) + QStringLiteral(".pdf")),
-                                     QObject::tr("PDF files (*.pdf)"));
+    const QString file = QFileDialog::getSaveFileName(
+        parentWidget(), QObject::tr("Print to a PDF file"),
+        folder.filePath(ToQt(heading) + QStringLiteral(".pdf")), QObject::tr("PDF files (*.pdf)"));
     if (file.isEmpty()) return std::nullopt;
     target.pdf_file = FromQt(file);
     return target;

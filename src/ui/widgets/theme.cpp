@@ -3,7 +3,8 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <QToolTip>
 #include <QWidget>
 
@@ -59,6 +60,9 @@ QString SheetOf(const Theme& theme) {
       "QTabWidget::pane { border: 1px solid @border; border-radius: 4px; top: -1px; }");
   if (theme.night) {
     sheet += QStringLiteral(
+        "QLineEdit, QAbstractItemView, QTextEdit { border: 1px solid @border; }"
+        "QComboBox QLineEdit, QComboBox QAbstractItemView { border: none; }"
+        "QLineEdit:focus { border: 1px solid @accent; }"
         "QScrollBar { background: @base; border: none; }"
         "QScrollBar:vertical { width: 14px; } QScrollBar:horizontal { height: 14px; }"
         "QScrollBar::handle { background: @border; border-radius: 4px; margin: 2px; }"
@@ -88,6 +92,64 @@ QString SheetOf(const Theme& theme) {
   put("@warning", theme.warning);
   return sheet;
 }
+
+// The style of both looks. At night it draws itself what the style beneath would draw in greys of
+// its own or in black on black.
+class HelmStyle final : public QProxyStyle {
+ public:
+  HelmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    const bool mark = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
+    if (!ThemeInForce().night || !mark) {
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+      return;
+    }
+    DrawMark(element == PE_IndicatorRadioButton, *option, *painter);
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    const bool grip = element == CE_SizeGrip || element == CE_Splitter;
+    if (ThemeInForce().night && grip) return;
+    QProxyStyle::drawControl(element, option, painter, widget);
+  }
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* answer) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, answer);
+  }
+
+ private:
+  static void DrawMark(bool round, const QStyleOption& option, QPainter& painter) {
+    const Theme& theme = ThemeInForce();
+    const bool enabled = option.state & State_Enabled;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF box = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
+    painter.setBrush(theme.base);
+    const bool focus = option.state & State_HasFocus;
+    painter.setPen(QPen(focus || !enabled ? theme.dim_text : theme.border, 1));
+    round ? painter.drawEllipse(box) : painter.drawRoundedRect(box, 2, 2);
+    const QColor ink = enabled ? theme.text : theme.dim_text;
+    if (option.state & State_On) {
+      if (round) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ink);
+        painter.drawEllipse(box.adjusted(3, 3, -3, -3));
+      } else {
+        painter.setPen(QPen(ink, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        const QPointF tick[] = {{box.left() + 2.5, box.center().y()},
+                                {box.center().x() - 0.5, box.bottom() - 2.5},
+                                {box.right() - 2, box.top() + 2.5}};
+        painter.drawPolyline(tick, 3);
+      }
+    }
+    painter.restore();
+  }
+};
 
 }  // namespace
 
@@ -136,7 +198,7 @@ const Theme& NightTheme() {
 void ApplyTheme(bool night) {
   const Theme& theme = night ? NightTheme() : DayTheme();
   qApp->setProperty(kNightProperty, night);
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new HelmStyle);
   QFont font = QApplication::font();
   if (font.pointSizeF() > 0 && font.pointSizeF() < 10.0) {
     font.setPointSizeF(10.0);
