@@ -146,7 +146,7 @@ QWidget* FrmCalcRoute::MakeSideColumn() {
 void FrmCalcRoute::MakeButtons() {
   QPushButton* reverse = AddLeftButton("cmdreverse", tr("&Reverse"), tr("Turns the route round"));
   QPushButton* copy =
-      AddLeftButton("cmdCopy", tr("Cop&y"), tr("Puts the route plan on the clipboard"));
+      AddLeftButton("cmdCopy", tr("Co&py"), tr("Puts the route plan on the clipboard"));
   QPushButton* ok = AddButton("Cmdrteok", tr("&Calculate"));
   ok->setDefault(true);
   QPushButton* cancel = AddButton("cmdrtecancel", tr("Cancel"));
