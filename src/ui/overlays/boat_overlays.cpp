@@ -62,6 +62,7 @@ void DrawHull(DrawingSurface& surface, const Program& program, SurfacePoint at, 
 
 void DrawTrack(DrawingSurface& surface, const OverlayView& view, const Program& program,
                const PlotTrack& track) {
+  if (track.empty()) return;
   surface.SetPen(kTrackWidth, program.config.track_colour);
   DrawRuns(surface, view, track.size(), [&track](std::size_t i) { return track[i].position; });
   for (const PlotPoint& point : track) {

@@ -18,6 +18,7 @@ std::array<SurfacePoint, 4> CornersOf(const OverlayView& view, const ChartIndexE
 
 void DrawChartBoundaries(DrawingSurface& surface, const OverlayView& view, const Program& program,
                          const ViewState&) {
+  if (program.charts.index.empty()) return;
   surface.SetFill(std::nullopt);
   surface.SetPen(1, kRed);
   for (const ChartIndexEntry& chart : program.charts.index) {
@@ -40,6 +41,7 @@ void DrawCandidateChart(DrawingSurface& surface, const OverlayView& view, const 
 
 void DrawPorts(DrawingSurface& surface, const OverlayView& view, const Program& program,
                const ViewState&) {
+  if (program.port_markers.empty()) return;
   surface.SetPen(1, kBlack);
   for (const PortMarker& port : program.port_markers) {
     const Position position{port.latitude, port.longitude};

@@ -52,6 +52,7 @@ void DrawDividers(DrawingSurface& surface, const OverlayView& view, const Progra
 
 void DrawWaypoints(DrawingSurface& surface, const OverlayView& view, const Program& program,
                    const ViewState&) {
+  if (program.waypoints.waypoints.empty()) return;
   surface.SetPen(1, kBlue);
   const double radius = view.marker_radius;
   for (const Waypoint& waypoint : program.waypoints.waypoints) {
