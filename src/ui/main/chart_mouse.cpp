@@ -1,5 +1,7 @@
 #include "ui/main/chart_mouse.h"
 
+#include <utility>
+
 #include "routes/route_editing.h"
 #include "routes/waypoint.h"
 
@@ -47,12 +49,12 @@ void ChartMouse::FollowDrag(MouseButtons buttons) {
     return;
   }
   if (!buttons.right || !view_.drag_armed) return;
-  if (!dragging_) history_.Remember("Drag Route Point", program_.route);
+  if (!dragging_) before_drag_ = program_.route;
   dragging_ = true;
   DragRoutePoint(program_.route, static_cast<std::size_t>(view_.drag_index - 1), view_.cursor,
                  RouteDefaultsOf(program_));
   host_.ShowCursorReadout();
-  host_.RouteEdited();
+  host_.RouteMoving();
 }
 
 bool ChartMouse::RightButtonDrags() const {
@@ -76,14 +78,7 @@ bool ChartMouse::Press(MouseButtons buttons) {
   if (!buttons.shift) return false;
   host_.SetPointer(Pointer::kCross);
   if (program_.mouse_mode == MouseMode::kWaypointEntry) {
-    const Position place = view_.cursor;
-    const std::string name = host_.AskWaypointName();
-    if (name.empty()) {
-      program_.mouse_mode = MouseMode::kRouteCreation;
-      host_.RouteEdited();
-    } else {
-      host_.WaypointLaid(name, place);
-    }
+    host_.EnterWaypoint(view_.cursor);
   } else if (program_.mouse_mode == MouseMode::kRouteCreation) {
     AddRoutePointHere();
   }
@@ -93,13 +88,14 @@ bool ChartMouse::Press(MouseButtons buttons) {
 bool ChartMouse::Release() {
   if (!dragging_) return false;
   dragging_ = false;
-  if (program_.route_drag_on && view_.drag_armed) {
+  if (before_drag_) {
     FinishRouteDrag(program_.route, RouteDefaultsOf(program_), messages_);
+    host_.RouteEdited("Drag Route Point", *std::exchange(before_drag_, std::nullopt));
   }
   view_.drag_armed = false;
   if (view_.marked_kind == MarkedKind::kWaypoint) view_.marked_point_on = false;
   view_.marked_kind = MarkedKind::kNothing;
-  host_.RouteEdited();
+  host_.ModeChanged();
   return true;
 }
 
@@ -113,10 +109,9 @@ void ChartMouse::AddRoutePointHere() {
     messages_.Show(RouteEditText(outcome), MessageIcon::kWarning, kProgramTitle);
     return;
   }
-  history_.Remember("Add Route Point", before);
   view_.last_click = program_.route.points.back().At();
   view_.route_entry_on = true;
-  host_.RouteEdited();
+  host_.RouteEdited("Add Route Point", std::move(before));
 }
 
 void ChartMouse::Mark() {
@@ -135,7 +130,7 @@ void ChartMouse::Mark() {
     view_.marked = program_.route.points[point->index].At();
     program_.mouse_mode = MouseMode::kPointMarked;
   }
-  host_.RouteEdited();
+  host_.ModeChanged();
 }
 
 }  // namespace skerrow

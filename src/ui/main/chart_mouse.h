@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "app/program.h"
-#include "routes/route_history.h"
 #include "ui/overlays/view_state.h"
 
 // What the mouse does on the chart, as a machine over the program's and the view's state: laying a
@@ -22,10 +21,14 @@ class ChartMouseHost {
   virtual void ShowCursorReadout() = 0;
   // The floating text beside the cursor follows it.
   virtual void ShowDividersText() = 0;
-  virtual void RouteEdited() = 0;
-  // Asks for the name of a waypoint laid by mouse; empty ends that mode.
-  virtual std::string AskWaypointName() = 0;
-  virtual void WaypointLaid(const std::string& name, Position place) = 0;
+  // The mode or the marks have changed.
+  virtual void ModeChanged() = 0;
+  // The route is being changed by a drag that goes on.
+  virtual void RouteMoving() = 0;
+  // The edit `name` of the route, which was `before`, is complete.
+  virtual void RouteEdited(const char* name, RouteState before) = 0;
+  // A click in the waypoint mode: asks for a name and lays the waypoint, or leaves the mode.
+  virtual void EnterWaypoint(Position place) = 0;
 };
 
 struct MouseButtons {
@@ -36,9 +39,8 @@ struct MouseButtons {
 
 class ChartMouse {
  public:
-  ChartMouse(Program& program, ViewState& view, RouteHistory& history, Messages& messages,
-             ChartMouseHost& host)
-      : program_(program), view_(view), history_(history), messages_(messages), host_(host) {}
+  ChartMouse(Program& program, ViewState& view, Messages& messages, ChartMouseHost& host)
+      : program_(program), view_(view), messages_(messages), host_(host) {}
 
   // The cursor has come to `place`.
   void Move(Position place, MouseButtons buttons);
@@ -61,10 +63,10 @@ class ChartMouse {
 
   Program& program_;
   ViewState& view_;
-  RouteHistory& history_;
   Messages& messages_;
   ChartMouseHost& host_;
-  bool dragging_ = false;  // the point in reach is being dragged
+  bool dragging_ = false;  // a route point or waypoint is being dragged
+  std::optional<RouteState> before_drag_;
 };
 
 }  // namespace skerrow

@@ -14,6 +14,7 @@
 #include "ui/icons/icons.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/overlays.h"
+#include "ui/routes/leaving.h"
 #include "ui/widgets/qt_text.h"
 #include "ui/widgets/theme.h"
 
@@ -58,7 +59,7 @@ class FrmChart::ProgressOnBar final : public Progress {
 FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings,
                    Clipboard& clipboard)
     : desktop_{program, messages, settings, clipboard, *this},
-      mouse_(program, view_, history_, messages, *this),
+      mouse_(program, view_, messages, *this),
       viewer_(new ChartViewer(this)) {
   setObjectName("frmChart");
   setWindowTitle(kProgramName);
@@ -266,6 +267,7 @@ void FrmChart::Start() {
   StateChanged();
   timer1_.start();
   viewer_->setFocus();
+  OfferRecovery(desktop_, session_, this);
 }
 
 std::uint32_t FrmChart::NeedsMet() const {
@@ -277,8 +279,8 @@ std::uint32_t FrmChart::NeedsMet() const {
   if (points >= 3) met |= kNeedsThreePoints;
   if (!p.passage.route_track.empty()) met |= kNeedsTrack;
   if (p.charts.history.size() > 1) met |= kNeedsHistory;
-  if (history_.CanUndo()) met |= kNeedsUndo;
-  if (history_.CanRedo()) met |= kNeedsRedo;
+  if (session_.history.CanUndo()) met |= kNeedsUndo;
+  if (session_.history.CanRedo()) met |= kNeedsRedo;
   if (p.config.show_streams == 1.0F) met |= kNeedsStreams;
   if (tools_shown_) met |= kNeedsTools;
   if (view_.mob_on) met |= kNeedsMob;
@@ -296,8 +298,8 @@ void FrmChart::UpdateActions() {
   const auto named = [](const std::string& edit, const char* verb) {
     return edit.empty() ? QString(verb) : QString(verb) + " " + ToQt(edit);
   };
-  action("mnuUndo")->setText(named(history_.UndoName(), "&Undo"));
-  action("mnuRedo")->setText(named(history_.RedoName(), "&Redo"));
+  action("mnuUndo")->setText(named(session_.history.UndoName(), "&Undo"));
+  action("mnuRedo")->setText(named(session_.history.RedoName(), "&Redo"));
   named_menus_.at("mnuTools")->menuAction()->setVisible(tools_shown_);
 }
 
@@ -418,7 +420,7 @@ void FrmChart::SetPointer(Pointer pointer) {
 }
 
 void FrmChart::closeEvent(QCloseEvent* event) {
-  if (busy_) {
+  if (busy_ || (!chart_lost_ && !MayExit(desktop_, session_, this))) {
     event->ignore();
     return;
   }

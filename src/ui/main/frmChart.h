@@ -16,12 +16,12 @@
 #include "app/timers.h"
 #include "charts/chart_view.h"
 #include "routes/route_editing.h"
-#include "routes/route_history.h"
 #include "ui/desktop.h"
 #include "ui/main/chart_mouse.h"
 #include "ui/main/commands/command.h"
 #include "ui/main/menus.h"
 #include "ui/overlays/view_state.h"
+#include "ui/routes/route_commands.h"
 #include "ui/viewer/chart_overview.h"
 #include "ui/viewer/chart_viewer.h"
 
@@ -42,6 +42,8 @@ class FrmChart final : public QMainWindow,
 
   // Shows the first chart and starts the timers; the program's data have been loaded.
   void Start();
+  // Opens a file named on the command line: a route, a waypoint file, or a chart's settings.
+  void OpenFile(const std::string& path);
 
   // ---- For the commands
 
@@ -52,7 +54,7 @@ class FrmChart final : public QMainWindow,
   ViewState& view() { return view_; }
   const ViewState& view() const { return view_; }
   ChartViewer& viewer() { return *viewer_; }
-  RouteHistory& history() { return history_; }
+  EditSession& session() { return session_; }
   ChartMouse& mouse() { return mouse_; }
   QAction* action(std::string_view name) const;
   // Runs a command if its action is enabled, as its menu entry would.
@@ -78,12 +80,9 @@ class FrmChart final : public QMainWindow,
   void CopyWindow();
 
   // Route, time and marks.
-  void EditRoute(const char* name, const std::function<bool()>& edit);
   void InsertPoint();
   void DeleteMarked();
   void ClearTheRoute();
-  void UndoRoute();
-  void RedoRoute();
   void Escape();
   void ToggleDividers();
   void ToggleRouteDrag();
@@ -132,9 +131,10 @@ class FrmChart final : public QMainWindow,
   void Redraw() override { viewer_->Redraw(); }
   void ShowCursorReadout() override { ShowReadout(); }
   void ShowDividersText() override;
-  void RouteEdited() override;
-  std::string AskWaypointName() override;
-  void WaypointLaid(const std::string& name, Position place) override;
+  void ModeChanged() override { StateChanged(); }
+  void RouteMoving() override;
+  void RouteEdited(const char* name, RouteState before) override;
+  void EnterWaypoint(Position place) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -156,6 +156,7 @@ class FrmChart final : public QMainWindow,
   void FillRecentMenu();
   // Opens the image of the current chart; false, with a message, when that fails.
   bool DrawChart();
+  void ClearMark();
   // Makes a chart the current one and shows it; everything as it was when it cannot be opened.
   bool SwitchChart(const std::string& chart_path);
   void LoadAreaData();
@@ -171,7 +172,7 @@ class FrmChart final : public QMainWindow,
 
   Desktop desktop_;
   ViewState view_;
-  RouteHistory history_;
+  EditSession session_;
   ChartMouse mouse_;
   std::map<std::string, QAction*, std::less<>> actions_;
   std::map<std::string, QMenu*, std::less<>> named_menus_;

@@ -1,5 +1,3 @@
-#include <QInputDialog>
-
 #include "core/text.h"
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
@@ -9,72 +7,53 @@
 #include "ui/dialogs/frmresults.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
+#include "ui/routes/frmSingleWayPoint.h"
+#include "ui/routes/leaving.h"
 #include "ui/widgets/qt_text.h"
 
 // The main window's route: editing, calculation, results, and the time that goes with them.
 namespace skerrow {
 
-void FrmChart::RouteEdited() {
-  program().passage.route_track.clear();
-  program().passage.calc_mode = 0;
-  view_.calculation_on_show = false;
+void FrmChart::RouteMoving() {
+  if (!program().passage.route_track.empty()) ForgetCalculation(program());
   StateChanged();
 }
 
-void FrmChart::EditRoute(const char* name, const std::function<bool()>& edit) {
-  const RouteState before = program().route;
-  if (!edit()) return;
-  history_.Remember(name, before);
-  RouteEdited();
+void FrmChart::RouteEdited(const char* name, RouteState before) {
+  FinishRouteEdit(desktop_, session_, name, std::move(before));
+  StateChanged();
 }
 
-void FrmChart::InsertPoint() {
-  if (!messages().Ask(kInsertRoutePointQuestion.text, kInsertRoutePointQuestion.title)) return;
-  EditRoute("Insert Route Point", [this] {
-    const RouteEdit outcome = InsertRoutePoint(program().route, view_.cursor,
-                                               RouteDefaultsOf(program()), messages());
-    if (const std::string_view text = RouteEditText(outcome); !text.empty()) {
-      messages().Show(text, MessageIcon::kWarning, kProgramTitle);
-    }
-    return outcome == RouteEdit::kDone || outcome == RouteEdit::kDoneAnomalous;
-  });
+void FrmChart::EnterWaypoint(Position place) { EnterWaypointByMouse(desktop_, place, this); }
+
+void FrmChart::ClearMark() {
   program().mouse_mode = MouseMode::kRouteCreation;
   view_.marked_point_on = false;
   view_.marked_kind = MarkedKind::kNothing;
   StateChanged();
 }
 
+void FrmChart::InsertPoint() {
+  AskInsertRoutePoint(desktop_, session_, view_.cursor);
+  ClearMark();
+}
+
 void FrmChart::DeleteMarked() {
-  Program& p = program();
   if (view_.marked_kind == MarkedKind::kWaypoint) {
-    if (!messages().Ask(kDeleteWaypointQuestion.text, kDeleteWaypointQuestion.title)) return;
-    const Status deleted = DeleteNearestWaypoint(p.folders, p.config, p.waypoints, view_.marked);
-    if (!deleted) messages().Show(deleted.error().Text(), MessageIcon::kWarning, kProgramTitle);
-    (void)LoadCurrentWaypoints(p.folders, p.config, p.waypoints, messages());
-  } else {
-    if (p.route.points.empty()) return;
-    if (!messages().Ask(kDeleteRoutePointQuestion.text, kDeleteRoutePointQuestion.title)) return;
-    EditRoute("Delete Route Point", [&] {
-      const Position place = view_.marked_point_on ? view_.marked : view_.cursor;
-      return DeleteRoutePoint(p.route, place, RouteDefaultsOf(p), messages()) == RouteEdit::kDone;
-    });
+    AskDeleteWaypoint(desktop_, view_.marked);
+  } else if (!program().route.points.empty()) {
+    AskDeleteRoutePoint(desktop_, session_, view_.marked_point_on ? view_.marked : view_.cursor);
   }
-  p.mouse_mode = MouseMode::kRouteCreation;
-  view_.marked_point_on = false;
-  view_.marked_kind = MarkedKind::kNothing;
-  StateChanged();
+  ClearMark();
 }
 
 void FrmChart::ClearTheRoute() {
-  if (!messages().Ask(kClearRouteQuestion.text, kClearRouteQuestion.title)) return;
-  EditRoute("Clear Route", [this] {
-    ClearRoute(program().route, RouteDefaultsOf(program()));
-    return true;
-  });
+  if (!MayClearRoute(desktop_, session_, this)) return;
   Program& p = program();
+  EditRoute(desktop_, session_, "Clear Route",
+            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(p)); });
+  RouteIsSaved(desktop_, session_);
   StopAnimation();
-  ForgetCalculation(p);
-  p.mouse_mode = MouseMode::kRouteCreation;
   p.route_drag_on = false;
   p.dividers_on = false;
   view_.zero_point.reset();
@@ -83,15 +62,7 @@ void FrmChart::ClearTheRoute() {
   view_.last_click.reset();
   RestoreTime(p);
   ShowDividersText();
-  StateChanged();
-}
-
-void FrmChart::UndoRoute() {
-  if (history_.Undo(program().route)) RouteEdited();
-}
-
-void FrmChart::RedoRoute() {
-  if (history_.Redo(program().route)) RouteEdited();
+  ClearMark();
 }
 
 // The first stage takes a calculated track off the chart, the second resets everything.
@@ -104,10 +75,9 @@ void FrmChart::Escape() {
     StateChanged();
     return;
   }
-  if (!p.route.points.empty()) history_.Remember("Clear Route", p.route);
-  ClearRoute(p.route, RouteDefaultsOf(p));
+  EditRoute(desktop_, session_, "Clear Route",
+            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(p)); });
   StopAnimation();
-  ForgetCalculation(p);
   view_.last_click.reset();
   view_.route_entry_on = false;
   p.mouse_mode = MouseMode::kRouteCreation;
@@ -156,23 +126,6 @@ void FrmChart::ToggleWaypointEntry() {
   Program& p = program();
   p.mouse_mode = p.mouse_mode == MouseMode::kWaypointEntry ? MouseMode::kRouteCreation
                                                            : MouseMode::kWaypointEntry;
-  StateChanged();
-}
-
-std::string FrmChart::AskWaypointName() {
-  bool accepted = false;
-  const QString name = QInputDialog::getText(this, "Mouse Entry of Waypoint",
-                                             "Enter a Waypoint Name", QLineEdit::Normal,
-                                             "Waypoint No", &accepted);
-  return accepted ? Trim(FromQt(name)) : "";
-}
-
-void FrmChart::WaypointLaid(const std::string& name, Position place) {
-  Program& p = program();
-  const Status added =
-      AppendWaypoint(p.folders, p.config, {name, place.latitude, place.longitude});
-  if (!added) messages().Show(added.error().Text(), MessageIcon::kWarning, kProgramTitle);
-  (void)LoadCurrentWaypoints(p.folders, p.config, p.waypoints, messages());
   StateChanged();
 }
 
@@ -300,6 +253,33 @@ void FrmChart::ToRealtime() {
   program().animation = {};
   eta_.clear();
   ReturnToRealtime(program(), messages());
+  StateChanged();
+}
+
+void FrmChart::OpenFile(const std::string& path) {
+  Program& p = program();
+  const std::string kind = ToLowerAscii(path.substr(std::min(path.size(), path.rfind('.'))));
+  if (kind == ".rte") {
+    const Status loaded = LoadRoute(path, RouteSpeeds::kStored, RouteDefaultsOf(p), p.route,
+                                    messages());
+    if (!loaded) {
+      messages().Show(loaded.error().Text(), MessageIcon::kWarning, kProgramTitle);
+    } else {
+      RouteIsSaved(desktop_, session_);
+    }
+  } else if (kind == ".way") {
+    Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path);
+    if (!waypoints) {
+      messages().Show(waypoints.error().Text(), MessageIcon::kWarning, kProgramTitle);
+    } else {
+      p.waypoints.waypoints = std::move(waypoints.value());
+    }
+  } else if (kind == ".cht" || kind == ".l55") {
+    OpenRecentChart(path.substr(0, path.rfind('.')) + ".cht");
+  } else {
+    messages().Show(path + ": this is no route, waypoint or chart file", MessageIcon::kWarning,
+                    kProgramTitle);
+  }
   StateChanged();
 }
 

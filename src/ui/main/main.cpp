@@ -38,5 +38,7 @@ int main(int argc, char** argv) {
   FrmChart window(program, messages, *settings, clipboard);
   window.show();
   window.Start();
+  const QStringList words = QApplication::arguments();
+  for (qsizetype i = 1; i < words.size(); ++i) window.OpenFile(words[i].toStdString());
   return QApplication::exec();
 }

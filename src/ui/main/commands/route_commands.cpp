@@ -1,15 +1,31 @@
 #include "ui/dialogs/frmroutehistory.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
+#include "ui/routes/frmFileDelete.h"
+#include "ui/routes/frmRouteEdit.h"
+#include "ui/routes/frmRouteLoad.h"
+#include "ui/routes/frmRouteSave.h"
+#include "ui/routes/frmRouteWayPoints.h"
+#include "ui/routes/frmwayimport.h"
 
 namespace skerrow {
 namespace {
 
+void Load(FrmChart& w) {
+  FrmRouteLoad(w.desktop(), w.session(), &w).exec();
+  w.StateChanged();
+}
+
+void Save(FrmChart& w) {
+  FrmRouteSave(w.desktop(), w.session(), &w).exec();
+  w.StateChanged();
+}
+
 constexpr Command kCommands[] = {
     {"mnuUndo", "&Undo", "undo", "Take the last change of the route back", "Ctrl+Z", kNeedsUndo,
-     [](FrmChart& w) { w.UndoRoute(); }},
+     [](FrmChart& w) { UndoRouteEdit(w.desktop(), w.session()); }},
     {"mnuRedo", "&Redo", "redo", "Make the change taken back again", "Ctrl+Shift+Z", kNeedsRedo,
-     [](FrmChart& w) { w.RedoRoute(); }},
+     [](FrmChart& w) { RedoRouteEdit(w.desktop(), w.session()); }},
     {"mnuMouseWayPoint", "Point && Click at Waypoint", "routesnap",
      "Lay route points on the waypoint nearest to the cursor", "", kNoNeed,
      [](FrmChart& w) { w.ToggleSnap(); },
@@ -18,11 +34,37 @@ constexpr Command kCommands[] = {
      "Move route points with the right mouse button", "", kNeedsPoint,
      [](FrmChart& w) { w.ToggleRouteDrag(); },
      [](const FrmChart& w) { return w.program().route_drag_on; }},
+    {"mnuLoadExistRoute", "&Load Existing Route", "openroute", "Open a saved route", "Ctrl+O",
+     kNoNeed, Load},
+    {"mnuLoadExistingRoute", "&Load Existing Route", "", "Open a saved route", "", kNoNeed, Load},
+    {"mnuRouteSave", "&Save Current Route", "save", "Save the route to a file", "Ctrl+S",
+     kNeedsRoute, Save},
+    {"mnuSaveCurrentRoute", "&Save Current Route", "", "Save the route to a file", "", kNeedsRoute,
+     Save},
+    {"mnuFileRouteDelete", "&Route File", "", "Delete a route file", "", kNoNeed,
+     [](FrmChart& w) { FrmFileDelete(w.desktop(), FileKind::kRoute, &w).exec(); }},
+    {"mnuFileRouteImport", "Route Files from Another Folder", "download", "", "", kNoNeed,
+     [](FrmChart& w) { FrmWayImport(w.desktop(), FileKind::kRoute, &w).exec(); }},
+    {"mnuExportDiskRoutes", "Route Files to Another Folder", "", "", "", kNoNeed,
+     [](FrmChart& w) {
+       FrmWayImport(w.desktop(), FileKind::kRoute, &w, FrmWayImport::Direction::kExport).exec();
+     }},
+    {"mnuRouteWaypoints", "By &Waypoint List", "routeplan", "Make a route from stored waypoints",
+     "", kNoNeed,
+     [](FrmChart& w) {
+       FrmRouteWayPoints(w.desktop(), w.session(), &w).exec();
+       w.StateChanged();
+     }},
+    {"mnuRouteEdit", "Keyboard &Edit Route Points ", "edit", "Change the legs by keyboard", "",
+     kNeedsRoute,
+     [](FrmChart& w) {
+       FrmRouteEdit(w.desktop(), w.session(), &w).exec();
+       w.StateChanged();
+     }},
     {"mnuRouteReverse", "Re&verse Route", "reverse", "Turn the route round", "", kNeedsRoute,
      [](FrmChart& w) {
-       w.EditRoute("Reverse Route", [&w] {
-         ReverseRoute(w.program().route, RouteDefaultsOf(w.program()), w.messages());
-         return true;
+       EditRoute(w.desktop(), w.session(), "Reverse Route", [&w](RouteState& route) {
+         ReverseRoute(route, RouteDefaultsOf(w.program()), w.messages());
        });
      }},
     {"mnurouteclear", "Clear", "cancelroute", "Clear the route and its results", "", kNeedsPoint,
@@ -69,8 +111,8 @@ constexpr Command kCommands[] = {
      [](FrmChart& w) { w.desktop().clipboard.SetText(RouteText(w.program().route)); }},
     {"keyBackspace", "Remove Last Route Point", "", "", "Backspace", kNeedsPoint,
      [](FrmChart& w) {
-       w.EditRoute("Remove Route Point", [&w] {
-         return RemoveLastRoutePoint(w.program().route, RouteDefaultsOf(w.program()));
+       EditRoute(w.desktop(), w.session(), "Remove Route Point", [&w](RouteState& route) {
+         RemoveLastRoutePoint(route, RouteDefaultsOf(w.program()));
        });
      }},
     {"keyInsert", "Insert Route Point", "", "", "Insert", kNoNeed,
