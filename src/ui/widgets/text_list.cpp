@@ -68,11 +68,6 @@ std::string JoinLines(const std::vector<std::string>& lines) {
   return text;
 }
 
-int SelectedRow(const QListWidget& list) {
-  const QList<QListWidgetItem*> selected = list.selectedItems();
-  return selected.isEmpty() ? -1 : list.row(selected.front());
-}
-
 TextList::TextList(Clipboard& clipboard, const char* name, QWidget* parent)
     : QListWidget(parent), clipboard_(clipboard) {
   setObjectName(QString::fromUtf8(name));
