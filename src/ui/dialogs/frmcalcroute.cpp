@@ -34,7 +34,7 @@ FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
   legs_->setSelectionMode(QAbstractItemView::SingleSelection);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
-  auto* left = new QVBoxLayout;
+  QVBoxLayout* left = MakeColumn();
   auto* head = new QHBoxLayout;
   head->addWidget(MakeHeading(tr("Legs of the route")), 1);
   head->addWidget(distance_);
