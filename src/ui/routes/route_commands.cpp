@@ -51,6 +51,14 @@ bool FinishRouteEdit(Desktop& desktop, EditSession& session, const char* name, R
   return true;
 }
 
+bool RememberRouteEdit(Desktop& desktop, EditSession& session, const char* name,
+                       const RouteState& before) {
+  if (SameRoute(before, desktop.program.route)) return false;
+  session.history.Remember(name, before);
+  KeepForRecovery(desktop, session);
+  return true;
+}
+
 bool UndoRouteEdit(Desktop& desktop, EditSession& session) {
   if (!session.history.Undo(desktop.program.route)) return false;
   RouteReplaced(desktop, session);

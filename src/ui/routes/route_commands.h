@@ -16,6 +16,10 @@ namespace skerrow {
 // that has changed nothing is forgotten, and the route keeps its results. Whether it changed.
 bool FinishRouteEdit(Desktop& desktop, EditSession& session, const char* name, RouteState before);
 
+// The same for a change that keeps its own results, such as a calculation that moves a point.
+bool RememberRouteEdit(Desktop& desktop, EditSession& session, const char* name,
+                       const RouteState& before);
+
 // Runs `edit` on the route as the edit `name`, and gives what it gives.
 template <typename Edit>
 auto EditRoute(Desktop& desktop, EditSession& session, const char* name, Edit edit) {
