@@ -30,11 +30,7 @@ FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
   QPushButton* save = AddButton("cmdSave", tr("&Save"));
   save->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
-  connect(picker_->list(), &QListWidget::itemClicked, this, [this] {
-    if (!second_click_) Add();
-    second_click_ = false;
-  });
-  connect(picker_->list(), &QListWidget::itemDoubleClicked, this, [this] { second_click_ = true; });
+  connect(picker_->list(), &QListWidget::itemClicked, this, [this] { Add(); });
   KeyAction::Install(picker_->list(), Qt::Key_Return, [this] { Add(); });
   KeyAction::Install(copied_, Qt::Key_Delete, [this] { Remove(); });
   connect(copied_, &QListWidget::itemDoubleClicked, this, [this] { Remove(); });

@@ -151,7 +151,7 @@ TEST_F(FileDialogs, WaypointsAreSavedAndAnotherFileBecomesCurrent) {
     Type(form, "txtFileName", "Moved");
     Click(form, "cmdOK");
   }
-  EXPECT_FALSE(WaypointsUnsaved(program, session));
+  EXPECT_FALSE(WaypointsUnsaved(program, session));  // though not in the current file
   EXPECT_EQ(program.config.waypoint_file, "Sample.way");
 
   FrmLoadWay form(desktop, nullptr);

@@ -80,6 +80,7 @@ inline void ClickRow(QWidget& form, const char* list_name, int row, int times = 
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
   if (times == 2) {
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, at);
   }
 }
 
