@@ -23,7 +23,7 @@ FrmLoadChart::FrmLoadChart(Desktop& desktop, QWidget* parent)
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   columns->addLayout(MakeChoices(), 2);
-  auto* right = new QVBoxLayout;
+  QVBoxLayout* right = MakeColumn();
   number_->setProperty("heading", true);
   right->addWidget(number_);
   right->addWidget(preview_, 1);
@@ -69,7 +69,7 @@ QLayout* FrmLoadChart::MakeChoices() {
   search_->setClearButtonEnabled(true);
   areas_->setMinimumHeight(areas_->fontMetrics().height() * 4);
   areas_->setMaximumHeight(areas_->fontMetrics().height() * 7);
-  auto* column = new QVBoxLayout;
+  QVBoxLayout* column = MakeColumn();
   column->addWidget(MakeLabel(tr("Sea &area:"), areas_));
   column->addWidget(areas_);
   column->addWidget(

@@ -1,3 +1,4 @@
+#include "routes/route_forms.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 
 #include <QGroupBox>
@@ -60,7 +61,7 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
 }
 
 void FrmRouteOptDeparture::Load() {
-  legs_->SetLines(RouteListLines(desktop().program.route.points));
+  legs_->SetLines(RouteRows(desktop().program.route));
 }
 
 void FrmRouteOptDeparture::showEvent(QShowEvent* event) {

@@ -31,7 +31,7 @@ FrmSetLeg::FrmSetLeg(Desktop& desktop, QWidget* parent)
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   columns->addWidget(MakeEntries());
-  auto* right = new QVBoxLayout;
+  QVBoxLayout* right = MakeColumn();
   right->addWidget(MakeHeading(tr("Waypoints (double click takes one)")));
   right->addWidget(waypoints_, 1);
   right->addWidget(MakeHeading(tr("Result")));

@@ -1,3 +1,4 @@
+#include "routes/route_forms.h"
 #include "ui/dialogs/frmcalcroute.h"
 
 #include <QGridLayout>
@@ -33,7 +34,7 @@ FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
   legs_->setSelectionMode(QAbstractItemView::SingleSelection);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
-  auto* left = new QVBoxLayout;
+  QVBoxLayout* left = MakeColumn();
   auto* head = new QHBoxLayout;
   head->addWidget(MakeHeading(tr("Legs of the route")), 1);
   head->addWidget(distance_);
@@ -160,7 +161,7 @@ void FrmCalcRoute::MakeButtons() {
 
 void FrmCalcRoute::Load() {
   const Program& program = desktop().program;
-  legs_->SetLines(RouteListLines(program.route.points));
+  legs_->SetLines(RouteRows(program.route));
   distance_->setText(ToQt(CalcRouteTextsOf(program).route_distance));
   const std::size_t legs = program.route.points.empty() ? 0 : program.route.points.size() - 1;
   leg_ = std::min(leg_, std::max<std::size_t>(legs, 1));

@@ -51,13 +51,15 @@ LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry, M
   }
   RoutePoint& start = points[leg - 1];
   RoutePoint& end = points[leg];
+  // A text left as it stood keeps the coordinate to its last bit.
+  const LegEntry shown = EntryOfLeg(program.route, leg);
+  if (entry.start_latitude != shown.start_latitude) start.latitude = start_latitude;
+  if (entry.start_longitude != shown.start_longitude) start.longitude = start_longitude;
+  if (entry.end_latitude != shown.end_latitude) end.latitude = end_latitude;
+  if (entry.end_longitude != shown.end_longitude) end.longitude = end_longitude;
   start.name = Trim(entry.start_name);
-  start.latitude = start_latitude;
-  start.longitude = start_longitude;
   start.speed = static_cast<float>(TextToNumber(entry.speed));
   end.name = Trim(entry.end_name);
-  end.latitude = end_latitude;
-  end.longitude = end_longitude;
   const RouteDefaults defaults = RouteDefaultsOf(program);
   RouteChanged(program.route, defaults);
   RecomputeWinds(program.route, defaults, messages);
@@ -67,7 +69,7 @@ LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry, M
 
 bool ApplyRouteSpeed(Program& program, std::string_view speed_text) {
   const auto speed = static_cast<float>(TextToNumber(speed_text));
-  if (!(speed > 0.0F)) return false;
+  if (!(speed > 0.0F) || !std::isfinite(speed)) return false;
   SetAllSpeeds(program.route, speed, RouteDefaultsOf(program));
   ForgetCalculation(program);
   return true;

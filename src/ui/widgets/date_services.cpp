@@ -8,10 +8,15 @@
 namespace skerrow {
 namespace {
 
-// The locale's short date form with day and month in two digits and the year in four:
-// "d/M/yy" gives "dd/MM/yyyy", "d. M. yyyy" gives "dd.MM.yyyy", "d MMM yyyy" gives "dd-MM-yyyy".
-QString WidenedFormat() {
+QString SystemFormat() {
   const QString form = QLocale::system().dateFormat(QLocale::ShortFormat);
+  return ToQt(WidenedDateFormat(FromQt(form)));
+}
+
+}  // namespace
+
+std::string WidenedDateFormat(std::string_view short_form) {
+  const QString form = ToQt(short_form);
   QString order;
   for (const QChar c : form) {
     if (QStringLiteral("dMy").contains(c) && !order.contains(c)) order += c;
@@ -26,17 +31,15 @@ QString WidenedFormat() {
     if (!widened.isEmpty()) widened += separator;
     widened += c == QLatin1Char('y') ? QStringLiteral("yyyy") : QString(2, c);
   }
-  return widened;
+  return FromQt(widened);
 }
 
-}  // namespace
-
 std::string LocaleDateServices::ShortToday() const {
-  return FromQt(QDate::currentDate().toString(WidenedFormat()));
+  return FromQt(QDate::currentDate().toString(SystemFormat()));
 }
 
 std::string LocaleDateServices::AbbreviatedWeekday(std::string_view date_text) const {
-  const QDate date = QDate::fromString(ToQt(date_text), WidenedFormat());
+  const QDate date = QDate::fromString(ToQt(date_text), SystemFormat());
   // In English, whatever the locale: the gate's table does not hold every language.
   return date.isValid() ? FromQt(QLocale::c().dayName(date.dayOfWeek(), QLocale::ShortFormat)) : "";
 }

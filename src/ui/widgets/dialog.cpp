@@ -33,6 +33,12 @@ QLabel* MakeLabel(const QString& text, QWidget* buddy) {
   return label;
 }
 
+QVBoxLayout* MakeColumn() {
+  auto* column = new QVBoxLayout;
+  column->setSpacing(6);
+  return column;
+}
+
 QHBoxLayout* MakeRow(std::initializer_list<QWidget*> widgets) {
   auto* row = new QHBoxLayout;
   row->setSpacing(6);

@@ -24,6 +24,9 @@ Widget* Named(const char* name, Arguments&&... arguments) {
 QLabel* MakeHint(const QString& text);
 QLabel* MakeHeading(const QString& text);
 
+// An empty column whose parts stand close together.
+QVBoxLayout* MakeColumn();
+
 // Widgets side by side with even gaps, flush left.
 QHBoxLayout* MakeRow(std::initializer_list<QWidget*> widgets);
 

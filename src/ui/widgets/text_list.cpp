@@ -15,6 +15,12 @@ namespace {
 constexpr int kMargin = 6;
 constexpr int kColumnGap = 18;
 
+// The columns of a row. Tabs in a run count as one: some rows pad short names with a second.
+QStringList ColumnsIn(QString text) {
+  while (text.contains(QLatin1String("\t\t"))) text.replace("\t\t", "\t");
+  return text.split(QLatin1Char('\t'));
+}
+
 // Paints a row's columns at the list's tab stops.
 class ColumnDelegate final : public QStyledItemDelegate {
  public:
@@ -31,7 +37,7 @@ class ColumnDelegate final : public QStyledItemDelegate {
     const bool selected = row.state & QStyle::State_Selected;
     painter->setPen(row.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
     painter->setFont(row.font);
-    const QStringList parts = text.split(QLatin1Char('\t'));
+    const QStringList parts = ColumnsIn(text);
     const std::vector<int>& edges = list_->ColumnsOf(static_cast<std::size_t>(parts.size() - 1));
     for (qsizetype i = 0; i < parts.size(); ++i) {
       const int left = row.rect.left() + kMargin + edges[static_cast<std::size_t>(i)];
@@ -41,7 +47,7 @@ class ColumnDelegate final : public QStyledItemDelegate {
   }
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const QStringList parts = index.data().toString().split(QLatin1Char('\t'));
+    const QStringList parts = ColumnsIn(index.data().toString());
     const std::vector<int>& edges = list_->ColumnsOf(static_cast<std::size_t>(parts.size() - 1));
     const int width = edges.back() + option.fontMetrics.horizontalAdvance(parts.back());
     return {width + 2 * kMargin, option.fontMetrics.height() + 4};
@@ -60,6 +66,11 @@ std::string JoinLines(const std::vector<std::string>& lines) {
     text += lines[i];
   }
   return text;
+}
+
+int SelectedRow(const QListWidget& list) {
+  const QList<QListWidgetItem*> selected = list.selectedItems();
+  return selected.isEmpty() ? -1 : list.row(selected.front());
 }
 
 TextList::TextList(Clipboard& clipboard, const char* name, QWidget* parent)
@@ -81,7 +92,7 @@ void TextList::SetLines(const std::vector<std::string>& lines) {
 void TextList::MeasureColumns() {
   std::vector<std::vector<int>> widths(1);
   for (const std::string& line : lines_) {
-    const QStringList parts = ToQt(line).split(QLatin1Char('\t'));
+    const QStringList parts = ColumnsIn(ToQt(line));
     const auto tabs = static_cast<std::size_t>(parts.size() - 1);
     if (widths.size() <= tabs) widths.resize(tabs + 1);
     widths[tabs].resize(tabs, 0);

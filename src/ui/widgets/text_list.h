@@ -11,8 +11,12 @@ namespace skerrow {
 // Lines joined for the clipboard, each ended by a line break but the last.
 std::string JoinLines(const std::vector<std::string>& lines);
 
-// A list of report lines. Columns separated by tabs line up over all rows that have as many; what
-// is copied keeps the tabs. Ctrl+C copies the selected rows.
+// The selected row of a list, -1 without one. The current row will not do: a list that gets the
+// keyboard makes its first row the current one though nobody chose it.
+int SelectedRow(const QListWidget& list);
+
+// A list of report lines. Columns separated by tabs, one or several, line up over all rows that
+// have as many; what is copied keeps the tabs. Ctrl+C copies the selected rows.
 class TextList : public QListWidget {
   Q_OBJECT
 

@@ -122,6 +122,13 @@ class HelmStyle final : public QProxyStyle {
     return QProxyStyle::styleHint(hint, option, widget, answer);
   }
 
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    // Some air on both sides of a button's words.
+    return type == CT_PushButton ? size + QSize(14, 2) : size;
+  }
+
  private:
   static void DrawMark(bool round, const QStyleOption& option, QPainter& painter) {
     const Theme& theme = ThemeInForce();
@@ -181,7 +188,7 @@ const Theme& NightTheme() {
                               QColor(0x14, 0x08, 0x05),
                               QColor(0x22, 0x0e, 0x0a),
                               QColor(0xd0, 0x64, 0x3c),
-                              QColor(0x8c, 0x48, 0x32),
+                              QColor(0x9c, 0x52, 0x3a),
                               QColor(0x5c, 0x1d, 0x10),
                               QColor(0xf0, 0x95, 0x58),
                               QColor(0x4d, 0x20, 0x16),

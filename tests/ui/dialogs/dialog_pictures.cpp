@@ -10,12 +10,17 @@
 
 #include "tests/ui/dialogs/dialog_fixture.h"
 #include "ui/dialogs/Frmdisclaimer.h"
+#include "ui/dialogs/file_dialogs.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmLoadChart.h"
 #include "ui/dialogs/frmOptResults.h"
 #include "ui/dialogs/frmQuickInstructions.h"
+#include "ui/dialogs/frmRouteEdit.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
+#include "ui/dialogs/frmRouteWayPoints.h"
 #include "ui/dialogs/frmSetLeg.h"
+#include "ui/dialogs/frmSingleWayPoint.h"
+#include "ui/dialogs/frmWayEdit.h"
 #include "ui/dialogs/frmcalcroute.h"
 #include "ui/dialogs/frmresults.h"
 #include "ui/dialogs/frmroutehistory.h"
@@ -121,6 +126,39 @@ void KeepAll(const Album& album) {
         "Boat speed very low between waypoints 1 and 2\nDo you wish to continue?\n"
         "(This may cause problems)",
         kProgramTitle);
+  }
+  (void)SaveRoute(RoutePath(desk.program.folders, "Needles to Cherbourg.rte"), desk.program.route,
+                  5.0F);
+  {
+    FrmRouteLoad form(desktop, nullptr);
+    form.view()->Refresh("Needles to Cherbourg.rte");
+    album.Keep(form, "frmRouteLoad");
+  }
+  {
+    FileNameDialog form(desktop, NameEntry::kRouteSave, nullptr);
+    album.Keep(form, "frmRouteSave");
+  }
+  {
+    FrmRouteWayPoints form(desktop, nullptr);
+    auto* list = form.findChild<QListWidget*>("List1");
+    for (const int row : {2, 8, 12}) emit list->itemDoubleClicked(list->item(row));
+    album.Keep(form, "frmRouteWayPoints");
+  }
+  {
+    FrmRouteEdit form(desktop, nullptr);
+    auto* list = form.findChild<QListWidget*>("List1");
+    list->setCurrentRow(4);
+    emit list->itemDoubleClicked(list->item(4));
+    album.Keep(form, "frmRouteEdit");
+  }
+  {
+    FrmWayEdit form(desktop, nullptr);
+    form.findChild<QListWidget*>("List1")->setCurrentRow(3);
+    album.Keep(form, "frmWayEdit");
+  }
+  {
+    FrmSingleWayPoint form(desktop, Position{50.5F, -1.2F}, nullptr);
+    album.Keep(form, "frmMouseInput");
   }
   {
     FrmQuickInstructions form(desktop, nullptr);

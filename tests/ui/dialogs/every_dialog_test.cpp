@@ -13,17 +13,23 @@
 #include "core/files.h"
 #include "tests/ui/dialogs/dialog_fixture.h"
 #include "ui/dialogs/Frmdisclaimer.h"
+#include "ui/dialogs/file_dialogs.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmLoadChart.h"
 #include "ui/dialogs/frmOptResults.h"
 #include "ui/dialogs/frmQuickInstructions.h"
+#include "ui/dialogs/frmRouteEdit.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
+#include "ui/dialogs/frmRouteWayPoints.h"
 #include "ui/dialogs/frmSetLeg.h"
+#include "ui/dialogs/frmSingleWayPoint.h"
+#include "ui/dialogs/frmWayEdit.h"
 #include "ui/dialogs/frmcalcroute.h"
 #include "ui/dialogs/frmresults.h"
 #include "ui/dialogs/frmroutehistory.h"
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/dialogs/frmtimdat.h"
+#include "ui/dialogs/frmwaycopy.h"
 #include "ui/widgets/date_services.h"
 #include "ui/widgets/theme.h"
 
@@ -41,6 +47,15 @@ struct DialogRow {
 template <typename Form>
 std::unique_ptr<QDialog> Open(SampleDesk& desk) {
   return std::make_unique<Form>(desk.desktop, nullptr);
+}
+
+template <FileKind kKind>
+std::unique_ptr<QDialog> OpenDelete(SampleDesk& desk) {
+  return std::make_unique<FrmFileDelete>(desk.desktop, kKind, nullptr);
+}
+template <NameEntry kEntry>
+std::unique_ptr<QDialog> OpenName(SampleDesk& desk) {
+  return std::make_unique<FileNameDialog>(desk.desktop, kEntry, nullptr);
 }
 
 const std::vector<DialogRow>& Dialogs() {
@@ -76,6 +91,30 @@ const std::vector<DialogRow>& Dialogs() {
        "chkStreamFilled pctFontCol pctTidalStreamCol pctCOGCol pctWindCol",
        [](SampleDesk& desk) -> std::unique_ptr<QDialog> {
          return std::make_unique<FrmConfigure>(desk.desktop, nullptr, nullptr);
+       }},
+      {"frmLoadWay", "Load Waypoint File", "cmdOK", "fillist List1", Open<FrmLoadWay>},
+      {"frmRouteLoad", "Load Route", "cmdOK", "fillist chkUseDefaultSpeed", Open<FrmRouteLoad>},
+      {"frmWayFileLocate", "Locate a waypoint", "cmdOK", "fillist List1", Open<FrmWayFileLocate>},
+      {"frmRouteDelete", "Delete Route File", "cmdOK", "fillist List1",
+       OpenDelete<FileKind::kRoute>},
+      {"frmWayDelete", "Delete Waypoint File", "cmdOK", "fillist List1",
+       OpenDelete<FileKind::kWaypoint>},
+      {"frmRouteSave", "Save Route", "cmdOK", "", OpenName<NameEntry::kRouteSave>},
+      {"frmWaySave", "Save Waypoints As", "cmdOK", "", OpenName<NameEntry::kWaypointSave>},
+      {"frmNewWay", "New Waypoint File", "cmdOK", "", OpenName<NameEntry::kNewWaypointFile>},
+      {"frmRouteWayPoints", "Route By Waypoint List", "cmdOK", "fillist List1 List2",
+       Open<FrmRouteWayPoints>},
+      {"frmRouteEdit", "Edit Route Points", "cmdExit",
+       "List1 List2 fillist cmdmodify txtroutestartname txtroutestartlat txtroutestartlong "
+       "txtroutedestname txtroutedestlat txtroutedestlong txtroutespeed optBefore optAfter "
+       "cmdreverse",
+       Open<FrmRouteEdit>},
+      {"frmWayEdit", "Select a File to Edit", "cmdAdd", "fillist List1 labelnoofpoints",
+       Open<FrmWayEdit>},
+      {"frmwaycopy", "Copy Waypoints", "cmdSave", "fillist List1 List2", Open<FrmWayCopy>},
+      {"frmMouseInput", "Mouse Entry of Waypoint", "cmdOK", "",
+       [](SampleDesk& desk) -> std::unique_ptr<QDialog> {
+         return std::make_unique<FrmSingleWayPoint>(desk.desktop, Position{50.5F, -1.2F}, nullptr);
        }},
       {"Frmdisclaimer", "Skerrow Helm (v6.0.0.1)", "cmdCCok", "cmdCCok cmddecline",
        [](SampleDesk& desk) -> std::unique_ptr<QDialog> {

@@ -233,6 +233,30 @@ TEST_F(PassageDialogs, ASearchShowsItsChartAndTakesADeparture) {
   EXPECT_FLOAT_EQ(desk.program.selected_time.hours, 10.0F);
 }
 
+TEST_F(PassageDialogs, ASearchCanBeStoppedAndLeavesNothing) {
+  desk.program.config.calc_interval = 1.0F;  // long enough to be caught on its way
+  FrmRouteOptDeparture form(desk.desktop, nullptr);
+  form.show();
+  QTest::qWait(20);
+  int presses = 0;
+  QTimer press;
+  QObject::connect(&press, &QTimer::timeout, &form, [&] {
+    if (!Find<QPushButton>(form, "cmdOptimise").isEnabled()) {
+      ++presses;
+      Click(form, "cmdrtecancel");
+    }
+  });
+  press.start(0);
+  Click(form, "cmdOptimise");
+  press.stop();
+  EXPECT_GE(presses, 1);
+  EXPECT_TRUE(form.isVisible()) << "the first press stops the search, not the dialog";
+  EXPECT_TRUE(desk.program.passage.optimum_times.empty());
+  EXPECT_TRUE(desk.program.passage.result_lines.empty());
+  Click(form, "cmdrtecancel");
+  EXPECT_FALSE(form.isVisible());
+}
+
 TEST_F(PassageDialogs, TheSearchChecksSpeedsOnOpeningAndAgain) {
   desk.program.route.points[1].speed = 0.5F;
   FrmRouteOptDeparture form(desk.desktop, nullptr);

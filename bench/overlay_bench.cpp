@@ -1,0 +1,192 @@
+// Times a full paint of the overlays on a picture of 1920 x 1080, the chart itself excluded: 2,000
+// waypoints, a route of 100 points and tracks of 10,000 points. Prints the median of each overlay
+// and of the whole, with everything in view and zoomed in.
+//   overlay_bench
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "ui/drawing/qt_surface.h"
+#include "ui/overlays/overlays.h"
+
+namespace {
+
+using namespace skerrow;
+
+constexpr int kViewWidth = 1920;
+constexpr int kViewHeight = 1080;
+constexpr int kImageWidth = 8000;
+constexpr int kImageHeight = 6000;
+constexpr int kPaints = 31;
+constexpr int kWaypoints = 2000;
+constexpr std::size_t kRoutePoints = 100;
+constexpr int kTrackPoints = 10000;
+constexpr int kCharts = 200;
+constexpr int kPorts = 200;
+
+class StillClock final : public Clock {
+ public:
+  ClockReading Now() const override { return {}; }
+};
+
+ChartRecord MakeChart() {
+  ChartFileRecord file;
+  file.upper_lat = 51.0F;
+  file.top_pix = 0.0F;
+  file.lower_lat = 50.0F;
+  file.bottom_pix = kImageHeight;
+  file.lower_lon = -3.0F;
+  file.left_pix = 0.0F;
+  file.upper_lon = -1.0F;
+  file.right_pix = kImageWidth;
+  file.scale = 100000.0F;
+  file.width = kImageWidth;
+  file.height = kImageHeight;
+  return WorkOutChart(file).value();
+}
+
+// A track that wanders about the chart and stays on it.
+std::vector<Position> Wander(std::mt19937& random, int count) {
+  std::vector<Position> track;
+  std::uniform_real_distribution<float> turn(-0.3F, 0.3F);
+  float heading = 0.0F;
+  Position at{50.5F, -2.0F};
+  for (int i = 0; i < count; ++i) {
+    track.push_back(at);
+    heading += turn(random);
+    at.latitude = std::clamp(at.latitude + 0.002F * std::cos(heading), 50.05F, 50.95F);
+    at.longitude = std::clamp(at.longitude + 0.003F * std::sin(heading), -2.95F, -1.05F);
+  }
+  return track;
+}
+
+void Fill(Program& program, ViewState& state) {
+  std::mt19937 random(20261122);
+  std::uniform_real_distribution<float> latitude(50.02F, 50.98F);
+  std::uniform_real_distribution<float> longitude(-2.98F, -1.02F);
+  program.charts.chart = MakeChart();
+  for (int i = 0; i < kWaypoints; ++i) {
+    program.waypoints.waypoints.push_back(
+        {"Waypoint " + std::to_string(i), latitude(random), longitude(random)});
+  }
+  for (std::size_t i = 0; i < kRoutePoints; ++i) {
+    RoutePoint point;
+    point.latitude = latitude(random);
+    point.longitude = longitude(random);
+    for (int step = 0; step < 60; ++step) {
+      point.tide_vector.push_back({point.latitude + 0.0005F * static_cast<float>(step),
+                                   point.longitude + 0.0003F * static_cast<float>(step)});
+    }
+    program.route.points.push_back(point);
+  }
+  RelinkRoute(program.route.points);
+  program.route.track = RouteTrackOf(program.route.points);
+  for (const Position& position : Wander(random, kTrackPoints)) {
+    program.passage.route_track.push_back({position, 0.0F, {}});
+  }
+  for (const Position& position : Wander(random, kTrackPoints)) {
+    state.live_track.push_back({position, state.live_track.size() % 100 == 0 ? "Log" : ""});
+  }
+  state.historical_tracks.push_back(state.live_track);
+  for (int i = 0; i < kCharts; ++i) {
+    const float lat = latitude(random);
+    const float lon = longitude(random);
+    program.charts.index.push_back({"c", "Chart", 1.0F, lat, lon, lat + 0.2F, lon + 0.2F, "", ""});
+  }
+  for (int i = 0; i < kPorts; ++i) {
+    program.port_markers.push_back(
+        {"Port " + std::to_string(i), latitude(random), longitude(random)});
+  }
+  program.config.show_chart_boundaries = kTrue;
+  program.config.boat_future_tide_plot = kTrue;
+  program.vectors_shown = true;
+  program.dividers_on = true;
+  program.boat_latitude = 50.5F;
+  program.boat_longitude = -2.0F;
+  program.animation.index = 5000;
+  program.animation.label = "ETA : 12:35  5 December";
+  state.zero_point = Position{50.4F, -2.2F};
+  state.divider_end = Position{50.6F, -1.9F};
+  state.fix_valid = true;
+  state.future_positions = Wander(random, 7);
+  state.mob_on = true;
+  state.mob = {50.45F, -2.1F};
+  state.marked_point_on = true;
+  state.marked = {50.55F, -2.1F};
+  state.ais_mark = Position{50.52F, -2.1F};
+  state.calculation_on_show = true;
+  state.track_plot_on = true;
+}
+
+// Median time of a paint onto a fresh picture [ms].
+double TimePaint(QImage& picture, const std::function<void(DrawingSurface&)>& paint) {
+  std::vector<double> times;
+  for (int i = 0; i < kPaints; ++i) {
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QElapsedTimer timer;
+    timer.start();
+    {
+      QtSurface surface(painter, QSizeF(kViewWidth, kViewHeight));
+      paint(surface);
+    }
+    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+  }
+  std::nth_element(times.begin(), times.begin() + kPaints / 2, times.end());
+  return times[kPaints / 2];
+}
+
+void Report(const char* title, const OverlayView& view, const Program& program,
+            const ViewState& state) {
+  QImage picture(kViewWidth, kViewHeight, QImage::Format_ARGB32_Premultiplied);
+  std::printf("\n%s\n%-22s %10s\n", title, "overlay", "ms");
+  double sum = 0.0;
+  for (const Overlay& overlay : Overlays()) {
+    const std::string name(overlay.name);
+    if (overlay.draw == nullptr) {
+      std::printf("%-22s %10s\n", name.c_str(), "-");
+      continue;
+    }
+    if (!overlay.shown(program, state)) continue;
+    const double time = TimePaint(
+        picture, [&](DrawingSurface& surface) { overlay.draw(surface, view, program, state); });
+    sum += time;
+    std::printf("%-22s %10.3f\n", name.c_str(), time);
+  }
+  const double whole = TimePaint(
+      picture, [&](DrawingSurface& surface) { DrawOverlays(surface, view, program, state); });
+  std::printf("%-22s %10.3f\n%-22s %10.3f\n", "sum of the rows", sum, "full paint", whole);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  const StillClock clock;
+  Program program({"/nonexistent", "/nonexistent", "/nonexistent"}, clock);
+  ViewState state;
+  Fill(program, state);
+  std::printf("%d waypoints, a route of %zu points, 3 tracks of %d points, %d charts, %d ports\n",
+              kWaypoints, kRoutePoints, kTrackPoints, kCharts, kPorts);
+
+  ViewGeometry geometry;
+  geometry.SetImageSize(kImageWidth, kImageHeight);
+  geometry.SetViewSize(kViewWidth, kViewHeight, 1.0);
+  geometry.FitAll();
+  Report("whole chart in view", MakeOverlayView(program.charts.chart, geometry, 12), program,
+         state);
+  geometry.SetZoom(1.0);
+  Report("at 100 %", MakeOverlayView(program.charts.chart, geometry, 12), program, state);
+  return 0;
+}

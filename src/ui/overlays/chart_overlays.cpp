@@ -1,0 +1,69 @@
+#include "ui/overlays/chart_overlays.h"
+
+#include <array>
+
+namespace skerrow {
+namespace {
+
+constexpr double kHalfPortSymbol = 6.0;
+
+std::array<SurfacePoint, 4> CornersOf(const OverlayView& view, const ChartIndexEntry& chart) {
+  return {view.ToView({chart.upper_lat, chart.lower_lon}),
+          view.ToView({chart.upper_lat, chart.upper_lon}),
+          view.ToView({chart.lower_lat, chart.upper_lon}),
+          view.ToView({chart.lower_lat, chart.lower_lon})};
+}
+
+}  // namespace
+
+void DrawChartBoundaries(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                         const ViewState&) {
+  if (program.charts.index.empty()) return;
+  surface.SetFill(std::nullopt);
+  surface.SetPen(1, kRed);
+  for (const ChartIndexEntry& chart : program.charts.index) {
+    surface.Polygon(CornersOf(view, chart));
+  }
+}
+
+void DrawCandidateChart(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                        const ViewState& state) {
+  if (!state.candidate_chart) return;
+  const std::array<SurfacePoint, 4> corners = CornersOf(view, *state.candidate_chart);
+  surface.SetFill(std::nullopt);
+  surface.SetPen(2, kBlue, LineStyle::kDash);
+  surface.Polygon(corners);
+  TextStyle style;
+  style.size_pt = view.text_size;
+  surface.Text({corners[0].x + 6.0, corners[0].y + 4.0}, state.candidate_chart->title,
+               program.config.font_colour, style);
+}
+
+void DrawPorts(DrawingSurface& surface, const OverlayView& view, const Program& program,
+               const ViewState&) {
+  if (program.port_markers.empty()) return;
+  surface.SetPen(1, kBlack);
+  for (const PortMarker& port : program.port_markers) {
+    const Position position{port.latitude, port.longitude};
+    if (!view.InChart(position)) continue;
+    if (!view.chart.OnImage(view.chart.LongToCol(position.longitude),
+                            view.chart.LatToRow(position.latitude))) {
+      continue;
+    }
+    const SurfacePoint at = view.ToView(position);
+    if (view.Seen(at, kHalfPortSymbol)) DrawPortSymbol(surface, at);
+    DrawLabel(surface, view, at, kHalfPortSymbol, port.name, program.config.font_colour);
+  }
+  surface.SetFill(std::nullopt);
+}
+
+void DrawPortSymbol(DrawingSurface& surface, SurfacePoint at) {
+  const double half = kHalfPortSymbol;
+  surface.SetFill(kLightGrey);
+  surface.Polygon(std::array<SurfacePoint, 4>{
+      {{at.x, at.y - half}, {at.x + half, at.y}, {at.x, at.y + half}, {at.x - half, at.y}}});
+  surface.Line({at.x - half, at.y}, {at.x + half, at.y});
+  surface.Line({at.x, at.y - half}, {at.x, at.y + half});
+}
+
+}  // namespace skerrow

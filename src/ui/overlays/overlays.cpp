@@ -1,0 +1,105 @@
+#include "ui/overlays/overlays.h"
+
+#include <array>
+
+#include "ui/overlays/boat_overlays.h"
+#include "ui/overlays/chart_overlays.h"
+#include "ui/overlays/mark_overlays.h"
+#include "ui/overlays/route_overlays.h"
+
+namespace skerrow {
+namespace {
+
+bool Always(const Program&, const ViewState&) { return true; }
+bool DividersInUse(const Program& program, const ViewState&) { return program.dividers_on; }
+bool WaypointsShown(const Program& program, const ViewState&) {
+  return program.config.show_waypoints == 1.0F;
+}
+bool CourseShown(const Program&, const ViewState& state) { return state.calculation_on_show; }
+bool BoatShown(const Program&, const ViewState& state) { return state.fix_valid; }
+bool RangeRingsShown(const Program& program, const ViewState& state) {
+  return state.fix_valid && program.config.range_rings_on != 0;
+}
+bool FutureShown(const Program& program, const ViewState& state) {
+  return state.fix_valid && program.config.boat_future_tide_plot != 0;
+}
+bool MobHeld(const Program&, const ViewState& state) { return state.mob_on; }
+bool PointMarked(const Program&, const ViewState& state) { return state.marked_point_on; }
+bool AisMarked(const Program&, const ViewState& state) { return state.ais_mark.has_value(); }
+
+// While a rectangle is being drawn the chart's own marks stay away.
+bool BoundariesShown(const Program& program, const ViewState& state) {
+  return !state.rectangle_dragging && program.config.show_chart_boundaries != 0;
+}
+bool CandidateShown(const Program&, const ViewState& state) {
+  return !state.rectangle_dragging && state.candidate_chart.has_value();
+}
+bool StreamsShown(const Program& program, const ViewState& state) {
+  return !state.rectangle_dragging && program.config.show_streams == 1.0F;
+}
+bool PortsShown(const Program& program, const ViewState& state) {
+  return !state.rectangle_dragging && program.config.show_tide_heights != 0;
+}
+bool ManualWindShown(const Program& program, const ViewState& state) {
+  return !state.rectangle_dragging && program.config.show_wind_grid != 0 &&
+         program.config.use_manual_wind != 0;
+}
+bool StoredWindShown(const Program& program, const ViewState& state) {
+  return !state.rectangle_dragging && program.config.show_wind_grid != 0 &&
+         program.config.use_manual_wind == 0;
+}
+bool TargetsShown(const Program& program, const ViewState& state) {
+  return !state.rectangle_dragging && (program.ais_enabled || program.replay_active);
+}
+bool ReplayShown(const Program& program, const ViewState& state) {
+  return !state.rectangle_dragging && program.replay_active;
+}
+bool TrackShown(const Program&, const ViewState& state) {
+  return state.track_plot_on || state.fix_valid;
+}
+bool HistoryShown(const Program&, const ViewState& state) {
+  return !state.historical_tracks.empty();
+}
+bool VectorsShown(const Program& program, const ViewState&) { return program.vectors_shown; }
+
+// The order of painting. A row without a draw function waits for its subsystem, which sets it here.
+constexpr std::array kOverlays = {
+    Overlay{"dividers", DividersInUse, DrawDividers},
+    Overlay{"route", Always, DrawRoute},
+    Overlay{"route legs", Always, DrawInterRtePoints},
+    Overlay{"waypoints", WaypointsShown, DrawWaypoints},
+    Overlay{"course over ground", CourseShown, DrawCOG},
+    Overlay{"boat", BoatShown, DrawInBoat},
+    Overlay{"range rings", RangeRingsShown, DrawRangeRings},
+    Overlay{"future positions", FutureShown, DrawinFuturePos},
+    Overlay{"man overboard", MobHeld, DrawMob},
+    Overlay{"marked point", PointMarked, DrawMarkedPoint},
+    Overlay{"AIS mark", AisMarked, DrawAisMark},
+    Overlay{"chart boundaries", BoundariesShown, DrawChartBoundaries},
+    Overlay{"candidate chart", CandidateShown, DrawCandidateChart},
+    Overlay{"tidal streams", StreamsShown, nullptr},
+    Overlay{"tidal ports", PortsShown, DrawPorts},
+    Overlay{"wind entered", ManualWindShown, nullptr},
+    Overlay{"wind imported", StoredWindShown, nullptr},
+    Overlay{"AIS targets", TargetsShown, nullptr},
+    Overlay{"boat of a replay", ReplayShown, DrawInBoat},
+    Overlay{"live track", TrackShown, DrawLiveTrack},
+    Overlay{"historical tracks", HistoryShown, DrawHistoricalTracks},
+    Overlay{"vectors", VectorsShown, DrawVectors},
+};
+
+}  // namespace
+
+std::span<const Overlay> Overlays() { return kOverlays; }
+
+void DrawOverlays(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                  const ViewState& state) {
+  if (!view.geometry.HasImage()) return;
+  for (const Overlay& overlay : Overlays()) {
+    if (overlay.draw != nullptr && overlay.shown(program, state)) {
+      overlay.draw(surface, view, program, state);
+    }
+  }
+}
+
+}  // namespace skerrow

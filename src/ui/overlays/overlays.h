@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "app/program.h"
+#include "ui/drawing/drawing_surface.h"
+#include "ui/overlays/overlay_view.h"
+#include "ui/overlays/view_state.h"
+
+// Everything that stands over the chart, as one table in the order of painting. Overlays read the
+// state and never change it.
+namespace skerrow {
+
+struct Overlay {
+  std::string_view name;
+  bool (*shown)(const Program&, const ViewState&);
+  // Null: the row keeps the place of an overlay whose subsystem draws nothing yet.
+  void (*draw)(DrawingSurface&, const OverlayView&, const Program&, const ViewState&);
+};
+
+// The overlays, the lowest first.
+std::span<const Overlay> Overlays();
+
+// Draws the overlays that are shown.
+void DrawOverlays(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                  const ViewState& state);
+
+// The text of lblMOB: a line break and the position while a man-overboard position inside the
+// chart is held, otherwise nothing.
+std::string MobLabelText(const OverlayView& view, const ViewState& state);
+
+}  // namespace skerrow

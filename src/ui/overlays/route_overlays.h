@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ui/overlays/overlays.h"
+
+// The route, its legs, its calculated track and the constructions of its calculation.
+namespace skerrow {
+
+// The wind at a route point. Null until there are wind marks.
+using WindMark = void (*)(DrawingSurface&, const OverlayView&, const Program&, Position, Wind);
+inline constexpr WindMark kDrawInWind = nullptr;
+
+// The points: a ring each, with "Start", the point's name or "Waypoint " and its number beside it.
+void DrawRoute(DrawingSurface& surface, const OverlayView& view, const Program& program,
+               const ViewState& state);
+
+// The legs, in short pieces so that they lie on the chart's projection.
+void DrawInterRtePoints(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                        const ViewState& state);
+
+// The predicted track over the ground, with the point that the animation has reached.
+void DrawCOG(DrawingSurface& surface, const OverlayView& view, const Program& program,
+             const ViewState& state);
+
+// The drift of each calculated leg, from its start.
+void DrawVectors(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                 const ViewState& state);
+
+}  // namespace skerrow

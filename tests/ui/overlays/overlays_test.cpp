@@ -1,0 +1,501 @@
+#include "ui/overlays/overlays.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/plane_sailing.h"
+#include "ui/drawing/recording_surface.h"
+
+namespace skerrow {
+namespace {
+
+// A chart of 4000 x 6400 pixels from 50 to 51 north and 2 to 1 west. Worked out by the Mercator
+// formula outside the program: 50.5 north is row 3217, 50.75 north 1613, 50.25 north 4813.
+ChartRecord TestChart() {
+  ChartFileRecord file;
+  file.upper_lat = 51.0F;
+  file.top_pix = 0.0F;
+  file.lower_lat = 50.0F;
+  file.bottom_pix = 6400.0F;
+  file.lower_lon = -2.0F;
+  file.left_pix = 0.0F;
+  file.upper_lon = -1.0F;
+  file.right_pix = 4000.0F;
+  file.scale = 100000.0F;
+  file.width = 4000.0F;
+  file.height = 6400.0F;
+  return WorkOutChart(file).value();
+}
+
+class StillClock final : public Clock {
+ public:
+  ClockReading Now() const override { return {}; }
+};
+
+class OverlaysTest : public ::testing::Test {
+ protected:
+  OverlaysTest() : program({"/p", "/d", "/s"}, clock) {
+    program.charts.chart = TestChart();
+    program.config.show_tide_heights = kFalse;
+    program.vectors_shown = false;
+    Look(1.0, {1900.0, 3000.0});
+  }
+
+  // A view of 1600 x 900 with that place of the picture in its top left corner.
+  void Look(double zoom, ImagePoint corner) {
+    ViewGeometry geometry;
+    geometry.SetImageSize(4000, 6400);
+    geometry.SetViewSize(1600.0, 900.0, 1.0);
+    geometry.SetZoom(zoom);
+    geometry.Place(corner, {0.0, 0.0});
+    view = MakeOverlayView(program.charts.chart, geometry, 12);
+  }
+
+  void SetRoute(const std::vector<RoutePoint>& points) {
+    program.route.points = points;
+    RelinkRoute(program.route.points);
+    program.route.track = RouteTrackOf(program.route.points);
+  }
+
+  std::string Draw() {
+    RecordingSurface surface(1600.0, 900.0);
+    DrawOverlays(surface, view, program, state);
+    return surface.Text();
+  }
+
+  // What the overlay of that name draws when it is shown.
+  std::string DrawOne(std::string_view name) {
+    for (const Overlay& overlay : Overlays()) {
+      if (overlay.name != name) continue;
+      RecordingSurface surface(1600.0, 900.0);
+      if (overlay.draw != nullptr && overlay.shown(program, state)) {
+        overlay.draw(surface, view, program, state);
+      }
+      return surface.Text();
+    }
+    ADD_FAILURE() << "no overlay " << name;
+    return {};
+  }
+
+  bool Shown(std::string_view name) {
+    const auto row = std::find_if(Overlays().begin(), Overlays().end(),
+                                  [&](const Overlay& overlay) { return overlay.name == name; });
+    return row != Overlays().end() && row->shown(program, state);
+  }
+
+  static RoutePoint Point(float latitude, float longitude, const char* name = "") {
+    RoutePoint point;
+    point.latitude = latitude;
+    point.longitude = longitude;
+    point.name = name;
+    return point;
+  }
+
+  // Something for every overlay, all within the first view.
+  void FillEverything() {
+    SetRoute({Point(50.5F, -1.5F), Point(50.48F, -1.48F)});
+    program.waypoints.waypoints = {{"Wreck  ", 50.5F, -1.5F}};
+    program.passage.route_track = {{{50.5F, -1.5F}, 0.0F, {}}, {{50.49F, -1.49F}, 0.1F, {}}};
+    program.route.points[0].tide_vector = {{50.5F, -1.5F}, {50.49F, -1.49F}};
+    program.boat_latitude = 50.49F;
+    program.boat_longitude = -1.47F;
+    program.dividers_on = true;
+    program.config.show_chart_boundaries = kTrue;
+    program.config.show_tide_heights = kTrue;
+    program.config.boat_future_tide_plot = kTrue;
+    program.vectors_shown = true;
+    program.charts.index = {{"9999-1", "Sample", 1.0F, 50.45F, -1.5F, 50.5F, -1.4F, "", ""}};
+    program.port_markers = {{"Port", 50.5F, -1.5F}};
+    state.zero_point = Position{50.5F, -1.5F};
+    state.fix_valid = true;
+    state.future_positions = {{50.49F, -1.47F}, {50.48F, -1.46F}};
+    state.mob_on = true;
+    state.mob = {50.49F, -1.5F};
+    state.marked_point_on = true;
+    state.marked = {50.5F, -1.49F};
+    state.ais_mark = Position{50.48F, -1.49F};
+    state.calculation_on_show = true;
+    state.candidate_chart = program.charts.index[0];
+    state.live_track = {{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}};
+    state.historical_tracks = {state.live_track};
+    state.track_plot_on = true;
+  }
+
+  StillClock clock;
+  Program program;
+  ViewState state;
+  OverlayView view;
+};
+
+TEST_F(OverlaysTest, StandInTheirOrder) {
+  const std::vector<std::string_view> expected = {
+      "dividers",           "route",         "route legs",       "waypoints",
+      "course over ground", "boat",          "range rings",      "future positions",
+      "man overboard",      "marked point",  "AIS mark",         "chart boundaries",
+      "candidate chart",    "tidal streams", "tidal ports",      "wind entered",
+      "wind imported",      "AIS targets",   "boat of a replay", "live track",
+      "historical tracks",  "vectors"};
+  std::vector<std::string_view> names;
+  for (const Overlay& overlay : Overlays()) names.push_back(overlay.name);
+  EXPECT_EQ(names, expected);
+}
+
+TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOther) {
+  FillEverything();
+  const std::string whole = Draw();
+  std::string rows;
+  std::set<std::string_view> silent;
+  for (const Overlay& overlay : Overlays()) {
+    const std::string row = DrawOne(overlay.name);
+    if (row.empty()) silent.insert(overlay.name);
+    rows += row;
+  }
+  EXPECT_EQ(whole, rows);
+  // No replay runs; the others have no drawer yet.
+  EXPECT_EQ(silent, (std::set<std::string_view>{"tidal streams", "wind entered", "wind imported",
+                                                "AIS targets", "boat of a replay"}));
+  EXPECT_EQ(Draw(), whole) << "a paint changed something that the next one sees";
+}
+
+TEST_F(OverlaysTest, NothingToShowAndNoPictureDrawNothing) {
+  program.config.show_streams = 0.0F;
+  EXPECT_EQ(DrawOne("route"), "");
+  program.dividers_on = true;  // but no point is set
+  program.vectors_shown = true;
+  program.config.show_chart_boundaries = kTrue;
+  EXPECT_EQ(Draw().find("ring"), std::string::npos);
+  EXPECT_EQ(DrawOne("dividers"), "");
+  FillEverything();
+  view = MakeOverlayView(program.charts.chart, ViewGeometry(), 12);
+  EXPECT_EQ(Draw(), "");
+}
+
+TEST_F(OverlaysTest, KnowsTheCornersOfTheView) {
+  EXPECT_NEAR(view.view_west, -2.0 + 1900.0 / 4000.0, 1e-5);
+  EXPECT_NEAR(view.view_east, -2.0 + 3500.0 / 4000.0, 1e-5);
+  // Rows 3000 and 3900 by the inverse formula outside the program.
+  EXPECT_NEAR(view.view_north, 50.533886, 2e-5);
+  EXPECT_NEAR(view.view_south, 50.393145, 2e-5);
+}
+
+TEST_F(OverlaysTest, MarkerRadiusFollowsViewAndShape) {
+  EXPECT_EQ(MarkerRadius(1600.0, 4000, 6400), 3);  // 4.8 -> 5, 5 / 1.6 = 3.125
+  EXPECT_EQ(MarkerRadius(1000.0, 4000, 2000), 6);  // 3 / 0.5
+  EXPECT_EQ(MarkerRadius(1500.0, 1000, 1000), 4);  // 4.5 -> 4: half to even
+  EXPECT_EQ(MarkerRadius(1000.0, 0, 0), 0);
+}
+
+TEST_F(OverlaysTest, RouteHasNamedPointsAndStandsStillAtEveryZoom) {
+  SetRoute({Point(50.5F, -1.5F, "Harbour"), Point(50.5F, -1.45F), Point(50.48F, -1.45F, "Buoy")});
+  EXPECT_EQ(DrawOne("route"),
+            "pen 1 solid 255,0,0\n"
+            "ring 100.00,217.00 r 3.00\n"
+            "text 107.00,217.00 left middle 12 bold 0,0,0 \"Start\"\n"
+            "pen 1 solid 0,0,255\n"
+            "ring 300.00,217.00 r 3.00\n"
+            "text 307.00,217.00 left middle 12 bold 0,0,0 \"Waypoint 1\"\n"
+            "pen 1 solid 0,0,255\n"
+            "ring 300.00,345.00 r 3.00\n"
+            "text 307.00,345.00 left middle 12 bold 0,0,0 \"Buoy\"\n");
+  Look(0.5, {600.0, 2400.0});
+  const std::string half = DrawOne("route");
+  EXPECT_NE(half.find("ring 700.00,408.50 r 3.00\n"), std::string::npos) << half;
+  EXPECT_NE(half.find("ring 800.00,408.50 r 3.00\n"), std::string::npos) << half;
+}
+
+TEST_F(OverlaysTest, OnePointIsAStartAndNoMore) {
+  SetRoute({Point(50.5F, -1.5F)});
+  program.vectors_shown = true;
+  EXPECT_EQ(Draw().find("line"), std::string::npos);
+  EXPECT_EQ(DrawOne("route legs"), "");
+  EXPECT_EQ(DrawOne("vectors"), "");
+  EXPECT_NE(DrawOne("route").find("\"Start\""), std::string::npos);
+}
+
+TEST_F(OverlaysTest, LegsAreCutWhereTheChartEnds) {
+  program.config.line_width = 3.0F;
+  program.route.track = {{50.5F, -1.5F},  {50.5F, -1.45F}, {50.5F, -0.5F},
+                         {50.48F, -1.5F}, {50.5F, -1.5F},  {51.0F, -1.5F}};
+  EXPECT_EQ(DrawOne("route legs"),
+            "pen 3 solid 0,0,255\n"
+            "polyline 100.00,217.00 300.00,217.00\n"
+            "polyline 100.00,345.00 100.00,217.00\n");
+}
+
+TEST_F(OverlaysTest, BordersAndNonsenseAreNotDrawn) {
+  Look(0.2, {0.0, 0.0});
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  program.waypoints.waypoints = {{"top", 51.0F, -1.5F},  {"bottom", 50.0F, -1.5F},
+                                 {"west", 50.5F, -2.0F}, {"east", 50.5F, -1.0F},
+                                 {"nan", nan, -1.5F},    {"edge", 50.5F, -1.99999F}};
+  EXPECT_EQ(DrawOne("waypoints"), "pen 1 solid 0,0,255\n");
+  program.waypoints.waypoints = {{"in", 50.9999F, -1.5F}};
+  EXPECT_NE(DrawOne("waypoints").find("\"in\""), std::string::npos);
+}
+
+TEST_F(OverlaysTest, WaypointsHaveARingAnEllipseAndATrimmedName) {
+  program.config.font_colour = Rgb(10, 20, 30);
+  program.waypoints.waypoints = {{"Outer Nab  ", 50.5F, -1.5F}};
+  view.text_size = 9;
+  EXPECT_EQ(DrawOne("waypoints"),
+            "pen 1 solid 0,0,255\n"
+            "ring 100.00,217.00 r 3.00\n"
+            "ellipse 100.00,217.00 rx 1.00 ry 3.00\n"
+            "text 107.00,217.00 left middle 9 bold 10,20,30 \"Outer Nab\"\n");
+  program.config.show_waypoints = 0.0F;
+  SetRoute({Point(50.5F, -1.5F), Point(50.5F, -1.45F, "Outer Nab")});
+  EXPECT_EQ(DrawOne("waypoints"), "");
+  EXPECT_NE(Draw().find("\"Outer Nab\""), std::string::npos) << "the route point keeps its name";
+}
+
+TEST_F(OverlaysTest, WhatIsOffTheScreenIsLeftOut) {
+  // Row 3217; columns far left, just left with its name reaching in, and far right.
+  program.waypoints.waypoints = {
+      {"away", 50.5F, -1.9F}, {"Reaching in", 50.5F, -1.53F}, {"right", 50.5F, -1.1F}};
+  EXPECT_EQ(DrawOne("waypoints"),
+            "pen 1 solid 0,0,255\n"
+            "text -13.00,217.00 left middle 12 bold 0,0,0 \"Reaching in\"\n");
+}
+
+TEST_F(OverlaysTest, Dividers) {
+  program.dividers_on = true;
+  state.zero_point = Position{50.5F, -1.5F};
+  const std::string reference =
+      "pen 1 solid 255,0,0\n"
+      "ring 100.00,217.00 r 3.00\n"
+      "text 107.00,217.00 left middle 12 bold 0,0,0 \"Divider Ref.\"\n";
+  EXPECT_EQ(DrawOne("dividers"), reference);
+  // 0.2 degrees of longitude at 50.5 north: 12 x cos(50.5) = 7.6 miles, due east.
+  state.divider_end = Position{50.5F, -1.3F};
+  EXPECT_EQ(DrawOne("dividers"),
+            "pen 1 solid 255,0,0\n"
+            "line 100.00,217.00 900.00,217.00\n"
+            "text 907.00,217.00 left middle 12 bold 0,0,0 \"7.6nm@090°T\"\n" +
+                reference +
+                "pen 1 solid 0,0,255\n"
+                "ring 900.00,217.00 r 3.00\n");
+  // Both points in one place: a range of 0 has no text.
+  state.divider_end = state.zero_point;
+  EXPECT_EQ(DrawOne("dividers").find("nm@"), std::string::npos);
+  program.dividers_on = false;
+  EXPECT_EQ(Draw(), "");
+}
+
+TEST_F(OverlaysTest, DividersBeyond3000MilesHaveNoText) {
+  // A chart of the whole ocean.
+  ChartRecord& chart = program.charts.chart;
+  chart.file.upper_lat = 70.0F;
+  chart.file.lower_lat = -70.0F;
+  chart.file.lower_lon = -90.0F;
+  chart.file.upper_lon = 90.0F;
+  chart = WorkOutChart(chart.file).value();
+  Look(0.2, {0.0, 0.0});
+  program.dividers_on = true;
+  state.zero_point = Position{-20.0F, 0.0F};
+  state.divider_end = Position{29.9F, 0.0F};
+  EXPECT_NE(DrawOne("dividers").find("\"2994.0nm@000°T\""), std::string::npos);
+  state.divider_end = Position{30.1F, 0.0F};
+  const std::string far = DrawOne("dividers");
+  EXPECT_EQ(far.find("nm@"), std::string::npos);
+  EXPECT_NE(far.find("line "), std::string::npos);
+}
+
+TEST_F(OverlaysTest, CourseOverGround) {
+  program.passage.route_track = {
+      {{50.5F, -1.5F}, 0.0F, {}}, {{50.5F, -1.45F}, 0.1F, {}}, {{50.48F, -1.45F}, 0.2F, {}}};
+  EXPECT_EQ(DrawOne("course over ground"), "") << "not on show";
+  state.calculation_on_show = true;
+  const std::string track =
+      "pen 2 solid 0,89,89\n"
+      "ring 100.00,217.00 r 3.00\n"
+      "polyline 100.00,217.00 300.00,217.00 300.00,345.00\n";
+  program.animation.label = "ETA : 12:35  5 December";
+  EXPECT_EQ(DrawOne("course over ground"), track) << "index 0 selects nothing";
+  program.animation.index = 2;
+  EXPECT_EQ(DrawOne("course over ground"),
+            track +
+                "pen 1 solid 255,0,0\n"
+                "ring 300.00,345.00 r 6.00\n"
+                "text 294.00,351.00 left top 12 bold 255,0,0 \"ETA : 12:35  5 December\"\n");
+  program.animation.index = 3;  // of a longer track that is gone
+  EXPECT_EQ(DrawOne("course over ground"), track);
+  program.passage.route_track.resize(1);
+  EXPECT_EQ(DrawOne("course over ground"), "");
+}
+
+TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
+  program.boat_latitude = 50.5F;
+  program.boat_longitude = -1.5F;
+  program.config.heading_vector_length = 2.0F;
+  state.fix_valid = true;
+  state.display_height = 1200.0;  // the symbol's size is 10
+  state.course_over_ground = 450.0F;
+  const std::string boat = DrawOne("boat");
+  // 2 miles east: 2 / 60 / cos(50.5) degrees of 4000 pixels = 209.6, so column 310 of the view.
+  EXPECT_NE(boat.find("line 100.00,217.00 310.00,217.00\n"), std::string::npos) << boat;
+  EXPECT_NE(boat.find("pen 2 solid 255,0,0\n"
+                      "fill 255,0,0\n"
+                      "polygon 120.00,217.00 105.00,224.50 85.00,222.00 85.00,212.00 "
+                      "105.00,209.50\n"
+                      "fill none\n"
+                      "ring 100.00,217.00 r 4.00\n"),
+            std::string::npos)
+      << boat;
+  // Towards the chart's edge 0.5 degrees away the vector ends short of it.
+  program.config.heading_vector_length = 100.0F;
+  const std::string cut = DrawOne("boat");
+  const double end = 0.99 * 2000.0 + 100.0;
+  const std::size_t at = cut.find("line 100.00,217.00 ");
+  ASSERT_NE(at, std::string::npos);
+  EXPECT_NEAR(std::stod(cut.substr(at + 19)), end, 2.0);
+  program.boat_longitude = -2.5F;
+  EXPECT_EQ(DrawOne("boat"), "");
+  EXPECT_EQ(DrawOne("range rings"), "");
+}
+
+TEST_F(OverlaysTest, HeadingVectorStaysOnTheChart) {
+  state.fix_valid = true;
+  program.config.heading_vector_length = 500.0F;
+  for (const Position boat : {Position{50.5F, -1.5F}, {50.999F, -1.001F}, {50.001F, -1.999F}}) {
+    program.boat_latitude = boat.latitude;
+    program.boat_longitude = boat.longitude;
+    for (int course = 0; course < 360; course += 15) {
+      state.course_over_ground = static_cast<float>(course);
+      const std::string drawn = DrawOne("boat");
+      double x0 = 0;
+      double y0 = 0;
+      double x1 = 0;
+      double y1 = 0;
+      ASSERT_EQ(std::sscanf(drawn.c_str() + drawn.find("line "), "line %lf,%lf %lf,%lf", &x0, &y0,
+                            &x1, &y1),
+                4);
+      const ImagePoint end = view.geometry.ToImage({x1, y1});
+      EXPECT_TRUE(end.column >= 0 && end.column <= 4000 && end.row >= 0 && end.row <= 6400)
+          << "course " << course << " from " << boat.latitude << ": " << end.column << ", "
+          << end.row;
+    }
+  }
+}
+
+TEST_F(OverlaysTest, RangeRings) {
+  program.boat_latitude = 50.5F;
+  program.boat_longitude = -1.5F;
+  program.config.horizon_range = 3.0F;
+  program.config.vhf_range = 6.0F;
+  program.config.radar_range = 0.0F;
+  EXPECT_EQ(DrawOne("range rings"), "") << "no fix";
+  state.fix_valid = true;
+  // 50.55 north is row 2897 and 50.6 north row 2576, by the formula outside the program.
+  EXPECT_EQ(DrawOne("range rings"),
+            "pen 1 solid 0,0,0\n"
+            "ring 100.00,217.00 r 320.00\n"
+            "ring 100.00,217.00 r 641.00\n");
+  program.config.range_rings_on = kFalse;
+  EXPECT_EQ(DrawOne("range rings"), "");
+}
+
+TEST_F(OverlaysTest, ManOverboard) {
+  state.mob = {50.5F, -1.5F};
+  EXPECT_EQ(DrawOne("man overboard"), "");
+  EXPECT_EQ(MobLabelText(view, state), "");
+  state.mob_on = true;
+  EXPECT_EQ(DrawOne("man overboard"),
+            "pen 1 solid 255,0,0\n"
+            "ring 100.00,217.00 r 6.00\n"
+            "pen 3 solid 0,0,0\n"
+            "line 94.00,217.00 106.00,217.00\n"
+            "line 100.00,211.00 100.00,223.00\n");
+  EXPECT_EQ(MobLabelText(view, state), "\nMOB Position 001.30.00W, 50.30.00N");
+  state.mob = {52.0F, -1.5F};
+  EXPECT_EQ(DrawOne("man overboard"), "");
+  EXPECT_EQ(MobLabelText(view, state), "");
+}
+
+TEST_F(OverlaysTest, PortsAndBoundaries) {
+  program.config.show_tide_heights = kTrue;
+  program.port_markers = {{"Newhaven", 50.5F, -1.5F}, {"Elsewhere", 40.0F, -1.5F}};
+  EXPECT_EQ(DrawOne("tidal ports"),
+            "pen 1 solid 0,0,0\n"
+            "fill 192,192,192\n"
+            "polygon 100.00,211.00 106.00,217.00 100.00,223.00 94.00,217.00\n"
+            "line 94.00,217.00 106.00,217.00\n"
+            "line 100.00,211.00 100.00,223.00\n"
+            "text 110.00,217.00 left middle 12 bold 0,0,0 \"Newhaven\"\n"
+            "fill none\n");
+  program.config.show_chart_boundaries = kTrue;
+  program.charts.index = {{"9999-1", "Sample", 1.0F, 50.25F, -1.5F, 50.5F, -1.25F, "", ""}};
+  EXPECT_EQ(DrawOne("chart boundaries"),
+            "fill none\n"
+            "pen 1 solid 255,0,0\n"
+            "polygon 100.00,217.00 1100.00,217.00 1100.00,1813.00 100.00,1813.00\n");
+}
+
+TEST_F(OverlaysTest, VectorsFollowTheDrift) {
+  program.vectors_shown = true;
+  SetRoute({Point(50.5F, -1.5F), Point(50.5F, -1.4F), Point(50.4F, -0.5F)});
+  program.route.points[0].tide_vector = {{50.5F, -1.5F}, {50.5F, -1.475F}, {50.5F, -1.45F}};
+  program.route.points[1].tide_vector = {{50.5F, -1.4F}};  // one entry joins nothing
+  program.route.points[2].tide_vector = {{50.5F, -1.5F}, {50.5F, -1.4F}};  // no leg starts there
+  EXPECT_EQ(DrawOne("vectors"),
+            "pen 1 solid 255,0,0\n"
+            "polyline 100.00,217.00 200.00,217.00 300.00,217.00\n"
+            "line 200.00,217.00 300.00,217.00\n"
+            "fill 255,0,0\n"
+            "polygon 300.00,217.00 288.00,221.80 288.00,212.20\n"
+            "fill none\n"
+            "arc 300.00,217.00 r 3.00 from 0.00 by 360.00\n");
+  program.route.points[0].latitude = 51.5F;  // a leg that starts off the chart
+  EXPECT_EQ(DrawOne("vectors"), "");
+}
+
+TEST_F(OverlaysTest, TracksCarryTheirComments) {
+  program.config.track_colour = Rgb(1, 2, 3);
+  state.live_track = {{{50.5F, -1.5F}, ""}, {{50.5F, -1.45F}, "Reefed"}};
+  EXPECT_EQ(DrawOne("live track"), "") << "neither plotted nor a fix";
+  const std::string track =
+      "pen 2 solid 1,2,3\n"
+      "polyline 100.00,217.00 300.00,217.00\n"
+      "ring 300.00,217.00 r 4.00\n"
+      "text 308.00,217.00 left middle 12 bold 0,0,0 \"Reefed\"\n";
+  state.fix_valid = true;
+  EXPECT_EQ(DrawOne("live track"), track);
+  state.fix_valid = false;
+  state.track_plot_on = true;
+  EXPECT_EQ(DrawOne("live track"), track);
+  state.historical_tracks = {state.live_track, {}};
+  EXPECT_EQ(DrawOne("historical tracks"), track);
+}
+
+TEST_F(OverlaysTest, TogglesAndTheRectangleDecideWhatIsShown) {
+  FillEverything();
+  program.config.show_wind_grid = kTrue;
+  program.config.use_manual_wind = kTrue;
+  EXPECT_TRUE(Shown("wind entered"));
+  EXPECT_FALSE(Shown("wind imported"));
+  program.config.use_manual_wind = kFalse;
+  EXPECT_FALSE(Shown("wind entered"));
+  EXPECT_TRUE(Shown("wind imported"));
+  EXPECT_TRUE(Shown("tidal streams"));
+  EXPECT_FALSE(Shown("AIS targets"));
+  program.replay_active = true;
+  EXPECT_TRUE(Shown("AIS targets"));
+  EXPECT_FALSE(DrawOne("boat of a replay").empty());
+  state.rectangle_mode = true;  // asked for, not yet being drawn
+  EXPECT_TRUE(Shown("tidal ports"));
+  state.rectangle_dragging = true;
+  for (const char* name : {"chart boundaries", "candidate chart", "tidal streams", "tidal ports",
+                           "wind entered", "wind imported", "AIS targets", "boat of a replay"}) {
+    EXPECT_FALSE(Shown(name)) << name;
+  }
+  for (const char* name : {"route", "dividers", "boat", "live track", "vectors"}) {
+    EXPECT_TRUE(Shown(name)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace skerrow
