@@ -41,6 +41,10 @@ bool RedoRouteEdit(Desktop& desktop, EditSession& session);
 // The route is now as a file has it: no recovery, nothing unsaved.
 void RouteIsSaved(Desktop& desktop, EditSession& session);
 
+// At the release of a dragged waypoint: keeps the moved waypoints for recovery, as rows of the
+// current file that are being edited. Forgets what was kept when they are saved.
+void KeepMovedWaypoints(Desktop& desktop, EditSession& session);
+
 // The keys Insert and Delete: the question, then the edit at `position`, then the normal mouse
 // mode. False after a No, or when nothing was changed.
 bool AskInsertRoutePoint(Desktop& desktop, EditSession& session, Position position);
