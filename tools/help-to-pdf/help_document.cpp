@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFont>
+#include <QFontMetricsF>
 #include <QImageReader>
 #include <QRegularExpression>
 #include <QTextBlock>
@@ -19,9 +20,13 @@ namespace help {
 namespace {
 
 // Lengths below are in the document's own unit, a 96th of an inch.
+constexpr double kUnitsPerInch = 96.0;
 constexpr double kTextPt = 10.5;
 constexpr double kSmallPt = 9.0;
 constexpr double kLeading = 4.0;  // between the lines of a paragraph
+constexpr double kListMargin = 8.0;
+constexpr const char* kBullet = "\u2022\u2002";
+constexpr int kBulleted = QTextFormat::UserProperty + 1;
 constexpr double kPageRoom = 8.0;
 constexpr double kLargestWholeTable = 0.35;  // of a page
 constexpr double kTableLeading = 2.0;
@@ -148,6 +153,8 @@ HelpDocument::HelpDocument(const QString& markdown, const QStringList& picture_f
 void HelpDocument::LayOut(QPaintDevice* device, QSizeF page) {
   document_.documentLayout()->setPaintDevice(device);
   FillContents(Headings());
+  sideways_ = device->logicalDpiX() / kUnitsPerInch;
+  SetBullets();
   StyleBlocks();
   StyleTables();
   StyleCode();
@@ -228,6 +235,26 @@ void HelpDocument::FillContents(const QList<Heading>& headings) {
   }
 }
 
+// The toolkit's own bullets stand too close to the text and are always black.
+void HelpDocument::SetBullets() {
+  const double hang = QFontMetricsF(TextFont()).horizontalAdvance(QString::fromUtf8(kBullet));
+  for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
+    QTextList* list = block.textList();
+    if (list == nullptr || list->format().style() != QTextListFormat::ListDisc) continue;
+    const bool last = block.next().textList() != list;
+    list->remove(block);
+    QTextBlockFormat format = block.blockFormat();
+    format.setIndent(0);
+    format.setLeftMargin((kListMargin + hang) * sideways_);
+    format.setTextIndent(-hang * sideways_);
+    format.setBottomMargin(last ? 9.0 : 3.0);
+    format.setProperty(kBulleted, true);
+    QTextCursor cursor(block);
+    cursor.setBlockFormat(format);
+    cursor.insertText(QString::fromUtf8(kBullet), QTextCharFormat());
+  }
+}
+
 void HelpDocument::StyleBlocks() {
   const QString caption_mark = QString::fromUtf8(kCaptionMark);
   for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
@@ -258,12 +285,14 @@ void HelpDocument::StyleBlocks() {
     } else {
       format.setLineHeight(kLeading, QTextBlockFormat::LineDistanceHeight);
       format.setTopMargin(0.0);
-      format.setBottomMargin(block.textList() != nullptr ? 3.0 : 8.0);
+      if (!format.hasProperty(kBulleted)) {
+        format.setBottomMargin(block.textList() != nullptr ? 3.0 : 8.0);
+      }
       if (block.textList() != nullptr && block.next().textList() != block.textList()) {
         format.setBottomMargin(9.0);
       }
       if (format.hasProperty(QTextFormat::BlockQuoteLevel)) {
-        format.setLeftMargin(16.0);
+        format.setLeftMargin(14.0 * sideways_);
         text.setForeground(kHeadingInk);
       }
     }

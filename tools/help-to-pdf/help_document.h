@@ -41,6 +41,7 @@ class HelpDocument {
  private:
   void LayOutAfresh(QSizeF page);
   void FillContents(const QList<Heading>& headings);
+  void SetBullets();
   void StyleBlocks();
   void StyleTables();
   void StyleCode();
@@ -55,6 +56,8 @@ class HelpDocument {
   QString title_;
   QTextDocument document_;
   QTextTable* contents_ = nullptr;
+  // Device pixels in a unit: the layout takes margins to the side as they are, and scales all else.
+  double sideways_ = 1.0;
 };
 
 }  // namespace help

@@ -79,7 +79,10 @@ bool WritePdf(const QString& output, help::HelpDocument& help) {
     outline << help::OutlineEntry{heading.text, heading.level, heading.page,
                                   page_height - from_top};
   }
-  return help::AddOutline(output, outline);
+  if (!help::AddOutline(output, outline)) {
+    QTextStream(stderr) << output << ": left without an outline\n";
+  }
+  return true;
 }
 
 }  // namespace

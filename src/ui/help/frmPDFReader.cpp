@@ -12,6 +12,7 @@
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QStyledItemDelegate>
 #include <QToolBar>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -26,10 +27,20 @@ namespace {
 constexpr const char* kSection = "frmPDFReader";
 constexpr int kLeastWidth = 560;
 constexpr int kLeastHeight = 420;
-constexpr int kOutlineWidth = 230;
+constexpr int kOutlineWidth = 250;
+constexpr int kRowAir = 8;
 constexpr double kZoomStep = 1.25;
 constexpr int kDarkLightness = 128;
 constexpr int kPercents[] = {50, 75, 100, 125, 150, 200, 300};
+
+// Rows with some air between them.
+class RoomyRows final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kRowAir);
+  }
+};
 
 std::string Problem(const std::string& path, QPdfDocument::Error error) {
   const char* reason = "The file is no document that can be read.";
@@ -41,6 +52,21 @@ std::string Problem(const std::string& path, QPdfDocument::Error error) {
     reason = "The file must not be read.";
   }
   return reason;
+}
+
+// The letters of a place found, put together line by line.
+QList<QRectF> Lines(const QList<QRectF>& letters) {
+  QList<QRectF> lines;
+  for (const QRectF& letter : letters) {
+    const bool same = !lines.isEmpty() && letter.center().y() > lines.back().top() &&
+                      letter.center().y() < lines.back().bottom();
+    if (same) {
+      lines.back() |= letter;
+    } else {
+      lines << letter;
+    }
+  }
+  return lines;
 }
 
 QString WithKey(const QString& text, const QList<QKeySequence>& keys) {
@@ -67,6 +93,8 @@ frmPDFReader::frmPDFReader(SettingsStore& settings, Clipboard& clipboard, QWidge
   outline_->setObjectName(QStringLiteral("treeContents"));
   outline_->setHeaderHidden(true);
   outline_->setFrameShape(QFrame::NoFrame);
+  outline_->setItemDelegate(new RoomyRows(outline_));
+  outline_->setIndentation(14);
   outline_->setModel(&bookmarks_);
   outline_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   problem_ = new QLabel(this);
@@ -140,8 +168,8 @@ void frmPDFReader::MakeActions() {
   bar->setObjectName(QStringLiteral("tbReader"));
   bar->setIconSize(QSize(20, 20));
   layout()->addWidget(bar);
-  contents_ = AddAction(*bar, QStringLiteral("cmdContents"), tr("Contents"),
-                        QStringLiteral("routeplan"), {QKeySequence(Qt::Key_F7)});
+  contents_ = AddAction(*bar, QStringLiteral("cmdContents"), tr("Contents"), QString(),
+                        {QKeySequence(Qt::Key_F7)});
   contents_->setCheckable(true);
   connect(contents_, &QAction::toggled, outline_, &QWidget::setVisible);
   bar->addSeparator();
@@ -213,6 +241,10 @@ void frmPDFReader::MakeSearchBar(QToolBar& bar) {
   search_result_ = new QLabel(this);
   search_result_->setObjectName(QStringLiteral("lblSearch"));
   search_result_->setContentsMargins(0, 0, 8, 0);
+  search_result_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  // The bar gives a label the room of its first text; this one comes and goes.
+  search_result_->setMinimumWidth(
+      search_result_->fontMetrics().horizontalAdvance(QStringLiteral("9999 of 9999")));
   bar.addWidget(search_result_);
   search_text_ = new QLineEdit(this);
   search_text_->setObjectName(QStringLiteral("txtSearch"));
@@ -220,7 +252,6 @@ void frmPDFReader::MakeSearchBar(QToolBar& bar) {
   search_text_->setClearButtonEnabled(true);
   search_text_->setMaximumWidth(190);
   search_text_->setToolTip(tr("Find in this document (Ctrl+F)"));
-  // Return in a text box must not reach the dialog, which has no default button but would take it.
   connect(search_text_, &QLineEdit::textChanged, this, &frmPDFReader::Find);
   connect(search_text_, &QLineEdit::returnPressed, this, &frmPDFReader::FindNext);
   bar.addWidget(search_text_);
@@ -261,6 +292,7 @@ Status frmPDFReader::Open(const std::string& path) {
   document_.load(QString::fromStdString(path));
   const bool good = document_.status() == QPdfDocument::Status::Ready && document_.pageCount() > 0;
   for (const auto& [action, icon] : icons_) action->setEnabled(good && action != copy_);
+  contents_->setEnabled(good);
   page_->setEnabled(good);
   zoom_->setEnabled(good);
   search_text_->setEnabled(good);
@@ -292,8 +324,8 @@ void frmPDFReader::FillOutline() {
   const bool any = bookmarks_.rowCount() > 0;
   contents_->setEnabled(any);
   outline_->setVisible(any && contents_->isChecked());
-  // The title alone on the first level opens to its chapters.
-  if (bookmarks_.rowCount() == 1) outline_->expand(bookmarks_.index(0, 0));
+  // A title alone on the first level says no more than the window's own.
+  outline_->setRootIndex(bookmarks_.rowCount() == 1 ? bookmarks_.index(0, 0) : QModelIndex());
 }
 
 int frmPDFReader::Find(const QString& text) {
@@ -304,7 +336,7 @@ int frmPDFReader::Find(const QString& text) {
   if (!searched_.isEmpty() && search_.document() != nullptr) {
     for (int page = 0; page < document_.pageCount(); ++page) {
       for (const QPdfLink& link : search_.resultsOnPage(page)) {
-        matches_ << PdfPageView::Match{page, link.rectangles()};
+        matches_ << PdfPageView::Match{page, Lines(link.rectangles())};
       }
     }
   }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace skerrow {
 namespace {
@@ -19,8 +20,6 @@ constexpr int kDarkLightness = 128;
 constexpr qsizetype kKeptPages = 8;
 const QColor kMatchColour(255, 214, 70, 110);
 const QColor kCurrentMatchColour(255, 140, 0, 150);
-const QColor kMatchColourDark(255, 150, 60, 70);
-const QColor kCurrentMatchColourDark(255, 150, 60, 150);
 
 // The page in the colours of the palette: what was paper gets `paper`, what was ink gets `ink`.
 void Recolour(QImage& image, const QColor& paper, const QColor& ink) {
@@ -54,6 +53,7 @@ void PdfPageView::SetDocument(QPdfDocument* document) {
   matches_.clear();
   current_match_ = -1;
   told_page_ = -1;
+  text_page_ = -1;
   ClearSelection();
   LayOut();
   verticalScrollBar()->setValue(0);
@@ -207,13 +207,19 @@ QImage PdfPageView::PageImage(int page, QSize size) {
 
 void PdfPageView::PaintMarks(QPainter& painter, int page) {
   const bool dark = Dark();
+  const QColor ink = palette().color(QPalette::Text);
   for (int i = 0; i < matches_.size(); ++i) {
     if (matches_[i].page != page) continue;
-    const QColor& colour = i == current_match_
-                               ? (dark ? kCurrentMatchColourDark : kCurrentMatchColour)
-                               : (dark ? kMatchColourDark : kMatchColour);
+    const bool current = i == current_match_;
     for (const QRectF& rect : matches_[i].rectangles) {
-      painter.fillRect(ToView(page, rect).adjusted(-1, -1, 1, 1), colour);
+      const QRectF place = ToView(page, rect).adjusted(-1, -1, 1, 1);
+      if (dark) {
+        // A fill would swallow the dim text; a frame does not.
+        painter.setPen(QPen(ink, current ? 2.5 : 0.8));
+        painter.drawRect(place.adjusted(-1, -1, 1, 1));
+      } else {
+        painter.fillRect(place, current ? kCurrentMatchColour : kMatchColour);
+      }
     }
   }
   if (!selection_ || selection_page_ != page) return;
@@ -265,6 +271,29 @@ void PdfPageView::wheelEvent(QWheelEvent* event) {
   event->accept();
 }
 
+QPointF PdfPageView::NearestText(const PagePlace& place) {
+  if (text_page_ != place.page) {
+    text_page_ = place.page;
+    text_lines_.clear();
+    for (const QPolygonF& line : document_->getAllText(place.page).bounds()) {
+      text_lines_ << line.boundingRect().adjusted(0.5, 0.5, -0.5, -0.5);
+    }
+  }
+  QPointF nearest = place.point;
+  double least = std::numeric_limits<double>::infinity();
+  for (const QRectF& line : text_lines_) {
+    const QPointF at(std::clamp(place.point.x(), line.left(), std::max(line.left(), line.right())),
+                     std::clamp(place.point.y(), line.top(), std::max(line.top(), line.bottom())));
+    // A line at the same height is nearer than one above or below it.
+    const double distance = std::hypot(at.x() - place.point.x(), 4.0 * (at.y() - place.point.y()));
+    if (distance < least) {
+      least = distance;
+      nearest = at;
+    }
+  }
+  return nearest;
+}
+
 void PdfPageView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   ClearSelection();
@@ -276,7 +305,7 @@ void PdfPageView::mouseMoveEvent(QMouseEvent* event) {
   const std::optional<PagePlace> end = PlaceAt(event->position());
   if (!end || end->page != drag_start_->page) return;
   selection_page_ = end->page;
-  selection_ = document_->getSelection(end->page, drag_start_->point, end->point);
+  selection_ = document_->getSelection(end->page, NearestText(*drag_start_), NearestText(*end));
   viewport()->update();
   emit SelectionChanged();
 }

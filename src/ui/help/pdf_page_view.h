@@ -81,6 +81,8 @@ class PdfPageView final : public QAbstractScrollArea {
   QRect PageRect(int page) const;
   QImage PageImage(int page, QSize size);
   std::optional<PagePlace> PlaceAt(QPointF at) const;
+  // The place in a line of the page's text that is nearest to a place.
+  QPointF NearestText(const PagePlace& place);
   QRectF ToView(int page, const QRectF& points) const;
   void ShowMatch(const Match& match);
   void PaintMarks(QPainter& painter, int page);
@@ -96,6 +98,8 @@ class PdfPageView final : public QAbstractScrollArea {
   std::optional<PagePlace> drag_start_;
   std::optional<QPdfSelection> selection_;
   int selection_page_ = -1;
+  QList<QRectF> text_lines_;  // of the page that is being selected from
+  int text_page_ = -1;
   int told_page_ = -1;
 };
 
