@@ -1,5 +1,7 @@
 #include "app/program.h"
 
+#include <cmath>
+
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -140,6 +142,51 @@ void ReturnToRealtime(Program& program, Messages& messages) {
   RebuildTides(program, messages);
   ForgetCalculation(program);
   program.route_drawing = false;
+}
+
+void LeaveClock(Program& program) {
+  SaveOnce(program.selected_time, program.saved_time);
+  program.selected_time.override_ = true;
+}
+
+void RestoreTime(Program& program) {
+  RestoreSaved(program.selected_time, program.saved_time);
+  SetDay(program.selected_time, program.selected_time.Day());
+  LoadTideDay(program.tides, program.selected_time.Day());
+  RefreshTideState(program.tides, true, program.selected_time.hours, program.clock->Now());
+}
+
+void RollTides(Program& program, Roll roll) {
+  SelectedTime& time = program.selected_time;
+  if (!time.override_) time.hours = program.clock->Now().Hours();
+  LeaveClock(program);
+  DayAndYear date = time.Day();
+  if (roll == Roll::kForward) {
+    const float whole = std::floor(time.hours);
+    time.hours = time.hours - whole < 0.5F ? whole + 0.5F : whole + 1.0F;
+    if (time.hours >= 24.0F) {
+      time.hours = 0.0F;
+      date = date.day < DaysInYear(date.year)
+                 ? DayAndYear{static_cast<std::int16_t>(date.day + 1), date.year}
+                 : DayAndYear{1, static_cast<std::int16_t>(date.year + 1)};
+    }
+  } else {
+    time.hours -= 0.5F;
+    if (time.hours <= 0.0F) {
+      time.hours = 23.5F;
+      const auto year_before = static_cast<std::int16_t>(date.year - 1);
+      date = date.day > 1
+                 ? DayAndYear{static_cast<std::int16_t>(date.day - 1), date.year}
+                 : DayAndYear{static_cast<std::int16_t>(DaysInYear(year_before)), year_before};
+    } else {
+      const float whole = std::floor(time.hours);
+      const float fraction = time.hours + 0.001F - whole;
+      time.hours = fraction >= 0.5F ? whole + 0.5F : whole;
+    }
+  }
+  SetDay(time, date);
+  if (program.tides.loaded->date != date) LoadTideDay(program.tides, date);
+  RefreshTideState(program.tides, true, time.hours, program.clock->Now());
 }
 
 void ForgetCalculation(Program& program) {

@@ -140,6 +140,19 @@ SelectedTimeRefusal SetSelectedTime(Program& program, const SelectedTimeEntry& e
 // Goes back to the clock's time; the calculated track goes.
 void ReturnToRealtime(Program& program, Messages& messages);
 
+enum class Roll { kForward, kBack };
+
+// Moves the selected time to the next half hour, or back to the one before; the first departure
+// from the clock is remembered. At a midnight the heights are rebuilt.
+void RollTides(Program& program, Roll roll);
+
+// Remembers the time in force, unless an earlier one is still remembered, and marks the time as
+// set by the user.
+void LeaveClock(Program& program);
+
+// Brings back the time remembered by LeaveClock.
+void RestoreTime(Program& program);
+
 // Drops the calculated track and the calculated mark of every route point.
 void ForgetCalculation(Program& program);
 

@@ -105,9 +105,14 @@ bool AnimateTick(Program& program, TimerWindow& window) {
     animation.index = animation.index > kAnimationStep ? animation.index - kAnimationStep : 0;
     animation.index = std::min(animation.index, end);
   }
-  SaveOnce(program.selected_time, program.saved_time);
-  const TrackPoint& point = track[animation.index];
-  program.selected_time.override_ = true;
+  ShowTrackPoint(program, window);
+  return animation.running;
+}
+
+void ShowTrackPoint(Program& program, TimerWindow& window) {
+  Animation& animation = program.animation;
+  const TrackPoint& point = program.passage.route_track[animation.index];
+  LeaveClock(program);
   program.selected_time.hours = point.hours;
   SetDay(program.selected_time, point.date);
   MonthDate date;
@@ -118,7 +123,6 @@ bool AnimateTick(Program& program, TimerWindow& window) {
   if (program.tides.loaded->date != point.date) LoadTideDay(program.tides, point.date);
   RefreshTideState(program.tides, true, point.hours, program.clock->Now());
   window.Repaint();
-  return animation.running;
 }
 
 bool InMiddleThird(const VisibleChart& visible, Position boat) {

@@ -73,6 +73,10 @@ void ReplayTick(Program& program, TimerWindow& window, TimerInstruments& instrum
 // Three points of the calculated track, forward or back. False when the animation has stopped.
 bool AnimateTick(Program& program, TimerWindow& window);
 
+// Makes the time of the track point at the animation's index, which there must be, the selected
+// one, with its label.
+void ShowTrackPoint(Program& program, TimerWindow& window);
+
 // Whether `boat` lies in the middle third of the visible chart on both axes.
 bool InMiddleThird(const VisibleChart& visible, Position boat);
 

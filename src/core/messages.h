@@ -26,4 +26,11 @@ class Messages {
   virtual void Beep() {}
 };
 
+// For operations whose messages nobody is to see; every question is answered with no.
+class NoMessages final : public Messages {
+ public:
+  void Show(std::string_view, MessageIcon, std::string_view) override {}
+  bool Ask(std::string_view, std::string_view) override { return false; }
+};
+
 }  // namespace skerrow

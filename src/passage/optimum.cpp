@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "core/numbers.h"
+#include "routes/route_forms.h"
 
 namespace skerrow {
 namespace {
@@ -145,7 +146,7 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
   lines.insert(lines.end(),
                {" ", " ", kRule, " ",
                 "Route Details - Distance = " + FormatFixed(distance, 1, 1) + "nm", " "});
-  for (std::string& line : RouteListLines(route.points)) lines.push_back(std::move(line));
+  for (std::string& line : RouteRows(route)) lines.push_back(std::move(line));
   lines.insert(lines.end(), {" ", kRule});
   for (std::string& line : ReferencePortLines(tides, request.date))
     lines.push_back(std::move(line));

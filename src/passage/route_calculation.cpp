@@ -77,14 +77,19 @@ class Calculation {
     if (request.use_leeway) leeway_ = static_cast<float>(TextToNumber(request.leeway_text));
   }
 
-  void SolveLeg(std::size_t i) {
+  enum class OnMiss { kRepair, kMarkOnly };
+
+  void SolveLeg(std::size_t i, OnMiss on_miss) {
     RoutePoint& point = points_[i];
     const LegSolution solution = solver_.CalcCourseToSteer(
         {point.At(), point.Next(), point.speed, hours_, date_}, LegSettingsOf(config_));
     if (solution.fault != StreamFault::kNone) fault_ = solution.fault;
     AppendLeg(solution, track_, streams_);
     point.leg_time = solution.result.passage_time;
-    if (!solution.achieved) Repair(i, solution.result.closest_approach);
+    if (!solution.achieved) {
+      if (on_miss == OnMiss::kRepair) Repair(i, solution.result.closest_approach);
+      lines_[1] = kWarningLine;
+    }
     point.course_to_steer =
         HeadingToSteer(solution.result.course_to_steer, config_.variation, leeway_,
                        request_.use_leeway ? static_cast<Tack>(point.tack) : Tack::kNone);
@@ -103,6 +108,15 @@ class Calculation {
     date_ = arrival.date;
     start_text_ = arrival.text;
     total_ += point.leg_time;
+  }
+
+  // Hands over the legs, without the head of the report, the history and the ports.
+  void FinishRework(RouteState& route, PassageState& passage) {
+    lines_.erase(lines_.begin() + 2, lines_.begin() + 7);
+    for (RoutePoint& point : points_) point.calculated = true;
+    route.points = std::move(points_);
+    passage.route_combo_text = date_line_;
+    HandOver(passage, RouteLengthOf(route.points));
   }
 
   void Finish(RouteState& route, PassageState& passage) {
@@ -130,18 +144,22 @@ class Calculation {
     passage.route_summary_text = "Route distance = " + OneDecimal(distance) +
                                  "nm.  Time Taken = " + HoursToDuration(total_) +
                                  ",  SOG  = " + OneDecimal(speed) + "kt.";
+    passage.route_combo_text = date_line_;
+    HandOver(passage, distance);
+  }
+
+ private:
+  void HandOver(PassageState& passage, float distance) {
     passage.route_track = std::move(track_);
     passage.route_streams = std::move(streams_);
     passage.legs = std::move(legs_);
     passage.result_lines = std::move(lines_);
-    passage.route_combo_text = date_line_;
     passage.route_combo = std::move(combo_);
     passage.route_distance = distance;
     passage.route_hours = total_;
     passage.calc_mode = 1;
   }
 
- private:
   void Repair(std::size_t i, float closest_approach) {
     if (!track_.empty()) {
       const Position end = track_.back().position;
@@ -151,7 +169,6 @@ class Calculation {
       points_[i + 1].longitude = end.longitude;
     }
     ShowUnachieved(i + 1, closest_approach, messages_);
-    lines_[1] = kWarningLine;
   }
 
   // Entries 1 to `steps` of the drift, as many as a point can hold.
@@ -245,45 +262,28 @@ RouteOutcome CalculateRoute(const RouteRequest& request, const AppConfig& config
     if (!progress.Step(100.0 * static_cast<double>(i) / static_cast<double>(last) - 1)) {
       return RouteOutcome::kCancelled;
     }
-    calculation.SolveLeg(i - 1);
+    calculation.SolveLeg(i - 1, Calculation::OnMiss::kRepair);
   }
   calculation.Finish(route, passage);
   progress.Step(100);
   return RouteOutcome::kDone;
 }
 
-std::vector<std::string> RouteListLines(const std::vector<RoutePoint>& points) {
-  std::vector<std::string> lines;
-  const auto named = [](const std::string& name) {
-    const std::string trimmed = Trim(name);
-    return trimmed.empty() ? "" : trimmed + " ";
-  };
-  for (std::size_t i = 0; i + 1 < points.size(); ++i) {
-    const RoutePoint& point = points[i];
-    const RangeAndBearing direct = RangeBearing(point.At(), point.Next());
-    const std::string tack = TackName(static_cast<Tack>(point.tack));
-    lines.push_back(named(point.name) + "From   :" + LatToText(point.latitude) + "," +
-                    LongToText(point.longitude));
-    lines.push_back(named(point.next_name) + "To      :" + LatToText(point.next_latitude) + " , " +
-                    LongToText(point.next_longitude));
-    lines.push_back(
-        "Speed : " + OneDecimal(point.speed) + " Kn.  Range = " + OneDecimal(direct.range) +
-        "  Bearing = " + ThreeDigits(direct.bearing) + "°T" + (tack.empty() ? "" : " " + tack));
-    lines.emplace_back(" ");
+RouteOutcome ReworkRoute(const RouteRequest& request, const AppConfig& config,
+                         const TideState& tides, RouteState& route, PassageState& passage,
+                         Progress& progress) {
+  if (route.points.size() < 2) return RouteOutcome::kNoRoute;
+  NoMessages messages;
+  Calculation calculation(request, config, tides, route.points, messages);
+  const std::size_t last = route.points.size();
+  for (std::size_t i = 1; i < last; ++i) {
+    if (!progress.Step(100.0 * static_cast<double>(i) / static_cast<double>(last))) {
+      return RouteOutcome::kCancelled;
+    }
+    calculation.SolveLeg(i - 1, Calculation::OnMiss::kMarkOnly);
   }
-  return lines;
-}
-
-std::string TackName(Tack tack) {
-  switch (tack) {
-    case Tack::kNone:
-      break;
-    case Tack::kPort:
-      return "Port Tack";
-    case Tack::kStarboard:
-      return "Starboard Tack";
-  }
-  return "";
+  calculation.FinishRework(route, passage);
+  return RouteOutcome::kDone;
 }
 
 std::vector<std::string> ReferencePortLines(const TideState& tides, DayAndYear date) {

@@ -46,12 +46,12 @@ RouteOutcome CalculateRoute(const RouteRequest& request, const AppConfig& config
                             const TideState& tides, RouteState& route, PassageState& passage,
                             Messages& messages, Progress& progress);
 
-// The four lines that a dialog's list shows of each leg: from, to, speed with range and bearing,
-// and a blank.
-std::vector<std::string> RouteListLines(const std::vector<RoutePoint>& points);
-
-// "Port Tack", "Starboard Tack", or empty.
-std::string TackName(Tack tack);
+// Solves each leg of a calculated route anew from another time, as the roll of the tides does. The
+// route is not repaired: a leg that cannot be achieved marks the report, which has the lines of the
+// legs alone. Cancelled: everything as it was.
+RouteOutcome ReworkRoute(const RouteRequest& request, const AppConfig& config,
+                         const TideState& tides, RouteState& route, PassageState& passage,
+                         Progress& progress);
 
 // The high and low waters of a day at the reference ports, as they end every report.
 std::vector<std::string> ReferencePortLines(const TideState& tides, DayAndYear date);

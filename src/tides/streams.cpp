@@ -188,6 +188,22 @@ void RefreshTideState(TideState& state, bool override_, float hours, const Clock
   }
 }
 
+void SaveTidalDiamonds(const TideState& state, const Folders& folders, std::string_view tidal_area,
+                       Messages& messages) {
+  std::vector<Diamond> records(1);
+  for (const Diamond& diamond : state.diamonds) {
+    if (diamond.latitude > 10.0F && diamond.latitude < 70.0F) records.push_back(diamond);
+  }
+  const std::string path = DiamondFilePath(folders, Trim(tidal_area) + "001");
+  const Status written = ReplaceFile(path, EncodeRecords<Diamond>(records, kDiamondFields));
+  if (!written) {
+    messages.Show(written.error().Text(), MessageIcon::kWarning);
+    return;
+  }
+  messages.Show(std::to_string(records.size() - 1) + " Data records written to file " + path,
+                MessageIcon::kInformation);
+}
+
 std::string StreamLabel(const TideState& state, const StreamReading& reading) {
   if (reading.diamond >= 0) return state.labels[static_cast<std::size_t>(reading.diamond)];
   return reading.taken ? kNoDiamondLabel : "";

@@ -80,6 +80,11 @@ void LoadTideDay(TideState& state, DayAndYear date);
 // otherwise the clock's hours and minutes.
 void RefreshTideState(TideState& state, bool override_, float hours, const ClockReading& now);
 
+// Writes the loaded diamonds of a sea area, those from latitude 10 to 70, behind an all-zero record
+// to the area's file with "001" in its name, and tells their number and the path, or the failure.
+void SaveTidalDiamonds(const TideState& state, const Folders& folders, std::string_view tidal_area,
+                       Messages& messages);
+
 // One reading of a stream.
 struct StreamReading {
   float rate = 0.0F;       // knots

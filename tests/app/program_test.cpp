@@ -220,6 +220,39 @@ TEST_F(Started, CommsTicksTakeTurnsAndOverrideTheSetTime) {
   EXPECT_EQ(instruments_.replayed, 1);
 }
 
+TEST_F(Started, TheTidesRollByHalfHoursThroughMidnight) {
+  Start();
+  struct Row {
+    float from;
+    Roll roll;
+    float to;
+    int day;
+  };
+  const Row rows[] = {{6.5F, Roll::kForward, 7.0F, 339},   {6.2F, Roll::kForward, 6.5F, 339},
+                      {6.75F, Roll::kForward, 7.0F, 339},  {23.5F, Roll::kForward, 0.0F, 340},
+                      {6.5F, Roll::kBack, 6.0F, 339},      {6.75F, Roll::kBack, 6.0F, 339},
+                      {7.25F, Roll::kBack, 6.5F, 339},     {0.5F, Roll::kBack, 23.5F, 338},
+                      {0.0F, Roll::kBack, 23.5F, 338}};
+  for (const Row& row : rows) {
+    program_.selected_time.hours = row.from;
+    SetDay(program_.selected_time, {339, 2026});
+    program_.selected_time.override_ = true;
+    RollTides(program_, row.roll);
+    EXPECT_EQ(program_.selected_time.hours, row.to) << row.from;
+    EXPECT_EQ(program_.selected_time.day_of_year, row.day) << row.from;
+    EXPECT_EQ(program_.tides.loaded->date.day, row.day) << row.from;
+  }
+  // From the clock: its time is taken first and comes back afterwards.
+  ReturnToRealtime(program_, messages_);
+  clock_.now.hour = 9;
+  RollTides(program_, Roll::kForward);
+  EXPECT_EQ(program_.selected_time.hours, 10.0F);
+  RollTides(program_, Roll::kForward);
+  RestoreTime(program_);
+  EXPECT_EQ(program_.selected_time.hours, 9.5F);
+  EXPECT_FALSE(program_.selected_time.override_);
+}
+
 TEST_F(Started, AnimationStepsThroughTheTrackAndRemembersTheTime) {
   Start();
   for (int i = 0; i < 8; ++i) {

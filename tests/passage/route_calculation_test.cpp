@@ -172,6 +172,24 @@ TEST_F(RouteCalculation, ACancelLeavesTheLastResultAsItWas) {
   EXPECT_EQ(passage_.calc_mode, 1);
 }
 
+TEST_F(RouteCalculation, ReworksTheLegsFromAnotherTimeWithoutRepair) {
+  ASSERT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kDone);
+  const std::vector<std::string> legs(passage_.result_lines.begin() + 7,
+                                      passage_.result_lines.begin() + 10);
+  ASSERT_EQ(ReworkRoute({10.5F, kDate, false, ""}, config_, tides_, route_, passage_, progress_),
+            RouteOutcome::kDone);
+  EXPECT_EQ(passage_.result_lines[0], kDerivedDataNotice);
+  EXPECT_EQ(passage_.result_lines[2], legs[0]);
+  EXPECT_EQ(passage_.result_lines[5], "Starting at 10:30 arriving at 15:29");
+  EXPECT_EQ(passage_.route_history.size(), 5U);
+  config_.error_circle = 0.0F;
+  const Position end = route_.points[1].At();
+  ASSERT_EQ(ReworkRoute({10.5F, kDate, false, ""}, config_, tides_, route_, passage_, progress_),
+            RouteOutcome::kDone);
+  EXPECT_EQ(route_.points[1].At(), end);
+  EXPECT_TRUE(passage_.result_lines[1].starts_with("* WARNING *"));
+}
+
 TEST_F(RouteCalculation, NeedsTwoPoints) {
   route_ = MakeRoute({{50.0F, -1.0F}});
   EXPECT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kNoRoute);

@@ -304,6 +304,28 @@ TEST(Diamonds, KeepsThoseOnTheChartAndCountsEveryPort) {
   EXPECT_EQ(ports, (std::vector<std::int16_t>{0, 9, 1, 2}));
 }
 
+TEST(Diamonds, ACleanedCopyLoadsTheSameDiamonds) {
+  TempFolder folder;
+  std::filesystem::create_directories(folder.path() + "/TS");
+  const Folders folders{folder.path(), "", ""};
+  std::mt19937 random(3);
+  TideState state;
+  state.diamonds = RandomDiamonds(random, 6, 2);
+  state.diamonds[4].latitude = 71.0F;
+  RecordingMessages messages;
+  messages.Expect("5 Data records written to file " + folder.File("TS/Area001.l25"));
+  SaveTidalDiamonds(state, folders, "Area", messages);
+  const auto records = ReadDiamonds(folder.File("TS/Area001.l25"));
+  ASSERT_TRUE(records);
+  ASSERT_EQ(records->size(), 6U);
+  EXPECT_EQ((*records)[0].latitude, 0.0F);
+  EXPECT_EQ(KeepCharted(*records).size(), 5U);
+  EXPECT_EQ((*records)[5].direction, state.diamonds[5].direction);
+  std::filesystem::remove_all(folder.path() + "/TS");
+  messages.Expect(folder.File("TS/Area001.l25") + ": No such file or directory");
+  SaveTidalDiamonds(state, folders, "Area", messages);
+}
+
 TEST(Diamonds, BadFilesAreToldAndLeaveNoHalfTable) {
   TempFolder folder;
   std::filesystem::create_directories(folder.path() + "/TS");

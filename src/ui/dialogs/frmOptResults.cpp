@@ -1,0 +1,119 @@
+#include "ui/dialogs/frmOptResults.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QToolBar>
+
+#include "ui/dialogs/frmcalcroute.h"
+#include "ui/widgets/print_lines.h"
+#include "ui/widgets/qt_text.h"
+
+namespace skerrow {
+
+FrmOptResults::FrmOptResults(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmOptResults", tr("Optimum Results"), parent),
+      chart_(new DepartureChart(OptimumChart(desktop.program.passage.optimum_times,
+                                             desktop.program.passage.optimum_start_hour))),
+      scale_(new HourScale(*chart_)),
+      list_(new TextList(desktop.clipboard, "lstResults")),
+      cursor_(Named<QLabel>("lblCursor")) {
+  list_->SetLines(desktop.program.passage.result_lines);
+  MakeCommands();
+  auto* top = new QWidget;
+  auto* column = new QVBoxLayout(top);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(2);
+  cursor_->setProperty("heading", true);
+  column->addWidget(cursor_);
+  column->addSpacing(4);
+  column->addWidget(chart_, 1);
+  column->addWidget(scale_);
+  auto* splitter = new QSplitter(Qt::Vertical);
+  splitter->addWidget(top);
+  splitter->addWidget(list_);
+  splitter->setChildrenCollapsible(false);
+  splitter->setSizes({320, 220});
+  body()->addWidget(splitter, 1);
+  QPushButton* close = AddButton("cmdClose", tr("&Close"));
+  close->setDefault(true);
+  connect(close, &QPushButton::clicked, this, &QDialog::accept);
+  connect(chart_, &DepartureChart::Marked, this, [this](std::size_t index) { ShowMarked(index); });
+  connect(chart_, &DepartureChart::Chosen, this, [this] { CalculateCourse(); });
+  if (!chart_->chart().empty()) chart_->Mark(chart_->chart().extremes().shortest);
+  chart_->setFocus();
+  resize(780, 640);
+}
+
+QAction* FrmOptResults::MakeAction(const char* name, const QString& text) {
+  auto* action = new QAction(text, this);
+  action->setObjectName(QString::fromUtf8(name));
+  return action;
+}
+
+void FrmOptResults::MakeCommands() {
+  const auto copy_all = [this] { desktop().clipboard.SetText(JoinLines(list_->lines()) + "\n"); };
+  const auto copy_image = [this] { CopyImage(); };
+  const auto print = [this] { Print(); };
+  const auto calculate = [this] { CalculateCourse(); };
+  const auto add = [this](QWidget* where, const char* name, const QString& text, auto slot) {
+    QAction* action = MakeAction(name, text);
+    connect(action, &QAction::triggered, this, slot);
+    where->addAction(action);
+    return action;
+  };
+
+  auto* bar = new QMenuBar;
+  QMenu* file = bar->addMenu(tr("&File"));
+  add(file, "mnuPrint", tr("&Print Results"), print)->setShortcut(QKeySequence::Print);
+  QMenu* edit = bar->addMenu(tr("&Edit"));
+  add(edit, "mnuEditCopyGraph", tr("Copy &Graph As Image"), copy_image);
+  add(edit, "mnuCopyAll", tr("Copy &All"), copy_all);
+  add(edit, "mnuCopySelected", tr("Copy &Selected"), [this] { list_->CopySelected(); });
+  layout()->setMenuBar(bar);
+
+  auto* tools = new QToolBar;
+  tools->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  add(tools, "COPYTEXT", tr("Copy Text"), copy_all)
+      ->setToolTip(tr("Puts all lines on the clipboard"));
+  add(tools, "COPYIMG", tr("Copy Chart"), copy_image)
+      ->setToolTip(tr("Puts the chart on the clipboard as a picture"));
+  add(tools, "PRINT", tr("Print"), print)->setToolTip(tr("Prints chart and lines (Ctrl+P)"));
+  tools->addSeparator();
+  add(tools, "CALC", tr("Calculate Course to Steer"), calculate)
+      ->setToolTip(tr("Takes the marked departure into the route calculation (Enter)"));
+  body()->addWidget(tools);
+
+  auto* popup = new QMenu(this);
+  popup->setObjectName(QStringLiteral("mnuGraphPopUp"));
+  add(popup, "mnuGraphCopy", tr("Copy &Graph As Image"), copy_image);
+  add(popup, "mnuPopUpCopyAsText", tr("Copy Results As &Text"), copy_all);
+  add(popup, "mnuPopUpCTS", tr("&Calculate Course to Steer for this time"), calculate);
+  connect(chart_, &QWidget::customContextMenuRequested, this,
+          [this, popup](const QPoint& at) { popup->popup(chart_->mapToGlobal(at)); });
+}
+
+void FrmOptResults::ShowMarked(std::size_t index) {
+  cursor_->setText(ToQt(chart_->chart().HoverText(index)));
+}
+
+void FrmOptResults::CopyImage() {
+  desktop().clipboard.SetPicture(
+      chart_->ToPicture(chart_->width(), chart_->height() + scale_->height()));
+}
+
+void FrmOptResults::Print() {
+  PrintLines(desktop(), this, "Optimum Results", list_->lines(), chart_->ToPicture(1000, 480));
+}
+
+void FrmOptResults::CalculateCourse() {
+  const std::optional<std::size_t> marked = chart_->marked();
+  if (!marked) return;
+  SelectDeparture(desktop().program, chart_->chart().DepartureHours(*marked), desktop().messages);
+  desktop().window.StateChanged();
+  FrmCalcRoute(desktop(), this).exec();
+  accept();
+}
+
+}  // namespace skerrow

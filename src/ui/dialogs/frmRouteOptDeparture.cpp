@@ -1,0 +1,109 @@
+#include "routes/route_forms.h"
+#include "ui/dialogs/frmRouteOptDeparture.h"
+
+#include <QGroupBox>
+#include <QShowEvent>
+#include <QTimer>
+
+#include "passage/optimum.h"
+#include "ui/dialogs/frmOptResults.h"
+#include "ui/forms/calc_route_form.h"
+#include "ui/widgets/progress_dialog.h"
+#include "ui/widgets/qt_text.h"
+
+namespace skerrow {
+
+FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmRouteOptDeparture", tr("Optimise Departure"), parent),
+      legs_(new TextList(desktop.clipboard, "List1")),
+      bar_(Named<QProgressBar>("ProgressBar1")),
+      progress_(Named<QLabel>("lblProgress")) {
+  body()->addWidget(MakeHint(tr("The route is calculated for every whole hour of the slot on %1.")
+                                 .arg(ToQt(DateText(desktop.program.selected_time.Day())))));
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(14);
+  columns->addWidget(legs_, 1);
+  auto* box = new QGroupBox(tr("Departure between"));
+  auto* rows = new QVBoxLayout(box);
+  constexpr const char* kNames[] = {"Option1", "Option2", "Option3", "Option4", "Option5"};
+  for (std::size_t i = 0; i < slots_.size(); ++i) {
+    slots_[i] = Named<QRadioButton>(kNames[i], QString::fromUtf8(kDepartureSlots[i].caption));
+    rows->addWidget(slots_[i]);
+  }
+  slots_.back()->setChecked(true);
+  rows->addStretch(1);
+  columns->addWidget(box);
+  body()->addLayout(columns, 1);
+  auto* progress = new QHBoxLayout;
+  bar_->setRange(0, 100);
+  bar_->setTextVisible(false);
+  progress_->setMinimumWidth(progress_->fontMetrics().horizontalAdvance(QStringLiteral("100 %")));
+  progress->addWidget(bar_, 1);
+  progress->addWidget(progress_);
+  body()->addLayout(progress);
+  bar_->hide();
+
+  QPushButton* reverse =
+      AddLeftButton("cmdreverse", tr("&Reverse Route"), tr("Turns the route round"));
+  QPushButton* search = AddButton("cmdOptimise", tr("&Calculate Optimise"));
+  search->setDefault(true);
+  cancel_ = AddButton("cmdrtecancel", tr("Cancel"));
+  connect(reverse, &QPushButton::clicked, this, [this] {
+    ReverseCurrentRoute(this->desktop().program, this->desktop().messages);
+    Load();
+    this->desktop().window.StateChanged();
+  });
+  connect(search, &QPushButton::clicked, this, [this] { Search(); });
+  connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
+  Load();
+  slots_.back()->setFocus();
+  resize(640, 420);
+}
+
+void FrmRouteOptDeparture::Load() {
+  legs_->SetLines(RouteRows(desktop().program.route));
+}
+
+void FrmRouteOptDeparture::showEvent(QShowEvent* event) {
+  Dialog::showEvent(event);
+  if (inputs_checked_) return;
+  inputs_checked_ = true;
+  // Behind the first paint, so that a message stands over the dialog that it is about.
+  QTimer::singleShot(
+      0, this, [this] { CheckLegSpeeds(desktop().program.route.points, desktop().messages); });
+}
+
+std::size_t FrmRouteOptDeparture::Slot() const {
+  for (std::size_t i = 0; i < slots_.size(); ++i) {
+    if (slots_[i]->isChecked()) return i;
+  }
+  return slots_.size() - 1;
+}
+
+void FrmRouteOptDeparture::reject() {
+  if (busy()) {
+    stop_ = true;
+    return;
+  }
+  Dialog::reject();
+}
+
+void FrmRouteOptDeparture::Search() {
+  if (busy()) return;
+  stop_ = false;
+  SetBusy(true);
+  cancel_->setEnabled(true);
+  bar_->show();
+  FormProgress progress(bar_, progress_, stop_);
+  const RouteOutcome outcome =
+      RunDepartureSearch(desktop().program, Slot(), desktop().messages, progress);
+  SetBusy(false);
+  bar_->hide();
+  progress_->clear();
+  if (outcome != RouteOutcome::kDone) return;
+  accept();
+  desktop().window.StateChanged();
+  FrmOptResults(desktop(), parentWidget()).exec();
+}
+
+}  // namespace skerrow

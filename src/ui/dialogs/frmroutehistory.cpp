@@ -1,0 +1,11 @@
+#include "ui/dialogs/frmroutehistory.h"
+
+namespace skerrow {
+
+FrmRouteHistory::FrmRouteHistory(Desktop& desktop, QWidget* parent)
+    : ReportDialog(desktop, "frmroutehistory", tr("Calculation History"), "lsthistresults",
+                   parent) {
+  list()->SetLines(desktop.program.passage.route_history);
+}
+
+}  // namespace skerrow

@@ -1,0 +1,10 @@
+#include "ui/dialogs/frmrouteinfo.h"
+
+namespace skerrow {
+
+FrmRouteInfo::FrmRouteInfo(Desktop& desktop, QWidget* parent)
+    : ReportDialog(desktop, "frmrouteinfo", tr("Route Calculations"), "List1", parent) {
+  list()->SetLines(desktop.program.passage.result_lines);
+}
+
+}  // namespace skerrow

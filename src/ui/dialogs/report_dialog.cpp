@@ -1,0 +1,45 @@
+#include "ui/dialogs/report_dialog.h"
+
+#include "ui/widgets/print_lines.h"
+
+namespace skerrow {
+
+ReportDialog::ReportDialog(Desktop& desktop, const char* name, const QString& title,
+                           const char* list_name, QWidget* parent)
+    : Dialog(desktop, name, title, parent),
+      head_(new QVBoxLayout),
+      list_(new TextList(desktop.clipboard, list_name)),
+      copy_all_(Named<QRadioButton>("Option1", tr("Copy &all to Clipboard"))),
+      copy_selected_(Named<QRadioButton>("Option2", tr("Copy &Selected"))) {
+  body()->addLayout(head_);
+  body()->addWidget(list_, 1);
+  copy_all_->setChecked(true);
+  auto* copies = new QHBoxLayout;
+  copies->setSpacing(14);
+  copies->addWidget(copy_all_);
+  copies->addWidget(copy_selected_);
+  auto* copy = Named<QPushButton>("cmdClipboardCopy", tr("&Copy"));
+  copy->setAutoDefault(false);
+  copy->setToolTip(tr("Puts the lines on the clipboard (Ctrl+C copies the selected ones)"));
+  copies->addWidget(copy);
+  copies->addStretch(1);
+  body()->addLayout(copies);
+  QPushButton* print = AddLeftButton("cmdresultsprint", tr("&Print..."), tr("Prints the list"));
+  ok_ = AddButton("cmdOK", tr("OK"));
+  ok_->setDefault(true);
+  connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
+  connect(print, &QPushButton::clicked, this,
+          [this] { PrintLines(this->desktop(), this, PrintHeading(), list_->lines()); });
+  connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
+  resize(720, 540);
+}
+
+void ReportDialog::Copy() {
+  if (copy_all_->isChecked()) {
+    list_->CopyAll();
+  } else {
+    list_->CopySelected();
+  }
+}
+
+}  // namespace skerrow

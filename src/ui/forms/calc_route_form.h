@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/program.h"
+#include "core/progress.h"
+#include "passage/route_calculation.h"
+#include "routes/route_forms.h"
+
+// What the route calculation and departure search dialogs show, check and do.
+namespace skerrow {
+
+// The texts and marks of `frmcalcroute` as it opens.
+struct CalcRouteTexts {
+  std::string time;  // "hh:mm": the user's selected time, or else the clock's
+  std::string date;  // of the selected time, "5 Dec 2026"
+  bool use_leeway = false;
+  std::string leeway;          // degrees
+  std::string route_distance;  // "Route = 12.3Nm"
+};
+CalcRouteTexts CalcRouteTextsOf(const Program& program);
+
+// Why "Accept" refuses a leg.
+enum class LegRefusal { kNone, kLatitude, kLongitude, kNoLeg };
+
+// The text shown for a refusal; empty for none and for no leg.
+std::string_view LegRefusalText(LegRefusal refusal);
+
+// Gives leg `leg` (from 1) the typed ends, names and speed. A latitude of 0 or beyond 90, and a
+// destination longitude of 0 or beyond 180, are refused; the start longitude only beyond 180.
+LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry, Messages& messages);
+
+// Gives every leg the speed; false, with nothing changed, for one of 0. kBadRouteSpeed tells it.
+bool ApplyRouteSpeed(Program& program, std::string_view speed_text);
+inline constexpr std::string_view kBadRouteSpeed = "Must enter a valid speed";
+
+// Turns the route round; a calculation of it is forgotten.
+void ReverseCurrentRoute(Program& program, Messages& messages);
+
+// Whether a wind from `wind_direction` comes over the starboard side of a boat on `course`. Dead
+// ahead and dead astern do not. Degrees.
+bool WindOnStarboard(float wind_direction, float course);
+
+// Sets the tack of each leg from the default wind.
+void SetTacks(Program& program);
+
+// The boat as the GPS has it.
+struct GpsReading {
+  Position position;
+  std::optional<float> speed_over_ground;  // knots
+};
+// The latest reading; empty without reception or before the first fix.
+std::optional<GpsReading> GpsReadingOf(const Program& program);
+
+// Makes the GPS position the start of the route, and its speed that of every point where asked and
+// known.
+void UseGpsForStart(Program& program, const GpsReading& gps, bool use_speed, Messages& messages);
+
+// What "Copy" puts on the clipboard.
+std::string RoutePlanText(std::string_view time, std::string_view date,
+                          const std::vector<std::string>& lines);
+
+// What OK starts the calculation with.
+struct CalculationEntry {
+  std::string time;
+  bool use_leeway = false;
+  std::string leeway;
+};
+
+// Checks the time of departure.
+DepartureTimeRefusal CheckCalculation(const CalculationEntry& entry);
+
+// Calculates the route on the day of the selected time.
+RouteOutcome RunCalculation(Program& program, const CalculationEntry& entry, Messages& messages,
+                            Progress& progress);
+
+// Searches the best departure of the selected day in slot `slot` (from 0).
+RouteOutcome RunDepartureSearch(Program& program, std::size_t slot, Messages& messages,
+                                Progress& progress);
+
+}  // namespace skerrow

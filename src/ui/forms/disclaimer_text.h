@@ -1,0 +1,14 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace skerrow {
+
+// The caption of the start form.
+inline constexpr std::string_view kStartCaption = "Skerrow Helm (v6.0.0.1)";
+
+// The paragraphs of the start form.
+std::span<const std::string_view> DisclaimerLines();
+
+}  // namespace skerrow

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+// The commands of the main window, each one row of a table. Menus, toolbars, the pop-up menu and
+// the keys name them; where they stand is told elsewhere.
+namespace skerrow {
+
+class FrmChart;
+
+// What a command needs to be of use. An action is enabled when all its needs are met.
+enum Need : std::uint32_t {
+  kNoNeed = 0,
+  kNeedsPoint = 1U << 0,        // a route point
+  kNeedsRoute = 1U << 1,        // a leg
+  kNeedsThreePoints = 1U << 2,
+  kNeedsTrack = 1U << 3,        // a calculated track
+  kNeedsHistory = 1U << 4,      // an earlier chart
+  kNeedsUndo = 1U << 5,
+  kNeedsRedo = 1U << 6,
+  kNeedsStreams = 1U << 7,      // streams shown
+  kNeedsTools = 1U << 8,        // the tools menu shown
+  kNeedsMob = 1U << 9,          // a man-overboard position
+};
+
+struct Command {
+  std::string_view name;     // "mnucalcrte"; also the name of its action
+  std::string_view caption;  // with the mnemonic's "&"
+  std::string_view icon;     // of src/ui/icons; may be empty
+  std::string_view tip;      // what it does, for the tool tip and the status bar; may be empty
+  std::string_view key;      // as the tool tip and the menu show it; the key table binds it
+  std::uint32_t needs = kNoNeed;
+  // Null: the subsystem is not there yet, and the command stands disabled.
+  void (*run)(FrmChart&) = nullptr;
+  // The check mark; null for commands that have none.
+  bool (*checked)(const FrmChart&) = nullptr;
+  // Whether the command is offered at all; null: always.
+  bool (*shown)(const FrmChart&) = nullptr;
+};
+
+// The rows by subject.
+std::span<const Command> FileCommands();
+std::span<const Command> ChartCommands();
+std::span<const Command> RouteCommands();
+std::span<const Command> TimeCommands();
+std::span<const Command> WaypointCommands();
+std::span<const Command> ViewCommands();
+std::span<const Command> HelpCommands();
+// What belongs to subsystems that are not there yet.
+std::span<const Command> LaterCommands();
+
+// All rows.
+std::vector<const Command*> AllCommands();
+
+// The row of a name; null when there is none.
+const Command* FindCommand(std::string_view name);
+
+}  // namespace skerrow

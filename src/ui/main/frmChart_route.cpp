@@ -1,0 +1,291 @@
+#include "core/text.h"
+#include "core/numbers.h"
+#include "core/plane_sailing.h"
+#include "passage/route_calculation.h"
+#include "ui/dialogs/frmRouteOptDeparture.h"
+#include "ui/dialogs/frmcalcroute.h"
+#include "ui/dialogs/frmresults.h"
+#include "ui/main/frmChart.h"
+#include "ui/main/readout.h"
+#include "ui/routes/frmSingleWayPoint.h"
+#include "ui/routes/leaving.h"
+#include "ui/widgets/qt_text.h"
+
+// The main window's route: editing, calculation, results, and the time that goes with them.
+namespace skerrow {
+
+void FrmChart::RouteMoving() {
+  if (!program().passage.route_track.empty()) ForgetCalculation(program());
+  StateChanged();
+}
+
+void FrmChart::RouteEdited(const char* name, RouteState before) {
+  FinishRouteEdit(desktop_, session_, name, std::move(before));
+  StateChanged();
+}
+
+void FrmChart::EnterWaypoint(Position place) { EnterWaypointByMouse(desktop_, place, this); }
+
+void FrmChart::ClearMark() {
+  program().mouse_mode = MouseMode::kRouteCreation;
+  view_.marked_point_on = false;
+  view_.marked_kind = MarkedKind::kNothing;
+  StateChanged();
+}
+
+void FrmChart::InsertPoint() {
+  AskInsertRoutePoint(desktop_, session_, view_.cursor);
+  ClearMark();
+}
+
+void FrmChart::DeleteMarked() {
+  if (view_.marked_kind == MarkedKind::kWaypoint) {
+    AskDeleteWaypoint(desktop_, view_.marked);
+  } else if (!program().route.points.empty()) {
+    AskDeleteRoutePoint(desktop_, session_, view_.marked_point_on ? view_.marked : view_.cursor);
+  }
+  ClearMark();
+}
+
+void FrmChart::ClearTheRoute() {
+  if (!MayClearRoute(desktop_, session_, this)) return;
+  Program& p = program();
+  EditRoute(desktop_, session_, "Clear Route",
+            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(p)); });
+  RouteIsSaved(desktop_, session_);
+  StopAnimation();
+  p.route_drag_on = false;
+  p.dividers_on = false;
+  view_.zero_point.reset();
+  view_.divider_end.reset();
+  view_.route_entry_on = false;
+  view_.last_click.reset();
+  RestoreTime(p);
+  ShowDividersText();
+  ClearMark();
+}
+
+// The first stage takes a calculated track off the chart, the second resets everything.
+void FrmChart::Escape() {
+  Program& p = program();
+  if (view_.calculation_on_show) {
+    StopAnimation();
+    ForgetCalculation(p);
+    view_.calculation_on_show = false;
+    StateChanged();
+    return;
+  }
+  EditRoute(desktop_, session_, "Clear Route",
+            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(p)); });
+  StopAnimation();
+  view_.last_click.reset();
+  view_.route_entry_on = false;
+  p.mouse_mode = MouseMode::kRouteCreation;
+  p.dividers_on = false;
+  p.route_drag_on = false;
+  view_.zero_point.reset();
+  view_.divider_end.reset();
+  view_.marked_point_on = false;
+  view_.marked_kind = MarkedKind::kNothing;
+  view_.candidate_chart.reset();
+  if (view_.rectangle_mode) ToggleRectangle();
+  p.working_wind = p.wind_config.Default();
+  p.selected_time.override_ = false;
+  ReturnToRealtime(p, messages());
+  ShowDividersText();
+  StateChanged();
+}
+
+void FrmChart::ToggleDividers() {
+  Program& p = program();
+  p.dividers_on = !p.dividers_on;
+  p.route_drag_on = false;
+  view_.divider_end.reset();
+  if (p.dividers_on) view_.zero_point.reset();
+  ShowDividersText();
+  if (p.dividers_on) dividers_->setText("No reference pt");
+  StateChanged();
+}
+
+void FrmChart::ToggleRouteDrag() {
+  Program& p = program();
+  p.route_drag_on = !p.route_drag_on;
+  view_.drag_armed = false;
+  if (!p.route_drag_on) SetPointer(Pointer::kCross);
+  StateChanged();
+}
+
+void FrmChart::ToggleSnap() {
+  view_.snap_to_waypoint = !view_.snap_to_waypoint;
+  view_.snap_active = false;
+  SetPointer(Pointer::kCross);
+  StateChanged();
+}
+
+void FrmChart::ToggleWaypointEntry() {
+  Program& p = program();
+  p.mouse_mode = p.mouse_mode == MouseMode::kWaypointEntry ? MouseMode::kRouteCreation
+                                                           : MouseMode::kWaypointEntry;
+  StateChanged();
+}
+
+void FrmChart::ToggleMob() {
+  constexpr std::string_view kTitle = "MAN OVERBOARD";
+  if (view_.mob_on) {
+    if (!messages().Ask("Cancel Man Overboard?", kTitle)) return;
+    view_.mob_on = false;
+  } else {
+    if (!messages().Ask("Activate Man Overboard?", kTitle)) return;
+    // Without a fix the boat is where the user last pointed, which is better than nowhere.
+    const bool fix = program().boat_latitude != 0.0F;
+    view_.mob = fix ? Position{program().boat_latitude, program().boat_longitude} : view_.cursor;
+    view_.mob_on = true;
+  }
+  StateChanged();
+}
+
+void FrmChart::CalculateRouteDialog() {
+  program().route_drag_on = false;
+  FrmCalcRoute dialog(desktop_, this);
+  dialog.exec();
+  view_.calculation_on_show = !program().passage.route_track.empty();
+  program().animation = {};
+  StateChanged();
+}
+
+void FrmChart::OptimiseDialog() {
+  program().route_drag_on = false;
+  FrmRouteOptDeparture dialog(desktop_, this);
+  dialog.exec();
+  view_.calculation_on_show = !program().passage.route_track.empty();
+  StateChanged();
+}
+
+void FrmChart::ShowResults() {
+  if (program().passage.result_lines.empty()) {
+    messages().Show("No Results to display", MessageIcon::kInformation, kProgramTitle);
+    return;
+  }
+  FrmResults dialog(desktop_, this);
+  dialog.exec();
+}
+
+void FrmChart::Animate(AnimationDirection direction) {
+  Program& p = program();
+  if (p.passage.route_track.empty()) return;
+  LeaveClock(p);
+  const std::size_t end = p.passage.route_track.size() - 1;
+  p.animation.direction = direction;
+  if (direction == AnimationDirection::kForward) {
+    if (p.animation.index >= end) p.animation.index = 0;
+  } else if (p.animation.index == 0) {
+    p.animation.index = end;
+  }
+  p.animation.running = true;
+  animate_timer_.start();
+  UpdateActions();
+}
+
+void FrmChart::PauseAnimation() {
+  Animation& animation = program().animation;
+  if (animate_timer_.isActive()) {
+    animate_timer_.stop();
+  } else if (!animation.label.empty() || animation.running) {
+    animation.running = true;
+    animate_timer_.start();
+  }
+  UpdateActions();
+}
+
+void FrmChart::StopAnimation() {
+  animate_timer_.stop();
+  Program& p = program();
+  const bool was_on = p.animation.running || !p.animation.label.empty();
+  p.animation = {};
+  eta_.clear();
+  if (was_on) RestoreTime(p);
+  UpdateStatusBar();
+  UpdateCaption();
+  UpdateActions();
+  Repaint();
+}
+
+// Solves a result on show anew for the time rolled to. False when the user stopped it.
+bool FrmChart::ReworkResult() {
+  Program& p = program();
+  if (p.passage.calc_mode != 1 || p.passage.route_track.empty()) return true;
+  RouteRequest request;
+  request.hours = p.selected_time.hours;
+  request.date = p.selected_time.Day();
+  request.use_leeway = p.use_leeway;
+  request.leeway_text = ShortText(p.config.leeway_angle);
+  const std::unique_ptr<Progress> progress = StartProgress("Reworking the route");
+  const RouteOutcome outcome =
+      ReworkRoute(request, p.config, p.tides, p.route, p.passage, *progress);
+  if (outcome == RouteOutcome::kDone) view_.calculation_on_show = true;
+  return outcome != RouteOutcome::kCancelled;
+}
+
+void FrmChart::RollTheTides(Roll roll) {
+  animate_timer_.stop();
+  RollTides(program(), roll);
+  ReworkResult();
+  StateChanged();
+}
+
+void FrmChart::NearestTrackPoint() {
+  Program& p = program();
+  float best = 25000.0F;
+  for (std::size_t i = 0; i < p.passage.route_track.size(); ++i) {
+    const float range = RangeOnly(view_.cursor, p.passage.route_track[i].position);
+    if (range < best) {
+      best = range;
+      p.animation.index = i;
+    }
+  }
+  if (p.passage.route_track.empty()) return;
+  ShowTrackPoint(p, *this);
+  UpdateCaption();
+}
+
+void FrmChart::ToRealtime() {
+  animate_timer_.stop();
+  program().animation = {};
+  eta_.clear();
+  ReturnToRealtime(program(), messages());
+  StateChanged();
+}
+
+void FrmChart::OpenFile(const std::string& path) {
+  Program& p = program();
+  const std::string kind = ToLowerAscii(path.substr(std::min(path.size(), path.rfind('.'))));
+  if (kind == ".rte") {
+    const Status loaded = LoadRoute(path, RouteSpeeds::kStored, RouteDefaultsOf(p), p.route,
+                                    messages());
+    if (!loaded) {
+      messages().Show(loaded.error().Text(), MessageIcon::kWarning, kProgramTitle);
+    } else {
+      RouteIsSaved(desktop_, session_);
+    }
+  } else if (kind == ".way") {
+    Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path);
+    if (!waypoints) {
+      messages().Show(waypoints.error().Text(), MessageIcon::kWarning, kProgramTitle);
+    } else {
+      p.waypoints.waypoints = std::move(waypoints.value());
+    }
+  } else if (kind == ".cht" || kind == ".l55") {
+    OpenRecentChart(path.substr(0, path.rfind('.')) + ".cht");
+  } else {
+    messages().Show(path + ": this is no route, waypoint or chart file", MessageIcon::kWarning,
+                    kProgramTitle);
+  }
+  StateChanged();
+}
+
+void FrmChart::ShowTools() {
+  tools_shown_ = true;
+  UpdateActions();
+}
+
+}  // namespace skerrow

@@ -1,0 +1,44 @@
+#include <QApplication>
+
+#include "app/program.h"
+#include "core/clock.h"
+#include "platform/clipboard.h"
+#include "platform/settings_store.h"
+#include "platform/standard_folders.h"
+#include "ui/dialogs/Frmdisclaimer.h"
+#include "ui/main/frmChart.h"
+#include "ui/widgets/date_services.h"
+#include "ui/widgets/desktop_messages.h"
+#include "ui/widgets/theme.h"
+
+// The desktop program: the start form, then the main window.
+int main(int argc, char** argv) {
+  using namespace skerrow;  // NOLINT: this file is the program
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("Skerrow Helm");
+  ApplyTheme(false);
+
+  const auto folder = [](const char* variable, const std::string& otherwise) {
+    const std::string value = qEnvironmentVariable(variable).toStdString();
+    return value.empty() ? otherwise : value;
+  };
+  const SystemClock clock;
+  Program program({folder("SKERROW_PROGRAM", FindProgramFolder(ProgramFile())),
+                   folder("SKERROW_DOCUMENTS", DocumentsFolder()),
+                   folder("SKERROW_SETTINGS", ConfigurationFolder())},
+                  clock);
+  DesktopMessages messages;
+  if (!Frmdisclaimer::Prepare(program, LocaleDateServices(), messages)) return 1;
+  if (Frmdisclaimer(program, messages).exec() != QDialog::Accepted) return 0;
+
+  const std::unique_ptr<SettingsStore> settings =
+      OpenSettingsStore(JoinPath(program.folders.SettingsData(), "skerrow.ini"));
+  SystemClipboard clipboard;
+  LoadProgram(program, messages);
+  FrmChart window(program, messages, *settings, clipboard);
+  window.show();
+  window.Start();
+  const QStringList words = QApplication::arguments();
+  for (qsizetype i = 1; i < words.size(); ++i) window.OpenFile(words[i].toStdString());
+  return QApplication::exec();
+}

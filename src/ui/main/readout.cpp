@@ -1,0 +1,117 @@
+#include "ui/main/readout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/plane_sailing.h"
+#include "core/text.h"
+#include "routes/route_forms.h"
+
+namespace skerrow {
+namespace {
+
+std::string ModeText(const Program& program) {
+  if (program.route_drag_on) return "Mode = Route Drag; RIGHT Mouse hold & drag";
+  if (program.dividers_on) return "Mode = Dividers (Shift + Click sets zero point)";
+  if (program.mouse_mode == MouseMode::kRouteCreation) {
+    return "Mode = Route Creation (Use Route Menu or Shift + Click using mouse)";
+  }
+  if (program.mouse_mode == MouseMode::kPointMarked) {
+    return "Mode = RoutePoint Marked (Delete (Del Key); Insert (Insert key))";
+  }
+  if (program.mouse_mode == MouseMode::kWaypointEntry) {
+    return "Mode = Mouse Waypoint Entry (Shift + Click sets a waypoint)";
+  }
+  return "";
+}
+
+std::string BaseName(std::string_view path) {
+  std::string name = FileNameOf(Trim(path));
+  return name.substr(0, name.find('.'));
+}
+
+std::string IssueText(float issue) {
+  const double whole = WholePart(issue);
+  return "Chart issued " + FormatFixed(whole, 1, 0) + "/" +
+         FormatFixed((issue - whole) * 10000.0, 1, 0);
+}
+
+}  // namespace
+
+std::string CaptionText(const Program& program, const std::string& route_status) {
+  const SelectedTime& time = program.selected_time;
+  return std::string(kProgramName) + " - Selected Time = " + HoursToClock(time.hours) + "  " +
+         std::to_string(time.day_of_month) + "/" + std::to_string(time.month) + "/" +
+         std::to_string(time.year) + "  " + route_status;
+}
+
+std::string RouteStatusText(const RouteState& route) {
+  if (route.points.empty()) return "";
+  if (route.points.size() == 1) return ":  Creating Route";
+  return ":  Route = " + FormatFixed(route.distance, 1, 1) + "nm";
+}
+
+std::array<std::string, 5> StatusPanels(const Program& program, const ViewState&,
+                                        const std::string& eta) {
+  const float distance = program.route.points.size() > 1 ? program.route.distance : 0.0F;
+  return {ModeText(program),
+          "Chart in use = " + ChartTitleOf(program.charts, program.config.chart_path),
+          eta.empty() ? "Waypoints = " + BaseName(program.config.waypoint_file) : eta,
+          distance > 0.0F ? "Route= " + FormatFixed(distance, 1, 1) + "nm" : "",
+          IssueText(program.charts.chart.issue)};
+}
+
+std::vector<std::string> CursorReadout(const Program& program, const ViewState& view,
+                                       const std::string& latitude, const std::string& longitude) {
+  std::vector<std::string> rows = {"Cursor", latitude + "  " + longitude};
+  const auto from = [&](Position place) { return RangeBearing(place, view.cursor); };
+  if (program.dividers_on && view.zero_point) {
+    const RangeAndBearing way = from(*view.zero_point);
+    rows.push_back("Range " + FormatFixed(way.range, 1, 1) + "  @" +
+                   FormatFixed(way.bearing, 3, 0));
+  } else if (view.marked_point_on) {
+    const RangeAndBearing way = from(view.marked);
+    rows.push_back("From Mark " + FormatFixed(way.range, 1, 1) + "nm @" +
+                   FormatFixed(way.bearing, 3, 0) + "°T");
+  } else if (view.route_entry_on && view.last_click && *view.last_click != Position{}) {
+    const RangeAndBearing way = from(*view.last_click);
+    rows.push_back("Range " + FormatFixed(way.range, 1, 1) + "nm @" +
+                   FormatFixed(way.bearing, 3, 0) + "°T");
+  }
+  return rows;
+}
+
+std::string DividersText(const ViewState& view) {
+  if (!view.zero_point) return "Shift + Click - Ref. point";
+  const RangeAndBearing way = RangeBearing(*view.zero_point, view.cursor);
+  return "Range " + FormatFixed(way.range, 1, 1) + "nm @" + FormatFixed(way.bearing, 3, 0) + "°T";
+}
+
+void AddRecentChart(std::vector<std::string>& recent, const std::string& path) {
+  std::erase(recent, path);
+  recent.insert(recent.begin(), path);
+  if (recent.size() > kMaxRecentCharts) recent.resize(kMaxRecentCharts);
+}
+
+void ApplyRecentChart(AppConfig& config, const std::string& cht_path) {
+  config.chart_folder = FolderOf(cht_path);
+  config.chart_file_name = FileNameOf(cht_path);
+  const std::size_t dot = cht_path.rfind('.');
+  config.chart_path = cht_path.substr(0, dot);
+  // Charts that lie in a folder of their own below Charts/ belong to the sea area of its name.
+  const std::string native = NativePath(config.chart_folder);
+  const std::size_t charts = native.rfind("/Charts/");
+  if (charts == std::string::npos) return;
+  config.sea_area = native.substr(charts + std::string_view("/Charts/").size());
+  config.tidal_area = config.sea_area;
+}
+
+std::string RouteText(const RouteState& route) {
+  std::string text;
+  for (const std::string& row : RouteRows(route)) text += row + "\n";
+  return text;
+}
+
+}  // namespace skerrow

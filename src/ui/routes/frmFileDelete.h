@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ui/routes/file_list.h"
+#include "ui/widgets/dialog.h"
+#include "ui/widgets/text_list.h"
+
+namespace skerrow {
+
+// "Delete Waypoint File" and "Delete Route File": the files, and beside them the records of the
+// highlighted one.
+class FrmFileDelete : public Dialog {
+  Q_OBJECT
+
+ public:
+  FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent);
+
+ private:
+  void ShowFile();
+  void Accept();
+
+  FileKind kind_;
+  FileList* files_;
+  QLabel* count_;
+  TextList* records_;
+};
+
+}  // namespace skerrow

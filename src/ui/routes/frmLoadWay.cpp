@@ -1,0 +1,60 @@
+#include "ui/routes/frmLoadWay.h"
+
+#include "routes/waypoint.h"
+#include "ui/widgets/qt_text.h"
+
+namespace skerrow {
+
+FrmLoadWay::FrmLoadWay(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmLoadWay", tr("Load Waypoint File"), parent),
+      files_(new FileList),
+      name_(Named<QLabel>("lblFileName")),
+      count_(Named<QLabel>("labelnoofpoints")) {
+  body()->addWidget(MakeHint(tr("Now in use: %1").arg(ToQt(desktop.program.config.waypoint_file))));
+  body()->addWidget(MakeLabel(tr("Waypoint &files"), files_));
+  body()->addWidget(files_, 1);
+  name_->setProperty("heading", true);
+  name_->setTextFormat(Qt::PlainText);
+  body()->addWidget(name_);
+  body()->addWidget(count_);
+  QPushButton* ok = AddButton("cmdOK", tr("OK"));
+  ok->setDefault(true);
+  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  files_->Fill(desktop.program.folders.Waypoints(), FileKind::kWaypoint);
+  connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
+  connect(files_, &QListWidget::itemDoubleClicked, this, [this] { Accept(); });
+  connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  files_->setFocus();
+  resize(400, 400);
+}
+
+void FrmLoadWay::ShowFile() {
+  const std::string name = files_->Selected();
+  name_->setText(ToQt(name));
+  count_->setText(name.empty()
+                      ? QString()
+                      : ToQt(CountText(CountRecords(WaypointPath(desktop().program.folders, name),
+                                                    kWaypointSize))));
+}
+
+void FrmLoadWay::Accept() {
+  const std::string name = FromQt(name_->text());
+  const FileRefusal refusal = CheckWaypointFileChoice(name);
+  if (refusal != FileRefusal::kNone) {
+    Refuse(FileRefusalText(refusal), false, files_);
+    return;
+  }
+  Program& program = desktop().program;
+  const Status chosen = ChooseWaypointFile(program.folders, name, program.config, program.waypoints,
+                                           desktop().messages);
+  if (!chosen) {
+    Refuse(chosen.error().Text(), false, files_);
+    // A file that was loaded and only not stored as the current one is in use all the same.
+    if (program.config.waypoint_file != name) return;
+  }
+  accept();
+  desktop().window.StateChanged();
+}
+
+}  // namespace skerrow

@@ -1,0 +1,16 @@
+#include "ui/routes/frmNewWay.h"
+
+namespace skerrow {
+
+FrmNewWay::FrmNewWay(Desktop& desktop, QWidget* parent, NameEntry entry)
+    : NameDialog(desktop, "frmNewWay", tr("New Waypoint File"), entry, parent),
+      make_current_(entry == NameEntry::kNewWaypointFile) {}
+
+Status FrmNewWay::Write(const std::string& file_name) {
+  Program& program = desktop().program;
+  if (!make_current_) return WriteWaypointFile(WaypointPath(program.folders, file_name), {});
+  return NewWaypointFile(program.folders, file_name, program.config, program.waypoints,
+                         desktop().messages);
+}
+
+}  // namespace skerrow

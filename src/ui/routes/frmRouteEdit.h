@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "ui/routes/unsaved.h"
+#include "ui/routes/waypoint_picker.h"
+#include "ui/widgets/dialog.h"
+#include "ui/widgets/field_edits.h"
+#include "ui/widgets/text_list.h"
+
+namespace skerrow {
+
+// "Edit Route Points": the route's legs by keyboard. Each change is made at once and can be taken
+// back in the main window.
+class FrmRouteEdit : public Dialog {
+  Q_OBJECT
+
+ public:
+  FrmRouteEdit(Desktop& desktop, EditSession& session, QWidget* parent);
+
+ private:
+  QWidget* MakeLegBox();
+  QWidget* MakeWaypointBox();
+  void Load();
+  void LoadLeg();
+  std::optional<int> SelectedRow() const;
+  void SelectRow(int row);
+  // Shows the refusal of an edit, or the route as it is after it.
+  void Ended(RouteFormRefusal refusal);
+  void AcceptLegEntry();
+  void InsertPoint();
+  void DeletePoint();
+  void ApplySpeed();
+  void Reverse();
+
+  EditSession& session_;
+  std::size_t leg_ = 0;  // in the boxes, from 1; 0 for none
+  TextList* legs_;
+  QLabel* distance_;
+  QGroupBox* leg_box_;
+  QLineEdit* start_name_;
+  FilteredEdit* start_latitude_;
+  FilteredEdit* start_longitude_;
+  QLineEdit* end_name_;
+  FilteredEdit* end_latitude_;
+  FilteredEdit* end_longitude_;
+  FilteredEdit* speed_;
+  WaypointPicker* picker_;
+  QRadioButton* before_;
+  QRadioButton* after_;
+};
+
+}  // namespace skerrow

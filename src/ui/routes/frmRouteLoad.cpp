@@ -1,0 +1,95 @@
+#include "ui/routes/frmRouteLoad.h"
+
+#include "ui/routes/record_rows.h"
+#include "ui/routes/route_commands.h"
+#include "ui/widgets/qt_text.h"
+
+namespace skerrow {
+
+Status LoadRouteFile(Desktop& desktop, EditSession& session, const std::string& path,
+                     RouteSpeeds speeds) {
+  bool emptied = false;
+  Status loaded = EditRoute(desktop, session, "Load Route", [&](RouteState& route) {
+    Status status =
+        LoadRoute(path, speeds, RouteDefaultsOf(desktop.program), route, desktop.messages);
+    emptied = !status && route.points.empty();
+    return status;
+  });
+  if (loaded || emptied) RouteIsSaved(desktop, session);
+  return loaded;
+}
+
+FrmRouteLoad::FrmRouteLoad(Desktop& desktop, EditSession& session, QWidget* parent)
+    : Dialog(desktop, "frmRouteLoad", tr("Load Route"), parent),
+      session_(session),
+      files_(new FileList),
+      count_(Named<QLabel>("labelnoofpoints")),
+      records_(new TextList(desktop.clipboard, "List1")),
+      use_default_speed_(Named<QCheckBox>("chkUseDefaultSpeed",
+                                          tr("Check to use program &default speed between legs"))) {
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(12);
+  auto* left = new QVBoxLayout;
+  left->setSpacing(4);
+  left->addWidget(MakeLabel(tr("Route &files"), files_));
+  left->addWidget(files_, 1);
+  columns->addLayout(left, 2);
+  auto* right = new QVBoxLayout;
+  right->setSpacing(4);
+  right->addWidget(count_);
+  right->addWidget(records_, 1);
+  columns->addLayout(right, 3);
+  body()->addLayout(columns, 1);
+  QLabel* note =
+      MakeHint(tr("By default the program will use the stored speed in its calculations "
+                  "unless the box below is checked"));
+  note->setObjectName(QStringLiteral("lblSpeedNote"));
+  body()->addSpacing(4);
+  body()->addWidget(note);
+  body()->addWidget(use_default_speed_);
+  records_->setSelectionMode(QAbstractItemView::NoSelection);
+  records_->setFocusPolicy(Qt::NoFocus);
+  QPushButton* ok = AddButton("cmdOK", tr("OK"));
+  ok->setDefault(true);
+  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  files_->Fill(desktop.program.folders.Routes(), FileKind::kRoute);
+  connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
+  connect(files_, &QListWidget::itemDoubleClicked, this, [this] { Accept(); });
+  connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  ShowFile();
+  files_->setFocus();
+  resize(680, 400);
+}
+
+void FrmRouteLoad::ShowFile() {
+  const std::string name = files_->Selected();
+  const Folders& folders = desktop().program.folders;
+  if (name.empty()) {
+    count_->setText(files_->count() == 0 ? tr("There are no route files yet.") : QString());
+    records_->SetLines({});
+    return;
+  }
+  count_->setText(ToQt(CountText(CountRecords(RoutePath(folders, name), kRouteRecordSize))));
+  // A file that cannot be read is told when it is to be loaded.
+  const Result<std::vector<std::string>> rows = RecordRows(folders, FileKind::kRoute, name);
+  records_->SetLines(rows ? rows.value() : std::vector<std::string>{});
+}
+
+void FrmRouteLoad::Accept() {
+  const std::string name = files_->Selected();
+  const std::string path = name.empty() ? "" : RoutePath(desktop().program.folders, name);
+  const Status loaded = LoadRouteFile(
+      desktop(), session_, path,
+      use_default_speed_->isChecked() ? RouteSpeeds::kProgramDefault : RouteSpeeds::kStored);
+  if (loaded) {
+    accept();
+    return;
+  }
+  // Only the file without entries has taken the route away; the dialog has no more to do then.
+  const bool emptied = !name.empty() && loaded.error().path.empty();
+  Refuse(loaded.error().Text(), false, files_);
+  if (emptied) reject();
+}
+
+}  // namespace skerrow

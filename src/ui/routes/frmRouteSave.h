@@ -1,0 +1,23 @@
+#pragma once
+
+#include "ui/routes/name_dialog.h"
+#include "ui/routes/unsaved.h"
+
+namespace skerrow {
+
+// "Save Route": writes the current route to a file of the routes folder.
+class FrmRouteSave : public NameDialog {
+  Q_OBJECT
+
+ public:
+  FrmRouteSave(Desktop& desktop, EditSession& session, QWidget* parent);
+
+ protected:
+  bool Ready() override;
+  Status Write(const std::string& file_name) override;
+
+ private:
+  EditSession& session_;
+};
+
+}  // namespace skerrow

@@ -1,0 +1,97 @@
+#include "ui/routes/frmRouteWayPoints.h"
+
+#include "core/numbers.h"
+#include "ui/routes/route_commands.h"
+#include "ui/widgets/qt_text.h"
+
+namespace skerrow {
+
+FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, EditSession& session, QWidget* parent)
+    : Dialog(desktop, "frmRouteWayPoints", tr("Route by Waypoint List"), parent),
+      session_(session),
+      picker_(new WaypointPicker(desktop, "List1", Qt::Horizontal)),
+      route_(new WaypointList("List2", PickListText)),
+      length_(Named<QLabel>("lblroutedist")) {
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(12);
+  columns->addWidget(picker_, 5);
+  auto* add = Named<QPushButton>("cmdAdd", tr("&Add  \u25b6"));
+  add->setAutoDefault(false);
+  add->setToolTip(tr("Puts the waypoint at the end of the route (double click, Enter)"));
+  columns->addWidget(add, 0, Qt::AlignVCenter);
+  auto* right = new QVBoxLayout;
+  right->setSpacing(4);
+  auto* head = new QHBoxLayout;
+  head->addWidget(MakeLabel(tr("&Route"), route_), 1);
+  head->addWidget(length_);
+  right->addLayout(head);
+  right->addWidget(route_, 1);
+  columns->addLayout(right, 3);
+  body()->addLayout(columns, 1);
+  body()->addWidget(
+      MakeHint(tr("Double-click a waypoint to put it at the end of the route, and a "
+                  "row of the route to take it out again.")));
+  QPushButton* remove = AddLeftButton("cmdDelete", tr("&Delete Selected"),
+                                      tr("Takes the selected row out of the route"));
+  QPushButton* ok = AddButton("cmdOK", tr("OK"), tr("Makes the route of these waypoints"));
+  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  ok->setDefault(true);
+  connect(picker_->list(), &QListWidget::itemDoubleClicked, this, [this] { Add(); });
+  connect(route_, &QListWidget::itemDoubleClicked, this, [this] { Remove(); });
+  connect(add, &QPushButton::clicked, this, [this] { Add(); });
+  connect(remove, &QPushButton::clicked, this, [this] { Remove(); });
+  connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  ShowLength();
+  picker_->list()->setFocus();
+  resize(980, 480);
+}
+
+void FrmRouteWayPoints::Add() {
+  if (const std::optional<WaypointRow> row = picker_->list()->SelectedRow()) {
+    route_->Append(*row);
+    ShowLength();
+  }
+}
+
+void FrmRouteWayPoints::Remove() {
+  const std::optional<std::size_t> index = route_->SelectedIndex();
+  if (!index) {
+    Refuse(RouteFormText(RouteFormRefusal::kNothingToRemove), false, route_);
+    return;
+  }
+  route_->RemoveAt(*index);
+  ShowLength();
+}
+
+void FrmRouteWayPoints::ShowLength() {
+  std::vector<RoutePoint> points;
+  for (const WaypointRow& row : route_->rows()) {
+    const Waypoint waypoint = WaypointOf(row);
+    points.emplace_back();
+    points.back().latitude = waypoint.latitude;
+    points.back().longitude = waypoint.longitude;
+  }
+  RelinkRoute(points);
+  length_->setText(points.empty()
+                       ? QString()
+                       : tr("%n point(s), %1 nm", nullptr, static_cast<int>(points.size()))
+                             .replace(QStringLiteral("(s)"),
+                                      points.size() == 1 ? QString() : QStringLiteral("s"))
+                             .arg(ToQt(FormatFixed(RouteLengthOf(points), 1, 1))));
+}
+
+void FrmRouteWayPoints::Accept() {
+  const RouteEdit outcome =
+      EditRoute(desktop(), session_, "Route by Waypoint List", [this](RouteState& route) {
+        return CreateRouteFromRows(route, route_->rows(), RouteDefaultsOf(desktop().program),
+                                   desktop().messages);
+      });
+  if (outcome != RouteEdit::kDone) {
+    Refuse(RouteEditText(outcome), false, picker_->list());
+    return;
+  }
+  accept();
+}
+
+}  // namespace skerrow

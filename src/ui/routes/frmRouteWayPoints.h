@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ui/routes/unsaved.h"
+#include "ui/routes/waypoint_picker.h"
+#include "ui/widgets/dialog.h"
+
+namespace skerrow {
+
+// "Route by Waypoint List": makes the route from waypoints of any files.
+class FrmRouteWayPoints : public Dialog {
+  Q_OBJECT
+
+ public:
+  FrmRouteWayPoints(Desktop& desktop, EditSession& session, QWidget* parent);
+
+ private:
+  void Add();
+  void Remove();
+  void ShowLength();
+  void Accept();
+
+  EditSession& session_;
+  WaypointPicker* picker_;
+  WaypointList* route_;
+  QLabel* length_;
+};
+
+}  // namespace skerrow

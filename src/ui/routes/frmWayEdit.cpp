@@ -1,0 +1,278 @@
+#include "ui/routes/frmWayEdit.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "ui/routes/enter_filter.h"
+#include "ui/routes/frmNewWay.h"
+#include "ui/routes/frmwaycopy.h"
+#include "ui/widgets/print_lines.h"
+#include "ui/widgets/qt_text.h"
+
+namespace skerrow {
+namespace {
+
+QPushButton* MakeButton(const char* name, const QString& text, const QString& tip = {}) {
+  auto* button = Named<QPushButton>(name, text);
+  button->setAutoDefault(false);
+  button->setToolTip(tip);
+  return button;
+}
+
+}  // namespace
+
+FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file)
+    : Dialog(desktop, "frmWayEdit", tr("Select a File to Edit"), parent),
+      work_(desktop.program.folders),
+      files_(new FileList),
+      entries_(new WaypointList("List1", WaypointEditText)),
+      count_(Named<QLabel>("labelnoofpoints")),
+      name_(Named<QLineEdit>("txtWayName")),
+      latitude_(MakeLatitudeEdit(desktop.messages, "txtWayLat")),
+      longitude_(MakeLongitudeEdit(desktop.messages, "txtWayLong")),
+      print_all_(Named<QRadioButton>("optAll", tr("A&ll"))),
+      print_selected_(Named<QRadioButton>("optSelected", tr("Selecte&d"))) {
+  entries_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  name_->setMaxLength(35);
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(14);
+  columns->addWidget(MakeFileColumn(), 2);
+  columns->addWidget(MakeEntryColumn(), 5);
+  body()->addLayout(columns, 1);
+  MakeButtons();
+  files_->Fill(desktop.program.folders.Waypoints(), FileKind::kWaypoint);
+  connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
+  connect(entries_, &QListWidget::itemDoubleClicked, this, [this] { LoadEntry(); });
+  if (kept_file.empty()) {
+    files_->Select(desktop.program.config.waypoint_file);
+  } else {
+    Open(kept_file, true);
+  }
+  entries_->setFocus();
+  resize(820, 560);
+}
+
+QWidget* FrmWayEdit::MakeFileColumn() {
+  auto* column = new QWidget;
+  auto* rows = new QVBoxLayout(column);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(6);
+  rows->addWidget(MakeLabel(tr("Waypoint &files"), files_));
+  rows->addWidget(files_, 1);
+  QPushButton* create =
+      MakeButton("cmdCreateNew", tr("Create &New"), tr("Makes an empty waypoint file"));
+  QPushButton* copy =
+      MakeButton("cmdCopy", tr("Cop&y"), tr("Makes a file from waypoints of others"));
+  rows->addWidget(create);
+  rows->addWidget(copy);
+  connect(create, &QPushButton::clicked, this, [this] { CreateNew(); });
+  connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
+  return column;
+}
+
+QWidget* FrmWayEdit::MakeEntryColumn() {
+  auto* column = new QWidget;
+  auto* rows = new QVBoxLayout(column);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(6);
+  auto* head = new QHBoxLayout;
+  head->addWidget(MakeLabel(tr("Entri&es"), entries_), 1);
+  head->addWidget(count_);
+  rows->addLayout(head);
+  rows->addWidget(entries_, 1);
+  rows->addWidget(MakeEntryBox());
+  return column;
+}
+
+QWidget* FrmWayEdit::MakeEntryBox() {
+  auto* box = new QGroupBox(tr("Entry"));
+  auto* grid = new QGridLayout(box);
+  grid->setHorizontalSpacing(8);
+  grid->addWidget(MakeLabel(tr("Na&me"), name_), 0, 0);
+  grid->addWidget(MakeLabel(tr("Lat&itude"), latitude_), 0, 1);
+  grid->addWidget(MakeLabel(tr("Lon&gitude"), longitude_), 0, 2);
+  grid->addWidget(name_, 1, 0);
+  grid->addWidget(latitude_, 1, 1);
+  grid->addWidget(longitude_, 1, 2);
+  auto* buttons = new QHBoxLayout;
+  QPushButton* add = MakeButton("cmdAdd", tr("&Add New Point"),
+                                tr("Puts the entry at the end of the list (Enter)"));
+  QPushButton* insert =
+      MakeButton("cmdInsert", tr("Ins&ert Entry"), tr("Puts the entry before the highlighted row"));
+  QPushButton* change =
+      MakeButton("cmdChange", tr("&Change Entry"), tr("Replaces the highlighted row"));
+  QPushButton* remove =
+      MakeButton("cmdDelete", tr("Dele&te Entry"), tr("Removes the highlighted row"));
+  for (QPushButton* button : {add, insert, change, remove}) buttons->addWidget(button, 1);
+  grid->addLayout(buttons, 2, 0, 1, 3);
+  QLabel* hint = MakeHint(tr("Double-click a row to bring it into the boxes."));
+  grid->addWidget(hint, 3, 0, 1, 3);
+  grid->setColumnStretch(0, 1);
+  connect(add, &QPushButton::clicked, this, [this] { AddPoint(); });
+  connect(insert, &QPushButton::clicked, this, [this] { InsertEntry(); });
+  connect(change, &QPushButton::clicked, this, [this] { ChangeEntry(); });
+  connect(remove, &QPushButton::clicked, this, [this] { DeleteEntry(); });
+  auto* enter = new EnterFilter(this, [this] { AddPoint(); });
+  for (QLineEdit* edit : box->findChildren<QLineEdit*>()) edit->installEventFilter(enter);
+  return box;
+}
+
+void FrmWayEdit::MakeButtons() {
+  QPushButton* print = AddLeftButton("cmdPrint", tr("&Print"));
+  auto* choices = new QHBoxLayout;
+  choices->addWidget(new QLabel(tr("Print:")));
+  choices->addWidget(print_all_);
+  choices->addWidget(print_selected_);
+  choices->addStretch(1);
+  print_all_->setChecked(true);
+  body()->addLayout(choices);
+  QPushButton* save = AddButton("cmdSave", tr("&Save && Exit"));
+  save->setDefault(true);
+  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  connect(print, &QPushButton::clicked, this, [this] { Print(); });
+  connect(save, &QPushButton::clicked, this, [this] { SaveAndExit(); });
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+bool FrmWayEdit::MayLeaveFile() {
+  return !work_.changed() ||
+         desktop().messages.Ask("Leave " + work_.file_name() +
+                                " without saving the changes to its waypoints?");
+}
+
+void FrmWayEdit::Open(const std::string& file_name, bool kept) {
+  if (const Status opened = work_.Open(file_name, kept); !opened) {
+    desktop().messages.Show(opened.error().Text(), MessageIcon::kWarning);
+  }
+  const QSignalBlocker quiet(files_);
+  files_->Select(work_.file_name());
+  Refresh(work_.rows().size());
+}
+
+void FrmWayEdit::ShowFile() {
+  const std::string name = files_->Selected();
+  if (name.empty() || name == work_.file_name()) return;
+  if (MayLeaveFile()) {
+    Open(name, false);
+  } else {
+    const QSignalBlocker quiet(files_);
+    files_->Select(work_.file_name());
+  }
+}
+
+void FrmWayEdit::Refresh(std::size_t select) {
+  entries_->SetRows(work_.rows());
+  entries_->SelectIndex(select);
+  if (entries_->currentItem() != nullptr) entries_->scrollToItem(entries_->currentItem());
+  count_->setText(tr("%1 waypoints").arg(work_.rows().size()));
+  setWindowModified(work_.changed());
+}
+
+CheckedWaypoint FrmWayEdit::Entry() const {
+  return CheckWaypointEntry(FromQt(name_->text()), latitude_->Text(), longitude_->Text());
+}
+
+void FrmWayEdit::Ended(WaypointRefusal refusal, std::size_t select) {
+  if (refusal != WaypointRefusal::kNone) {
+    QWidget* field = entries_;
+    if (refusal == WaypointRefusal::kBadLatitude) field = latitude_;
+    if (refusal == WaypointRefusal::kBadLongitude) field = longitude_;
+    Refuse(WaypointRefusalText(refusal), false, field);
+    return;
+  }
+  name_->clear();
+  latitude_->clear();
+  longitude_->clear();
+  Refresh(select);
+}
+
+void FrmWayEdit::AddPoint() {
+  if (work_.file_name().empty()) {
+    Ended(WaypointRefusal::kNoRowSelected, 0);
+    return;
+  }
+  Ended(work_.Add(Entry()), work_.rows().size());
+  name_->setFocus();
+  if (!work_.rows().empty()) entries_->scrollToBottom();
+}
+
+void FrmWayEdit::InsertEntry() {
+  const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size() + 1);
+  Ended(work_.Insert(row, Entry()), row);
+}
+
+void FrmWayEdit::ChangeEntry() {
+  const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size());
+  Ended(work_.Change(row, Entry()), row);
+}
+
+void FrmWayEdit::DeleteEntry() {
+  const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size());
+  const WaypointRefusal refusal = work_.Delete(row);
+  if (refusal != WaypointRefusal::kNone) {
+    Ended(refusal, 0);
+    return;
+  }
+  Refresh(work_.rows().empty() ? 0 : std::min(row, work_.rows().size() - 1));
+}
+
+void FrmWayEdit::LoadEntry() {
+  const std::optional<WaypointRow> row = entries_->SelectedRow();
+  if (!row) return;
+  name_->setText(ToQt(row->name));
+  latitude_->SetText(row->latitude_text);
+  longitude_->SetText(row->longitude_text);
+  name_->setFocus();
+  name_->selectAll();
+}
+
+void FrmWayEdit::CreateNew() {
+  if (!MayLeaveFile()) return;
+  FrmNewWay dialog(desktop(), this, NameEntry::kWaypointEditNew);
+  if (dialog.exec() != QDialog::Accepted) return;
+  {
+    const QSignalBlocker quiet(files_);
+    files_->Fill(desktop().program.folders.Waypoints(), FileKind::kWaypoint);
+  }
+  Open(dialog.file_name(), false);
+  name_->setFocus();
+}
+
+void FrmWayEdit::Copy() {
+  FrmWayCopy(desktop(), this).exec();
+  const QSignalBlocker quiet(files_);
+  files_->Fill(desktop().program.folders.Waypoints(), FileKind::kWaypoint);
+  files_->Select(work_.file_name());
+}
+
+void FrmWayEdit::Print() {
+  const std::vector<std::string> lines = entries_->Texts(print_selected_->isChecked());
+  PrintLines(desktop(), this, work_.file_name(), lines);
+}
+
+void FrmWayEdit::SaveAndExit() {
+  Program& program = desktop().program;
+  if (!work_.file_name().empty()) {
+    if (const Status saved = work_.Save(); !saved) {
+      Refuse(saved.error().Text(), false, entries_);
+      return;
+    }
+    if (work_.file_name() == program.config.waypoint_file) {
+      const Status loaded = LoadCurrentWaypoints(program.folders, program.config, program.waypoints,
+                                                 desktop().messages);
+      if (!loaded) desktop().messages.Show(loaded.error().Text(), MessageIcon::kWarning);
+    }
+  }
+  accept();
+  desktop().window.StateChanged();
+}
+
+void FrmWayEdit::done(int result) {
+  if (result == QDialog::Rejected && !MayLeaveFile()) return;
+  work_.Abandon();
+  Dialog::done(result);
+}
+
+}  // namespace skerrow

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "ui/routes/file_list.h"
+#include "ui/routes/waypoint_list.h"
+#include "ui/routes/waypoint_work.h"
+#include "ui/widgets/dialog.h"
+#include "ui/widgets/field_edits.h"
+
+namespace skerrow {
+
+// "Select a File to Edit": the waypoint files and the entries of one, which change in a file only
+// by "Save & Exit".
+class FrmWayEdit : public Dialog {
+  Q_OBJECT
+
+ public:
+  // With `kept_file` the unsaved rows that an earlier run left of that file are taken up.
+  FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file = {});
+
+  void done(int result) override;
+
+ private:
+  QWidget* MakeFileColumn();
+  QWidget* MakeEntryColumn();
+  QWidget* MakeEntryBox();
+  void MakeButtons();
+  // True when there is nothing to lose, or the user lets it go.
+  bool MayLeaveFile();
+  void Open(const std::string& file_name, bool kept);
+  void ShowFile();
+  void Refresh(std::size_t select);
+  CheckedWaypoint Entry() const;
+  // Shows a refusal, or empties the boxes and shows the rows.
+  void Ended(WaypointRefusal refusal, std::size_t select);
+  void AddPoint();
+  void InsertEntry();
+  void ChangeEntry();
+  void DeleteEntry();
+  void LoadEntry();
+  void CreateNew();
+  void Copy();
+  void Print();
+  void SaveAndExit();
+
+  WaypointWork work_;
+  FileList* files_;
+  WaypointList* entries_;
+  QLabel* count_;
+  QLineEdit* name_;
+  FilteredEdit* latitude_;
+  FilteredEdit* longitude_;
+  QRadioButton* print_all_;
+  QRadioButton* print_selected_;
+};
+
+}  // namespace skerrow

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "ui/routes/name_dialog.h"
+#include "ui/routes/unsaved.h"
+
+namespace skerrow {
+
+// "Save Waypoints": writes the waypoints in memory, moved ones where they are now, to a file.
+class FrmWaySave : public NameDialog {
+  Q_OBJECT
+
+ public:
+  FrmWaySave(Desktop& desktop, EditSession& session, QWidget* parent);
+
+ protected:
+  Status Write(const std::string& file_name) override;
+
+ private:
+  EditSession& session_;
+};
+
+}  // namespace skerrow

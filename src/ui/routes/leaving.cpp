@@ -1,0 +1,147 @@
+#include "ui/routes/leaving.h"
+
+#include <QCheckBox>
+
+#include "routes/route_editing.h"
+#include "ui/routes/frmRouteSave.h"
+#include "ui/routes/frmWayEdit.h"
+#include "ui/routes/frmWaySave.h"
+#include "ui/routes/recovery.h"
+#include "ui/routes/route_commands.h"
+#include "ui/widgets/qt_text.h"
+
+namespace skerrow {
+namespace {
+
+// True when the unsaved work that `text` tells of has been saved by `Form`, or may go.
+template <typename Form>
+bool MayLose(Desktop& desktop, EditSession& session, const QString& text, QWidget* parent) {
+  FrmUnsaved question(desktop, text, parent);
+  question.exec();
+  if (question.choice() != UnsavedChoice::kSave) {
+    return question.choice() == UnsavedChoice::kDiscard;
+  }
+  return Form(desktop, session, parent).exec() == QDialog::Accepted;
+}
+
+bool MayLoseRoute(Desktop& desktop, EditSession& session, QWidget* parent) {
+  if (!session.saved_route.Differs(desktop.program.route)) return true;
+  return MayLose<FrmRouteSave>(
+      desktop, session, QObject::tr("The route has changes that are in no route file."), parent);
+}
+
+// The choice of what to take back.
+class RecoveryForm final : public Dialog {
+ public:
+  RecoveryForm(Desktop& desktop, const std::optional<KeptWork>& kept_route,
+               const std::optional<KeptWork>& kept_waypoints, QWidget* parent)
+      : Dialog(desktop, "frmRecovery", tr("Recovered Work"), parent),
+        route(Named<QCheckBox>("chkRoute")),
+        waypoints(Named<QCheckBox>("chkWaypoints")) {
+    body()->addWidget(
+        MakeHeading(tr("The program ended before this work was saved. Take it back?")));
+    Offer(route, kept_route, tr("The &route of %1 points, as it was at %2"));
+    Offer(waypoints, kept_waypoints, tr("The &waypoints being edited (%1), as they were at %2"));
+    if (kept_waypoints) {
+      waypoints->setText(waypoints->text() + QStringLiteral(": ") +
+                         ToQt(kept_waypoints->file_name).replace(QLatin1Char('&'), "&&"));
+    }
+    body()->addWidget(MakeHint(tr("Nothing is written to your files by this.")));
+    body()->addStretch(1);
+    QPushButton* discard = AddLeftButton("cmdDiscard", tr("&Discard"), tr("Drops the work"));
+    QPushButton* recover = AddButton("cmdRecover", tr("R&ecover"));
+    recover->setDefault(true);
+    QPushButton* later = AddButton("cmdCancel", tr("Cancel"), tr("Asks again at the next start"));
+    connect(recover, &QPushButton::clicked, this, &QDialog::accept);
+    connect(later, &QPushButton::clicked, this, &QDialog::reject);
+    connect(discard, &QPushButton::clicked, this, [this] {
+      route->setChecked(false);
+      waypoints->setChecked(false);
+      accept();
+    });
+    setMinimumWidth(440);
+  }
+
+  QCheckBox* route;
+  QCheckBox* waypoints;
+
+ private:
+  void Offer(QCheckBox* box, const std::optional<KeptWork>& kept, const QString& text) {
+    if (kept) box->setText(text.arg(kept->count).arg(ToQt(kept->time_text)));
+    box->setChecked(kept.has_value());
+    body()->addWidget(box);
+    box->setVisible(kept.has_value());
+  }
+};
+
+void TakeRouteBack(Desktop& desktop, EditSession& session, const std::string& path) {
+  const Status taken = EditRoute(desktop, session, "Recover Route", [&](RouteState& route) {
+    return LoadRoute(path, RouteSpeeds::kStored, RouteDefaultsOf(desktop.program), route,
+                     desktop.messages);
+  });
+  if (!taken) desktop.messages.Show(taken.error().Text(), MessageIcon::kWarning);
+}
+
+}  // namespace
+
+FrmUnsaved::FrmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
+    : Dialog(desktop, "frmUnsaved", tr("Unsaved Changes"), parent) {
+  body()->addWidget(MakeHeading(text));
+  body()->addWidget(MakeHint(tr("What is not saved will be lost.")));
+  body()->addStretch(1);
+  QPushButton* discard = AddLeftButton("cmdDiscard", tr("&Don't Save"));
+  QPushButton* save = AddButton("cmdSave", tr("&Save..."));
+  save->setDefault(true);
+  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  const auto choose = [this](UnsavedChoice choice) {
+    choice_ = choice;
+    accept();
+  };
+  connect(discard, &QPushButton::clicked, this, [=] { choose(UnsavedChoice::kDiscard); });
+  connect(save, &QPushButton::clicked, this, [=] { choose(UnsavedChoice::kSave); });
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  setMinimumWidth(400);
+}
+
+bool MayExit(Desktop& desktop, EditSession& session, QWidget* parent) {
+  if (!MayLoseRoute(desktop, session, parent)) return false;
+  if (WaypointsUnsaved(desktop.program, session) &&
+      !MayLose<FrmWaySave>(desktop, session,
+                           QObject::tr("Waypoints of %1 have been moved and are not saved.")
+                               .arg(ToQt(desktop.program.config.waypoint_file)),
+                           parent)) {
+    return false;
+  }
+  (void)DropRouteRecovery(desktop.program.folders);
+  return true;
+}
+
+bool MayClearRoute(Desktop& desktop, EditSession& session, QWidget* parent) {
+  return desktop.messages.Ask(kClearRouteQuestion.text, kClearRouteQuestion.title) &&
+         MayLoseRoute(desktop, session, parent);
+}
+
+void OfferRecovery(Desktop& desktop, EditSession& session, QWidget* parent) {
+  const Folders& folders = desktop.program.folders;
+  const std::optional<KeptWork> route = FindRouteRecovery(folders);
+  const std::optional<KeptWork> waypoints = FindWaypointRecovery(folders);
+  if (!route && !waypoints) return;
+  RecoveryForm form(desktop, route, waypoints, parent);
+  if (form.exec() != QDialog::Accepted) return;
+  if (route) {
+    if (form.route->isChecked()) {
+      TakeRouteBack(desktop, session, route->path);
+    } else {
+      (void)DropRouteRecovery(folders);
+    }
+  }
+  if (waypoints) {
+    if (form.waypoints->isChecked()) {
+      FrmWayEdit(desktop, parent, waypoints->file_name).exec();
+    } else {
+      (void)DeleteFile(waypoints->path);
+    }
+  }
+}
+
+}  // namespace skerrow

@@ -1,0 +1,57 @@
+#include "ui/routes/waypoint_work.h"
+
+#include "core/files.h"
+#include "ui/routes/recovery.h"
+
+namespace skerrow {
+
+Status WaypointWork::Open(const std::string& file_name, bool kept) {
+  const std::string path = WaypointPath(folders_, file_name);
+  std::string copy = WaypointRecoveryPath(folders_, file_name);
+  if (!kept) {
+    const Result<std::string> content = ReadFile(path);
+    if (!content) return content.error();
+    if (!ReplaceFile(copy, *content)) copy.clear();
+  }
+  WaypointEditor opened;
+  if (const Status status = opened.Open(copy.empty() ? path : copy); !status) {
+    if (!kept && !copy.empty()) (void)DeleteFile(copy);
+    return status.error();
+  }
+  if (copy_ != copy) Abandon();
+  editor_ = std::move(opened);
+  file_name_ = file_name;
+  copy_ = std::move(copy);
+  changed_ = kept;
+  return Done{};
+}
+
+Status WaypointWork::Save() {
+  if (Status saved = editor_.Save(); !saved) return saved;
+  if (!copy_.empty()) {
+    const Result<std::string> content = ReadFile(copy_);
+    if (!content) return content.error();
+    if (Status written = ReplaceFile(WaypointPath(folders_, file_name_), *content); !written) {
+      return written;
+    }
+  }
+  changed_ = false;
+  return Done{};
+}
+
+void WaypointWork::Abandon() {
+  if (!copy_.empty()) (void)DeleteFile(copy_);
+  copy_.clear();
+  changed_ = false;
+}
+
+WaypointRefusal WaypointWork::Changed(WaypointRefusal refusal) {
+  if (refusal == WaypointRefusal::kNone) {
+    changed_ = true;
+    // A copy that cannot be brought up to date now is written again by the next change.
+    if (!copy_.empty()) (void)editor_.Save();
+  }
+  return refusal;
+}
+
+}  // namespace skerrow

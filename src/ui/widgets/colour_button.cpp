@@ -1,0 +1,54 @@
+#include "ui/widgets/colour_button.h"
+
+#include <QColorDialog>
+#include <QPainter>
+
+#include "core/config.h"
+#include "ui/widgets/theme.h"
+
+namespace skerrow {
+namespace {
+
+QColor ToColour(std::int32_t value) {
+  return {value & 0xff, (value >> 8) & 0xff, (value >> 16) & 0xff};
+}
+
+}  // namespace
+
+ColourButton::ColourButton(const char* name, const QString& what, QWidget* parent)
+    : QPushButton(parent), what_(what) {
+  setObjectName(QString::fromUtf8(name));
+  setToolTip(tr("%1: click to choose").arg(what));
+  setAccessibleName(what);
+  setAutoDefault(false);
+  setFixedWidth(64);
+  connect(this, &QPushButton::clicked, this, [this] { Choose(); });
+}
+
+void ColourButton::SetColour(std::int32_t colour) {
+  colour_ = colour;
+  update();
+}
+
+void ColourButton::paintEvent(QPaintEvent* event) {
+  QPushButton::paintEvent(event);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const Theme& theme = ThemeInForce();
+  QColor shown = ToColour(colour_);
+  if (theme.night) shown = shown.darker(240);
+  painter.setPen(theme.border);
+  painter.setBrush(shown);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(7, 6, -7, -6), 2, 2);
+}
+
+void ColourButton::Choose() {
+  QColorDialog dialog(ToColour(colour_), this);
+  dialog.setWindowTitle(what_);
+  dialog.setOption(QColorDialog::DontUseNativeDialog);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QColor chosen = dialog.currentColor();
+  SetColour(Rgb(chosen.red(), chosen.green(), chosen.blue()));
+}
+
+}  // namespace skerrow

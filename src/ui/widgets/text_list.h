@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QListWidget>
+#include <string>
+#include <vector>
+
+#include "platform/clipboard.h"
+
+namespace skerrow {
+
+// Lines joined for the clipboard, each ended by a line break but the last.
+std::string JoinLines(const std::vector<std::string>& lines);
+
+// The selected row of a list, -1 without one. The current row will not do: a list that gets the
+// keyboard makes its first row the current one though nobody chose it.
+int SelectedRow(const QListWidget& list);
+
+// A list of report lines. Columns separated by tabs, one or several, line up over all rows that
+// have as many; what is copied keeps the tabs. Ctrl+C copies the selected rows.
+class TextList : public QListWidget {
+  Q_OBJECT
+
+ public:
+  TextList(Clipboard& clipboard, const char* name, QWidget* parent = nullptr);
+
+  void SetLines(const std::vector<std::string>& lines);
+  const std::vector<std::string>& lines() const { return lines_; }
+  // The selected lines from the top down.
+  std::vector<std::string> SelectedLines() const;
+
+  // Puts all lines, or the selected ones, on the clipboard. With nothing to copy the clipboard
+  // keeps what it has, and false comes back.
+  bool CopyAll();
+  bool CopySelected();
+
+  // Left edges of the columns of rows with `tabs` tabs, pixels from the row's left.
+  const std::vector<int>& ColumnsOf(std::size_t tabs) const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void MeasureColumns();
+
+  Clipboard& clipboard_;
+  std::vector<std::string> lines_;
+  std::vector<std::vector<int>> columns_;  // by the number of tabs
+};
+
+}  // namespace skerrow

@@ -1,0 +1,236 @@
+#include "ui/widgets/theme.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPalette>
+#include <QProxyStyle>
+#include <QStyleOption>
+#include <QToolTip>
+#include <QWidget>
+
+namespace skerrow {
+namespace {
+
+constexpr const char* kNightProperty = "skerrowNight";
+
+QPalette PaletteOf(const Theme& theme) {
+  QPalette palette;
+  palette.setColor(QPalette::Window, theme.window);
+  palette.setColor(QPalette::WindowText, theme.text);
+  palette.setColor(QPalette::Base, theme.base);
+  palette.setColor(QPalette::AlternateBase, theme.alternate);
+  palette.setColor(QPalette::Text, theme.text);
+  palette.setColor(QPalette::Button, theme.button);
+  palette.setColor(QPalette::ButtonText, theme.text);
+  palette.setColor(QPalette::BrightText, theme.warning);
+  palette.setColor(QPalette::Highlight, theme.accent);
+  palette.setColor(QPalette::HighlightedText, theme.accent_text);
+  palette.setColor(QPalette::ToolTipBase, theme.button);
+  palette.setColor(QPalette::ToolTipText, theme.text);
+  palette.setColor(QPalette::PlaceholderText, theme.dim_text);
+  palette.setColor(QPalette::Link, theme.night ? theme.text : theme.accent);
+  palette.setColor(QPalette::LinkVisited, theme.night ? theme.text : theme.accent);
+  if (theme.night) {
+    // The bevels of the style are made from these; left alone they would shine.
+    palette.setColor(QPalette::Light, theme.border);
+    palette.setColor(QPalette::Midlight, theme.button.lighter(130));
+    palette.setColor(QPalette::Mid, theme.border);
+    palette.setColor(QPalette::Dark, theme.base);
+    palette.setColor(QPalette::Shadow, QColor(0, 0, 0));
+  }
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, theme.dim_text);
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Base, theme.window);
+  palette.setColor(QPalette::Disabled, QPalette::Highlight, theme.border);
+  palette.setColor(QPalette::Disabled, QPalette::HighlightedText, theme.dim_text);
+  return palette;
+}
+
+QString SheetOf(const Theme& theme) {
+  QString sheet = QStringLiteral(
+      "QToolTip { color: @text; background: @button; border: 1px solid @border; padding: 3px; }"
+      "QGroupBox { font-weight: 600; border: 1px solid @border; border-radius: 5px;"
+      "  margin-top: 0.7em; padding-top: 0.5em; }"
+      "QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 4px; color: @text; }"
+      "QLabel[hint=\"true\"] { color: @dim; }"
+      "QLabel[heading=\"true\"] { font-weight: 600; }"
+      "QLabel[warning=\"true\"] { color: @warning; }"
+      "QTabWidget::pane { border: 1px solid @border; border-radius: 4px; top: -1px; }");
+  if (theme.night) {
+    sheet += QStringLiteral(
+        "QLineEdit, QAbstractItemView, QTextEdit { border: 1px solid @border; }"
+        "QComboBox QLineEdit, QComboBox QAbstractItemView { border: none; }"
+        "QLineEdit:focus { border: 1px solid @accent; }"
+        "QScrollBar { background: @base; border: none; }"
+        "QScrollBar:vertical { width: 14px; } QScrollBar:horizontal { height: 14px; }"
+        "QScrollBar::handle { background: @border; border-radius: 4px; margin: 2px; }"
+        "QScrollBar::handle:vertical { min-height: 28px; }"
+        "QScrollBar::handle:horizontal { min-width: 28px; }"
+        "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
+        "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }"
+        "QMenu { background: @base; color: @text; border: 1px solid @border; }"
+        "QMenu::item:selected { background: @accent; color: @accenttext; }"
+        "QMenu::item:disabled { color: @dim; }"
+        "QHeaderView::section { background: @button; color: @text; border: 1px solid @border; }"
+        "QTableCornerButton::section { background: @button; border: 1px solid @border; }"
+        "QProgressBar { background: @base; color: @text; border: 1px solid @border;"
+        "  border-radius: 3px; text-align: center; }"
+        "QProgressBar::chunk { background: @accent; }");
+  }
+  const auto put = [&sheet](const char* place, const QColor& colour) {
+    sheet.replace(QLatin1String(place), ColourName(colour));
+  };
+  put("@accenttext", theme.accent_text);
+  put("@accent", theme.accent);
+  put("@text", theme.text);
+  put("@button", theme.button);
+  put("@border", theme.border);
+  put("@base", theme.base);
+  put("@dim", theme.dim_text);
+  put("@warning", theme.warning);
+  return sheet;
+}
+
+// The style of both looks. At night it draws itself what the style beneath would draw in greys of
+// its own or in black on black.
+class HelmStyle final : public QProxyStyle {
+ public:
+  HelmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    const bool mark = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
+    if (!ThemeInForce().night || !mark) {
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+      return;
+    }
+    DrawMark(element == PE_IndicatorRadioButton, *option, *painter);
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    const bool grip = element == CE_SizeGrip || element == CE_Splitter;
+    if (ThemeInForce().night && grip) return;
+    QProxyStyle::drawControl(element, option, painter, widget);
+  }
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* answer) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, answer);
+  }
+
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    // Some air on both sides of a button's words.
+    return type == CT_PushButton ? size + QSize(14, 2) : size;
+  }
+
+ private:
+  static void DrawMark(bool round, const QStyleOption& option, QPainter& painter) {
+    const Theme& theme = ThemeInForce();
+    const bool enabled = option.state & State_Enabled;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF box = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
+    painter.setBrush(theme.base);
+    const bool focus = option.state & State_HasFocus;
+    painter.setPen(QPen(focus || !enabled ? theme.dim_text : theme.border, 1));
+    round ? painter.drawEllipse(box) : painter.drawRoundedRect(box, 2, 2);
+    const QColor ink = enabled ? theme.text : theme.dim_text;
+    if (option.state & State_On) {
+      if (round) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ink);
+        painter.drawEllipse(box.adjusted(3, 3, -3, -3));
+      } else {
+        painter.setPen(QPen(ink, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        const QPointF tick[] = {{box.left() + 2.5, box.center().y()},
+                                {box.center().x() - 0.5, box.bottom() - 2.5},
+                                {box.right() - 2, box.top() + 2.5}};
+        painter.drawPolyline(tick, 3);
+      }
+    }
+    painter.restore();
+  }
+};
+
+}  // namespace
+
+const Theme& DayTheme() {
+  static const Theme theme = {false,
+                              QColor(0xf3, 0xf5, 0xf7),
+                              QColor(0xff, 0xff, 0xff),
+                              QColor(0xf1, 0xf5, 0xf9),
+                              QColor(0xe9, 0xed, 0xf1),
+                              QColor(0x1c, 0x27, 0x33),
+                              QColor(0x6b, 0x78, 0x85),
+                              QColor(0x1a, 0x5f, 0xa8),
+                              QColor(0xff, 0xff, 0xff),
+                              QColor(0xc3, 0xcc, 0xd5),
+                              QColor(0xb4, 0x2d, 0x12),
+                              QColor(0xff, 0xff, 0xff),
+                              QColor(0, 51, 153),
+                              QColor(0x4d, 0x8f, 0xe0),
+                              QColor(0xff, 0xff, 0xff),
+                              QColor(0xb4, 0x2d, 0x12),
+                              QColor(0x0b, 0x7a, 0x3b)};
+  return theme;
+}
+
+const Theme& NightTheme() {
+  static const Theme theme = {true,
+                              QColor(0x14, 0x08, 0x06),
+                              QColor(0x0b, 0x04, 0x03),
+                              QColor(0x14, 0x08, 0x05),
+                              QColor(0x22, 0x0e, 0x0a),
+                              QColor(0xd0, 0x64, 0x3c),
+                              QColor(0x9c, 0x52, 0x3a),
+                              QColor(0x5c, 0x1d, 0x10),
+                              QColor(0xf0, 0x95, 0x58),
+                              QColor(0x4d, 0x20, 0x16),
+                              QColor(0xe8, 0x8a, 0x2e),
+                              QColor(0x0b, 0x04, 0x03),
+                              QColor(0x6e, 0x22, 0x14),
+                              QColor(0xb8, 0x52, 0x22),
+                              QColor(0x2a, 0x10, 0x0a),
+                              QColor(0xe0, 0x52, 0x30),
+                              QColor(0xd8, 0x92, 0x30)};
+  return theme;
+}
+
+void ApplyTheme(bool night) {
+  const Theme& theme = night ? NightTheme() : DayTheme();
+  qApp->setProperty(kNightProperty, night);
+  QApplication::setStyle(new HelmStyle);
+  QFont font = QApplication::font();
+  if (font.pointSizeF() > 0 && font.pointSizeF() < 10.0) {
+    font.setPointSizeF(10.0);
+    QApplication::setFont(font);
+  }
+  const QPalette palette = PaletteOf(theme);
+  QApplication::setPalette(palette);
+  QToolTip::setPalette(palette);
+  qApp->setStyleSheet(SheetOf(theme));
+  for (QWidget* widget : QApplication::allWidgets()) widget->update();
+}
+
+const Theme& ThemeInForce() {
+  return qApp != nullptr && qApp->property(kNightProperty).toBool() ? NightTheme() : DayTheme();
+}
+
+QPixmap Dimmed(const QPixmap& pixmap) {
+  if (!ThemeInForce().night || pixmap.isNull()) return pixmap;
+  QPixmap dimmed = pixmap;
+  QPainter painter(&dimmed);
+  painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+  painter.fillRect(dimmed.rect(), QColor(120, 56, 36));
+  return dimmed;
+}
+
+QString ColourName(const QColor& colour) { return colour.name(QColor::HexRgb); }
+
+}  // namespace skerrow

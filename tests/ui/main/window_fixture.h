@@ -1,0 +1,134 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/clipboard.h"
+#include "platform/settings_store.h"
+#include "support/recording_messages.h"
+#include "support/temp_folder.h"
+#include "ui/main/frmChart.h"
+#include "ui/widgets/theme.h"
+
+namespace skerrow::testing {
+
+class StillClock final : public Clock {
+ public:
+  ClockReading Now() const override { return now; }
+  ClockReading now{2026, 12, 5, 6, 30, 20};
+};
+
+// The main window on the sample installation, with user folders of its own.
+class MainWindowTest : public ::testing::Test {
+ protected:
+  MainWindowTest()
+      : program_({SKERROW_PROGRAM_FOLDER, user_.File("documents"), user_.File("settings")},
+                 clock_) {
+    MakeUserFolders(program_.folders);
+    settings_ = OpenSettingsStore(user_.File("settings/SkerrowHelm/skerrow.ini"));
+  }
+  ~MainWindowTest() override { ApplyTheme(false); }
+
+  void Start() {
+    LoadProgram(program_, messages_);
+    window_ = std::make_unique<FrmChart>(program_, messages_, *settings_, clipboard_);
+    window_->resize(1280, 720);
+    window_->show();
+    window_->Start();
+    window_->resize(1280, 720);
+    QApplication::processEvents();
+  }
+
+  QWidget* canvas() { return window_->viewer().viewport(); }
+
+  // Where a place stands in the view.
+  QPoint At(Position place) {
+    const ChartView chart =
+        MakeChartView(program_.charts.chart, window_->viewer().image_width(),
+                      window_->viewer().image_height());
+    const QPointF at = window_->viewer().ImageToView(
+        {static_cast<double>(chart.LongToCol(place.longitude)),
+         static_cast<double>(chart.LatToRow(place.latitude))});
+    return at.toPoint();
+  }
+
+  void MoveTo(QPoint at, Qt::MouseButtons buttons = Qt::NoButton) {
+    QMouseEvent move(QEvent::MouseMove, at, canvas()->mapToGlobal(at), Qt::NoButton, buttons,
+                     Qt::NoModifier);
+    QApplication::sendEvent(canvas(), &move);
+  }
+
+  void ShiftClick(Position place) {
+    MoveTo(At(place));
+    QTest::mouseClick(canvas(), Qt::LeftButton, Qt::ShiftModifier, At(place));
+  }
+
+  void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(&window_->viewer(), static_cast<Qt::Key>(key), modifiers);
+  }
+
+  // Works on the next modal windows, one after the other, as they open.
+  void OnDialog(std::function<void(QWidget*)> work) {
+    dialogs_.push_back(std::move(work));
+    if (dialogs_.size() == 1) WaitForDialog();
+  }
+
+  static void Click(QWidget* window, const char* name) {
+    auto* button = window->findChild<QAbstractButton*>(name);
+    ASSERT_NE(button, nullptr) << name;
+    QTest::mouseClick(button, Qt::LeftButton);
+  }
+
+  // Triggers a command the way its menu entry does.
+  void Command(const char* name) {
+    QAction* action = window_->action(name);
+    ASSERT_NE(action, nullptr) << name;
+    ASSERT_TRUE(action->isEnabled()) << name;
+    action->trigger();
+  }
+
+  // Lays a route of three points in mid-Channel.
+  void LayRoute() {
+    ShiftClick({50.2F, -1.8F});
+    ShiftClick({50.0F, -1.9F});
+    ShiftClick({49.8F, -1.8F});
+    ASSERT_EQ(program_.route.points.size(), 3U);
+  }
+
+  TempFolder user_;
+  StillClock clock_;
+  Program program_;
+  RecordingMessages messages_;
+  std::unique_ptr<SettingsStore> settings_;
+  MemoryClipboard clipboard_;
+  std::unique_ptr<FrmChart> window_;
+
+ private:
+  void WaitForDialog() {
+    QTimer::singleShot(20, qApp, [this] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      if (dialog == nullptr || dialog == last_dialog_) return WaitForDialog();
+      last_dialog_ = dialog;
+      const std::function<void(QWidget*)> work = std::move(dialogs_.front());
+      dialogs_.pop_front();
+      if (!dialogs_.empty()) WaitForDialog();
+      work(dialog);
+      if (last_dialog_ == dialog) last_dialog_ = nullptr;
+    });
+  }
+
+  std::deque<std::function<void(QWidget*)>> dialogs_;
+  QWidget* last_dialog_ = nullptr;
+};
+
+}  // namespace skerrow::testing

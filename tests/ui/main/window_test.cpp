@@ -1,0 +1,395 @@
+#include "window_fixture.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <cmath>
+
+#include "routes/route.h"
+#include "ui/main/readout.h"
+
+namespace skerrow {
+namespace {
+
+using Window = testing::MainWindowTest;
+
+TEST_F(Window, StandsOnTheSampleChartWithItsPanels) {
+  Start();
+  EXPECT_GE(window_->viewer().image_width(), 4000);
+  EXPECT_NEAR(window_->viewer().zoom(), 0.5, 1e-6);
+  const auto panel = [&](int i) {
+    return window_->findChild<QLabel*>("StatusBar1Panel" + QString::number(i))->toolTip();
+  };
+  EXPECT_EQ(panel(1), "Mode = Route Creation (Use Route Menu or Shift + Click using mouse)");
+  EXPECT_EQ(panel(2), "Chart in use = English Channel");
+  EXPECT_EQ(panel(3), "Waypoints = Sample");
+  EXPECT_EQ(panel(4), "");
+  EXPECT_TRUE(panel(5).startsWith("Chart issued 2026/"));
+  EXPECT_EQ(window_->windowTitle(), "Skerrow Helm - Selected Time = 06:30  5/12/2026  ");
+}
+
+// From the first click to the search for a departure, as a user does it.
+TEST_F(Window, TheWholeRoad) {
+  Start();
+  LayRoute();
+  EXPECT_TRUE(window_->windowTitle().endsWith("  :  Route = " +
+                                              QString::number(program_.route.distance, 'f', 1) +
+                                              "nm"));
+  auto* combo = window_->findChild<QComboBox*>("cmbRoute");
+  EXPECT_EQ(combo->count(), 8);
+
+  // Calculate, read the results, and see the track.
+  OnDialog([&](QWidget* dialog) {
+    EXPECT_EQ(dialog->windowTitle(), "Route Calculation");
+    auto* time = dialog->findChild<QLineEdit*>("rtedeptime");
+    ASSERT_NE(time, nullptr);
+    time->setText("08:00");
+    Click(dialog, "Cmdrteok");
+  });
+  OnDialog([&](QWidget* results) {
+    EXPECT_EQ(results->windowTitle(), "Results");
+    auto* lines = results->findChild<QListWidget*>("lstResults");
+    ASSERT_NE(lines, nullptr);
+    EXPECT_EQ(lines->item(2)->text(), "Route calculation for 5 Dec 2026");
+    QTest::keyClick(results, Qt::Key_Return);
+  });
+  Command("mnucalcrte");
+  ASSERT_EQ(program_.passage.calc_mode, 1);
+  EXPECT_TRUE(window_->view().calculation_on_show);
+  EXPECT_TRUE(combo->itemText(0).startsWith("Departing 08:00"));
+  EXPECT_EQ(combo->currentIndex(), 0);
+
+  // Animate forward: the time runs along the track, and comes back at the exit.
+  Command("mnuAnimateStart");
+  for (int i = 0; i < 40 && program_.animation.index == 0; ++i) QTest::qWait(50);
+  EXPECT_EQ(program_.animation.index, 3U);
+  EXPECT_TRUE(program_.selected_time.override_);
+  Command("mnuAnimatePause");
+  const std::size_t paused_at = program_.animation.index;
+  QTest::qWait(700);
+  EXPECT_EQ(program_.animation.index, paused_at);
+  Command("mnuAnimateStop");
+  EXPECT_EQ(program_.selected_time.hours, 6.5F);
+  EXPECT_FALSE(program_.selected_time.override_);
+
+  // Roll the tide: the legs are worked anew.
+  const std::string first_leg = program_.passage.result_lines[7];
+  Command("mnuTideRollPlus");
+  EXPECT_EQ(program_.selected_time.hours, 7.0F);
+  EXPECT_TRUE(program_.passage.result_lines[5].starts_with("Starting at 07:00"))
+      << program_.passage.result_lines[5];
+
+  // Save, clear and load.
+  OnDialog([&](QWidget* dialog) {
+    auto* name = dialog->findChild<QLineEdit*>();
+    ASSERT_NE(name, nullptr);
+    QTest::keyClicks(name, "road");
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  Command("mnuRouteSave");
+  const std::string path = RoutePath(program_.folders, "road.rte");
+  ASSERT_TRUE(FileReadable(path));
+  const std::vector<RoutePoint> saved = program_.route.points;
+  messages_.ExpectQuestion("Clear existing route?", true);
+  Command("mnurouteclear");
+  EXPECT_TRUE(program_.route.points.empty());
+  EXPECT_FALSE(window_->action("mnucalcrte")->isEnabled());
+  OnDialog([&](QWidget* dialog) {
+    auto* list = dialog->findChild<QListWidget*>();
+    ASSERT_NE(list, nullptr);
+    list->setCurrentRow(0);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      list->visualItemRect(list->item(0)).center());
+    for (auto* button : dialog->findChildren<QPushButton*>()) {
+      if (button->isDefault()) return QTest::mouseClick(button, Qt::LeftButton);
+    }
+    ADD_FAILURE() << "no default button";
+  });
+  Command("mnuLoadExistRoute");
+  ASSERT_EQ(program_.route.points.size(), 3U);
+  EXPECT_EQ(program_.route.points[1].latitude, saved[1].latitude);
+
+  // Search the best departure of the morning.
+  OnDialog([&](QWidget* dialog) {
+    EXPECT_EQ(dialog->windowTitle(), "Optimise Departure");
+    Click(dialog, "Option2");
+    Click(dialog, "cmdOptimise");
+  });
+  OnDialog([&](QWidget* results) {
+    EXPECT_EQ(results->windowTitle(), "Optimum Results");
+    EXPECT_EQ(program_.passage.optimum_times.size(), 8U);
+    QTest::keyClick(results, Qt::Key_Escape);
+  });
+  Command("mnuRouteOptimise");
+  EXPECT_EQ(program_.passage.calc_mode, 0);
+}
+
+TEST_F(Window, RouteEditsAreTakenBackOneByOne) {
+  Start();
+  LayRoute();
+  Key(Qt::Key_Backspace);
+  EXPECT_EQ(program_.route.points.size(), 2U);
+  Command("mnuRouteReverse");
+  const float first = program_.route.points[0].latitude;
+  Command("mnuUndo");
+  EXPECT_NE(program_.route.points[0].latitude, first);
+  Command("mnuUndo");
+  EXPECT_EQ(program_.route.points.size(), 3U);
+  Command("mnuRedo");
+  EXPECT_EQ(program_.route.points.size(), 2U);
+  Command("mnuUndo");
+  // Delete and insert ask first; a No changes nothing.
+  MoveTo(At({50.0F, -1.9F}));
+  messages_.ExpectQuestion("Delete a route point?", false);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(program_.route.points.size(), 3U);
+  messages_.ExpectQuestion("Delete a route point?", true);
+  Key(Qt::Key_Delete);
+  ASSERT_EQ(program_.route.points.size(), 2U);
+  EXPECT_NEAR(program_.route.points[1].latitude, 49.8F, 0.01);
+  messages_.ExpectQuestion("Insert a route point?", true);
+  Key(Qt::Key_Insert);
+  EXPECT_EQ(program_.route.points.size(), 3U);
+  EXPECT_NEAR(program_.route.points[1].latitude, 50.0F, 0.01);
+}
+
+TEST_F(Window, ADraggedPointIsOneEdit) {
+  Start();
+  LayRoute();
+  Command("mnuRouteDrag");
+  EXPECT_EQ(window_->findChild<QLabel*>("StatusBar1Panel1")->toolTip(),
+            "Mode = Route Drag; RIGHT Mouse hold & drag");
+  const Position target{50.05F, -2.1F};
+  MoveTo(At(program_.route.points[1].At()));
+  QTest::mousePress(canvas(), Qt::RightButton, Qt::NoModifier, At(program_.route.points[1].At()));
+  for (int i = 1; i <= 4; ++i) {
+    MoveTo(At({50.0F + 0.0125F * static_cast<float>(i), -1.9F - 0.05F * static_cast<float>(i)}),
+           Qt::RightButton);
+  }
+  QTest::mouseRelease(canvas(), Qt::RightButton, Qt::NoModifier, At(target));
+  EXPECT_NEAR(program_.route.points[1].latitude, target.latitude, 0.005);
+  EXPECT_NEAR(program_.route.points[0].next_longitude, target.longitude, 0.005);
+  Command("mnuUndo");
+  EXPECT_NEAR(program_.route.points[1].latitude, 50.0F, 0.005);
+  EXPECT_EQ(window_->action("mnuUndo")->text(), "&Undo Add Route Point");
+}
+
+TEST_F(Window, PointsSnapToWaypoints) {
+  Start();
+  Command("mnuMouseWayPoint");
+  const Waypoint* mark = nullptr;
+  for (const Waypoint& waypoint : program_.waypoints.waypoints) {
+    if (waypoint.name == "EC2 HFP Buoy") mark = &waypoint;
+  }
+  ASSERT_NE(mark, nullptr);
+  window_->LocatePoint(mark->At());
+  ShiftClick({mark->latitude + 0.005F, mark->longitude});
+  ASSERT_EQ(program_.route.points.size(), 1U);
+  EXPECT_EQ(program_.route.points[0].name, "EC2 HFP Buoy");
+  EXPECT_EQ(program_.route.points[0].latitude, mark->latitude);
+}
+
+TEST_F(Window, EscHasTwoStages) {
+  Start();
+  LayRoute();
+  program_.passage.route_track = {{{50.2F, -1.8F}, 8.0F, {339, 2026}},
+                                  {{50.0F, -1.9F}, 9.0F, {339, 2026}}};
+  window_->view().calculation_on_show = true;
+  window_->StateChanged();
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(program_.passage.route_track.empty());
+  EXPECT_EQ(program_.route.points.size(), 3U);
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(program_.route.points.empty());
+  Command("mnuUndo");
+  EXPECT_EQ(program_.route.points.size(), 3U);
+}
+
+TEST_F(Window, DividersMeasure) {
+  Start();
+  Command("mnuDividersOn");
+  auto* text = window_->findChild<QLabel*>("txtDividers");
+  EXPECT_TRUE(text->isVisible());
+  EXPECT_EQ(text->text(), "No reference pt");
+  MoveTo(At({50.0F, -1.9F}));
+  EXPECT_EQ(text->text(), "Shift + Click - Ref. point");
+  ShiftClick({50.0F, -1.9F});
+  MoveTo(At({50.1F, -1.9F}));
+  EXPECT_TRUE(program_.route.points.empty());
+  EXPECT_NE(text->text().indexOf("Range 6.0nm @"), -1) << text->text().toStdString();
+  Command("mnuDividersOn");
+  EXPECT_FALSE(text->isVisible());
+}
+
+TEST_F(Window, KeysZoomAndPan) {
+  Start();
+  Key(Qt::Key_0);
+  EXPECT_NEAR(window_->viewer().zoom(), 1.0, 1e-6);
+  MoveTo(At({50.0F, -2.0F}));
+  Key(Qt::Key_I);
+  EXPECT_NEAR(window_->viewer().zoom(), 1.3, 1e-6);
+  Key(Qt::Key_O);
+  EXPECT_NEAR(window_->viewer().zoom(), 0.8, 1e-6);
+  Key(Qt::Key_3);
+  EXPECT_NEAR(window_->viewer().zoom(), 0.3, 1e-6);
+  Key(Qt::Key_0);
+  window_->LocatePoint({50.0F, -4.0F});
+  const ImageRect before = window_->viewer().VisibleRect();
+  Key(Qt::Key_Right);
+  const ImageRect after = window_->viewer().VisibleRect();
+  EXPECT_NEAR(after.left - before.left, before.width * 4 / 5, 3);
+  Key(Qt::Key_Left);
+  EXPECT_NEAR(window_->viewer().VisibleRect().left, before.left, 3);
+  for (int i = 0; i < 9; ++i) Key(Qt::Key_Up);
+  EXPECT_EQ(window_->viewer().VisibleRect().top, 0);
+  Key(Qt::Key_Home);
+  const QPointF range = window_->viewer().ScrollRange();
+  EXPECT_NEAR(window_->viewer().ScrollPosition().y(), range.y() / 2, 2.0);
+}
+
+TEST_F(Window, ThePlainMouseDragsTheChartAndTheWheelZoomsAboutThePointer) {
+  Start();
+  const Position grip{50.0F, -2.0F};
+  const QPoint from = At(grip);
+  QTest::mousePress(canvas(), Qt::LeftButton, Qt::NoModifier, from);
+  MoveTo(from + QPoint(120, -60), Qt::LeftButton);
+  QTest::mouseRelease(canvas(), Qt::LeftButton, Qt::NoModifier, from + QPoint(120, -60));
+  EXPECT_LE((At(grip) - (from + QPoint(120, -60))).manhattanLength(), 2);
+  EXPECT_TRUE(program_.route.points.empty());
+  const QPoint pointer = At(grip);
+  QWheelEvent wheel(pointer, canvas()->mapToGlobal(pointer), {}, {0, 120}, Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(canvas(), &wheel);
+  EXPECT_GT(window_->viewer().zoom(), 0.55);
+  EXPECT_LE((At(grip) - pointer).manhattanLength(), 2);
+}
+
+TEST_F(Window, LargerAndSmallerScaleWalkTheCharts) {
+  Start();
+  window_->LocatePoint({50.7F, -1.3F});
+  MoveTo(At({50.7F, -1.3F}));
+  Key(Qt::Key_Equal);
+  EXPECT_TRUE(program_.config.chart_path.ends_with("9999-3"));
+  AppConfig stored;
+  ASSERT_TRUE(ReadConfig(program_.folders, stored));
+  EXPECT_TRUE(stored.chart_path.ends_with("9999-3"));
+  Key(Qt::Key_Minus);
+  EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
+}
+
+TEST_F(Window, TogglesAreStoredAtOnce) {
+  Start();
+  const bool waypoints = program_.config.show_waypoints == 1.0F;
+  Key(Qt::Key_W);
+  AppConfig stored;
+  ASSERT_TRUE(ReadConfig(program_.folders, stored));
+  EXPECT_EQ(stored.show_waypoints == 1.0F, !waypoints);
+  EXPECT_EQ(window_->action("mnuShowWaypoints")->isChecked(), !waypoints);
+  Command("mnuToolBarVisible");
+  EXPECT_FALSE(window_->findChild<QToolBar*>("tbToolBar")->isVisible());
+}
+
+// No bright surface anywhere at night: not even one pixel in a thousand is nearly white.
+TEST_F(Window, TheNightViewIsDark) {
+  Start();
+  LayRoute();
+  Key(Qt::Key_F9);
+  EXPECT_TRUE(window_->night());
+  QTest::qWait(300);
+  const QImage picture = window_->grab().toImage();
+  qsizetype bright = 0;
+  double sum = 0.0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const int value = qGray(picture.pixel(x, y));
+      sum += value;
+      bright += value > 230 ? 1 : 0;
+    }
+  }
+  const double pixels = static_cast<double>(picture.width()) * picture.height();
+  EXPECT_LT(static_cast<double>(bright), pixels / 1000.0);
+  EXPECT_LT(sum / pixels, 60.0);
+  Command("mnuViewNormal");
+  EXPECT_FALSE(window_->night());
+}
+
+TEST_F(Window, ManOverboardIsAskedForAndCancelled) {
+  Start();
+  MoveTo(At({50.0F, -2.0F}));
+  messages_.ExpectQuestion("Activate Man Overboard?", true);
+  Command("tbMob");
+  EXPECT_TRUE(window_->view().mob_on);
+  QApplication::processEvents();
+  canvas()->repaint();
+  EXPECT_TRUE(window_->findChild<QLabel*>("lblMOB")->text().startsWith("MOB Position "));
+  messages_.ExpectQuestion("Cancel Man Overboard?", true);
+  Command("tbMob");
+  EXPECT_FALSE(window_->view().mob_on);
+}
+
+TEST_F(Window, MarksAWaypointAndMovesItWithTheRightButton) {
+  Start();
+  std::size_t mark = 0;
+  while (program_.waypoints.waypoints[mark].name != "EC1 HFP Buoy") ++mark;
+  const Position place = program_.waypoints.waypoints[mark].At();
+  window_->LocatePoint(place);
+  MoveTo(At(place));
+  Key(Qt::Key_M);
+  EXPECT_TRUE(window_->view().marked_point_on);
+  const Position target{place.latitude + 0.1F, place.longitude};
+  QTest::mousePress(canvas(), Qt::RightButton, Qt::NoModifier, At(place));
+  MoveTo(At(target), Qt::RightButton);
+  QTest::mouseRelease(canvas(), Qt::RightButton, Qt::NoModifier, At(target));
+  EXPECT_NEAR(program_.waypoints.waypoints[mark].latitude, target.latitude, 0.01);
+  EXPECT_FALSE(window_->view().marked_point_on);
+}
+
+TEST_F(Window, TheViewComesBackAtTheNextStart) {
+  Start();
+  Key(Qt::Key_7);
+  window_->LocatePoint({49.5F, -2.5F});
+  const ImageRect seen = window_->viewer().VisibleRect();
+  window_->close();
+  window_.reset();
+  settings_ = OpenSettingsStore(user_.File("settings/SkerrowHelm/skerrow.ini"));
+  Start();
+  const ImageRect again = window_->viewer().VisibleRect();
+  EXPECT_NEAR(again.left + again.width / 2, seen.left + seen.width / 2, 12);
+  EXPECT_NEAR(again.top + again.height / 2, seen.top + seen.height / 2, 12);
+}
+
+TEST_F(Window, WithoutAChartTheDefaultsComeBackAndTheProgramEnds) {
+  LoadProgram(program_, messages_);
+  program_.config.chart_path = user_.File("nothing");
+  window_ = std::make_unique<FrmChart>(program_, messages_, *settings_, clipboard_);
+  window_->show();
+  window_->Start();
+  messages_.Expect("Error in Chart File\n" + user_.File("nothing") +
+                   "\n\nRestoring defaults to Sample Chart and exiting program");
+  MoveTo({200, 200});
+  QTest::qWait(100);
+  EXPECT_FALSE(window_->isVisible());
+  AppConfig stored;
+  ASSERT_TRUE(ReadConfig(program_.folders, stored));
+  EXPECT_TRUE(stored.chart_path.ends_with("9999-1"));
+}
+
+TEST(Readout, RecentChartsKeepSixAndTheNewestFirst) {
+  std::vector<std::string> recent;
+  for (const char* path : {"a", "b", "c", "d", "e", "f", "g"}) AddRecentChart(recent, path);
+  EXPECT_EQ(recent, (std::vector<std::string>{"g", "f", "e", "d", "c", "b"}));
+  AddRecentChart(recent, "c");
+  EXPECT_EQ(recent, (std::vector<std::string>{"c", "g", "f", "e", "d", "b"}));
+  AppConfig config;
+  ApplyRecentChart(config, "/opt/skerrow/Charts/Solent\\12-3.cht");
+  EXPECT_EQ(config.chart_path, "/opt/skerrow/Charts/Solent\\12-3");
+  EXPECT_EQ(config.chart_file_name, "12-3.cht");
+  EXPECT_EQ(config.sea_area, "Solent");
+}
+
+}  // namespace
+}  // namespace skerrow
