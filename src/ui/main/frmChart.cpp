@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
@@ -23,6 +24,20 @@ namespace {
 
 constexpr int kFloatMargin = 12;
 constexpr int kOverviewSide = 190;
+
+// A line of text that ends in an ellipsis where the room does.
+class ElidedLabel final : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.drawText(contentsRect(), static_cast<int>(alignment()),
+                     fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
+  }
+};
 
 }  // namespace
 
@@ -232,7 +247,7 @@ void FrmChart::MakeStatusBar() {
   // Shares of the bar's width, in tenths.
   constexpr int kShares[] = {30, 25, 15, 10, 20};
   for (const int share : kShares) {
-    auto* panel = new QLabel(this);
+    auto* panel = new ElidedLabel(this);
     panel->setObjectName("StatusBar1Panel" + QString::number(panels_.size() + 1));
     panel->setMinimumWidth(0);
     panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -263,6 +278,7 @@ void FrmChart::Start() {
       resize(std::min(1360, room.width() * 9 / 10), std::min(880, room.height() * 9 / 10));
     }
   }
+  desktop_.settings.Set("Software/Skerrow", "InstallPath", FolderOf(program().folders.program));
   DrawChart();
   StateChanged();
   timer1_.start();
@@ -301,6 +317,9 @@ void FrmChart::UpdateActions() {
   action("mnuUndo")->setText(named(session_.history.UndoName(), "&Undo"));
   action("mnuRedo")->setText(named(session_.history.RedoName(), "&Redo"));
   named_menus_.at("mnuTools")->menuAction()->setVisible(tools_shown_);
+  const bool one_input = program().config.gps_through_ais != 0;
+  named_menus_.at("mnuGPS")->menuAction()->setVisible(!one_input);
+  named_menus_.at("mnuAIS")->setTitle(one_input ? "&AIS/GPS" : "&AIS");
 }
 
 void FrmChart::FillRecentMenu() {

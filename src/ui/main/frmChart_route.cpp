@@ -146,8 +146,9 @@ void FrmChart::ToggleMob() {
 
 void FrmChart::CalculateRouteDialog() {
   program().route_drag_on = false;
-  FrmCalcRoute dialog(desktop_, this);
-  dialog.exec();
+  const RouteState before = program().route;
+  FrmCalcRoute(desktop_, this).exec();
+  RememberRouteEdit(desktop_, session_, "Route Calculation", before);
   view_.calculation_on_show = !program().passage.route_track.empty();
   program().animation = {};
   StateChanged();
@@ -155,8 +156,9 @@ void FrmChart::CalculateRouteDialog() {
 
 void FrmChart::OptimiseDialog() {
   program().route_drag_on = false;
-  FrmRouteOptDeparture dialog(desktop_, this);
-  dialog.exec();
+  const RouteState before = program().route;
+  FrmRouteOptDeparture(desktop_, this).exec();
+  RememberRouteEdit(desktop_, session_, "Departure Search", before);
   view_.calculation_on_show = !program().passage.route_track.empty();
   StateChanged();
 }

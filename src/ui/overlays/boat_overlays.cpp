@@ -45,7 +45,7 @@ void DrawHull(DrawingSurface& surface, const Program& program, SurfacePoint at, 
               double size) {
   // Bow, shoulders and quarters, as (ahead, to starboard) in multiples of the size.
   constexpr std::array<std::array<double, 2>, 5> kCorners = {
-      {{2.0, 0.0}, {0.5, 0.75}, {-1.5, 0.5}, {-1.5, -0.5}, {0.5, -0.75}}};
+      {{2.5, 0.0}, {0.5, 0.75}, {-1.5, 0.5}, {-1.5, -0.5}, {0.5, -0.75}}};
   const double angle = heading * kRadiansPerDegree;
   std::array<SurfacePoint, kCorners.size()> outline;
   for (std::size_t i = 0; i < kCorners.size(); ++i) {

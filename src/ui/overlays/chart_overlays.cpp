@@ -52,7 +52,8 @@ void DrawPorts(DrawingSurface& surface, const OverlayView& view, const Program& 
     }
     const SurfacePoint at = view.ToView(position);
     if (view.Seen(at, kHalfPortSymbol)) DrawPortSymbol(surface, at);
-    DrawLabel(surface, view, at, kHalfPortSymbol, port.name, program.config.font_colour);
+    DrawLabel(surface, view, at, kHalfPortSymbol, port.name, program.config.font_colour,
+              LabelSide::kLeft);
   }
   surface.SetFill(std::nullopt);
 }

@@ -54,18 +54,22 @@ int MarkerRadius(double view_width, int image_width, int image_height) {
 }
 
 void DrawLabel(DrawingSurface& surface, const OverlayView& view, SurfacePoint at, double radius,
-               std::string_view text, std::int32_t colour) {
+               std::string_view text, std::int32_t colour, LabelSide side) {
   if (text.empty()) return;
   const double room = kLetterRoom * view.text_size;
-  const double left = at.x + radius + kLabelGap;
-  if (left > view.geometry.view_width() || left + room * static_cast<double>(text.size()) < 0.0 ||
-      at.y < -room || at.y > view.geometry.view_height() + room) {
+  const double width = room * static_cast<double>(text.size());
+  const bool right = side == LabelSide::kRight;
+  const double x = right ? at.x + radius + kLabelGap : at.x - radius - kLabelGap;
+  const double left = right ? x : x - width;
+  if (left > view.geometry.view_width() || left + width < 0.0 || at.y < -room ||
+      at.y > view.geometry.view_height() + room) {
     return;
   }
   TextStyle style;
   style.size_pt = view.text_size;
+  style.align_x = right ? AlignX::kLeft : AlignX::kRight;
   style.align_y = AlignY::kMiddle;
-  surface.Text({left, at.y}, text, colour, style);
+  surface.Text({x, at.y}, text, colour, style);
 }
 
 void DrawCircle(DrawingSurface& surface, const OverlayView& view, Position at, double radius,

@@ -57,9 +57,12 @@ OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& geomet
 // Base radius of ring marks for a view and a picture of that size; 0 without a picture.
 int MarkerRadius(double view_width, int image_width, int image_height);
 
-// A text to the right of a mark of that radius.
+enum class LabelSide { kRight, kLeft };
+
+// A text beside a mark of that radius. Names of waypoints and route points stand on the right, what
+// may share their place on the left.
 void DrawLabel(DrawingSurface& surface, const OverlayView& view, SurfacePoint at, double radius,
-               std::string_view text, std::int32_t colour);
+               std::string_view text, std::int32_t colour, LabelSide side = LabelSide::kRight);
 
 // A ring at a place. Outside the chart, and off the screen, nothing.
 void DrawCircle(DrawingSurface& surface, const OverlayView& view, Position at, double radius,

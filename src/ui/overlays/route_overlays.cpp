@@ -33,7 +33,8 @@ void DrawRoutePoint(DrawingSurface& surface, const OverlayView& view, const Prog
     surface.SetPen(1, index == 0 ? kRed : kBlue);
     surface.Ring(*place, view.marker_radius);
   }
-  DrawLabel(surface, view, *place, view.marker_radius, label, program.config.font_colour);
+  DrawLabel(surface, view, *place, view.marker_radius, label, program.config.font_colour,
+            index == 0 ? LabelSide::kLeft : LabelSide::kRight);
   if (kDrawInWind != nullptr && program.config.show_wind_over_route != 0) {
     kDrawInWind(surface, view, program, point.At(), {point.wind_direction, point.wind_speed});
   }

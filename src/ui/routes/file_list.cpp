@@ -1,18 +1,51 @@
 #include "ui/routes/file_list.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QLabel>
+#include <QPainter>
+#include <QStyledItemDelegate>
 
 #include "core/text.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
+namespace {
+
+constexpr int kMargin = 6;
+
+// Gives the rows the height and the margin of the other lists.
+class FileDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    const QString text = item.text;
+    item.text.clear();
+    QApplication::style()->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
+    const bool selected = item.state & QStyle::State_Selected;
+    painter->setPen(item.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+    painter->setFont(item.font);
+    const QRect room = item.rect.adjusted(kMargin, 0, -kMargin, 0);
+    painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      item.fontMetrics.elidedText(text, Qt::ElideMiddle, room.width()));
+  }
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+    return {60, option.fontMetrics.height() + 4};
+  }
+};
+
+}  // namespace
 
 FileList::FileList(QWidget* parent) : QListWidget(parent) {
   setObjectName(QStringLiteral("fillist"));
   setUniformItemSizes(true);
-  setTextElideMode(Qt::ElideMiddle);
+  setItemDelegate(new FileDelegate(this));
 }
 
 void FileList::Fill(const std::string& folder, FileKind kind) {

@@ -26,7 +26,7 @@ class FileList : public QListWidget {
   // Selects a file by its name, and nothing when it is not there.
   void Select(const std::string& name);
 
-  QSize sizeHint() const override { return {190, 220}; }
+  QSize sizeHint() const override { return {170, 220}; }
 };
 
 // The name of the file in `folder` that `name` would write over: the same name in any case, as the

@@ -21,12 +21,12 @@ FrmFileDelete::FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
   left->addWidget(
       MakeLabel(kind == FileKind::kRoute ? tr("Route &files") : tr("Waypoint &files"), files_));
   left->addWidget(files_, 1);
-  columns->addLayout(left, 2);
+  columns->addLayout(left, 1);
   auto* right = new QVBoxLayout;
   right->setSpacing(4);
   right->addWidget(count_);
   right->addWidget(records_, 1);
-  columns->addLayout(right, 3);
+  columns->addLayout(right, 2);
   body()->addLayout(columns, 1);
   records_->setSelectionMode(QAbstractItemView::NoSelection);
   records_->setFocusPolicy(Qt::NoFocus);

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/numbers.h"
-#include "ui/routes/enter_filter.h"
+#include "ui/routes/key_action.h"
 #include "ui/routes/route_commands.h"
 #include "ui/widgets/qt_text.h"
 
@@ -30,11 +30,13 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, EditSession& session, QWidget* pare
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   auto* left = new QVBoxLayout;
+  left->setSpacing(4);
   auto* head = new QHBoxLayout;
   head->addWidget(MakeLabel(tr("&Legs of the route"), legs_), 1);
   head->addWidget(distance_);
   left->addLayout(head);
   left->addWidget(legs_, 1);
+  left->addSpacing(4);
   left->addWidget(MakeLegBox());
   columns->addLayout(left, 3);
   columns->addWidget(MakeWaypointBox(), 2);
@@ -56,8 +58,11 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, EditSession& session, QWidget* pare
   });
   for (QLineEdit* box : {start_name_, end_name_}) box->setMaxLength(35);
   // Enter in a box accepts the leg instead of leaving the dialog.
-  auto* enter = new EnterFilter(this, [this] { AcceptLegEntry(); });
+  auto* enter = new KeyAction(this, Qt::Key_Return, [this] { AcceptLegEntry(); });
   for (QLineEdit* box : leg_box_->findChildren<QLineEdit*>()) box->installEventFilter(enter);
+  KeyAction::Install(legs_, Qt::Key_Return, [this] { start_name_->setFocus(); });
+  KeyAction::Install(legs_, Qt::Key_Delete, [this] { DeletePoint(); });
+  KeyAction::Install(picker_->list(), Qt::Key_Return, [this] { InsertPoint(); });
   Load();
   LoadLeg();
   legs_->setFocus();
@@ -77,6 +82,7 @@ QWidget* FrmRouteEdit::MakeLegBox() {
   grid->addWidget(end_longitude_, 1, 3);
   grid->addWidget(MakeLabel(tr("&Speed:"), speed_), 2, 0);
   auto* row = new QHBoxLayout;
+  row->setSpacing(8);
   row->addWidget(speed_);
   row->addWidget(new QLabel(tr("kn")));
   auto* all = Named<QPushButton>("cmdRouteSpeed", tr("Appl&y Speed to all Legs"));
@@ -98,10 +104,12 @@ QWidget* FrmRouteEdit::MakeWaypointBox() {
   auto* side = new QWidget;
   auto* rows = new QVBoxLayout(side);
   rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(8);
   rows->addWidget(picker_, 1);
   auto* box = new QGroupBox(tr("Insert the selected waypoint"));
   auto* lines = new QVBoxLayout(box);
   auto* sides = new QHBoxLayout;
+  sides->setSpacing(8);
   sides->addWidget(before_);
   sides->addWidget(after_);
   sides->addWidget(new QLabel(tr("the start of the selected leg")));

@@ -33,12 +33,12 @@ FrmRouteLoad::FrmRouteLoad(Desktop& desktop, EditSession& session, QWidget* pare
   left->setSpacing(4);
   left->addWidget(MakeLabel(tr("Route &files"), files_));
   left->addWidget(files_, 1);
-  columns->addLayout(left, 2);
+  columns->addLayout(left, 1);
   auto* right = new QVBoxLayout;
   right->setSpacing(4);
   right->addWidget(count_);
   right->addWidget(records_, 1);
-  columns->addLayout(right, 3);
+  columns->addLayout(right, 2);
   body()->addLayout(columns, 1);
   QLabel* note =
       MakeHint(tr("By default the program will use the stored speed in its calculations "
@@ -59,7 +59,7 @@ FrmRouteLoad::FrmRouteLoad(Desktop& desktop, EditSession& session, QWidget* pare
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   ShowFile();
   files_->setFocus();
-  resize(680, 400);
+  resize(740, 400);
 }
 
 void FrmRouteLoad::ShowFile() {

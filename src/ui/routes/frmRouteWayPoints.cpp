@@ -1,6 +1,7 @@
 #include "ui/routes/frmRouteWayPoints.h"
 
 #include "core/numbers.h"
+#include "ui/routes/key_action.h"
 #include "ui/routes/route_commands.h"
 #include "ui/widgets/qt_text.h"
 
@@ -14,7 +15,7 @@ FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, EditSession& session, QWi
       length_(Named<QLabel>("lblroutedist")) {
   auto* columns = new QHBoxLayout;
   columns->setSpacing(12);
-  columns->addWidget(picker_, 5);
+  columns->addWidget(picker_, 3);
   auto* add = Named<QPushButton>("cmdAdd", tr("&Add  \u25b6"));
   add->setAutoDefault(false);
   add->setToolTip(tr("Puts the waypoint at the end of the route (double click, Enter)"));
@@ -26,17 +27,22 @@ FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, EditSession& session, QWi
   head->addWidget(length_);
   right->addLayout(head);
   right->addWidget(route_, 1);
-  columns->addLayout(right, 3);
+  auto* remove = Named<QPushButton>("cmdDelete", tr("&Delete Selected"));
+  remove->setAutoDefault(false);
+  remove->setToolTip(tr("Takes the selected row out of the route (double click, Delete)"));
+  right->addSpacing(2);
+  right->addWidget(remove, 0, Qt::AlignRight);
+  columns->addLayout(right, 2);
   body()->addLayout(columns, 1);
   body()->addWidget(
       MakeHint(tr("Double-click a waypoint to put it at the end of the route, and a "
                   "row of the route to take it out again.")));
-  QPushButton* remove = AddLeftButton("cmdDelete", tr("&Delete Selected"),
-                                      tr("Takes the selected row out of the route"));
   QPushButton* ok = AddButton("cmdOK", tr("OK"), tr("Makes the route of these waypoints"));
   QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
   ok->setDefault(true);
   connect(picker_->list(), &QListWidget::itemDoubleClicked, this, [this] { Add(); });
+  KeyAction::Install(picker_->list(), Qt::Key_Return, [this] { Add(); });
+  KeyAction::Install(route_, Qt::Key_Delete, [this] { Remove(); });
   connect(route_, &QListWidget::itemDoubleClicked, this, [this] { Remove(); });
   connect(add, &QPushButton::clicked, this, [this] { Add(); });
   connect(remove, &QPushButton::clicked, this, [this] { Remove(); });
@@ -44,7 +50,7 @@ FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, EditSession& session, QWi
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   ShowLength();
   picker_->list()->setFocus();
-  resize(980, 480);
+  resize(1040, 480);
 }
 
 void FrmRouteWayPoints::Add() {
@@ -73,12 +79,10 @@ void FrmRouteWayPoints::ShowLength() {
     points.back().longitude = waypoint.longitude;
   }
   RelinkRoute(points);
-  length_->setText(points.empty()
-                       ? QString()
-                       : tr("%n point(s), %1 nm", nullptr, static_cast<int>(points.size()))
-                             .replace(QStringLiteral("(s)"),
-                                      points.size() == 1 ? QString() : QStringLiteral("s"))
-                             .arg(ToQt(FormatFixed(RouteLengthOf(points), 1, 1))));
+  const QString distance = ToQt(FormatFixed(RouteLengthOf(points), 1, 1));
+  length_->setText(points.size() == 1 ? tr("1 point")
+                   : points.empty()   ? QString()
+                                      : tr("%1 points, %2 nm").arg(points.size()).arg(distance));
 }
 
 void FrmRouteWayPoints::Accept() {

@@ -5,9 +5,9 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
-#include "ui/routes/enter_filter.h"
 #include "ui/routes/frmNewWay.h"
 #include "ui/routes/frmwaycopy.h"
+#include "ui/routes/key_action.h"
 #include "ui/widgets/print_lines.h"
 #include "ui/widgets/qt_text.h"
 
@@ -45,6 +45,8 @@ FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kep
   files_->Fill(desktop.program.folders.Waypoints(), FileKind::kWaypoint);
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
   connect(entries_, &QListWidget::itemDoubleClicked, this, [this] { LoadEntry(); });
+  KeyAction::Install(entries_, Qt::Key_Return, [this] { LoadEntry(); });
+  KeyAction::Install(entries_, Qt::Key_Delete, [this] { DeleteEntry(); });
   if (kept_file.empty()) {
     files_->Select(desktop.program.config.waypoint_file);
   } else {
@@ -65,8 +67,16 @@ QWidget* FrmWayEdit::MakeFileColumn() {
       MakeButton("cmdCreateNew", tr("Create &New"), tr("Makes an empty waypoint file"));
   QPushButton* copy =
       MakeButton("cmdCopy", tr("Cop&y"), tr("Makes a file from waypoints of others"));
-  rows->addWidget(create);
-  rows->addWidget(copy);
+  QPushButton* print = MakeButton("cmdPrint", tr("&Print"), tr("Prints the rows of the list"));
+  auto* choices = new QHBoxLayout;
+  choices->setSpacing(12);
+  choices->addWidget(print_all_);
+  choices->addWidget(print_selected_);
+  choices->addStretch(1);
+  print_all_->setChecked(true);
+  for (QPushButton* button : {create, copy, print}) rows->addWidget(button);
+  rows->addLayout(choices);
+  connect(print, &QPushButton::clicked, this, [this] { Print(); });
   connect(create, &QPushButton::clicked, this, [this] { CreateNew(); });
   connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
   return column;
@@ -78,7 +88,7 @@ QWidget* FrmWayEdit::MakeEntryColumn() {
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(6);
   auto* head = new QHBoxLayout;
-  head->addWidget(MakeLabel(tr("Entri&es"), entries_), 1);
+  head->addWidget(MakeLabel(tr("Ent&ries"), entries_), 1);
   head->addWidget(count_);
   rows->addLayout(head);
   rows->addWidget(entries_, 1);
@@ -97,6 +107,7 @@ QWidget* FrmWayEdit::MakeEntryBox() {
   grid->addWidget(latitude_, 1, 1);
   grid->addWidget(longitude_, 1, 2);
   auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
   QPushButton* add = MakeButton("cmdAdd", tr("&Add New Point"),
                                 tr("Puts the entry at the end of the list (Enter)"));
   QPushButton* insert =
@@ -114,24 +125,15 @@ QWidget* FrmWayEdit::MakeEntryBox() {
   connect(insert, &QPushButton::clicked, this, [this] { InsertEntry(); });
   connect(change, &QPushButton::clicked, this, [this] { ChangeEntry(); });
   connect(remove, &QPushButton::clicked, this, [this] { DeleteEntry(); });
-  auto* enter = new EnterFilter(this, [this] { AddPoint(); });
+  auto* enter = new KeyAction(this, Qt::Key_Return, [this] { AddPoint(); });
   for (QLineEdit* edit : box->findChildren<QLineEdit*>()) edit->installEventFilter(enter);
   return box;
 }
 
 void FrmWayEdit::MakeButtons() {
-  QPushButton* print = AddLeftButton("cmdPrint", tr("&Print"));
-  auto* choices = new QHBoxLayout;
-  choices->addWidget(new QLabel(tr("Print:")));
-  choices->addWidget(print_all_);
-  choices->addWidget(print_selected_);
-  choices->addStretch(1);
-  print_all_->setChecked(true);
-  body()->addLayout(choices);
   QPushButton* save = AddButton("cmdSave", tr("&Save && Exit"));
   save->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
-  connect(print, &QPushButton::clicked, this, [this] { Print(); });
   connect(save, &QPushButton::clicked, this, [this] { SaveAndExit(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -167,7 +169,6 @@ void FrmWayEdit::Refresh(std::size_t select) {
   entries_->SelectIndex(select);
   if (entries_->currentItem() != nullptr) entries_->scrollToItem(entries_->currentItem());
   count_->setText(tr("%1 waypoints").arg(work_.rows().size()));
-  setWindowModified(work_.changed());
 }
 
 CheckedWaypoint FrmWayEdit::Entry() const {
@@ -193,9 +194,10 @@ void FrmWayEdit::AddPoint() {
     Ended(WaypointRefusal::kNoRowSelected, 0);
     return;
   }
-  Ended(work_.Add(Entry()), work_.rows().size());
-  name_->setFocus();
-  if (!work_.rows().empty()) entries_->scrollToBottom();
+  const std::size_t row = work_.rows().size();
+  const WaypointRefusal refusal = work_.Add(Entry());
+  Ended(refusal, row);
+  if (refusal == WaypointRefusal::kNone) name_->setFocus();
 }
 
 void FrmWayEdit::InsertEntry() {

@@ -1,5 +1,6 @@
 #include "ui/routes/frmwaycopy.h"
 
+#include "ui/routes/key_action.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
@@ -11,12 +12,12 @@ FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
       name_(Named<QLineEdit>("txtFileName")) {
   auto* columns = new QHBoxLayout;
   columns->setSpacing(12);
-  columns->addWidget(picker_, 5);
+  columns->addWidget(picker_, 3);
   auto* right = new QVBoxLayout;
   right->setSpacing(4);
   right->addWidget(MakeLabel(tr("&Copied"), copied_));
   right->addWidget(copied_, 1);
-  columns->addLayout(right, 3);
+  columns->addLayout(right, 2);
   body()->addLayout(columns, 1);
   body()->addWidget(
       MakeHint(tr("Click a waypoint to copy it; double-click a copied one to take it "
@@ -29,16 +30,14 @@ FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
   QPushButton* save = AddButton("cmdSave", tr("&Save"));
   save->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
-  connect(picker_->list(), &QListWidget::itemClicked, this, [this] {
-    if (!second_click_) Add();
-    second_click_ = false;
-  });
-  connect(picker_->list(), &QListWidget::itemDoubleClicked, this, [this] { second_click_ = true; });
+  connect(picker_->list(), &QListWidget::itemClicked, this, [this] { Add(); });
+  KeyAction::Install(picker_->list(), Qt::Key_Return, [this] { Add(); });
+  KeyAction::Install(copied_, Qt::Key_Delete, [this] { Remove(); });
   connect(copied_, &QListWidget::itemDoubleClicked, this, [this] { Remove(); });
   connect(save, &QPushButton::clicked, this, [this] { Save(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   picker_->list()->setFocus();
-  resize(940, 480);
+  resize(980, 480);
 }
 
 void FrmWayCopy::Add() {

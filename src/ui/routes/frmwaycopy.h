@@ -22,7 +22,6 @@ class FrmWayCopy : public Dialog {
   WaypointPicker* picker_;
   WaypointList* copied_;
   QLineEdit* name_;
-  bool second_click_ = false;  // the click that ends a double click copies nothing more
 };
 
 }  // namespace skerrow

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 
+#include "core/text.h"
 #include "routes/route_editing.h"
 #include "ui/routes/frmRouteSave.h"
 #include "ui/routes/frmWayEdit.h"
@@ -41,11 +42,11 @@ class RecoveryForm final : public Dialog {
     body()->addWidget(
         MakeHeading(tr("The program ended before this work was saved. Take it back?")));
     Offer(route, kept_route, tr("The &route of %1 points, as it was at %2"));
-    Offer(waypoints, kept_waypoints, tr("The &waypoints being edited (%1), as they were at %2"));
-    if (kept_waypoints) {
-      waypoints->setText(waypoints->text() + QStringLiteral(": ") +
-                         ToQt(kept_waypoints->file_name).replace(QLatin1Char('&'), "&&"));
-    }
+    QString file = ToQt(kept_waypoints ? kept_waypoints->file_name : std::string());
+    file.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    Offer(waypoints, kept_waypoints,
+          tr("The %1 &waypoints of %2 that were being edited, as they were at %3")
+              .arg(QStringLiteral("%1"), file, QStringLiteral("%2")));
     body()->addWidget(MakeHint(tr("Nothing is written to your files by this.")));
     body()->addStretch(1);
     QPushButton* discard = AddLeftButton("cmdDiscard", tr("&Discard"), tr("Drops the work"));
@@ -112,7 +113,9 @@ bool MayExit(Desktop& desktop, EditSession& session, QWidget* parent) {
                            parent)) {
     return false;
   }
-  (void)DropRouteRecovery(desktop.program.folders);
+  const Program& program = desktop.program;
+  (void)DropRouteRecovery(program.folders);
+  (void)DeleteFile(WaypointRecoveryPath(program.folders, Trim(program.config.waypoint_file)));
   return true;
 }
 

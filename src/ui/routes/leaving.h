@@ -22,7 +22,7 @@ class FrmUnsaved : public Dialog {
 };
 
 // Before the program ends: asks about an unsaved route and unsaved waypoints. True when the program
-// may end; the recovery file is gone then.
+// may end; the recovery files are gone then.
 bool MayExit(Desktop& desktop, EditSession& session, QWidget* parent);
 
 // "Clear existing route?", and about an unsaved route. True when it may go.

@@ -2,20 +2,28 @@
 
 #include <string>
 
+#include "core/text.h"
 #include "ui/routes/recovery.h"
 
 namespace skerrow {
 namespace {
 
-void KeepForRecovery(Desktop& desktop, EditSession& session) {
-  const Program& program = desktop.program;
-  const Status kept = session.saved_route.Differs(program.route)
-                          ? KeepRoute(program.folders, program.route)
-                          : DropRouteRecovery(program.folders);
+// Says once in a run that work cannot be kept.
+void TellFault(Desktop& desktop, EditSession& session, const Status& kept) {
   if (kept || session.recovery_fault_told) return;
   session.recovery_fault_told = true;
-  desktop.messages.Show("The route cannot be kept for recovery. " + kept.error().Text(),
+  desktop.messages.Show("Unsaved work cannot be kept for recovery. " + kept.error().Text(),
                         MessageIcon::kWarning);
+}
+
+void KeepForRecovery(Desktop& desktop, EditSession& session) {
+  const Program& program = desktop.program;
+  if (!session.saved_route.Differs(program.route)) {
+    // One that cannot be deleted is offered back at the next start, which does no harm.
+    (void)DropRouteRecovery(program.folders);
+    return;
+  }
+  TellFault(desktop, session, KeepRoute(program.folders, program.route));
 }
 
 void RouteReplaced(Desktop& desktop, EditSession& session) {
@@ -51,6 +59,14 @@ bool FinishRouteEdit(Desktop& desktop, EditSession& session, const char* name, R
   return true;
 }
 
+bool RememberRouteEdit(Desktop& desktop, EditSession& session, const char* name,
+                       const RouteState& before) {
+  if (SameRoute(before, desktop.program.route)) return false;
+  session.history.Remember(name, before);
+  KeepForRecovery(desktop, session);
+  return true;
+}
+
 bool UndoRouteEdit(Desktop& desktop, EditSession& session) {
   if (!session.history.Undo(desktop.program.route)) return false;
   RouteReplaced(desktop, session);
@@ -66,6 +82,17 @@ bool RedoRouteEdit(Desktop& desktop, EditSession& session) {
 void RouteIsSaved(Desktop& desktop, EditSession& session) {
   session.saved_route.Mark(desktop.program.route);
   KeepForRecovery(desktop, session);
+}
+
+void KeepMovedWaypoints(Desktop& desktop, EditSession& session) {
+  const Program& program = desktop.program;
+  const std::string path =
+      WaypointRecoveryPath(program.folders, Trim(program.config.waypoint_file));
+  if (!WaypointsUnsaved(program, session)) {
+    (void)DeleteFile(path);
+    return;
+  }
+  TellFault(desktop, session, WriteWaypointFile(path, program.waypoints.waypoints));
 }
 
 bool AskInsertRoutePoint(Desktop& desktop, EditSession& session, Position position) {

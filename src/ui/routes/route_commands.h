@@ -16,6 +16,10 @@ namespace skerrow {
 // that has changed nothing is forgotten, and the route keeps its results. Whether it changed.
 bool FinishRouteEdit(Desktop& desktop, EditSession& session, const char* name, RouteState before);
 
+// The same for a change that keeps its own results, such as a calculation that moves a point.
+bool RememberRouteEdit(Desktop& desktop, EditSession& session, const char* name,
+                       const RouteState& before);
+
 // Runs `edit` on the route as the edit `name`, and gives what it gives.
 template <typename Edit>
 auto EditRoute(Desktop& desktop, EditSession& session, const char* name, Edit edit) {
@@ -36,6 +40,10 @@ bool RedoRouteEdit(Desktop& desktop, EditSession& session);
 
 // The route is now as a file has it: no recovery, nothing unsaved.
 void RouteIsSaved(Desktop& desktop, EditSession& session);
+
+// At the release of a dragged waypoint: keeps the moved waypoints for recovery, as rows of the
+// current file that are being edited. Forgets what was kept when they are saved.
+void KeepMovedWaypoints(Desktop& desktop, EditSession& session);
 
 // The keys Insert and Delete: the question, then the edit at `position`, then the normal mouse
 // mode. False after a No, or when nothing was changed.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -62,6 +63,10 @@ WaypointList::WaypointList(const char* name, std::string (*text_of)(const Waypoi
   setObjectName(QString::fromUtf8(name));
   setItemDelegate(new WaypointDelegate(this, this));
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  // A name of usual length, a position and the scroll bar.
+  setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("Dartmouth Approaches,")) +
+                  fontMetrics().horizontalAdvance(QStringLiteral("50.30.25N : 001.05.40W")) + kGap +
+                  4 * kMargin + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
 }
 
 void WaypointList::SetRows(std::vector<WaypointRow> rows) {

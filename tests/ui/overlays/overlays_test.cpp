@@ -195,7 +195,7 @@ TEST_F(OverlaysTest, RouteHasNamedPointsAndStandsStillAtEveryZoom) {
   EXPECT_EQ(DrawOne("route"),
             "pen 1 solid 255,0,0\n"
             "ring 100.00,217.00 r 3.00\n"
-            "text 107.00,217.00 left middle 12 bold 0,0,0 \"Start\"\n"
+            "text 93.00,217.00 right middle 12 bold 0,0,0 \"Start\"\n"
             "pen 1 solid 0,0,255\n"
             "ring 300.00,217.00 r 3.00\n"
             "text 307.00,217.00 left middle 12 bold 0,0,0 \"Waypoint 1\"\n"
@@ -340,7 +340,7 @@ TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
   EXPECT_NE(boat.find("line 100.00,217.00 310.00,217.00\n"), std::string::npos) << boat;
   EXPECT_NE(boat.find("pen 2 solid 255,0,0\n"
                       "fill 255,0,0\n"
-                      "polygon 120.00,217.00 105.00,224.50 85.00,222.00 85.00,212.00 "
+                      "polygon 125.00,217.00 105.00,224.50 85.00,222.00 85.00,212.00 "
                       "105.00,209.50\n"
                       "fill none\n"
                       "ring 100.00,217.00 r 4.00\n"),
@@ -425,7 +425,7 @@ TEST_F(OverlaysTest, PortsAndBoundaries) {
             "polygon 100.00,211.00 106.00,217.00 100.00,223.00 94.00,217.00\n"
             "line 94.00,217.00 106.00,217.00\n"
             "line 100.00,211.00 100.00,223.00\n"
-            "text 110.00,217.00 left middle 12 bold 0,0,0 \"Newhaven\"\n"
+            "text 90.00,217.00 right middle 12 bold 0,0,0 \"Newhaven\"\n"
             "fill none\n");
   program.config.show_chart_boundaries = kTrue;
   program.charts.index = {{"9999-1", "Sample", 1.0F, 50.25F, -1.5F, 50.5F, -1.25F, "", ""}};

@@ -54,7 +54,7 @@ constexpr Command kCommands[] = {
     {"mnuShowTidalStreams", "Show/Hide Tidal &Streams", "viewstreams", "", ""},
     {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "", ""},
     {"mnuDisplayWindOverRoute", "Show/Hide Wind Over &Route", "windover", "", ""},
-    {"mnuGPSAISConfig", "Instruments (GPS, AIS && Yeoman)", "configgps", "", ""},
+    {"mnuGPSAISConfig", "Instruments (GPS && AIS)", "configgps", "", ""},
     {"mnuCommsMonitor", "Comms Ports Diagnostics", "", "", ""},
     {"mnuHelpOverView", "&Overview", "", "", ""},
     {"mnuMouseandKeyboard", "&Mouse and Keyboard", "", "", ""},

@@ -1,0 +1,198 @@
+// Unsaved work: told, asked about, kept and brought back.
+
+#include "ui/routes/recovery.h"
+
+#include "tests/ui/routes/route_bench.h"
+#include "ui/routes/frmWayEdit.h"
+#include "ui/routes/leaving.h"
+#include "ui/routes/route_commands.h"
+#include "ui/routes/waypoint_work.h"
+
+namespace skerrow::testing {
+namespace {
+
+class UnsavedWork : public RouteBench {
+ protected:
+  void Add(Position at) {
+    EditRoute(desktop, session, "Add Route Point", [&](RouteState& route) {
+      return AddRoutePoint(route, at, std::nullopt, RouteDefaultsOf(program), messages);
+    });
+  }
+  bool Kept() const { return std::filesystem::exists(RouteRecoveryPath(program.folders)); }
+};
+
+TEST_F(UnsavedWork, RouteIsKeptWhileItIsInNoFile) {
+  Add({50.1F, -1.0F});
+  EXPECT_FALSE(Kept());  // one point is no route yet
+  Add({50.2F, -1.5F});
+  EXPECT_TRUE(Kept());
+  RouteIsSaved(desktop, session);
+  EXPECT_FALSE(Kept());
+  Add({50.3F, -1.7F});
+  EXPECT_TRUE(Kept());
+  EXPECT_TRUE(UndoRouteEdit(desktop, session));  // back to what is saved
+  EXPECT_FALSE(Kept());
+  EXPECT_TRUE(RedoRouteEdit(desktop, session));
+  EXPECT_TRUE(Kept());
+  EditRoute(desktop, session, "Clear Route",
+            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(program)); });
+  EXPECT_FALSE(Kept());
+}
+
+TEST_F(UnsavedWork, EditThatChangesNothingIsNoEdit) {
+  LoadSample();
+  program.route.points[0].calculated = true;
+  program.passage.route_track.resize(2);
+  EditRoute(desktop, session, "Idle",
+            [&](RouteState& route) { RouteChanged(route, RouteDefaultsOf(program)); });
+  EXPECT_FALSE(session.history.CanUndo());
+  EXPECT_TRUE(program.route.points[0].calculated);
+  EXPECT_EQ(program.passage.route_track.size(), 2U);
+  EXPECT_EQ(window().changes, 0);
+  EXPECT_FALSE(Kept());
+}
+
+TEST_F(UnsavedWork, RouteComesBackAfterABadEnd) {
+  LoadSample();
+  EditRoute(desktop, session, "Edit", [&](RouteState& route) {
+    route.points[2].speed = 0.5F;  // slower than a route file takes
+    route.points[2].name = "Caf\u00e9";
+    RouteChanged(route, RouteDefaultsOf(program));
+  });
+  const std::vector<RouteRecord> lost = RouteContent(program.route);
+  const std::optional<KeptWork> kept = FindRouteRecovery(program.folders);
+  ASSERT_TRUE(kept);
+  EXPECT_EQ(kept->count, 6U);
+
+  // The next run.
+  program.route = {};
+  session = {};
+  WithNextDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  OfferRecovery(desktop, session, nullptr);
+  EXPECT_TRUE(program.route.points.empty());
+  EXPECT_TRUE(Kept());  // offered again
+  WithNextDialog([&](QDialog& dialog) {
+    EXPECT_TRUE(Find<QAbstractButton>(dialog, "chkRoute")
+                    ->text()
+                    .contains(QString::fromStdString(kept->time_text)));
+    Click(dialog, "cmdRecover");
+  });
+  OfferRecovery(desktop, session, nullptr);
+  EXPECT_EQ(RouteContent(program.route), lost);
+  EXPECT_TRUE(session.saved_route.Differs(program.route));
+  EXPECT_TRUE(Kept());
+  EXPECT_EQ(session.history.UndoName(), "Recover Route");
+
+  program.route = {};
+  session = {};
+  WithNextDialog([](QDialog& dialog) { Click(dialog, "cmdDiscard"); });
+  OfferRecovery(desktop, session, nullptr);
+  EXPECT_FALSE(Kept());
+  EXPECT_TRUE(program.route.points.empty());
+  OfferRecovery(desktop, session, nullptr);  // nothing left: no question
+}
+
+TEST_F(UnsavedWork, WaypointEditComesBackAfterABadEnd) {
+  const std::string copy = WaypointRecoveryPath(program.folders, "Sample.way");
+  const std::string before = FileBytes(WayFile("Sample.way"));
+  std::string left_behind;
+  {
+    WaypointWork work(program.folders);
+    ASSERT_TRUE(work.Open("Sample.way"));
+    EXPECT_FALSE(FindWaypointRecovery(program.folders));  // nothing changed yet
+    ASSERT_TRUE(work.Open("Sample.way"));
+    EXPECT_EQ(work.Add(CheckWaypointEntry("Wreck", "50.10.00N", "002.20.00W")),
+              WaypointRefusal::kNone);
+    EXPECT_EQ(work.Delete(999), WaypointRefusal::kNoRowSelected);
+    left_behind = FileBytes(copy);
+  }
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  EXPECT_EQ(FileBytes(WayFile("Sample.way")), before);
+
+  // A run that ends badly leaves the copy.
+  ASSERT_TRUE(ReplaceFile(copy, left_behind));
+  const std::optional<KeptWork> kept = FindWaypointRecovery(program.folders);
+  ASSERT_TRUE(kept);
+  EXPECT_EQ(kept->file_name, "Sample.way");
+  EXPECT_EQ(kept->count, 47U);
+  FrmWayEdit form(desktop, nullptr, kept->file_name);
+  Show(form);
+  EXPECT_EQ(TextOf(form, "List1", 46), "Wreck\t\t,50.10.00N : 002.20.00W");
+  Click(form, "cmdSave");
+  EXPECT_EQ(FileBytes(WayFile("Sample.way")), left_behind);
+  EXPECT_EQ(left_behind.substr(0, before.size()), before);
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  EXPECT_EQ(program.waypoints.waypoints.size(), 47U);
+}
+
+TEST_F(UnsavedWork, SettingsFolderThatCannotBeWrittenIsToldOnce) {
+  std::filesystem::remove_all(program.folders.settings);
+  std::ofstream(program.folders.settings) << "in the way";
+  const Status expected = KeepRoute(program.folders, program.route);
+  ASSERT_FALSE(expected);
+  Add({50.1F, -1.0F});
+  messages.Expect("Unsaved work cannot be kept for recovery. " + expected.error().Text());
+  Add({50.2F, -1.5F});
+  Add({50.3F, -1.5F});
+  EXPECT_EQ(program.route.points.size(), 3U);
+  // The waypoint editor works without its copy.
+  WaypointWork work(program.folders);
+  ASSERT_TRUE(work.Open("Sample.way"));
+  EXPECT_EQ(work.Delete(0), WaypointRefusal::kNone);
+  EXPECT_TRUE(work.Save());
+  EXPECT_EQ(CountRecords(WayFile("Sample.way"), kWaypointSize), 45);
+}
+
+TEST_F(UnsavedWork, ClearAndExitAskAboutIt) {
+  LoadSample();
+  messages.ExpectQuestion("Clear existing route?", true);
+  EXPECT_TRUE(MayClearRoute(desktop, session, nullptr));
+  EXPECT_TRUE(MayExit(desktop, session, nullptr));
+
+  Add({49.6F, -1.6F});
+  messages.ExpectQuestion("Clear existing route?", true);
+  WithNextDialog([](QDialog& dialog) {
+    EXPECT_EQ(dialog.objectName(), "frmUnsaved");
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  EXPECT_FALSE(MayClearRoute(desktop, session, nullptr));
+
+  // Save, but not under any name: the program goes on.
+  WithNextDialog([](QDialog& dialog) {
+    WithNextDialog([](QDialog& save) { QTest::keyClick(&save, Qt::Key_Escape); });
+    Click(dialog, "cmdSave");
+  });
+  EXPECT_FALSE(MayExit(desktop, session, nullptr));
+  EXPECT_TRUE(Kept());
+  WithNextDialog([](QDialog& dialog) {
+    WithNextDialog([](QDialog& save) {
+      Type(save, "txtFileName", "Kept");
+      Click(save, "cmdOK");
+    });
+    Click(dialog, "cmdSave");
+  });
+  EXPECT_TRUE(MayExit(desktop, session, nullptr));
+  EXPECT_EQ(CountRecords(RouteFile("Kept.rte"), kRouteRecordSize), 7);
+
+  DragWaypoint(program.waypoints, 3, {50.0F, -2.0F});
+  KeepMovedWaypoints(desktop, session);
+  const std::optional<KeptWork> moved = FindWaypointRecovery(program.folders);
+  ASSERT_TRUE(moved);
+  EXPECT_EQ((*ReadWaypointFile(moved->path))[3].At(), (Position{50.0F, -2.0F}));
+  Add({49.5F, -1.6F});
+  WithNextDialog([](QDialog& dialog) {
+    WithNextDialog([](QDialog& waypoints) { Click(waypoints, "cmdCancel"); });
+    Click(dialog, "cmdDiscard");
+  });
+  EXPECT_FALSE(MayExit(desktop, session, nullptr));
+  WithNextDialog([](QDialog& dialog) {
+    WithNextDialog([](QDialog& waypoints) { Click(waypoints, "cmdDiscard"); });
+    Click(dialog, "cmdDiscard");
+  });
+  EXPECT_TRUE(MayExit(desktop, session, nullptr));
+  EXPECT_FALSE(Kept());
+  EXPECT_FALSE(FindWaypointRecovery(program.folders));
+}
+
+}  // namespace
+}  // namespace skerrow::testing
