@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -59,8 +60,7 @@ std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& ti
   std::mutex mutex;
   std::condition_variable changed;
   std::size_t finished = 0;
-  const auto work = [&] {
-    LegSolver solver(tides);
+  const auto work = [&](LegSolver& solver) {
     for (std::size_t i = next++; i < count && !stop; i = next++) {
       departures[i] = TryDeparture(solver, points, request.slot.first_hour + static_cast<int>(i),
                                    request.date, settings);
@@ -71,8 +71,11 @@ std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& ti
   };
   const unsigned wanted =
       request.threads == 0 ? std::max(1U, std::thread::hardware_concurrency()) : request.threads;
+  // Each solver takes its own view of the days here, on the caller's thread: the events that a step
+  // of the progress serves may load another day meanwhile.
+  std::vector<LegSolver> solvers(std::min<std::size_t>(wanted, count), LegSolver(tides));
   std::vector<std::jthread> threads;
-  for (std::size_t t = 0; t < std::min<std::size_t>(wanted, count); ++t) threads.emplace_back(work);
+  for (LegSolver& solver : solvers) threads.emplace_back(work, std::ref(solver));
   std::size_t done = 0;
   while (done < count && !stop) {
     {

@@ -13,7 +13,7 @@ constexpr Command kCommands[] = {
        QPrinter printer;
        QPrintDialog dialog(&printer, &w);
        if (dialog.exec() == QDialog::Accepted) {
-         w.desktop().settings.Set("Settings", "Printer", printer.printerName().toStdString());
+         w.desktop().settings.Set("Print", "Printer", printer.printerName().toStdString());
        }
      }},
     {"mnuexit", "E&xit", "exit", "Close the program", "Ctrl+Q", kNoNeed,
