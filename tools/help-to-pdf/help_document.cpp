@@ -28,7 +28,7 @@ constexpr double kListMargin = 8.0;
 constexpr const char* kBullet = "\u2022\u2002";
 constexpr int kBulleted = QTextFormat::UserProperty + 1;
 constexpr double kPageRoom = 8.0;
-constexpr double kLargestWholeTable = 0.35;  // of a page
+constexpr double kLargestWholeTable = 0.5;  // of a page, with its heading
 constexpr double kTableLeading = 2.0;
 constexpr double kWidestPicture = 620.0;
 constexpr double kTallestPicture = 420.0;
@@ -388,10 +388,11 @@ bool HelpDocument::HeadingIsParted(const QTextBlock& block) const {
   return PageOf(follows.top() + wanted) > PageOf(box.top());
 }
 
-bool HelpDocument::TableIsParted(QTextTable* table) const {
+bool HelpDocument::TableIsParted(const QTextBlock& heading, QTextTable* table) const {
+  const double top = document_.documentLayout()->blockBoundingRect(heading).top();
   const QRectF box = document_.documentLayout()->frameBoundingRect(table);
-  return box.height() < kLargestWholeTable * document_.pageSize().height() &&
-         PageOf(box.top()) != PageOf(box.bottom() - 1.0);
+  const bool fits = box.bottom() - top < kLargestWholeTable * document_.pageSize().height();
+  return fits && PageOf(top) != PageOf(box.bottom() - 1.0);
 }
 
 int HelpDocument::PageOf(double y) const {
@@ -416,7 +417,7 @@ bool HelpDocument::BreakWhereParted() {
     last_table = table;
     // The heading goes along, with a sentence between the two.
     const bool headed = heading.isValid() && blocks_since <= 2;
-    if (headed && TableIsParted(table) && BreakBefore(heading)) return true;
+    if (headed && TableIsParted(heading, table) && BreakBefore(heading)) return true;
   }
   return false;
 }

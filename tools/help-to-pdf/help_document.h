@@ -48,8 +48,8 @@ class HelpDocument {
   int PageOf(double y) const;
   // Whether a heading stands on another page than the first lines below it.
   bool HeadingIsParted(const QTextBlock& block) const;
-  // Whether a table goes over a page's end that would fit on one.
-  bool TableIsParted(QTextTable* table) const;
+  // Whether a table of moderate size does not end on the page of its heading.
+  bool TableIsParted(const QTextBlock& heading, QTextTable* table) const;
   // Breaks the page before the first heading that asks for it, and tells whether there was one.
   bool BreakWhereParted();
 

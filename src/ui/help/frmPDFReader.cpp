@@ -25,8 +25,8 @@ namespace skerrow {
 namespace {
 
 constexpr const char* kSection = "frmPDFReader";
-constexpr int kLeastWidth = 560;
-constexpr int kLeastHeight = 420;
+constexpr int kLeastWidth = 440;
+constexpr int kLeastHeight = 300;
 constexpr int kOutlineWidth = 250;
 constexpr int kRowAir = 8;
 constexpr double kZoomStep = 1.25;
@@ -108,7 +108,7 @@ frmPDFReader::frmPDFReader(SettingsStore& settings, Clipboard& clipboard, QWidge
   splitter_->addWidget(view_);
   splitter_->setStretchFactor(1, 1);
   splitter_->setCollapsible(1, false);
-  splitter_->setSizes({kOutlineWidth, kLeastWidth});
+  splitter_->setSizes({kOutlineWidth, 3 * kOutlineWidth});
   pages_ = new QStackedWidget(this);
   pages_->addWidget(splitter_);
   pages_->addWidget(problem_);
@@ -250,6 +250,7 @@ void frmPDFReader::MakeSearchBar(QToolBar& bar) {
   search_text_->setObjectName(QStringLiteral("txtSearch"));
   search_text_->setPlaceholderText(tr("Find"));
   search_text_->setClearButtonEnabled(true);
+  search_text_->setMinimumWidth(110);
   search_text_->setMaximumWidth(190);
   search_text_->setToolTip(tr("Find in this document (Ctrl+F)"));
   connect(search_text_, &QLineEdit::textChanged, this, &frmPDFReader::Find);

