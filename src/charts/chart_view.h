@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
 #include "charts/chart_files.h"
 #include "core/position.h"
@@ -42,12 +41,6 @@ struct ChartView {
   // Whether an image pixel exists.
   bool OnImage(std::int32_t col, std::int32_t row) const;
 
-  // The visible rectangle moved so that its middle stands on `position`, held inside the image.
-  // Empty when the position is not on the image: nothing moves then.
-  std::optional<PixelRect> LocatePoint(Position position, const PixelRect& visible) const;
-
-  // The position at the middle of a rectangle.
-  Position MiddleOf(const PixelRect& visible) const;
 };
 
 // The view of a chart whose image has that size in pixels. The longitude scale comes from the
@@ -61,9 +54,6 @@ enum class PanDirection { kUp, kDown, kLeft, kRight };
 PixelRect Pan(const PixelRect& visible, PanDirection direction, std::int32_t image_width,
               std::int32_t image_height);
 
-// The visible rectangle in the middle of the image.
-PixelRect PanHome(const PixelRect& visible, std::int32_t image_width, std::int32_t image_height);
-
 inline constexpr float kSmallestZoom = 0.2F;
 inline constexpr float kLargestZoom = 2.5F;
 
@@ -72,41 +62,8 @@ inline constexpr float kLargestZoom = 2.5F;
 float ZoomIn(float zoom);
 float ZoomOut(float zoom);
 
-// The zoom percent of the keys 1 to 9 (10 to 90) and 0 (100).
-int ZoomPercentOfKey(int digit);
-
 // The zoom percent of a chart without a stored view.
 inline constexpr int kStartZoomPercent = 50;
-
-// The rectangle stored at the last paint. Empty, meaning kStartZoomPercent, unless it has a size.
-std::optional<PixelRect> StoredView(const PixelRect& stored);
-
-// What is shown of an image: the image pixel in the upper left corner, and the zoom.
-struct Viewport {
-  double left = 0.0;
-  double top = 0.0;
-  double zoom = 1.0;
-  std::int32_t width = 0;  // of the widget, screen pixels
-  std::int32_t height = 0;
-
-  double ScreenX(double col) const { return (col - left) * zoom; }
-  double ScreenY(double row) const { return (row - top) * zoom; }
-  double ImageCol(double x) const { return left + x / zoom; }
-  double ImageRow(double y) const { return top + y / zoom; }
-
-  // The visible part of an image, in whole pixels of it.
-  PixelRect Visible(std::int32_t image_width, std::int32_t image_height) const;
-};
-
-// The viewport that shows the whole of `selection` in its middle. A selection without a size
-// leaves it as it was.
-Viewport ZoomToSelection(const Viewport& viewport, const PixelRect& selection);
-
-// The viewport at another zoom with the image point under screen point (x, y) held in its place.
-Viewport ZoomAbout(const Viewport& viewport, double x, double y, double zoom);
-
-// The viewport brought back over the image; an image smaller than the view stands in its middle.
-Viewport HoldOnImage(const Viewport& viewport, std::int32_t image_width, std::int32_t image_height);
 
 // The brightness of the chart image, 100 by day, in steps of 10.
 struct Brightness {

@@ -143,17 +143,6 @@ std::optional<Nearest> NearestRoutePoint(const RouteState& state, Position posit
   return best;
 }
 
-std::optional<Nearest> NearestLeg(const RouteState& state, Position position) {
-  std::optional<Nearest> best;
-  for (std::size_t i = 0; i < state.track.size(); ++i) {
-    const float range = RangeOnly(position, state.track[i]);
-    if (range < (best ? best->range : std::numeric_limits<float>::infinity())) {
-      best = Nearest{i / (kTrackPiecesPerLeg + 1), range};
-    }
-  }
-  return best;
-}
-
 std::optional<std::size_t> DragCandidate(const RouteState& state, Position cursor) {
   const std::optional<Nearest> nearest = NearestRoutePoint(state, cursor, kDragSearchLimit);
   if (!nearest || !(nearest->range < kDragReach)) return std::nullopt;

@@ -72,10 +72,6 @@ RouteEdit DeleteRoutePoint(RouteState& state, Position position, const RouteDefa
 std::optional<Nearest> NearestRoutePoint(const RouteState& state, Position position,
                                          float limit = 9999.0F);
 
-// The leg (its starting point, from 0) whose drawing pieces pass nearest to `position`, and the
-// range of the nearest piece's end. Empty for a route without legs.
-std::optional<Nearest> NearestLeg(const RouteState& state, Position position);
-
 // A point nearer than this to the cursor can be dragged, nautical miles.
 inline constexpr float kDragReach = 1.0F;
 

@@ -85,24 +85,6 @@ TEST(ChartView, ImageOfAnotherSize) {
   EXPECT_EQ(view.LongToCol(-2.0F), 1025);
 }
 
-TEST(ChartView, LocatePoint) {
-  const ChartView view = Channel();
-  const PixelRect visible{0, 0, 1000, 800};
-  const auto at = [&](double col, double row, const PixelRect& seen) {
-    return view.LocatePoint({view.RowToLat(row), view.ColToLong(col)}, seen);
-  };
-  EXPECT_EQ(at(2000, 1600, visible), (PixelRect{1500, 1200, 1000, 800}));
-  EXPECT_EQ(at(1, 1, visible), (PixelRect{0, 0, 1000, 800}));
-  EXPECT_EQ(at(4098, 3198, visible), (PixelRect{3100, 2400, 1000, 800}));
-  EXPECT_EQ(at(2000, 1600, (PixelRect{0, 0, 5000, 800})), (PixelRect{0, 1200, 5000, 800}));
-  // Halves go to the even pixel: 2001 - 500.5 and 1603 - 400.5.
-  EXPECT_EQ(at(2001, 1603, (PixelRect{7, 7, 1001, 801})), (PixelRect{1500, 1202, 1001, 801}));
-  EXPECT_FALSE(at(-2, 1600, visible));
-  EXPECT_FALSE(at(4102, 1600, visible));
-  EXPECT_FALSE(at(2000, -2, visible));
-  EXPECT_FALSE(at(2000, 3202, visible));
-}
-
 TEST(ChartView, PanningByFourFifths) {
   const struct {
     PixelRect from;
@@ -120,7 +102,6 @@ TEST(ChartView, PanningByFourFifths) {
       {{0, 0, 5000, 5000}, PanDirection::kDown, {0, 0, 5000, 5000}},
   };
   for (const auto& row : rows) EXPECT_EQ(Pan(row.from, row.direction, 4100, 3200), row.to);
-  EXPECT_EQ(PanHome({9, 9, 1000, 500}, 4100, 3200), (PixelRect{1550, 1350, 1000, 500}));
 }
 
 TEST(ChartView, ZoomSteps) {
@@ -130,27 +111,6 @@ TEST(ChartView, ZoomSteps) {
   EXPECT_FLOAT_EQ(ZoomOut(0.6F), 0.2F);
   EXPECT_FLOAT_EQ(ZoomOut(0.2F), 0.2F);
   EXPECT_FLOAT_EQ(ZoomOut(2.5F), 2.0F);
-  EXPECT_EQ(ZoomPercentOfKey(0), 100);
-  EXPECT_EQ(ZoomPercentOfKey(7), 70);
-  EXPECT_FALSE(StoredView({0, 0, -1, -1}));
-  EXPECT_EQ(StoredView({1, 2, 3, 4}), (PixelRect{1, 2, 3, 4}));
-}
-
-TEST(Viewport, SelectionAndPointStayInPlace) {
-  const Viewport window{0, 0, 1.0, 800, 600};
-  const Viewport fitted = ZoomToSelection(window, {1000, 1000, 400, 100});
-  EXPECT_EQ(fitted.zoom, 2.0);
-  EXPECT_EQ(fitted.Visible(4100, 3200), (PixelRect{1000, 900, 400, 300}));
-  EXPECT_EQ(ZoomToSelection(window, {5, 5, 0, 10}).left, 0.0);
-  const Viewport about = ZoomAbout(fitted, 200, 150, 0.5);
-  EXPECT_DOUBLE_EQ(about.ImageCol(200), fitted.ImageCol(200));
-  EXPECT_DOUBLE_EQ(about.ImageRow(150), fitted.ImageRow(150));
-  EXPECT_DOUBLE_EQ(about.ScreenX(about.ImageCol(77)), 77.0);
-  const Viewport held = HoldOnImage({-50, 3000, 1.0, 800, 600}, 4100, 3200);
-  EXPECT_EQ(held.left, 0.0);
-  EXPECT_EQ(held.top, 2600.0);
-  // An image smaller than the window stands in its middle.
-  EXPECT_EQ(HoldOnImage({10, 10, 1.0, 800, 600}, 400, 3200).left, -200.0);
 }
 
 TEST(Brightness, StepsAndEnds) {

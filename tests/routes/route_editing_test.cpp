@@ -203,14 +203,6 @@ TEST_F(RouteEditingTest, ListOfWaypoints) {
   EXPECT_EQ(RouteEditText(RouteEdit::kTooManyEntries), "Max of 99 points allowed");
 }
 
-TEST_F(RouteEditingTest, NearestLeg) {
-  Lay({{50, 0}, {51, 0}, {51, 2}});
-  EXPECT_EQ(NearestLeg(state_, {50.5F, 0.1F})->index, 0U);
-  EXPECT_EQ(NearestLeg(state_, {51.1F, 1})->index, 1U);
-  Lay({{50, 0}});
-  EXPECT_FALSE(NearestLeg(state_, {50, 0}));
-}
-
 // With imported wind every change asks anew, a miss keeps what is held, and one message is shown.
 TEST_F(RouteEditingTest, WindsOfAChangedRoute) {
   Lay({{50, 0}, {50.5F, 0}});

@@ -1,5 +1,5 @@
-// Writes pictures of the main window, and of the dialogs of routes and waypoints, into the folder
-// given: by day, by night, and with a calculated route.
+// Writes pictures of the main window and its menus into the folder given: by day, by night, and
+// with a calculated route.
 #include <QApplication>
 #include <QDir>
 #include <QMenu>
@@ -13,19 +13,6 @@
 #include "platform/settings_store.h"
 #include "support/temp_folder.h"
 #include "ui/main/frmChart.h"
-#include "ui/routes/frmFileDelete.h"
-#include "ui/routes/frmLoadWay.h"
-#include "ui/routes/frmNewWay.h"
-#include "ui/routes/frmRouteEdit.h"
-#include "ui/routes/frmRouteLoad.h"
-#include "ui/routes/frmRouteSave.h"
-#include "ui/routes/frmRouteWayPoints.h"
-#include "ui/routes/frmSingleWayPoint.h"
-#include "ui/routes/frmWayEdit.h"
-#include "ui/routes/frmWayFileLocate.h"
-#include "ui/routes/frmWaySave.h"
-#include "ui/routes/frmwaycopy.h"
-#include "ui/routes/frmwayimport.h"
 #include "ui/widgets/theme.h"
 
 namespace skerrow {
@@ -52,28 +39,6 @@ class Album {
  private:
   QString folder_;
 };
-
-void KeepDialogs(const Album& album, FrmChart& window) {
-  Desktop& desktop = window.desktop();
-  EditSession& session = window.session();
-  const auto keep = [&](auto&& dialog, const char* name) {
-    album.Keep(dialog, name);
-    dialog.reject();
-  };
-  keep(FrmRouteLoad(desktop, session, nullptr), "frmRouteLoad");
-  keep(FrmRouteSave(desktop, session, nullptr), "frmRouteSave");
-  keep(FrmRouteEdit(desktop, session, nullptr), "frmRouteEdit");
-  keep(FrmRouteWayPoints(desktop, session, nullptr), "frmRouteWayPoints");
-  keep(FrmFileDelete(desktop, FileKind::kRoute, nullptr), "frmRouteDelete");
-  keep(FrmLoadWay(desktop, nullptr), "frmLoadWay");
-  keep(FrmWaySave(desktop, session, nullptr), "frmWaySave");
-  keep(FrmNewWay(desktop, nullptr), "frmNewWay");
-  keep(FrmWayEdit(desktop, nullptr), "frmWayEdit");
-  keep(FrmWayCopy(desktop, nullptr), "frmwaycopy");
-  keep(FrmWayFileLocate(desktop, nullptr), "frmWayFileLocate");
-  keep(FrmSingleWayPoint(desktop, std::nullopt, nullptr), "frmSingleWayPoint");
-  keep(FrmWayImport(desktop, FileKind::kRoute, nullptr), "frmwayimport");
-}
 
 class Quiet final : public Messages {
  public:
@@ -119,11 +84,9 @@ void KeepAll(const Album& album) {
     album.Keep(*menu, "menu-" + (title.isEmpty() ? QString("pop-up") : title));
     menu->close();
   }
-  KeepDialogs(album, window);
   window.AdjustBrightness(-10);
   window.SetNight(true);
   album.Keep(window, "frmChart-route");
-  KeepDialogs(album, window);
   window.resize(1000, 640);
   window.SetNight(false);
   album.Keep(window, "frmChart-small");
