@@ -7,7 +7,9 @@ target_compile_options(skerrow_flags INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(skerrow_flags INTERFACE -Wno-restrict)
 endif()
-if(SKERROW_WERROR)
+# Warnings that a newer compiler than the one tried finds are shown and do not stop a user's build.
+if(SKERROW_WERROR AND (NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU" OR
+                       CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13))
   target_compile_options(skerrow_flags INTERFACE -Werror)
 endif()
 if(SKERROW_SANITIZE)
