@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kFloatMargin = 12;
 constexpr int kOverviewSide = 190;
+constexpr int kKeepViewDelay = 500;  // ms
 
 // A line of text that ends in an ellipsis where the room does.
 class ElidedLabel final : public QLabel {
@@ -93,7 +94,16 @@ FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings
   MakeToolbars();
   MakeReadouts();
   MakeStatusBar();
-  connect(viewer_, &ChartViewer::ViewChanged, this, [this] { overview_->update(); });
+  // The view is kept as it changes, but not for each step of a drag.
+  keep_view_timer_.setSingleShot(true);
+  keep_view_timer_.setInterval(kKeepViewDelay);
+  connect(&keep_view_timer_, &QTimer::timeout, this, [this] {
+    if (!busy_) SaveView();
+  });
+  connect(viewer_, &ChartViewer::ViewChanged, this, [this] {
+    overview_->update();
+    keep_view_timer_.start();
+  });
   connect(viewer_, &ChartViewer::SelectionMade, this, [this] {
     viewer_->ZoomToSelection();
     ToggleRectangle();
@@ -294,7 +304,6 @@ std::uint32_t FrmChart::NeedsMet() const {
   if (points >= 2) met |= kNeedsRoute;
   if (points >= 3) met |= kNeedsThreePoints;
   if (!p.passage.route_track.empty()) met |= kNeedsTrack;
-  if (p.charts.history.size() > 1) met |= kNeedsHistory;
   if (session_.history.CanUndo()) met |= kNeedsUndo;
   if (session_.history.CanRedo()) met |= kNeedsRedo;
   if (p.config.show_streams == 1.0F) met |= kNeedsStreams;
@@ -320,6 +329,7 @@ void FrmChart::UpdateActions() {
   const bool one_input = program().config.gps_through_ais != 0;
   named_menus_.at("mnuGPS")->menuAction()->setVisible(!one_input);
   named_menus_.at("mnuAIS")->setTitle(one_input ? "&AIS/GPS" : "&AIS");
+  action("mnuAISEnable")->setToolTip(one_input ? "Enable GPS/AIS reception" : "AIS Enable");
 }
 
 void FrmChart::FillRecentMenu() {
@@ -337,7 +347,10 @@ void FrmChart::Repaint() { viewer_->Redraw(); }
 
 void FrmChart::UpdateCaption() {
   if (program().replay_active) return;
-  setWindowTitle(ToQt(CaptionText(program(), RouteStatusText(program().route))));
+  const RouteState& route = program().route;
+  const bool listed = !route.points.empty() && SameRoute(route, listed_route_);
+  setWindowTitle(
+      ToQt(CaptionText(program(), listed ? ListedRouteText(route) : RouteStatusText(route))));
 }
 
 void FrmChart::UpdateStatusBar() {
@@ -360,7 +373,11 @@ void FrmChart::UpdateRouteCombo() {
 }
 
 void FrmChart::StateChanged() {
-  if (program().passage.route_track.empty()) view_.calculation_on_show = false;
+  if (program().passage.route_track.empty()) {
+    // What ran along the track goes with it.
+    view_.calculation_on_show = false;
+    DropAnimation();
+  }
   UpdateActions();
   UpdateRouteCombo();
   UpdateStatusBar();
@@ -423,6 +440,15 @@ void FrmChart::PlaceFloats() {
 void FrmChart::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   PlaceFloats();
+}
+
+// A right click beside the chart shows the chart's menu; over the chart the mouse sees to it.
+void FrmChart::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  const bool by_key = event->reason() == QContextMenuEvent::Keyboard;
+  if (busy_ || (!by_key && viewer_->QWidget::geometry().contains(event->pos()))) return;
+  view_.last_click = view_.cursor;
+  ShowPopUp(event->globalPos());
 }
 
 void FrmChart::SetPointer(Pointer pointer) {

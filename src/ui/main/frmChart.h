@@ -89,12 +89,16 @@ class FrmChart final : public QMainWindow,
   void ToggleSnap();
   void ToggleWaypointEntry();
   void ToggleMob();
+  void RouteByWaypointList();
   void CalculateRouteDialog();
   void OptimiseDialog();
   void ShowResults();
   void Animate(AnimationDirection direction);
   void PauseAnimation();
+  // Stops the animation and brings the time back if it had moved it.
   void StopAnimation();
+  // As the menu's entry: brings the time back after a roll of the tides as well.
+  void ExitAnimation();
   void RollTheTides(Roll roll);
   void NearestTrackPoint();
   void ToRealtime();
@@ -139,6 +143,7 @@ class FrmChart final : public QMainWindow,
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   class ProgressOnBar;
@@ -156,7 +161,11 @@ class FrmChart final : public QMainWindow,
   void FillRecentMenu();
   // Opens the image of the current chart; false, with a message, when that fails.
   bool DrawChart();
+  // Makes a waypoint file the current one; one from another folder is copied first.
+  void OpenWaypointFile(const std::string& path);
   void ClearMark();
+  // Forgets where the animation stands; the time stays.
+  void DropAnimation();
   // Makes a chart the current one and shows it; everything as it was when it cannot be opened.
   bool SwitchChart(const std::string& chart_path);
   void LoadAreaData();
@@ -190,8 +199,11 @@ class FrmChart final : public QMainWindow,
   QProgressBar* progress_ = nullptr;
   QTimer timer1_;
   QTimer animate_timer_;
+  QTimer keep_view_timer_;
   std::vector<std::string> recent_;
   std::string eta_;
+  // The route last made from the waypoint list; the title tells of it until it is changed.
+  RouteState listed_route_;
   int brightness_ = 100;
   bool night_ = false;
   bool tools_shown_ = false;

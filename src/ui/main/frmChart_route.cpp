@@ -2,11 +2,14 @@
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
 #include "passage/route_calculation.h"
+#include "routes/file_forms.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmcalcroute.h"
 #include "ui/dialogs/frmresults.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
+#include "ui/routes/frmRouteLoad.h"
+#include "ui/routes/frmRouteWayPoints.h"
 #include "ui/routes/frmSingleWayPoint.h"
 #include "ui/routes/leaving.h"
 #include "ui/widgets/qt_text.h"
@@ -34,17 +37,18 @@ void FrmChart::ClearMark() {
 }
 
 void FrmChart::InsertPoint() {
-  AskInsertRoutePoint(desktop_, session_, view_.cursor);
-  ClearMark();
+  if (AskInsertRoutePoint(desktop_, session_, view_.cursor)) ClearMark();
 }
 
 void FrmChart::DeleteMarked() {
+  bool deleted = false;
   if (view_.marked_kind == MarkedKind::kWaypoint) {
-    AskDeleteWaypoint(desktop_, view_.marked);
+    deleted = AskDeleteWaypoint(desktop_, view_.marked);
   } else if (!program().route.points.empty()) {
-    AskDeleteRoutePoint(desktop_, session_, view_.marked_point_on ? view_.marked : view_.cursor);
+    deleted = AskDeleteRoutePoint(desktop_, session_,
+                                  view_.marked_point_on ? view_.marked : view_.cursor);
   }
-  ClearMark();
+  if (deleted) ClearMark();
 }
 
 void FrmChart::ClearTheRoute() {
@@ -54,7 +58,10 @@ void FrmChart::ClearTheRoute() {
             [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(p)); });
   RouteIsSaved(desktop_, session_);
   StopAnimation();
+  p.passage.result_lines.clear();
   p.route_drag_on = false;
+  view_.snap_to_waypoint = false;
+  view_.snap_active = false;
   p.dividers_on = false;
   view_.zero_point.reset();
   view_.divider_end.reset();
@@ -144,13 +151,20 @@ void FrmChart::ToggleMob() {
   StateChanged();
 }
 
+void FrmChart::RouteByWaypointList() {
+  if (FrmRouteWayPoints(desktop_, session_, this).exec() == QDialog::Accepted) {
+    listed_route_ = program().route;
+  }
+  StateChanged();
+}
+
 void FrmChart::CalculateRouteDialog() {
   program().route_drag_on = false;
   const RouteState before = program().route;
   FrmCalcRoute(desktop_, this).exec();
   RememberRouteEdit(desktop_, session_, "Route Calculation", before);
   view_.calculation_on_show = !program().passage.route_track.empty();
-  program().animation = {};
+  DropAnimation();
   StateChanged();
 }
 
@@ -160,6 +174,7 @@ void FrmChart::OptimiseDialog() {
   FrmRouteOptDeparture(desktop_, this).exec();
   RememberRouteEdit(desktop_, session_, "Departure Search", before);
   view_.calculation_on_show = !program().passage.route_track.empty();
+  DropAnimation();
   StateChanged();
 }
 
@@ -199,12 +214,23 @@ void FrmChart::PauseAnimation() {
   UpdateActions();
 }
 
-void FrmChart::StopAnimation() {
+void FrmChart::DropAnimation() {
   animate_timer_.stop();
+  program().animation = {};
+  eta_.clear();
+}
+
+void FrmChart::ExitAnimation() {
+  StopAnimation();
+  // A roll of the tides remembers the time too, and this is the way back from it.
+  RestoreTime(program());
+  StateChanged();
+}
+
+void FrmChart::StopAnimation() {
   Program& p = program();
   const bool was_on = p.animation.running || !p.animation.label.empty();
-  p.animation = {};
-  eta_.clear();
+  DropAnimation();
   if (was_on) RestoreTime(p);
   UpdateStatusBar();
   UpdateCaption();
@@ -229,7 +255,7 @@ bool FrmChart::ReworkResult() {
 }
 
 void FrmChart::RollTheTides(Roll roll) {
-  animate_timer_.stop();
+  DropAnimation();
   RollTides(program(), roll);
   ReworkResult();
   StateChanged();
@@ -251,31 +277,35 @@ void FrmChart::NearestTrackPoint() {
 }
 
 void FrmChart::ToRealtime() {
-  animate_timer_.stop();
-  program().animation = {};
-  eta_.clear();
+  DropAnimation();
   ReturnToRealtime(program(), messages());
   StateChanged();
 }
 
-void FrmChart::OpenFile(const std::string& path) {
+void FrmChart::OpenWaypointFile(const std::string& path) {
   Program& p = program();
+  Status opened = Done{};
+  // The current waypoint file is one of the waypoint folder: a file from elsewhere goes there.
+  if (const auto waypoints = ReadWaypointFile(path); !waypoints) {
+    opened = waypoints.error();
+  } else if (waypoints->empty()) {
+    opened = Error{path, "there is no waypoint in it"};
+  } else if (const auto copied = ImportFiles(p.folders, FileKind::kWaypoint, {path}, messages());
+             !copied) {
+    opened = copied.error();
+  } else {
+    opened = ChooseWaypointFile(p.folders, FileNameOf(path), p.config, p.waypoints, messages());
+  }
+  if (!opened) messages().Show(opened.error().Text(), MessageIcon::kWarning, kProgramTitle);
+}
+
+void FrmChart::OpenFile(const std::string& path) {
   const std::string kind = ToLowerAscii(path.substr(std::min(path.size(), path.rfind('.'))));
   if (kind == ".rte") {
-    const Status loaded = LoadRoute(path, RouteSpeeds::kStored, RouteDefaultsOf(p), p.route,
-                                    messages());
-    if (!loaded) {
-      messages().Show(loaded.error().Text(), MessageIcon::kWarning, kProgramTitle);
-    } else {
-      RouteIsSaved(desktop_, session_);
-    }
+    const Status loaded = LoadRouteFile(desktop_, session_, path, RouteSpeeds::kStored);
+    if (!loaded) messages().Show(loaded.error().Text(), MessageIcon::kWarning, kProgramTitle);
   } else if (kind == ".way") {
-    Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path);
-    if (!waypoints) {
-      messages().Show(waypoints.error().Text(), MessageIcon::kWarning, kProgramTitle);
-    } else {
-      p.waypoints.waypoints = std::move(waypoints.value());
-    }
+    OpenWaypointFile(path);
   } else if (kind == ".cht" || kind == ".l55") {
     OpenRecentChart(path.substr(0, path.rfind('.')) + ".cht");
   } else {

@@ -20,6 +20,10 @@ namespace {
 
 constexpr const char* kViewSection = "Settings";
 
+// What the opening of a chart's image ends with, as the user is told; 0 is success.
+constexpr int kStatusNoFile = 1;     // the file cannot be read
+constexpr int kStatusNoPicture = 2;  // it holds no picture that can be decoded
+
 ChartView ViewOf(const Program& program, const ChartViewer& viewer) {
   return MakeChartView(program.charts.chart, viewer.image_width(), viewer.image_height());
 }
@@ -59,10 +63,10 @@ int KeyCodeOf(const QKeyEvent& event) {
     case Qt::Key_Delete:
       return 46;
     case Qt::Key_Plus:
-      // With Shift this is the key of "=", which zooms in.
       return 107;
     case Qt::Key_Equal:
-      return 187;
+      // With Shift, on boards that still tell of it as "=", it zooms in as the key I does.
+      return event.modifiers().testFlag(Qt::ShiftModifier) ? 73 : 187;
     case Qt::Key_Minus:
       return keypad ? 109 : 189;
     case Qt::Key_NumberSign:
@@ -97,7 +101,10 @@ bool FrmChart::DrawChart() {
   if (!opened) {
     // At the start the window comes up without a chart and says so when it is used.
     if (viewer_->image_height() < 1) return false;
-    messages().Show("The chart picture cannot be opened.\n" + opened.error().Text(),
+    const Error& error = opened.error();
+    if (error.reason == kDecodeCancelled) return false;
+    const int status = FileReadable(error.path) ? kStatusNoPicture : kStatusNoFile;
+    messages().Show("error code: " + std::to_string(status) + "\n" + error.Text(),
                     MessageIcon::kWarning, kProgramTitle);
     return false;
   }
@@ -152,14 +159,22 @@ void FrmChart::LoadAreaData() {
 }
 
 void FrmChart::ChangeChart() {
+  Program& p = program();
+  SaveView();
+  const AppConfig before = p.config;
+  const ChartState charts_before = p.charts;
   FrmLoadChart dialog(desktop_, this);
   if (dialog.exec() != QDialog::Accepted) return;
+  if (!DrawChart()) {
+    // The chart on screen stays the current one, here and at the next start.
+    p.charts = charts_before;
+    SaveConfigChange([&](AppConfig& config) { config = before; });
+    return;
+  }
   LoadAreaData();
   view_.candidate_chart.reset();
-  if (DrawChart()) {
-    AddRecentChart(recent_, Trim(program().config.chart_path) + ".cht");
-    FillRecentMenu();
-  }
+  AddRecentChart(recent_, Trim(p.config.chart_path) + ".cht");
+  FillRecentMenu();
   StateChanged();
 }
 

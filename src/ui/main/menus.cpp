@@ -270,6 +270,9 @@ constexpr KeyRow kKeys[] = {
     {78, "mnuDisplayWindOverRoute"},                 {79, "tbZoomOut"},
     {109, "tbZoomOut"},   {80, "mnushowTideHeights"}, {83, "mnuShowTidalStreams"},
     {84, "keyNearestTrack"},                         {87, "mnuShowWaypoints"},
+    {113, "keyAisDialog"}, {114, "keyAisDetails"},   {115, "keyAisHistory"},
+    {116, "keyAisPredicted"},                        {117, "keyAisHeading"},
+    {119, "keyLoadDiamonds"}, {122, "keyNextDiamond"}, {123, "keyKeepDiamond"},
     {120, "mnuViewNight"}, {121, "mnuIncreaseIntensity"}, {187, "keyLargerScale"},
     {189, "keySmallerScale"},                        {222, "mnuWindDisplay"},
 };

@@ -53,6 +53,10 @@ std::string RouteStatusText(const RouteState& route) {
   return ":  Route = " + FormatFixed(route.distance, 1, 1) + "nm";
 }
 
+std::string ListedRouteText(const RouteState& route) {
+  return "Route distance = " + FormatFixed(route.distance, 1, 1) + "nm.";
+}
+
 std::array<std::string, 5> StatusPanels(const Program& program, const ViewState&,
                                         const std::string& eta) {
   const float distance = program.route.points.size() > 1 ? program.route.distance : 0.0F;

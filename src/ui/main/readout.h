@@ -18,6 +18,9 @@ std::string CaptionText(const Program& program, const std::string& route_status)
 // The tail of the title for a route: ":  Creating Route", ":  Route = 12.3nm", or empty.
 std::string RouteStatusText(const RouteState& route);
 
+// The tail of the title for a route just made from the waypoint list: "Route distance = 12.3nm.".
+std::string ListedRouteText(const RouteState& route);
+
 // The five panels of the status bar. `eta` stands in panel 3 in place of the waypoint file while a
 // track is animated.
 std::array<std::string, 5> StatusPanels(const Program& program, const ViewState& view,

@@ -83,6 +83,7 @@ TEST_F(Window, CommandsFollowWhatTheyNeed) {
   window_->StateChanged();
   EXPECT_FALSE(window_->action("mnuRouteOptimise")->isVisible());
   EXPECT_FALSE(window_->action("mnuTideRollPlus")->isVisible());
+  EXPECT_FALSE(window_->action("mnuShowTidalStreams")->isVisible());
 }
 
 TEST_F(Window, ToolsStayHiddenUntilAskedFor) {

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <cmath>
+#include <filesystem>
 
 #include "routes/route.h"
 #include "ui/main/readout.h"
@@ -157,6 +158,103 @@ TEST_F(Window, RouteEditsAreTakenBackOneByOne) {
   EXPECT_NEAR(program_.route.points[1].latitude, 50.0F, 0.01);
 }
 
+// A No to the question leaves the mark and its mode.
+TEST_F(Window, AMarkedPointGoesWithItsDeletionOnly) {
+  Start();
+  LayRoute();
+  MoveTo(At({50.0F, -1.9F}));
+  Key(Qt::Key_M);
+  const auto* mode = window_->findChild<QLabel*>("StatusBar1Panel1");
+  const QString marked = "Mode = RoutePoint Marked (Delete (Del Key); Insert (Insert key))";
+  EXPECT_EQ(mode->toolTip(), marked);
+  messages_.ExpectQuestion("Delete a route point?", false);
+  Key(Qt::Key_Delete);
+  messages_.ExpectQuestion("Insert a route point?", false);
+  Key(Qt::Key_Insert);
+  EXPECT_TRUE(window_->view().marked_point_on);
+  EXPECT_EQ(mode->toolTip(), marked);
+  messages_.ExpectQuestion("Delete a route point?", true);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(program_.route.points.size(), 2U);
+  EXPECT_FALSE(window_->view().marked_point_on);
+  EXPECT_EQ(program_.mouse_mode, MouseMode::kRouteCreation);
+}
+
+// What shows the time along the track goes when the time is moved otherwise, and the way back to
+// the time before stays open.
+TEST_F(Window, TheTimeAlongATrackComesAndGoes) {
+  Start();
+  LayRoute();
+  program_.passage.route_track = {{{50.2F, -1.8F}, 8.0F, {339, 2026}},
+                                  {{50.0F, -1.9F}, 9.25F, {339, 2026}}};
+  window_->view().calculation_on_show = true;
+  window_->StateChanged();
+  const auto panel = [&] { return window_->findChild<QLabel*>("StatusBar1Panel3")->toolTip(); };
+  MoveTo(At({50.0F, -1.9F}));
+  Key(Qt::Key_T);
+  EXPECT_EQ(panel(), "ETA : 09:15");
+  EXPECT_EQ(program_.animation.label, "ETA : 09:15  5 Dec");
+  Command("mnuTideRollPlus");
+  EXPECT_EQ(program_.selected_time.hours, 9.5F);
+  EXPECT_EQ(panel(), "Waypoints = Sample");
+  EXPECT_TRUE(program_.animation.label.empty());
+  Command("mnuAnimateStop");
+  EXPECT_EQ(program_.selected_time.hours, 6.5F);
+  EXPECT_FALSE(program_.selected_time.override_);
+  // An edit of the route takes the track away, and what ran along it.
+  Command("mnuAnimateStart");
+  for (int i = 0; i < 40 && program_.animation.label.empty(); ++i) QTest::qWait(50);
+  EXPECT_TRUE(panel().startsWith("ETA : "));
+  Key(Qt::Key_Backspace);
+  EXPECT_FALSE(window_->animating());
+  EXPECT_EQ(panel(), "Waypoints = Sample");
+  // Back to the clock from wherever the time stands.
+  EXPECT_TRUE(program_.selected_time.override_);
+  Command("tbResetTime");
+  EXPECT_EQ(program_.selected_time.hours, 6.5F);
+  EXPECT_FALSE(program_.selected_time.override_);
+}
+
+TEST_F(Window, ClearTakesTheResultsAndLeavesTheHistory) {
+  Start();
+  LayRoute();
+  Command("mnuMouseWayPoint");
+  program_.passage.result_lines = {"a report"};
+  program_.passage.route_history = {"a summary"};
+  messages_.ExpectQuestion("Clear existing route?", true);
+  OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdDiscard"); });
+  Command("mnurouteclear");
+  EXPECT_FALSE(window_->action("mnuMouseWayPoint")->isChecked());
+  messages_.Expect("No Results to display");
+  Command("mnuLastRouteResults");
+  program_.passage.result_lines = {"a report"};
+  messages_.ExpectQuestion("    Clear Results?", true);
+  Command("mnurouteresultsclear");
+  EXPECT_TRUE(program_.passage.result_lines.empty());
+  EXPECT_EQ(program_.passage.route_history.size(), 1U) << "it lives as long as the program";
+}
+
+TEST_F(Window, ARouteFromTheListIsToldInTheTitle) {
+  Start();
+  OnDialog([](QWidget* dialog) {
+    dialog->findChild<QListWidget*>("fillist")->setCurrentRow(0);
+    auto* marks = dialog->findChild<QListWidget*>("List1");
+    ASSERT_NE(marks, nullptr);
+    for (const int row : {0, 1, 2}) {
+      marks->setCurrentRow(row);
+      emit marks->itemDoubleClicked(marks->item(row));
+    }
+    Click(dialog, "cmdOK");
+  });
+  Command("mnuRouteWaypoints");
+  ASSERT_EQ(program_.route.points.size(), 3U);
+  EXPECT_TRUE(window_->windowTitle().endsWith(
+      "  Route distance = " + QString::number(program_.route.distance, 'f', 1) + "nm."))
+      << window_->windowTitle().toStdString();
+  Key(Qt::Key_Backspace);
+  EXPECT_NE(window_->windowTitle().indexOf("  :  Route = "), -1);
+}
+
 TEST_F(Window, ADraggedPointIsOneEdit) {
   Start();
   LayRoute();
@@ -232,6 +330,10 @@ TEST_F(Window, KeysZoomAndPan) {
   MoveTo(At({50.0F, -2.0F}));
   Key(Qt::Key_I);
   EXPECT_NEAR(window_->viewer().zoom(), 1.3, 1e-6);
+  Key(Qt::Key_Equal, Qt::ShiftModifier);
+  EXPECT_NEAR(window_->viewer().zoom(), 1.8, 1e-6);
+  Key(Qt::Key_O);
+  EXPECT_NEAR(window_->viewer().zoom(), 1.3, 1e-6);
   Key(Qt::Key_O);
   EXPECT_NEAR(window_->viewer().zoom(), 0.8, 1e-6);
   Key(Qt::Key_3);
@@ -279,6 +381,38 @@ TEST_F(Window, LargerAndSmallerScaleWalkTheCharts) {
   EXPECT_TRUE(stored.chart_path.ends_with("9999-3"));
   Key(Qt::Key_Minus);
   EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
+  Key(Qt::Key_Equal);
+  Command("mnuPUPrevChart");
+  EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
+  const ImageRect seen = window_->viewer().VisibleRect();
+  EXPECT_NEAR(seen.width, window_->viewer().image_width(), 2) << "fitted to its width";
+}
+
+TEST_F(Window, TheRectangleZoomEndsAtTheRelease) {
+  Start();
+  Key(Qt::Key_0);
+  for (const QPoint size : {QPoint(200, 100), QPoint(0, 0)}) {
+    const double before = window_->viewer().zoom();
+    Command("mnuPUZoomRect");
+    EXPECT_TRUE(window_->action("mnuPUZoomRect")->isChecked());
+    const QPoint from(300, 200);
+    const ImagePoint corner = window_->viewer().ViewToImage(from);
+    QTest::mousePress(canvas(), Qt::LeftButton, Qt::NoModifier, from);
+    EXPECT_TRUE(window_->view().rectangle_dragging);
+    MoveTo(from + size, Qt::LeftButton);
+    QTest::mouseRelease(canvas(), Qt::LeftButton, Qt::NoModifier, from + size);
+    EXPECT_FALSE(window_->view().rectangle_mode);
+    EXPECT_FALSE(window_->view().rectangle_dragging) << "the chart's own marks come back";
+    EXPECT_FALSE(window_->action("mnuPUZoomRect")->isChecked());
+    if (size.isNull()) {
+      EXPECT_EQ(window_->viewer().zoom(), before) << "nothing was drawn";
+    } else {
+      EXPECT_GT(window_->viewer().zoom(), 2.0);
+      const ImageRect seen = window_->viewer().VisibleRect();
+      EXPECT_NEAR(seen.left + seen.width / 2.0, corner.column + 100.0, 3.0);
+      EXPECT_NEAR(seen.top + seen.height / 2.0, corner.row + 50.0, 3.0);
+    }
+  }
 }
 
 TEST_F(Window, TogglesAreStoredAtOnce) {
@@ -315,6 +449,29 @@ TEST_F(Window, TheNightViewIsDark) {
   EXPECT_LT(sum / pixels, 60.0);
   Command("mnuViewNormal");
   EXPECT_FALSE(window_->night());
+}
+
+TEST_F(Window, BrightnessGoesDownAndUpByTenths) {
+  Start();
+  const auto brightness = [&] { return window_->viewer().look().brightness; };
+  for (int i = 0; i < 12; ++i) Key(Qt::Key_F9);
+  EXPECT_EQ(brightness(), 10);
+  for (int i = 0; i < 8; ++i) Key(Qt::Key_F10);
+  EXPECT_EQ(brightness(), 90);
+  EXPECT_TRUE(window_->night());
+  Key(Qt::Key_F10);
+  EXPECT_EQ(brightness(), 100);
+  EXPECT_FALSE(window_->night());
+}
+
+TEST_F(Window, ARightClickBesideTheChartShowsItsMenu) {
+  Start();
+  auto* menu = window_->findChild<QMenu*>("mnuPopUP");
+  const QPoint at(40, window_->height() - 8);
+  QContextMenuEvent click(QContextMenuEvent::Mouse, at, window_->mapToGlobal(at));
+  QApplication::sendEvent(window_->childAt(at), &click);
+  EXPECT_TRUE(menu->isVisible());
+  menu->close();
 }
 
 TEST_F(Window, ManOverboardIsAskedForAndCancelled) {
@@ -360,6 +517,87 @@ TEST_F(Window, TheViewComesBackAtTheNextStart) {
   const ImageRect again = window_->viewer().VisibleRect();
   EXPECT_NEAR(again.left + again.width / 2, seen.left + seen.width / 2, 12);
   EXPECT_NEAR(again.top + again.height / 2, seen.top + seen.height / 2, 12);
+}
+
+// A program that is killed opens where it stood.
+TEST_F(Window, TheViewIsKeptAsItChanges) {
+  Start();
+  Key(Qt::Key_7);
+  const int width = window_->viewer().VisibleRect().width;
+  for (int i = 0; i < 40 && settings_->GetInt("Settings", "Width", -1) != width; ++i) {
+    QTest::qWait(50);
+  }
+  EXPECT_EQ(settings_->GetInt("Settings", "Width", -1), width);
+}
+
+TEST_F(Window, AnUnsavedRouteIsAskedAboutAtTheExit) {
+  Start();
+  LayRoute();
+  OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdCancel"); });
+  Command("mnuexit");
+  EXPECT_TRUE(window_->isVisible());
+  OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdDiscard"); });
+  Command("mnuexit");
+  EXPECT_FALSE(window_->isVisible());
+}
+
+// A chart whose picture cannot be opened does not become the current one, now or later.
+TEST_F(Window, AChartThatCannotBeShownIsNotTaken) {
+  program_.folders.program = user_.File("program");
+  std::filesystem::copy(SKERROW_PROGRAM_FOLDER, program_.folders.program,
+                        std::filesystem::copy_options::recursive);
+  Start();
+  const std::string broken = program_.folders.Charts() + "/9999-3.l55";
+  ASSERT_TRUE(ReplaceFile(broken, "no picture").ok());
+  const double scale = program_.charts.chart.scale;
+  window_->resize(1280, 720);
+  OnDialog([](QWidget* dialog) {
+    auto* charts = dialog->findChild<QListWidget*>("List1");
+    ASSERT_NE(charts, nullptr);
+    const auto number = [&] { return dialog->findChild<QLabel*>("lblChartNumber")->text(); };
+    for (int row = 0; row < charts->count() && number() != "9999-3"; ++row) {
+      charts->setCurrentRow(row);
+    }
+    ASSERT_EQ(number(), "9999-3");
+    QTest::keyClick(dialog, Qt::Key_Return);
+  });
+  messages_.Expect("error code: 2\n" + broken +
+                   ": this is no kind of picture that can be opened");
+  Command("mnuSelectChartVisually");
+  EXPECT_EQ(program_.charts.chart.scale, scale);
+  EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
+  AppConfig stored;
+  ASSERT_TRUE(ReadConfig(program_.folders, stored));
+  EXPECT_TRUE(stored.chart_path.ends_with("9999-1"));
+}
+
+TEST_F(Window, FilesOfTheCommandLineAreTakenOrRefused) {
+  Start();
+  LayRoute();
+  const auto write = [&](const char* name, const std::string& bytes) {
+    EXPECT_TRUE(ReplaceFile(user_.File(name), bytes).ok());
+    return user_.File(name);
+  };
+  const std::pair<std::string, const char*> bad[] = {
+      {write("short.rte", std::string(48, 'x')), ": point 1 has a latitude beyond 90 degrees"},
+      {write("bad.cht", "no chart"), ": a calibration latitude lies at or beyond a pole"},
+      {write("bad.way", std::string(7, 'x')), ": there is no waypoint in it"},
+      {user_.File("gone.way"), ": the file does not exist"},
+      {write("notes.txt", ""), ": this is no route, waypoint or chart file"}};
+  for (const auto& [file, reason] : bad) {
+    messages_.Expect(file + reason);
+    window_->OpenFile(file);
+  }
+  EXPECT_EQ(program_.route.points.size(), 3U);
+  EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
+  EXPECT_EQ(program_.config.waypoint_file, "Sample.way");
+  // A waypoint file from elsewhere becomes the current one of the waypoint folder.
+  const std::vector<Waypoint> far = {program_.waypoints.waypoints.front()};
+  ASSERT_TRUE(WriteWaypointFile(user_.File("Far.way"), far).ok());
+  window_->OpenFile(user_.File("Far.way"));
+  EXPECT_EQ(program_.waypoints.waypoints.size(), 1U);
+  EXPECT_EQ(window_->findChild<QLabel*>("StatusBar1Panel3")->toolTip(), "Waypoints = Far");
+  EXPECT_TRUE(FileReadable(WaypointPath(program_.folders, "Far.way")));
 }
 
 TEST_F(Window, WithoutAChartTheDefaultsComeBackAndTheProgramEnds) {

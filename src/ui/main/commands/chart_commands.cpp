@@ -17,9 +17,10 @@ constexpr Command kCommands[] = {
      kNoNeed, [](FrmChart& w) { w.SmallerScale(); }},
     {"mnuPUZoomToChart", "Zoom to &Larger Scale Chart", "", "The most detailed chart here", "=",
      kNoNeed, [](FrmChart& w) { w.LargerScale(); }},
-    {"mnuPUPrevChart", "&Previous Chart", "", "Back to the chart before", "-", kNeedsHistory,
+    {"mnuPUPrevChart", "&Previous Chart", "", "Back to the chart before, or a smaller scale", "-",
+     kNoNeed,
      [](FrmChart& w) {
-       w.PreviousChart();
+       w.SmallerScale();
        w.viewer().FitWidth();
      }},
     {"mnuPUZoomRect", "Zoom to &Rectangle", "zoomrect", "Draw the part of the chart to zoom to", "",

@@ -18,7 +18,6 @@ enum Need : std::uint32_t {
   kNeedsRoute = 1U << 1,        // a leg
   kNeedsThreePoints = 1U << 2,
   kNeedsTrack = 1U << 3,        // a calculated track
-  kNeedsHistory = 1U << 4,      // an earlier chart
   kNeedsUndo = 1U << 5,
   kNeedsRedo = 1U << 6,
   kNeedsStreams = 1U << 7,      // streams shown

@@ -1,4 +1,4 @@
-#include "ui/main/commands/command.h"
+#include "ui/main/frmChart.h"
 
 namespace skerrow {
 namespace {
@@ -18,7 +18,7 @@ constexpr Command kCommands[] = {
     {"mnutxtRouteImport", "&Routes from Text", "", "", ""},
     {"mnutxtWayImport", "Wa&ypoints from Text", "", "", ""},
     {"mnuCalcCOG", "Course Over &Ground Prediction", "", "", ""},
-    {"mnuCalcMOB", "&Man Overboard Prediction", "mobplot", "", ""},
+    {"mnuCalcMOB", "&Man Overboard Prediction", "mobplot", "", "", kNeedsMob},
     {"mnuGPSattach", "GPS &Enable", "gps", "", ""},
     {"mnuPosGpsDisconnect", "GPS &Disable", "", "", ""},
     {"mnugpscomment", "Enter GPS &Comment", "", "", ""},
@@ -51,19 +51,28 @@ constexpr Command kCommands[] = {
     {"mnuWindGribImport", "&Import GRIB File", "wind", "", ""},
     {"mnuViewSmartMet", "&View Wind Data", "", "", ""},
     {"mnuWindTrueApp", "&True and Apparent Wind", "", "", ""},
-    {"mnuShowTidalStreams", "Show/Hide Tidal &Streams", "viewstreams", "", ""},
-    {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "", ""},
-    {"mnuDisplayWindOverRoute", "Show/Hide Wind Over &Route", "windover", "", ""},
+    {"mnuShowTidalStreams", "Show/Hide Tidal &Streams", "viewstreams", "", "S", kNoNeed, nullptr,
+     nullptr, [](const FrmChart& w) { return w.program().config.use_tides != 0; }},
+    {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "", "#"},
+    {"mnuDisplayWindOverRoute", "Show/Hide Wind Over &Route", "windover", "", "N"},
     {"mnuGPSAISConfig", "Instruments (GPS && AIS)", "configgps", "", ""},
     {"mnuCommsMonitor", "Comms Ports Diagnostics", "", "", ""},
-    {"mnuChartEdit", "Chart &Settings", "", "", ""},
+    {"mnuChartEdit", "Chart &Settings", "", "", "C", kNeedsTools},
     {"mnuXrfEdit", "Sea Area &Index", "", "", ""},
     {"mnuSaveTidalDiamonds", "Save Tidal &Diamonds", "", "", ""},
     {"mnuStreamstoCSV", "&Streams to CSV", "", "", ""},
     {"mnuChartBoundaries", "Chart &Boundaries", "", "", ""},
     {"mnuPUTidalHeights", "Tidal Height Prediction", "", "", ""},
-    {"mnuPUTidalStream", "Tidal Stream Details", "", "", ""},
+    {"mnuPUTidalStream", "Tidal Stream Details", "", "", "", kNeedsStreams},
     {"mnuPUAISDetails", "AIS Target Details", "", "", ""},
+    {"keyAisDialog", "Details of the Nearest Target", "", "", "F2"},
+    {"keyAisDetails", "Details Beside the Nearest Target", "", "", "F3"},
+    {"keyAisHistory", "History of the Nearest Target", "", "", "F4"},
+    {"keyAisPredicted", "Predicted Track of the Nearest Target", "", "", "F5"},
+    {"keyAisHeading", "Heading Vector of the Nearest Target", "", "", "F6"},
+    {"keyLoadDiamonds", "Load Diamonds", "", "", "F8", kNeedsTools},
+    {"keyNextDiamond", "Next Diamond", "", "", "F11", kNeedsTools},
+    {"keyKeepDiamond", "Keep Diamond", "", "", "F12", kNeedsTools},
     {"tbShowAis", "Show AIS Targets", "showais", "", ""},
     {"tbAisDetails", "AIS Details", "aisdetails", "", ""},
 };

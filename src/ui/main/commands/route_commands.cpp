@@ -5,7 +5,6 @@
 #include "ui/routes/frmRouteEdit.h"
 #include "ui/routes/frmRouteLoad.h"
 #include "ui/routes/frmRouteSave.h"
-#include "ui/routes/frmRouteWayPoints.h"
 #include "ui/routes/frmwayimport.h"
 
 namespace skerrow {
@@ -52,8 +51,7 @@ constexpr Command kCommands[] = {
     {"mnuRouteWaypoints", "By &Waypoint List", "routeplan", "Make a route from stored waypoints",
      "", kNoNeed,
      [](FrmChart& w) {
-       FrmRouteWayPoints(w.desktop(), w.session(), &w).exec();
-       w.StateChanged();
+       w.RouteByWaypointList();
      }},
     {"mnuRouteEdit", "Keyboard &Edit Route Points ", "edit", "Change the legs by keyboard", "",
      kNeedsRoute,
@@ -84,7 +82,7 @@ constexpr Command kCommands[] = {
      [](FrmChart& w) {
        if (w.messages().Ask("    Clear Results?", kProgramTitle)) {
          w.program().passage.result_lines.clear();
-         w.program().passage.route_history.clear();
+         w.program().passage.route_streams.clear();
          w.StateChanged();
        }
      }},
@@ -96,11 +94,11 @@ constexpr Command kCommands[] = {
      [](FrmChart& w) { w.PauseAnimation(); },
      [](const FrmChart& w) { return w.program().animation.running && !w.animating(); }},
     {"mnuAnimateStop", "Exit Animation", "stop", "End the animation and bring the time back", "",
-     kNeedsTrack, [](FrmChart& w) { w.StopAnimation(); }},
+     kNeedsTrack, [](FrmChart& w) { w.ExitAnimation(); }},
     {"tbAnimate", "Animate", "animate", "Run the boat along the calculated track", "", kNeedsTrack,
      [](FrmChart& w) {
        if (w.animating()) {
-         w.StopAnimation();
+         w.ExitAnimation();
        } else {
          w.Animate(AnimationDirection::kForward);
        }
