@@ -7,6 +7,8 @@
 #include "ui/dialogs/frmresults.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
+#include "ui/routes/frmLoadWay.h"
+#include "ui/routes/frmRouteLoad.h"
 #include "ui/routes/frmSingleWayPoint.h"
 #include "ui/routes/leaving.h"
 #include "ui/widgets/qt_text.h"
@@ -259,23 +261,13 @@ void FrmChart::ToRealtime() {
 }
 
 void FrmChart::OpenFile(const std::string& path) {
-  Program& p = program();
   const std::string kind = ToLowerAscii(path.substr(std::min(path.size(), path.rfind('.'))));
   if (kind == ".rte") {
-    const Status loaded = LoadRoute(path, RouteSpeeds::kStored, RouteDefaultsOf(p), p.route,
-                                    messages());
-    if (!loaded) {
-      messages().Show(loaded.error().Text(), MessageIcon::kWarning, kProgramTitle);
-    } else {
-      RouteIsSaved(desktop_, session_);
-    }
+    const Status loaded = LoadRouteFile(desktop_, session_, path, RouteSpeeds::kStored);
+    if (!loaded) messages().Show(loaded.error().Text(), MessageIcon::kWarning, kProgramTitle);
   } else if (kind == ".way") {
-    Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path);
-    if (!waypoints) {
-      messages().Show(waypoints.error().Text(), MessageIcon::kWarning, kProgramTitle);
-    } else {
-      p.waypoints.waypoints = std::move(waypoints.value());
-    }
+    const Status opened = OpenWaypointFile(desktop_, path);
+    if (!opened) messages().Show(opened.error().Text(), MessageIcon::kWarning, kProgramTitle);
   } else if (kind == ".cht" || kind == ".l55") {
     OpenRecentChart(path.substr(0, path.rfind('.')) + ".cht");
   } else {
