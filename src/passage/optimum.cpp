@@ -148,7 +148,7 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
   }
   lines.insert(lines.end(),
                {" ", " ", kRule, " ",
-                "Route Details - Distance = " + FormatFixed(distance, 1, 1) + "nm", " "});
+                "Route Details - Distance = " + FormatFixed(distance, 1, 1) + "nm.", " "});
   for (std::string& line : RouteRows(route)) lines.push_back(std::move(line));
   lines.insert(lines.end(), {" ", kRule});
   for (std::string& line : ReferencePortLines(tides, request.date))

@@ -99,7 +99,6 @@ void Chart(Place& place, const std::string& bytes) {
   if (!ReadChartSettings(config, state)) return;
   const ChartView view = MakeChartView(state.chart, 1000, 800);
   Require(std::isfinite(view.pixels_per_degree) && view.pixels_per_degree != 0.0);
-  view.LocatePoint({50, -1}, {0, 0, 100, 100});
   view.LatToRow(view.RowToLat(400));
   ChartIssueText(state.chart.issue);
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+#include "core/numbers.h"
 #include "core/plane_sailing.h"
 #include "passage/optimum.h"
 #include "support/sample_tides.h"
@@ -246,6 +247,10 @@ TEST_F(Optimum, TriesEachHourOfASlot) {
             "Depart\tArrive\tTime Taken\tEffective Speed\tGround Distance\tWater Distance");
   EXPECT_TRUE(passage_.result_lines[6].starts_with("06:00\t"));
   EXPECT_EQ(passage_.route_history.size(), 10U);
+  EXPECT_EQ(std::count(passage_.result_lines.begin(), passage_.result_lines.end(),
+                       "Route Details - Distance = " +
+                           FormatFixed(RouteLengthOf(route_.points), 1, 1) + "nm."),
+            1);
 
   // Each entry is what the route calculation gives for that departure.
   for (const std::size_t j : {std::size_t{0}, std::size_t{5}}) {

@@ -148,7 +148,7 @@ QWidget* FrmConfigure::MakeStreamPage() {
   threshold_ = MakeList("cmbThreshold", ThresholdChoices(), true);
   stream_line_width_ = MakeList("cmbStreamLineWidth", LineWidthChoices(), true);
   stream_length_ = MakeList("cmbStreamLength", StreamLengthChoices(), true);
-  stream_as_shape_ = Named<QCheckBox>("chkStreamAsShape", tr("Show streams as arrow sha&pes"));
+  stream_as_shape_ = Named<QCheckBox>("chkStreamAsShape", tr("Show streams &as arrow shapes"));
   stream_filled_ = Named<QCheckBox>("chkStreamFilled", tr("&Fill the shapes"));
   hide_stream_id_ = Named<QCheckBox>("chkHideStreamId", tr("H&ide the diamond's number"));
   stream_colour_ = new ColourButton("pctTidalStreamCol", tr("Colour of the tidal streams"));
@@ -158,7 +158,7 @@ QWidget* FrmConfigure::MakeStreamPage() {
   auto* box = new QGroupBox(tr("Tidal stream arrows"));
   auto* form = MakeForm(box);
   AddField(form, tr("Slack &threshold:"), threshold_, tr("kn"));
-  AddField(form, tr("Line &width:"), stream_line_width_, tr("pixels"));
+  AddField(form, tr("Line wi&dth:"), stream_line_width_, tr("pixels"));
   AddField(form, tr("L&ength:"), stream_length_, tr("pixels a knot"));
   AddField(form, tr("Colou&r:"), stream_colour_, {});
   form->addRow(stream_as_shape_);

@@ -57,7 +57,7 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
   connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
   Load();
   slots_.back()->setFocus();
-  resize(640, 420);
+  resize(720, 420);
 }
 
 void FrmRouteOptDeparture::Load() {

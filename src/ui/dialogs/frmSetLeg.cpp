@@ -64,7 +64,7 @@ FrmSetLeg::FrmSetLeg(Desktop& desktop, QWidget* parent)
   // With the option the start is taken as known, and waypoints fill the destination first.
   (program.config.set_leg_option != 0 ? fill_end_ : fill_start_)->setChecked(true);
   start_latitude_->setFocus();
-  resize(820, 520);
+  resize(920, 560);
 }
 
 QWidget* FrmSetLeg::MakeEntries() {

@@ -1,10 +1,10 @@
-#include "routes/route_forms.h"
 #include "ui/dialogs/frmcalcroute.h"
 
 #include <QGridLayout>
 #include <QTimer>
 
 #include "core/numbers.h"
+#include "routes/route_forms.h"
 #include "ui/dialogs/frmresults.h"
 #include "ui/widgets/progress_dialog.h"
 #include "ui/widgets/qt_text.h"
@@ -70,6 +70,7 @@ QWidget* FrmCalcRoute::MakeLegBox() {
   auto* box = new QGroupBox(tr("Selected leg"));
   auto* grid = new QGridLayout(box);
   grid->setHorizontalSpacing(8);
+  for (QLineEdit* name : {start_name_, end_name_}) name->setMaxLength(35);
   grid->addWidget(leg_title_, 0, 0, 1, 4);
   grid->addWidget(MakeLabel(tr("&From:"), start_name_), 1, 0);
   grid->addWidget(start_name_, 1, 1);

@@ -161,8 +161,6 @@ class FrmChart final : public QMainWindow,
   void FillRecentMenu();
   // Opens the image of the current chart; false, with a message, when that fails.
   bool DrawChart();
-  // Makes a waypoint file the current one; one from another folder is copied first.
-  void OpenWaypointFile(const std::string& path);
   void ClearMark();
   // Forgets where the animation stands; the time stays.
   void DropAnimation();

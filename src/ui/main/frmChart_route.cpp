@@ -8,6 +8,7 @@
 #include "ui/dialogs/frmresults.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
+#include "ui/routes/frmLoadWay.h"
 #include "ui/routes/frmRouteLoad.h"
 #include "ui/routes/frmRouteWayPoints.h"
 #include "ui/routes/frmSingleWayPoint.h"
@@ -282,30 +283,14 @@ void FrmChart::ToRealtime() {
   StateChanged();
 }
 
-void FrmChart::OpenWaypointFile(const std::string& path) {
-  Program& p = program();
-  Status opened = Done{};
-  // The current waypoint file is one of the waypoint folder: a file from elsewhere goes there.
-  if (const auto waypoints = ReadWaypointFile(path); !waypoints) {
-    opened = waypoints.error();
-  } else if (waypoints->empty()) {
-    opened = Error{path, "there is no waypoint in it"};
-  } else if (const auto copied = ImportFiles(p.folders, FileKind::kWaypoint, {path}, messages());
-             !copied) {
-    opened = copied.error();
-  } else {
-    opened = ChooseWaypointFile(p.folders, FileNameOf(path), p.config, p.waypoints, messages());
-  }
-  if (!opened) messages().Show(opened.error().Text(), MessageIcon::kWarning, kProgramTitle);
-}
-
 void FrmChart::OpenFile(const std::string& path) {
   const std::string kind = ToLowerAscii(path.substr(std::min(path.size(), path.rfind('.'))));
   if (kind == ".rte") {
     const Status loaded = LoadRouteFile(desktop_, session_, path, RouteSpeeds::kStored);
     if (!loaded) messages().Show(loaded.error().Text(), MessageIcon::kWarning, kProgramTitle);
   } else if (kind == ".way") {
-    OpenWaypointFile(path);
+    const Status opened = OpenWaypointFile(desktop_, path);
+    if (!opened) messages().Show(opened.error().Text(), MessageIcon::kWarning, kProgramTitle);
   } else if (kind == ".cht" || kind == ".l55") {
     OpenRecentChart(path.substr(0, path.rfind('.')) + ".cht");
   } else {

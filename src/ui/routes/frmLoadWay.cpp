@@ -1,9 +1,28 @@
 #include "ui/routes/frmLoadWay.h"
 
+#include <filesystem>
+
+#include "core/files.h"
 #include "routes/waypoint.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
+
+Status OpenWaypointFile(Desktop& desktop, const std::string& path) {
+  Program& program = desktop.program;
+  const std::string name = FileNameOf(path);
+  const std::string target = WaypointPath(program.folders, name);
+  std::error_code error;
+  if (!std::filesystem::equivalent(path, target, error)) {
+    if (const auto read = ReadWaypointFile(path); !read) return read.error();
+    const Result<int> copied =
+        ImportFiles(program.folders, FileKind::kWaypoint, {path}, desktop.messages);
+    if (!copied) return copied.error();
+    if (*copied == 0) return Done{};
+  }
+  return ChooseWaypointFile(program.folders, name, program.config, program.waypoints,
+                            desktop.messages);
+}
 
 FrmLoadWay::FrmLoadWay(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmLoadWay", tr("Load Waypoint File"), parent),

@@ -8,7 +8,10 @@ FrmNewWay::FrmNewWay(Desktop& desktop, QWidget* parent, NameEntry entry)
 
 Status FrmNewWay::Write(const std::string& file_name) {
   Program& program = desktop().program;
-  if (!make_current_) return WriteWaypointFile(WaypointPath(program.folders, file_name), {});
+  // The file in use is made anew too: its waypoints go from the chart with it.
+  if (!make_current_ && file_name != program.config.waypoint_file) {
+    return WriteWaypointFile(WaypointPath(program.folders, file_name), {});
+  }
   return NewWaypointFile(program.folders, file_name, program.config, program.waypoints,
                          desktop().messages);
 }

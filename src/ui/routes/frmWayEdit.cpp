@@ -243,10 +243,17 @@ void FrmWayEdit::CreateNew() {
 }
 
 void FrmWayEdit::Copy() {
-  FrmWayCopy(desktop(), this).exec();
-  const QSignalBlocker quiet(files_);
-  files_->Fill(desktop().program.folders.Waypoints(), FileKind::kWaypoint);
-  files_->Select(work_.file_name());
+  FrmWayCopy dialog(desktop(), this);
+  const bool saved = dialog.exec() == QDialog::Accepted;
+  {
+    const QSignalBlocker quiet(files_);
+    files_->Fill(desktop().program.folders.Waypoints(), FileKind::kWaypoint);
+    files_->Select(work_.file_name());
+  }
+  // A copy over the file on show: its rows are not to be written over the copied ones unasked.
+  if (saved && dialog.file_name() == work_.file_name() && MayLeaveFile()) {
+    Open(dialog.file_name(), false);
+  }
 }
 
 void FrmWayEdit::Print() {

@@ -77,6 +77,7 @@ void FrmWayCopy::Save() {
                                 desktop().messages);
     if (!done) desktop().messages.Show(done.error().Text(), MessageIcon::kWarning);
   }
+  file_name_ = target;
   accept();
   desktop().window.StateChanged();
 }

@@ -14,6 +14,9 @@ class FrmWayCopy : public Dialog {
  public:
   FrmWayCopy(Desktop& desktop, QWidget* parent);
 
+  // The file written; empty before the dialog was accepted.
+  const std::string& file_name() const { return file_name_; }
+
  private:
   void Add();
   void Remove();
@@ -22,6 +25,7 @@ class FrmWayCopy : public Dialog {
   WaypointPicker* picker_;
   WaypointList* copied_;
   QLineEdit* name_;
+  std::string file_name_;
 };
 
 }  // namespace skerrow

@@ -1,6 +1,10 @@
 #include "ui/widgets/colour_button.h"
 
+#include <QAbstractSpinBox>
 #include <QColorDialog>
+#include <QGraphicsOpacityEffect>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 
 #include "core/config.h"
@@ -11,6 +15,18 @@ namespace {
 
 QColor ToColour(std::int32_t value) {
   return {value & 0xff, (value >> 8) & 0xff, (value >> 16) & 0xff};
+}
+
+// Dims the fields of colour at night, which no palette reaches; what bears text stays as it is.
+void DimColourFields(const QColorDialog& dialog) {
+  for (QWidget* part : dialog.findChildren<QWidget*>()) {
+    const bool bears_text = qobject_cast<QLabel*>(part) || qobject_cast<QAbstractButton*>(part) ||
+                            qobject_cast<QAbstractSpinBox*>(part) || qobject_cast<QLineEdit*>(part);
+    if (bears_text || part->findChild<QWidget*>() != nullptr) continue;
+    auto* effect = new QGraphicsOpacityEffect(part);
+    effect->setOpacity(0.4);
+    part->setGraphicsEffect(effect);
+  }
 }
 
 }  // namespace
@@ -46,6 +62,7 @@ void ColourButton::Choose() {
   QColorDialog dialog(ToColour(colour_), this);
   dialog.setWindowTitle(what_);
   dialog.setOption(QColorDialog::DontUseNativeDialog);
+  if (ThemeInForce().night) DimColourFields(dialog);
   if (dialog.exec() != QDialog::Accepted) return;
   const QColor chosen = dialog.currentColor();
   SetColour(Rgb(chosen.red(), chosen.green(), chosen.blue()));

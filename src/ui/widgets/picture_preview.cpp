@@ -1,34 +1,88 @@
 #include "ui/widgets/picture_preview.h"
 
-#include <QImage>
 #include <QPainter>
+#include <QTimer>
+#include <algorithm>
 
 #include "platform/images.h"
 #include "ui/widgets/theme.h"
 
 namespace skerrow {
+namespace {
+
+// The longest side that is kept: enough for a maximised window.
+constexpr int kMaxSide = 1600;
+constexpr int kNoteDelay = 200;  // milliseconds until an opening is worth a word
+
+// A picture reduced to what a preview needs, without a second copy at full size.
+QImage Reduced(const Picture& picture) {
+  const bool indexed = picture.format == PixelFormat::kIndexed8;
+  QImage whole(picture.pixels.get(), picture.width, picture.height, picture.bytes_per_line,
+               indexed ? QImage::Format_Indexed8 : QImage::Format_RGB32);
+  if (indexed) whole.setColorTable(QList<QRgb>(picture.palette.begin(), picture.palette.end()));
+  if (std::max(picture.width, picture.height) <= kMaxSide) {
+    return whole.convertToFormat(QImage::Format_RGB32).copy();
+  }
+  const QSize coarse(3 * kMaxSide, 3 * kMaxSide);
+  if (picture.width > coarse.width() || picture.height > coarse.height()) {
+    whole = whole.scaled(coarse, Qt::KeepAspectRatio, Qt::FastTransformation);
+  }
+  return whole.convertToFormat(QImage::Format_RGB32)
+      .scaled(kMaxSide, kMaxSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
 
 PicturePreview::PicturePreview(const char* name, QWidget* parent) : QWidget(parent) {
   setObjectName(QString::fromUtf8(name));
   setMinimumSize(200, 200);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  // A dropped opening may take a moment to notice; the next one need not wait for it.
+  pool_.setMaxThreadCount(2);
 }
 
-bool PicturePreview::Open(const std::string& path) {
+PicturePreview::~PicturePreview() {
+  Drop();
+  pool_.waitForDone();
+}
+
+void PicturePreview::Drop() {
+  if (job_ != nullptr) *job_ = true;
+  job_.reset();
+}
+
+void PicturePreview::Open(const std::string& path) {
+  Drop();
   pixmap_ = {};
   note_.clear();
-  if (!path.empty()) {
-    if (const Result<Picture> picture = DecodePicture(path); picture && !picture->empty()) {
-      const std::vector<std::uint8_t> pixels = ToRgba(*picture);
-      const QImage image(pixels.data(), picture->width, picture->height, picture->width * 4,
-                         QImage::Format_RGBA8888);
-      pixmap_ = QPixmap::fromImage(image.copy());
-    } else {
-      note_ = tr("No preview");
-    }
-  }
   update();
-  return !empty();
+  if (path.empty()) return;
+  job_ = std::make_shared<Job>(false);
+  QTimer::singleShot(kNoteDelay, this, [this, job = job_] {
+    if (job != job_) return;
+    note_ = tr("Opening the picture");
+    update();
+  });
+  pool_.start([this, job = job_, path] {
+    if (*job) return;
+    const Result<Picture> picture =
+        DecodePicture(path, {.progress = {}, .cancelled = [&job] { return job->load(); }});
+    QImage image;
+    if (picture && !picture->empty() && !*job) image = Reduced(*picture);
+    QMetaObject::invokeMethod(
+        this,
+        [this, job, image] {
+          if (job == job_) Show(image);
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+void PicturePreview::Show(const QImage& image) {
+  job_.reset();
+  pixmap_ = QPixmap::fromImage(image);
+  note_ = image.isNull() ? tr("No preview") : QString();
+  update();
 }
 
 void PicturePreview::paintEvent(QPaintEvent*) {

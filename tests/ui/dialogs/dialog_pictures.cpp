@@ -41,6 +41,16 @@ class Album {
     dialog.hide();
   }
 
+  // Keeps the modal dialog that comes up next, and rejects it.
+  void KeepNext(const QString& name) const {
+    QTimer::singleShot(300, [this, name] {
+      auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (box == nullptr) return;
+      Keep(*box, name);
+      box->reject();
+    });
+  }
+
  private:
   QString folder_;
 };
@@ -104,6 +114,8 @@ void KeepAll(const Album& album) {
       pages->setCurrentIndex(page);
       album.Keep(form, QString("frmConfigure-%1").arg(page + 1));
     }
+    album.KeepNext("colour");
+    form.findChild<QPushButton*>("pctTidalStreamCol")->click();
   }
   {
     FrmLoadChart form(desktop, nullptr);
@@ -111,12 +123,7 @@ void KeepAll(const Album& album) {
   }
   {
     DesktopMessages messages;
-    QTimer::singleShot(300, [&album] {
-      auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      if (box == nullptr) return;
-      album.Keep(*box, "message");
-      box->reject();
-    });
+    album.KeepNext("message");
     messages.Ask(
         "Boat speed very low between waypoints 1 and 2\nDo you wish to continue?\n"
         "(This may cause problems)",

@@ -5,12 +5,14 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 
 #include "core/files.h"
+#include "platform/images.h"
 #include "tests/ui/dialogs/dialog_fixture.h"
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmConfigure.h"
@@ -97,6 +99,26 @@ std::string StateOf(const SampleDesk& desk) {
   return state;
 }
 
+void ExpectMnemonicsOnce(const QDialog& form) {
+  std::map<QChar, QString> mnemonics;
+  const auto take = [&mnemonics](const QString& text) {
+    const qsizetype mark = text.indexOf('&');
+    if (mark < 0 || mark + 1 >= text.size()) return;
+    const QChar letter = text.at(mark + 1).toLower();
+    EXPECT_TRUE(mnemonics.try_emplace(letter, text).second)
+        << text.toStdString() << " and " << mnemonics[letter].toStdString();
+  };
+  for (const QAbstractButton* b : form.findChildren<QAbstractButton*>()) {
+    if (b->isVisible()) take(b->text());
+  }
+  for (const QLabel* label : form.findChildren<QLabel*>()) {
+    if (label->isVisible() && label->buddy() != nullptr) take(label->text());
+  }
+  for (const QTabBar* tabs : form.findChildren<QTabBar*>()) {
+    for (int tab = 0; tab < tabs->count(); ++tab) take(tabs->tabText(tab));
+  }
+}
+
 class EveryDialog : public testing::TestWithParam<DialogRow> {};
 
 TEST_P(EveryDialog, OpensAsPublishedAndEscChangesNothing) {
@@ -131,23 +153,11 @@ TEST_P(EveryDialog, OpensAsPublishedAndEscChangesNothing) {
   EXPECT_EQ(at, first);
   EXPECT_TRUE(reached || !button->isEnabled());
 
-  // No mnemonic stands twice on what is seen at once.
-  std::map<QChar, QString> mnemonics;
-  const auto take = [&mnemonics](const QString& text) {
-    const qsizetype mark = text.indexOf('&');
-    if (mark < 0 || mark + 1 >= text.size()) return;
-    const QChar letter = text.at(mark + 1).toLower();
-    EXPECT_TRUE(mnemonics.try_emplace(letter, text).second)
-        << text.toStdString() << " and " << mnemonics[letter].toStdString();
-  };
-  for (const QAbstractButton* b : form->findChildren<QAbstractButton*>()) {
-    if (b->isVisible()) take(b->text());
-  }
-  for (const QLabel* label : form->findChildren<QLabel*>()) {
-    if (label->isVisible() && label->buddy() != nullptr) take(label->text());
-  }
-  for (const QTabBar* tabs : form->findChildren<QTabBar*>()) {
-    for (int tab = 0; tab < tabs->count(); ++tab) take(tabs->tabText(tab));
+  // No mnemonic stands twice on what is seen at once, whatever page is on top.
+  auto* pages = form->findChild<QTabWidget*>();
+  for (int page = 0; page < (pages == nullptr ? 1 : pages->count()); ++page) {
+    if (pages != nullptr) pages->setCurrentIndex(page);
+    ExpectMnemonicsOnce(*form);
   }
   QTest::keyClick(form.get(), Qt::Key_Escape);
   EXPECT_FALSE(form->isVisible());
@@ -247,6 +257,38 @@ TEST(SettingsDialog, FiltersKeysAndShowsTheFieldAtFault) {
   EXPECT_FLOAT_EQ(stored.barb_length, 25.0F);
 }
 
+TEST(PicturePreview, DecodesBesideTheWindowAndShowsTheLastOneAskedFor) {
+  SampleDesk desk;
+  const auto file = [&desk](const char* name) {
+    return JoinPath(desk.program.folders.documents, name);
+  };
+  const auto write = [&](const char* name, int side, std::uint32_t colour) {
+    const std::size_t count = static_cast<std::size_t>(side) * static_cast<std::size_t>(side);
+    const std::string path = file(name);
+    EXPECT_TRUE(
+        WritePng(path, PictureFromRgb32(side, side, std::vector<std::uint32_t>(count, colour))));
+    return path;
+  };
+  const std::string large = write("large.png", 6000, 0xff0000ff);
+  const std::string small = write("small.png", 40, 0xff00ff00);
+  PicturePreview preview("preview");
+  preview.resize(300, 300);
+  preview.show();
+  const auto middle = [&] { return preview.grab().toImage().pixelColor(150, 150); };
+  preview.Open(large);
+  EXPECT_TRUE(preview.opening() && preview.empty()) << "the call did not wait for the picture";
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.opening(); }, 20000));
+  EXPECT_EQ(middle(), QColor(Qt::blue));
+  preview.Open(large);
+  preview.Open(small);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.opening(); }, 20000));
+  QTest::qWait(300);
+  EXPECT_EQ(middle(), QColor(Qt::green));
+  preview.Open(file("missing.png"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.opening(); }, 20000));
+  EXPECT_TRUE(preview.empty());
+}
+
 TEST(ChartDialog, FiltersSearchesAndChooses) {
   SampleDesk desk;
   FrmLoadChart form(desk.desktop, nullptr);
@@ -254,7 +296,7 @@ TEST(ChartDialog, FiltersSearchesAndChooses) {
   auto* list = form.findChild<QListWidget*>("List1");
   auto* preview = form.findChild<PicturePreview*>("GdViewer1");
   ASSERT_EQ(list->count(), 4);
-  EXPECT_FALSE(preview->empty());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !preview->empty(); }));
   auto* search = form.findChild<QLineEdit*>("txtSearch");
   QTest::keyClicks(search, "islands");
   EXPECT_EQ(list->currentItem()->text(), "Channel Islands");

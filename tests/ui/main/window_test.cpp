@@ -255,6 +255,27 @@ TEST_F(Window, ARouteFromTheListIsToldInTheTitle) {
   EXPECT_NE(window_->windowTitle().indexOf("  :  Route = "), -1);
 }
 
+TEST_F(Window, ASpeedOfTheSettingsAndAnOpenedRouteAreEdits) {
+  Start();
+  LayRoute();
+  OnDialog([](QWidget* form) {
+    form->findChild<QLineEdit*>("Txtboatspeed")->setText("7.5");
+    Click(form, "cmdOK");
+  });
+  Command("mnuConfigProgram");
+  EXPECT_EQ(program_.route.points[0].speed, 7.5F);
+  Command("mnuUndo");
+  EXPECT_EQ(program_.route.points[0].speed, 5.0F);
+
+  const std::string path = RoutePath(program_.folders, "Kept.rte");
+  ASSERT_TRUE(SaveRoute(path, program_.route, 5.0F));
+  ShiftClick({49.7F, -1.9F});
+  window_->OpenFile(path);
+  EXPECT_EQ(program_.route.points.size(), 3U);
+  Command("mnuUndo");
+  EXPECT_EQ(program_.route.points.size(), 4U);
+}
+
 TEST_F(Window, ADraggedPointIsOneEdit) {
   Start();
   LayRoute();

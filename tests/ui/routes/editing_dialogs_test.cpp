@@ -249,6 +249,37 @@ TEST_F(EditingDialogs, ClickedWaypointsAreCopied) {
   EXPECT_EQ(std::filesystem::file_size(WayFile("Copied.WAY")), 86U);
 }
 
+TEST_F(EditingDialogs, CopyOverTheFileOnShowIsNotWrittenOverByItsOldRows) {
+  FrmWayEdit form(desktop, nullptr);
+  Show(form);
+  ASSERT_EQ(Find<QListWidget>(form, "List1")->count(), 46);
+  WithNextDialog([this](QDialog& copy) {
+    ClickRow(copy, "List1", 3);
+    Type(copy, "txtFileName", "Sample");
+    messages.ExpectQuestion("File exists - Overwrite ?", true);
+    Click(copy, "cmdSave");
+  });
+  Click(form, "cmdCopy");
+  EXPECT_EQ(Find<QListWidget>(form, "List1")->count(), 1);
+  Click(form, "cmdSave");
+  EXPECT_EQ(std::filesystem::file_size(WayFile("Sample.way")), 43U);
+  EXPECT_EQ(program.waypoints.waypoints.size(), 1U);
+}
+
+TEST_F(EditingDialogs, FileInUseThatIsMadeAnewLeavesTheChart) {
+  ASSERT_EQ(program.waypoints.waypoints.size(), 46U);
+  FrmWayEdit form(desktop, nullptr);
+  Show(form);
+  WithNextDialog([this](QDialog& name) {
+    Type(name, "txtFileName", "Sample");
+    messages.ExpectQuestion("File already exists - continue and overwrite the contents?", true);
+    Click(name, "cmdOK");
+  });
+  Click(form, "cmdCreateNew");
+  form.reject();
+  EXPECT_TRUE(program.waypoints.waypoints.empty());
+}
+
 TEST_F(EditingDialogs, SingleWaypointIsCheckedAndAppended) {
   const std::size_t count = program.waypoints.waypoints.size();
   {

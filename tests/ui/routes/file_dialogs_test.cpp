@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 
+#include "core/files.h"
 #include "tests/ui/routes/route_bench.h"
 #include "ui/routes/frmFileDelete.h"
 #include "ui/routes/frmLoadWay.h"
@@ -167,6 +168,32 @@ TEST_F(FileDialogs, WaypointsAreSavedAndAnotherFileBecomesCurrent) {
   EXPECT_EQ(program.waypoints.waypoints[0].At(), (Position{50.5F, -2.0F}));
   EXPECT_NE(FileBytes(program.folders.ConfigFile()).find("Moved.way"), std::string::npos);
   EXPECT_EQ(window().changes, 2);
+}
+
+TEST_F(FileDialogs, WaypointFileOfAnotherFolderIsBroughtInBeforeItIsInUse) {
+  TempFolder elsewhere;
+  const std::string path = elsewhere.File("Brought.way");
+  ASSERT_TRUE(WriteWaypointFile(path, std::vector<Waypoint>{{"Far Mark", 50.0F, -2.0F}}));
+  const std::string sample = *ReadFile(WayFile("Sample.way"));
+  ASSERT_TRUE(OpenWaypointFile(desktop, path));
+  EXPECT_EQ(program.config.waypoint_file, "Brought.way");
+  ASSERT_EQ(program.waypoints.waypoints.size(), 1U);
+  // What is deleted now goes from that file, not from the one in use before.
+  ASSERT_TRUE(
+      DeleteNearestWaypoint(program.folders, program.config, program.waypoints, {50.0F, -2.0F}));
+  EXPECT_EQ(*ReadFile(WayFile("Sample.way")), sample);
+  EXPECT_EQ(std::filesystem::file_size(path), 43U);
+
+  messages.ExpectQuestion("Brought.way: File already exists - continue and overwrite the contents?",
+                          false);
+  EXPECT_TRUE(OpenWaypointFile(desktop, path));
+  EXPECT_EQ(std::filesystem::file_size(WayFile("Brought.way")), 0U);
+  const Status missing = OpenWaypointFile(desktop, elsewhere.File("None.way"));
+  ASSERT_FALSE(missing);
+  EXPECT_NE(missing.error().Text().find("None.way"), std::string::npos);
+  EXPECT_EQ(program.config.waypoint_file, "Brought.way");
+  ASSERT_TRUE(OpenWaypointFile(desktop, WayFile("Sample.way")));
+  EXPECT_EQ(program.waypoints.waypoints.size(), 46U);
 }
 
 TEST_F(FileDialogs, NewWaypointFileIsEmptyAndCurrent) {

@@ -58,8 +58,11 @@ constexpr Command kCommands[] = {
     {"mnuConfigProgram", "&General Settings", "config", "Boat, chart, streams and wind settings", "",
      kNoNeed,
      [](FrmChart& w) {
+       const RouteState before = w.program().route;
        FrmConfigure dialog(w.desktop(), [&w] { w.ShowTools(); }, &w);
        dialog.exec();
+       // The speed chosen goes to every point of the route, which is an edit of it.
+       RememberRouteEdit(w.desktop(), w.session(), "General Settings", before);
        w.StateChanged();
      }},
 };
