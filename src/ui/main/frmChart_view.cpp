@@ -332,6 +332,14 @@ void FrmChart::SetNight(bool night) {
       night ? "background: #000000; color: #00ff00; border: 1px solid #143014; border-radius: 4px;"
             : "background: #dfeaff; color: #000000; border: 1px solid #9db2cc; border-radius: 4px;";
   for (QLabel* label : {readout_, dividers_, mob_label_}) label->setStyleSheet("QLabel {" + style + "}");
+  QPalette colours = QGuiApplication::palette();
+  for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button}) {
+    colours.setColor(role, night ? QColor(0, 0, 0) : QColor(223, 234, 255));
+  }
+  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText}) {
+    colours.setColor(role, night ? QColor(0, 255, 0) : QColor(0, 0, 0));
+  }
+  route_combo_->setPalette(colours);
   RefreshIcons();
   ShowReadout();
   UpdateActions();
@@ -422,6 +430,7 @@ bool FrmChart::MouseReleased(const ViewerMouse& mouse) {
 }
 
 bool FrmChart::Wheel(const ViewerMouse& mouse, int angle) {
+  if (busy_ || viewer_->image_height() < 1) return true;
   viewer_->ZoomByWheel({mouse.at.x, mouse.at.y}, angle);
   view_.cursor = PlaceUnder(mouse);
   return true;

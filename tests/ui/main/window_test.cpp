@@ -448,12 +448,33 @@ TEST_F(Window, TogglesAreStoredAtOnce) {
   EXPECT_FALSE(window_->findChild<QToolBar*>("tbToolBar")->isVisible());
 }
 
+// Vectors go with the tides, and come back with them.
+TEST_F(Window, VectorsFollowTheTides) {
+  Start();
+  ASSERT_TRUE(program_.vectors_shown);
+  for (const bool tides : {false, true}) {
+    OnDialog([](QWidget* dialog) {
+      dialog->findChild<QAbstractButton*>("chkUseTides")->toggle();
+      for (auto* button : dialog->findChildren<QPushButton*>()) {
+        if (button->isDefault()) return button->click();
+      }
+      ADD_FAILURE() << "no default button";
+    });
+    Command("mnuConfigProgram");
+    EXPECT_EQ(program_.config.use_tides != 0, tides);
+    EXPECT_EQ(program_.vectors_shown, tides);
+    EXPECT_EQ(window_->action("mnuTideRollPlus")->isVisible(), tides);
+  }
+}
+
 // No bright surface anywhere at night: not even one pixel in a thousand is nearly white.
 TEST_F(Window, TheNightViewIsDark) {
   Start();
   LayRoute();
   Key(Qt::Key_F9);
   EXPECT_TRUE(window_->night());
+  EXPECT_EQ(window_->findChild<QComboBox*>("cmbRoute")->palette().color(QPalette::Text),
+            QColor(0, 255, 0));
   QTest::qWait(300);
   const QImage picture = window_->grab().toImage();
   qsizetype bright = 0;

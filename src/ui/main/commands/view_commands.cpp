@@ -4,6 +4,13 @@
 namespace skerrow {
 namespace {
 
+// Vectors are drawn where tides are in use.
+void FollowVectors(FrmChart& w) {
+  const AppConfig& config = w.program().config;
+  w.program().vectors_shown = config.show_vectors != 0 && config.use_tides != 0;
+  w.StateChanged();
+}
+
 constexpr Command kCommands[] = {
     {"mnuViewNormal", "&Normal View", "day", "The day's colours and full brightness", "", kNoNeed,
      [](FrmChart& w) {
@@ -31,9 +38,7 @@ constexpr Command kCommands[] = {
      "", kNoNeed,
      [](FrmChart& w) {
        w.Toggle(&AppConfig::show_vectors);
-       const AppConfig& config = w.program().config;
-       w.program().vectors_shown = config.show_vectors != 0 && config.use_tides != 0;
-       w.StateChanged();
+       FollowVectors(w);
      },
      [](const FrmChart& w) { return w.program().config.show_vectors != 0; }},
     {"mnuViewChartBoundaries", "Show/Hide Chart &Boundaries", "boundaries",
@@ -63,7 +68,7 @@ constexpr Command kCommands[] = {
        dialog.exec();
        // The speed chosen goes to every point of the route, which is an edit of it.
        RememberRouteEdit(w.desktop(), w.session(), "General Settings", before);
-       w.StateChanged();
+       FollowVectors(w);
      }},
 };
 
