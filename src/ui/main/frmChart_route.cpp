@@ -1,5 +1,4 @@
 #include "core/text.h"
-#include "core/numbers.h"
 #include "core/plane_sailing.h"
 #include "passage/route_calculation.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
