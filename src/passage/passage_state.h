@@ -34,6 +34,7 @@ struct PassageState {
   std::vector<std::string> route_combo;  // and its lines
   float route_distance = 0.0F;           // nautical miles
   float route_hours = 0.0F;              // total passage time
+  std::string leeway_text;               // degrees, as typed for the calculation
   std::int16_t calc_mode = 0;            // 1 after a finished route calculation
 
   std::vector<float> optimum_times;  // hours, one a departure; the chart adds the spare entry

@@ -157,6 +157,7 @@ class Calculation {
     passage.route_combo = std::move(combo_);
     passage.route_distance = distance;
     passage.route_hours = total_;
+    passage.leeway_text = request_.leeway_text;
     passage.calc_mode = 1;
   }
 

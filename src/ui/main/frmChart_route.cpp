@@ -1,5 +1,4 @@
 #include "core/text.h"
-#include "core/numbers.h"
 #include "core/plane_sailing.h"
 #include "passage/route_calculation.h"
 #include "routes/file_forms.h"
@@ -247,7 +246,7 @@ bool FrmChart::ReworkResult() {
   request.hours = p.selected_time.hours;
   request.date = p.selected_time.Day();
   request.use_leeway = p.use_leeway;
-  request.leeway_text = ShortText(p.config.leeway_angle);
+  request.leeway_text = p.passage.leeway_text;
   const std::unique_ptr<Progress> progress = StartProgress("Reworking the route");
   const RouteOutcome outcome =
       ReworkRoute(request, p.config, p.tides, p.route, p.passage, *progress);

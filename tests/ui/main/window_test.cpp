@@ -276,6 +276,25 @@ TEST_F(Window, ASpeedOfTheSettingsAndAnOpenedRouteAreEdits) {
   EXPECT_EQ(program_.route.points.size(), 4U);
 }
 
+TEST_F(Window, TheRollKeepsTheLeewayOfTheCalculation) {
+  Start();
+  LayRoute();
+  for (RoutePoint& point : program_.route.points) point.tack = 2;
+  OnDialog([](QWidget* form) {
+    form->findChild<QAbstractButton*>("chkLeeway")->setChecked(true);
+    form->findChild<QLineEdit*>("txtLeeway")->setText("25");  // 5 in the settings
+    Click(form, "Cmdrteok");
+  });
+  OnDialog([](QWidget* results) { QTest::keyClick(results, Qt::Key_Escape); });
+  Command("mnucalcrte");
+  ASSERT_EQ(program_.passage.legs.size(), 2U);
+  const float heading = program_.passage.legs[0].heading;
+  Command("mnuTideRollPlus");
+  Command("mnuTideRollMinus");
+  ASSERT_EQ(program_.passage.legs.size(), 2U);
+  EXPECT_NEAR(program_.passage.legs[0].heading, heading, 2.0F);
+}
+
 TEST_F(Window, ADraggedPointIsOneEdit) {
   Start();
   LayRoute();
