@@ -40,9 +40,9 @@ void Measure(const char* what, const Folders& folders) {
   while (!window.viewer().Refined()) QApplication::processEvents();
   window.viewer().viewport()->repaint();
   const double refined = lap();
-  std::printf("%-8s data %6.1f   window %6.1f   chart %6.1f   paint %6.1f   fine %6.1f   = %6.1f ms\n",
-              what, loaded, built - loaded, opened - built, painted - opened, refined - painted,
-              refined);
+  std::printf(
+      "%-8s data %6.1f   window %6.1f   chart %6.1f   paint %6.1f   fine %6.1f   = %6.1f ms\n",
+      what, loaded, built - loaded, opened - built, painted - opened, refined - painted, refined);
 }
 
 }  // namespace

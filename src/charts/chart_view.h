@@ -40,7 +40,6 @@ struct ChartView {
 
   // Whether an image pixel exists.
   bool OnImage(std::int32_t col, std::int32_t row) const;
-
 };
 
 // The view of a chart whose image has that size in pixels. The longitude scale comes from the

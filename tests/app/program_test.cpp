@@ -228,10 +228,10 @@ TEST_F(Started, TheTidesRollByHalfHoursThroughMidnight) {
     float to;
     int day;
   };
-  const Row rows[] = {{6.5F, Roll::kForward, 7.0F, 339},   {6.2F, Roll::kForward, 6.5F, 339},
-                      {6.75F, Roll::kForward, 7.0F, 339},  {23.5F, Roll::kForward, 0.0F, 340},
-                      {6.5F, Roll::kBack, 6.0F, 339},      {6.75F, Roll::kBack, 6.0F, 339},
-                      {7.25F, Roll::kBack, 6.5F, 339},     {0.5F, Roll::kBack, 23.5F, 338},
+  const Row rows[] = {{6.5F, Roll::kForward, 7.0F, 339},  {6.2F, Roll::kForward, 6.5F, 339},
+                      {6.75F, Roll::kForward, 7.0F, 339}, {23.5F, Roll::kForward, 0.0F, 340},
+                      {6.5F, Roll::kBack, 6.0F, 339},     {6.75F, Roll::kBack, 6.0F, 339},
+                      {7.25F, Roll::kBack, 6.5F, 339},    {0.5F, Roll::kBack, 23.5F, 338},
                       {0.0F, Roll::kBack, 23.5F, 338}};
   for (const Row& row : rows) {
     program_.selected_time.hours = row.from;

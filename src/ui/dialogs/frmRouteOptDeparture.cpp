@@ -1,4 +1,3 @@
-#include "routes/route_forms.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 
 #include <QGroupBox>
@@ -6,6 +5,7 @@
 #include <QTimer>
 
 #include "passage/optimum.h"
+#include "routes/route_forms.h"
 #include "ui/dialogs/frmOptResults.h"
 #include "ui/forms/calc_route_form.h"
 #include "ui/widgets/progress_dialog.h"
@@ -60,9 +60,7 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
   resize(720, 420);
 }
 
-void FrmRouteOptDeparture::Load() {
-  legs_->SetLines(RouteRows(desktop().program.route));
-}
+void FrmRouteOptDeparture::Load() { legs_->SetLines(RouteRows(desktop().program.route)); }
 
 void FrmRouteOptDeparture::showEvent(QShowEvent* event) {
   Dialog::showEvent(event);

@@ -27,8 +27,8 @@ void ChartMouse::Move(Position place, MouseButtons buttons) {
 }
 
 void ChartMouse::FollowSnap() {
-  const std::optional<Nearest> nearest = NearestWaypoint(
-      program_.waypoints.waypoints, view_.cursor, program_.config.search_circle);
+  const std::optional<Nearest> nearest =
+      NearestWaypoint(program_.waypoints.waypoints, view_.cursor, program_.config.search_circle);
   view_.snap_active = nearest.has_value();
   if (!nearest) {
     host_.SetPointer(Pointer::kCross);
@@ -116,8 +116,7 @@ void ChartMouse::AddRoutePointHere() {
 
 void ChartMouse::Mark() {
   const float circle = program_.config.search_circle;
-  if (const auto waypoint =
-          NearestWaypoint(program_.waypoints.waypoints, view_.cursor, circle)) {
+  if (const auto waypoint = NearestWaypoint(program_.waypoints.waypoints, view_.cursor, circle)) {
     view_.marked_point_on = true;
     view_.marked_kind = MarkedKind::kWaypoint;
     view_.marked_waypoint = static_cast<std::int16_t>(waypoint->index + 1);

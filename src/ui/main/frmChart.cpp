@@ -280,8 +280,8 @@ void FrmChart::Start() {
   SetNight(false);
   toolbar_->setVisible(program().config.toolbar_visible != 0);
   view_toolbar_->setVisible(program().config.toolbar_visible != 0);
-  const QByteArray geometry = QByteArray::fromHex(
-      QByteArray::fromStdString(desktop_.settings.Get("Windows", "frmChart")));
+  const QByteArray geometry =
+      QByteArray::fromHex(QByteArray::fromStdString(desktop_.settings.Get("Windows", "frmChart")));
   if (geometry.isEmpty() || !restoreGeometry(geometry)) {
     if (const QScreen* primary = QGuiApplication::primaryScreen()) {
       const QSize room = primary->availableSize();

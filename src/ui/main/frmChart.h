@@ -190,8 +190,8 @@ class FrmChart final : public QMainWindow,
   QToolBar* view_toolbar_ = nullptr;
   QComboBox* route_combo_ = nullptr;
   QAction* route_combo_place_ = nullptr;  // shows and hides it in its toolbar
-  QLabel* readout_ = nullptr;   // Picture1
-  QLabel* dividers_ = nullptr;  // txtDividers
+  QLabel* readout_ = nullptr;             // Picture1
+  QLabel* dividers_ = nullptr;            // txtDividers
   QLabel* mob_label_ = nullptr;
   std::vector<QLabel*> panels_;
   QProgressBar* progress_ = nullptr;

@@ -1,5 +1,5 @@
-#include "core/text.h"
 #include "core/plane_sailing.h"
+#include "core/text.h"
 #include "passage/route_calculation.h"
 #include "routes/file_forms.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"

@@ -140,8 +140,8 @@ void FrmChart::RestoreView() {
 
 void FrmChart::PaintOverlays(DrawingSurface& surface) {
   if (!redraw_ || viewer_->image_height() < 1) return;
-  const OverlayView seen = MakeOverlayView(program().charts.chart, viewer_->geometry(),
-                                           program().config.text_size);
+  const OverlayView seen =
+      MakeOverlayView(program().charts.chart, viewer_->geometry(), program().config.text_size);
   DrawOverlays(surface, seen, program(), view_);
   const QString mob = ToQt(MobLabelText(seen, view_)).trimmed();
   if (mob_label_->text() != mob) mob_label_->setText(mob);
@@ -257,8 +257,9 @@ void FrmChart::PreviousChart() {
   SaveConfigChange([&](AppConfig& config) { config.chart_path = path; });
   viewer_->SetZoomPercent(100);
   const ChartView chart = ViewOf(p, *viewer_);
-  const bool clicked = view_.last_click && chart.OnImage(chart.LongToCol(view_.last_click->longitude),
-                                                         chart.LatToRow(view_.last_click->latitude));
+  const bool clicked =
+      view_.last_click && chart.OnImage(chart.LongToCol(view_.last_click->longitude),
+                                        chart.LatToRow(view_.last_click->latitude));
   LocatePoint(clicked ? *view_.last_click : cursor);
   StateChanged();
 }
@@ -331,7 +332,8 @@ void FrmChart::SetNight(bool night) {
   const QString style =
       night ? "background: #000000; color: #00ff00; border: 1px solid #143014; border-radius: 4px;"
             : "background: #dfeaff; color: #000000; border: 1px solid #9db2cc; border-radius: 4px;";
-  for (QLabel* label : {readout_, dividers_, mob_label_}) label->setStyleSheet("QLabel {" + style + "}");
+  for (QLabel* label : {readout_, dividers_, mob_label_})
+    label->setStyleSheet("QLabel {" + style + "}");
   QPalette colours = QGuiApplication::palette();
   for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button}) {
     colours.setColor(role, night ? QColor(0, 0, 0) : QColor(223, 234, 255));
@@ -415,9 +417,9 @@ bool FrmChart::MouseMoved(const ViewerMouse& mouse) {
     GiveUpChart();
     return true;
   }
-  mouse_.Move(PlaceUnder(mouse), {mouse.buttons.testFlag(Qt::LeftButton),
-                                  mouse.buttons.testFlag(Qt::RightButton),
-                                  mouse.modifiers.testFlag(Qt::ShiftModifier)});
+  mouse_.Move(PlaceUnder(mouse),
+              {mouse.buttons.testFlag(Qt::LeftButton), mouse.buttons.testFlag(Qt::RightButton),
+               mouse.modifiers.testFlag(Qt::ShiftModifier)});
   return false;
 }
 

@@ -1,7 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <QMenu>
 #include <QMenuBar>
+#include <gtest/gtest.h>
 #include <map>
 #include <set>
 
@@ -54,9 +53,8 @@ TEST_F(Window, NoShortcutIsGivenTwice) {
     for (const QKeySequence& shortcut : action->shortcuts()) {
       if (shortcut.isEmpty()) continue;
       const auto [at, fresh] = owners.emplace(shortcut.toString(), action->objectName());
-      EXPECT_TRUE(fresh) << shortcut.toString().toStdString() << ": "
-                         << at->second.toStdString() << " and "
-                         << action->objectName().toStdString();
+      EXPECT_TRUE(fresh) << shortcut.toString().toStdString() << ": " << at->second.toStdString()
+                         << " and " << action->objectName().toStdString();
     }
   }
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
@@ -10,6 +8,7 @@
 #include <QTimer>
 #include <deque>
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 
@@ -53,12 +52,11 @@ class MainWindowTest : public ::testing::Test {
 
   // Where a place stands in the view.
   QPoint At(Position place) {
-    const ChartView chart =
-        MakeChartView(program_.charts.chart, window_->viewer().image_width(),
-                      window_->viewer().image_height());
-    const QPointF at = window_->viewer().ImageToView(
-        {static_cast<double>(chart.LongToCol(place.longitude)),
-         static_cast<double>(chart.LatToRow(place.latitude))});
+    const ChartView chart = MakeChartView(program_.charts.chart, window_->viewer().image_width(),
+                                          window_->viewer().image_height());
+    const QPointF at =
+        window_->viewer().ImageToView({static_cast<double>(chart.LongToCol(place.longitude)),
+                                       static_cast<double>(chart.LatToRow(place.latitude))});
     return at.toPoint();
   }
 

@@ -1,5 +1,3 @@
-#include "window_fixture.h"
-
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,6 +10,7 @@
 
 #include "routes/route.h"
 #include "ui/main/readout.h"
+#include "window_fixture.h"
 
 namespace skerrow {
 namespace {
@@ -37,9 +36,8 @@ TEST_F(Window, StandsOnTheSampleChartWithItsPanels) {
 TEST_F(Window, TheWholeRoad) {
   Start();
   LayRoute();
-  EXPECT_TRUE(window_->windowTitle().endsWith("  :  Route = " +
-                                              QString::number(program_.route.distance, 'f', 1) +
-                                              "nm"));
+  EXPECT_TRUE(window_->windowTitle().endsWith(
+      "  :  Route = " + QString::number(program_.route.distance, 'f', 1) + "nm"));
   auto* combo = window_->findChild<QComboBox*>("cmbRoute");
   EXPECT_EQ(combo->count(), 8);
 
@@ -622,8 +620,7 @@ TEST_F(Window, AChartThatCannotBeShownIsNotTaken) {
     ASSERT_EQ(number(), "9999-3");
     QTest::keyClick(dialog, Qt::Key_Return);
   });
-  messages_.Expect("error code: 2\n" + broken +
-                   ": this is no kind of picture that can be opened");
+  messages_.Expect("error code: 2\n" + broken + ": this is no kind of picture that can be opened");
   Command("mnuSelectChartVisually");
   EXPECT_EQ(program_.charts.chart.scale, scale);
   EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));

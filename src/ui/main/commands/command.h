@@ -14,15 +14,15 @@ class FrmChart;
 // What a command needs to be of use. An action is enabled when all its needs are met.
 enum Need : std::uint32_t {
   kNoNeed = 0,
-  kNeedsPoint = 1U << 0,        // a route point
-  kNeedsRoute = 1U << 1,        // a leg
+  kNeedsPoint = 1U << 0,  // a route point
+  kNeedsRoute = 1U << 1,  // a leg
   kNeedsThreePoints = 1U << 2,
-  kNeedsTrack = 1U << 3,        // a calculated track
+  kNeedsTrack = 1U << 3,  // a calculated track
   kNeedsUndo = 1U << 5,
   kNeedsRedo = 1U << 6,
-  kNeedsStreams = 1U << 7,      // streams shown
-  kNeedsTools = 1U << 8,        // the tools menu shown
-  kNeedsMob = 1U << 9,          // a man-overboard position
+  kNeedsStreams = 1U << 7,  // streams shown
+  kNeedsTools = 1U << 8,    // the tools menu shown
+  kNeedsMob = 1U << 9,      // a man-overboard position
 };
 
 struct Command {

@@ -49,10 +49,7 @@ constexpr Command kCommands[] = {
        FrmWayImport(w.desktop(), FileKind::kRoute, &w, FrmWayImport::Direction::kExport).exec();
      }},
     {"mnuRouteWaypoints", "By &Waypoint List", "routeplan", "Make a route from stored waypoints",
-     "", kNoNeed,
-     [](FrmChart& w) {
-       w.RouteByWaypointList();
-     }},
+     "", kNoNeed, [](FrmChart& w) { w.RouteByWaypointList(); }},
     {"mnuRouteEdit", "Keyboard &Edit Route Points ", "edit", "Change the legs by keyboard", "",
      kNeedsRoute,
      [](FrmChart& w) {
@@ -105,8 +102,7 @@ constexpr Command kCommands[] = {
      },
      [](const FrmChart& w) { return w.animating(); }},
     {"tbCopyRoute", "Copy Route", "copyroute", "Copy the route as text to the clipboard", "",
-     kNeedsRoute,
-     [](FrmChart& w) { w.desktop().clipboard.SetText(RouteText(w.program().route)); }},
+     kNeedsRoute, [](FrmChart& w) { w.desktop().clipboard.SetText(RouteText(w.program().route)); }},
     {"keyBackspace", "Remove Last Route Point", "", "", "Backspace", kNeedsPoint,
      [](FrmChart& w) {
        EditRoute(w.desktop(), w.session(), "Remove Route Point", [&w](RouteState& route) {

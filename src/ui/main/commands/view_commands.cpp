@@ -28,8 +28,8 @@ constexpr Command kCommands[] = {
        w.AdjustBrightness(10);
        if (w.viewer().look().brightness >= 100) w.SetNight(false);
      }},
-    {"mnushowTideHeights", "Show/Hide Tidal &Ports", "viewports", "The ports with tide heights", "P",
-     kNoNeed, [](FrmChart& w) { w.Toggle(&AppConfig::show_tide_heights); },
+    {"mnushowTideHeights", "Show/Hide Tidal &Ports", "viewports", "The ports with tide heights",
+     "P", kNoNeed, [](FrmChart& w) { w.Toggle(&AppConfig::show_tide_heights); },
      [](const FrmChart& w) { return w.program().config.show_tide_heights != 0; }},
     {"mnuShowWaypoints", "Show/Hide &Waypoints", "viewwaypoints", "The marks of the waypoint file",
      "W", kNoNeed, [](FrmChart& w) { w.Toggle(&AppConfig::show_waypoints); },
@@ -60,11 +60,12 @@ constexpr Command kCommands[] = {
     {"tbMob", "Man Overboard", "mob", "Mark where somebody went over board, or cancel the mark", "",
      kNoNeed, [](FrmChart& w) { w.ToggleMob(); },
      [](const FrmChart& w) { return w.view().mob_on; }},
-    {"mnuConfigProgram", "&General Settings", "config", "Boat, chart, streams and wind settings", "",
-     kNoNeed,
+    {"mnuConfigProgram", "&General Settings", "config", "Boat, chart, streams and wind settings",
+     "", kNoNeed,
      [](FrmChart& w) {
        const RouteState before = w.program().route;
-       FrmConfigure dialog(w.desktop(), [&w] { w.ShowTools(); }, &w);
+       FrmConfigure dialog(
+           w.desktop(), [&w] { w.ShowTools(); }, &w);
        dialog.exec();
        // The speed chosen goes to every point of the route, which is an edit of it.
        RememberRouteEdit(w.desktop(), w.session(), "General Settings", before);

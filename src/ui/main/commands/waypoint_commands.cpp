@@ -22,7 +22,8 @@ void Save(FrmChart& w) {
 }
 
 constexpr Command kCommands[] = {
-    {"mnuFilWayLoad", "Load File", "", "Show the marks of another waypoint file", "", kNoNeed, Load},
+    {"mnuFilWayLoad", "Load File", "", "Show the marks of another waypoint file", "", kNoNeed,
+     Load},
     {"mnuwaychoose", "&Choose File", "", "Show the marks of another waypoint file", "", kNoNeed,
      Load},
     {"mnuFileWayPoints", "Save Waypoints As..", "", "Save the marks on show to a file", "", kNoNeed,
