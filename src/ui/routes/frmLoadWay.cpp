@@ -14,7 +14,9 @@ Status OpenWaypointFile(Desktop& desktop, const std::string& path) {
   const std::string target = WaypointPath(program.folders, name);
   std::error_code error;
   if (!std::filesystem::equivalent(path, target, error)) {
-    if (const auto read = ReadWaypointFile(path); !read) return read.error();
+    const auto read = ReadWaypointFile(path);
+    if (!read) return read.error();
+    if (read->empty()) return Error{path, "there is no waypoint in it"};
     const Result<int> copied =
         ImportFiles(program.folders, FileKind::kWaypoint, {path}, desktop.messages);
     if (!copied) return copied.error();

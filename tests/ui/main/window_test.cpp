@@ -650,6 +650,7 @@ TEST_F(Window, FilesOfTheCommandLineAreTakenOrRefused) {
   EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
   EXPECT_EQ(program_.config.waypoint_file, "Sample.way");
   // A waypoint file from elsewhere becomes the current one of the waypoint folder.
+  ASSERT_FALSE(program_.waypoints.waypoints.empty());
   const std::vector<Waypoint> far = {program_.waypoints.waypoints.front()};
   ASSERT_TRUE(WriteWaypointFile(user_.File("Far.way"), far).ok());
   window_->OpenFile(user_.File("Far.way"));
