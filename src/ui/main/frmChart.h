@@ -73,6 +73,7 @@ class FrmChart final : public QMainWindow,
   void ToggleThumbnail();
   void ToggleToolbars();
   void SetNight(bool night);
+  // A step down for a negative step, up for one below 100, otherwise back to the day.
   void AdjustBrightness(int step);
   // Flips a toggle of the settings and writes them.
   void Toggle(std::int16_t AppConfig::*field);
@@ -92,7 +93,6 @@ class FrmChart final : public QMainWindow,
   void RouteByWaypointList();
   void CalculateRouteDialog();
   void OptimiseDialog();
-  void ShowResults();
   void Animate(AnimationDirection direction);
   void PauseAnimation();
   // Stops the animation and brings the time back if it had moved it.
@@ -202,7 +202,7 @@ class FrmChart final : public QMainWindow,
   std::string eta_;
   // The route last made from the waypoint list; the title tells of it until it is changed.
   RouteState listed_route_;
-  int brightness_ = 100;
+  Brightness brightness_;
   bool night_ = false;
   bool tools_shown_ = false;
   bool redraw_ = true;

@@ -4,7 +4,6 @@
 #include "routes/file_forms.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmcalcroute.h"
-#include "ui/dialogs/frmresults.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
 #include "ui/routes/frmLoadWay.h"
@@ -176,15 +175,6 @@ void FrmChart::OptimiseDialog() {
   view_.calculation_on_show = !program().passage.route_track.empty();
   DropAnimation();
   StateChanged();
-}
-
-void FrmChart::ShowResults() {
-  if (program().passage.result_lines.empty()) {
-    messages().Show("No Results to display", MessageIcon::kInformation, kProgramTitle);
-    return;
-  }
-  FrmResults dialog(desktop_, this);
-  dialog.exec();
 }
 
 void FrmChart::Animate(AnimationDirection direction) {

@@ -328,7 +328,7 @@ void FrmChart::SetNight(bool night) {
   night_ = night;
   ApplyTheme(night);
   viewer_->SetNight(night);
-  viewer_->SetBrightness(brightness_);
+  viewer_->SetBrightness(brightness_.level);
   const QString style =
       night ? "background: #000000; color: #00ff00; border: 1px solid #143014; border-radius: 4px;"
             : "background: #dfeaff; color: #000000; border: 1px solid #9db2cc; border-radius: 4px;";
@@ -348,8 +348,14 @@ void FrmChart::SetNight(bool night) {
 }
 
 void FrmChart::AdjustBrightness(int step) {
-  brightness_ = std::clamp(brightness_ + step, 10, 100);
-  viewer_->SetBrightness(brightness_);
+  if (step < 0) {
+    brightness_.Decrease();
+  } else if (step < 100) {
+    brightness_.Increase();
+  } else {
+    brightness_.Reset();
+  }
+  viewer_->SetBrightness(brightness_.level);
   UpdateActions();
 }
 

@@ -1,3 +1,4 @@
+#include "ui/dialogs/frmresults.h"
 #include "ui/dialogs/frmroutehistory.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
@@ -72,7 +73,7 @@ constexpr Command kCommands[] = {
      [](FrmChart& w) { w.OptimiseDialog(); }, nullptr,
      [](const FrmChart& w) { return w.program().config.use_tides != 0; }},
     {"mnuLastRouteResults", "&Show Last Results", "results", "The report of the last calculation",
-     "", kNoNeed, [](FrmChart& w) { w.ShowResults(); }},
+     "", kNoNeed, [](FrmChart& w) { FrmResults::ShowLast(w.desktop(), &w); }},
     {"mnuRouteResultsReview", "&Review Calculation History", "", "All calculations of this run", "",
      kNoNeed, [](FrmChart& w) { FrmRouteHistory(w.desktop(), &w).exec(); }},
     {"mnurouteresultsclear", "&Clear", "", "Forget the stored results", "", kNoNeed,
