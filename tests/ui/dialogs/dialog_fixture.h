@@ -11,6 +11,7 @@
 #include "platform/settings_store.h"
 #include "routes/route.h"
 #include "ui/desktop.h"
+#include "ui/widgets/theme.h"
 
 // A program on the sample data, with everything around the dialogs replaced by recording fakes.
 namespace skerrow {
@@ -76,6 +77,7 @@ class SampleDesk {
             {SKERROW_PROGRAM_FOLDER, (root_ / "documents").string(), (root_ / "settings").string()},
             clock),
         desktop{program, messages, settings, clipboard, window} {
+    ApplyTheme(false);
     std::filesystem::create_directories(root_);
     MakeUserFolders(program.folders);
     LoadProgram(program, messages);
