@@ -41,7 +41,7 @@ void LoadProgram(Program& program, Messages& messages) {
   FindRefPorts(program.tides, program.folders, program.config.tidal_area);
   RebuildTides(program, messages);
   LoadDiamonds(program.tides, program.folders, program.config.tidal_area, messages);
-  program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file);
+  program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file, messages);
   ShowFailure(LoadChartIndex(program.folders, program.config, program.charts, messages), messages);
   program.mouse_mode = MouseMode::kStarting;
   program.replay_active = false;

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <filesystem>
 #include <initializer_list>
-#include <limits>
 #include <system_error>
 
 #include "core/files.h"
@@ -14,8 +13,6 @@ namespace skerrow {
 namespace {
 
 Error Refused(const char* reason) { return Error{"", reason}; }
-
-std::string UpToNul(const std::string& text) { return Trim(text.substr(0, text.find('\0'))); }
 
 // What a calibration is refused for; null for a good one.
 const char* CalibrationFault(const ChartFileRecord& file) {
@@ -102,22 +99,11 @@ Status LoadChartIndex(const Folders& folders, AppConfig& config, ChartState& sta
   const std::string path = JoinPath(folders.Charts(), config.sea_area + ".xrf");
   std::error_code error;
   if (!std::filesystem::exists(path, error)) return Done{};
-  const Result<std::string> content = ReadFile(path);
-  if (!content) return content.error();
-  const std::size_t whole = content->size() / kChartIndexSize * kChartIndexSize;
-  Result<std::vector<ChartIndexEntry>> entries =
-      DecodeRecords(std::string_view(*content).substr(0, whole), path, kChartIndexFields);
-  if (!entries) return entries.error();
-  for (ChartIndexEntry& entry : entries.value()) {
-    entry.chart_key = UpToNul(entry.chart_key);
-    entry.title = UpToNul(entry.title);
-  }
-  state.index = std::move(entries.value());
-  while (!state.index.empty() && state.index.back().title.empty()) state.index.pop_back();
-  if (whole != content->size()) {
-    messages.Show(Error{path, "the last chart of the index is cut short and left out"}.Text(),
-                  MessageIcon::kWarning);
-  }
+  const Result<RecordFile<ChartIndexEntry>> file = ReadRecords(path, kChartIndexFields);
+  if (!file) return file.error();
+  state.index = file->Sound();
+  while (!state.index.empty() && Trim(state.index.back().title).empty()) state.index.pop_back();
+  TellLeftOut(path, file->left_out, messages);
   return Done{};
 }
 
@@ -127,12 +113,9 @@ bool ChartContains(Position position, const ChartIndexEntry& entry) {
 }
 
 void SortChartsByScale(std::vector<ChartIndexEntry>& charts) {
-  const auto order = [](const ChartIndexEntry& entry) {
-    return std::isnan(entry.scale) ? std::numeric_limits<float>::infinity() : entry.scale;
-  };
   std::stable_sort(
       charts.begin(), charts.end(),
-      [&](const ChartIndexEntry& a, const ChartIndexEntry& b) { return order(a) < order(b); });
+      [](const ChartIndexEntry& a, const ChartIndexEntry& b) { return a.scale < b.scale; });
 }
 
 void ChartsAtPoint(Position position, ChartState& state) {

@@ -47,6 +47,7 @@ struct TideState {
   std::vector<int> port_of_diamond;  // index in ref_ports, -1 when there is none
 
   std::vector<std::int16_t> ref_ports;      // record numbers in RefPorts.hc
+  std::vector<bool> ref_port_charted;       // whether a diamond that the area shows refers to it
   std::vector<std::string> ref_port_names;  // "" for a port that the file does not hold
   TideDays days;
   std::shared_ptr<const DayTides> loaded = std::make_shared<DayTides>();
@@ -56,11 +57,11 @@ struct TideState {
 };
 
 // Reads the diamonds of a sea area. When the file cannot be read the table is empty and
-// "LoadDiamondsError " with the reason is shown.
+// "LoadDiamondsError " with the reason is shown; so it is when broken records are left out.
 void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tidal_area,
                   Messages& messages);
 
-// Reads a diamond file of the TS folder by its name, every record of it.
+// Reads a diamond file of the TS folder by its name, every record of it that is not broken.
 void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view file_name,
                     Messages& messages);
 
@@ -69,7 +70,8 @@ void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view f
 void FindRefPorts(TideState& state, const Folders& folders, std::string_view tidal_area);
 
 // Reads RefPorts.hc and builds the heights of the reference ports about a day. A missing or broken
-// file, or a port that it does not hold, leaves those ports without a tide and shows one message.
+// file, or a port that it does not hold, leaves those ports without a tide and shows one message; a
+// missing port that no diamond on the chart refers to is no trouble.
 void BuildRefPortHeights(TideState& state, const Folders& folders, DayAndYear date,
                          bool summer_time, Messages& messages);
 
