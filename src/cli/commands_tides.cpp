@@ -229,6 +229,11 @@ Outcome ShowStream(Session& session, const std::string& latitude, const std::str
                   ", hour slot " + std::to_string(reading.dep_slot) + ", Mins left in Slot " +
                   std::to_string(reading.mins_left) + ", Days Range " + Metres(reading.days_range) +
                   "\n";
+  } else if (reading.no_tide >= 0) {
+    answer.text =
+        "no tidal stream is known: " + NoTideText(session.program.tides, {reading.no_tide}) + "\n";
+  } else if (session.program.tides.diamonds.empty()) {
+    answer.text = "no tidal stream is known: there are no tidal diamonds\n";
   } else {
     answer.text = "no tidal stream is known within " + FormatFixed(kDiamondReach, 1, 0) +
                   " nm of this place\n";

@@ -228,6 +228,7 @@ StreamFault StreamReader::CalculateTidalStreams(Position position, float hours, 
   const Diamond& diamond = state_->diamonds[i];
   StreamReading fresh = NoStream();
   if (!TakeTide(Day(date), state_->port_of_diamond[i], hours, fresh)) {
+    fresh.no_tide = nearest;
     reading = fresh;
     return StreamFault::kNone;
   }
@@ -257,6 +258,30 @@ StreamFault StreamReader::CalcDaysStream(const Diamond& diamond, float hours, Da
   fresh.direction = direction;
   reading = fresh;
   return StreamFault::kNone;
+}
+
+std::string NoTideText(const TideState& state, const std::vector<std::int32_t>& diamonds) {
+  std::vector<std::pair<std::int16_t, std::string>> ports;  // number and labels, by first mention
+  for (const std::int32_t diamond : diamonds) {
+    const auto i = static_cast<std::size_t>(diamond);
+    const std::int16_t number = RoundToInt16(state.diamonds[i].ref_port);
+    auto port = std::find_if(ports.begin(), ports.end(),
+                             [&](const auto& entry) { return entry.first == number; });
+    if (port == ports.end()) port = ports.insert(ports.end(), {number, ""});
+    port->second += (port->second.empty() ? "diamond " : "; ") + state.labels[i];
+  }
+  std::string text;
+  for (const auto& [number, labels] : ports) {
+    const int index = IndexOfPort(state, number);
+    const bool known = index >= 0 &&
+                       static_cast<std::size_t>(index) < state.ref_port_names.size() &&
+                       !state.ref_port_names[static_cast<std::size_t>(index)].empty();
+    text += (text.empty() ? "" : "\n") +
+            (known ? "no high water at " + state.ref_port_names[static_cast<std::size_t>(index)]
+                   : "no reference port number " + std::to_string(number)) +
+            " (" + labels + ")";
+  }
+  return text;
 }
 
 std::string StreamFaultText(std::string_view operation) {

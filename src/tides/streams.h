@@ -94,7 +94,10 @@ struct StreamReading {
   std::int16_t dep_slot = 0;
   std::int16_t mins_left = 0;
   float days_range = 0.0F;
-  std::int32_t diamond = -1;  // index in TideState::diamonds; -1 when none is near enough
+  std::int32_t diamond = -1;  // index in TideState::diamonds; -1 when none gives the reading
+  // The nearest diamond when its reference port has no high water to count from, so that nothing
+  // is known of a stream that may well run; -1 otherwise.
+  std::int32_t no_tide = -1;
   // Whether the reading has a source at all, be it "NONE"; false until the first one is taken.
   bool taken = false;
 };
@@ -113,7 +116,8 @@ class StreamReader {
 
   // CalculateTidalStreams: the stream at a position. With no diamonds, or with equal spring and
   // neap ranges at the nearest, `reading` stays as it came in. Where the nearest diamond is more
-  // than 30 nm away, or its reference port has no tide, rate and direction are 0.
+  // than 30 nm away rate and direction are 0; where its reference port has no high water near the
+  // time they are 0 too, and `no_tide` names the diamond.
   StreamFault CalculateTidalStreams(Position position, float hours, DayAndYear date,
                                     StreamReading& reading);
 
@@ -131,6 +135,10 @@ class StreamReader {
   TideDays days_;
   std::shared_ptr<const DayTides> day_;
 };
+
+// Why these diamonds gave no stream: a line for each of their reference ports with the diamonds
+// that refer to it, such as "no high water at Dover (diamond 2045, 7)".
+std::string NoTideText(const TideState& state, const std::vector<std::int32_t>& diamonds);
 
 // The text shown for a fault of `operation`.
 std::string StreamFaultText(std::string_view operation);

@@ -182,10 +182,17 @@ TEST_F(OneDiamond, EqualRangesLeaveTheReadingAsItWas) {
   EXPECT_TRUE(state_.tidal_streams.empty());
 }
 
-TEST_F(OneDiamond, APortThatNeverTurnsGivesNoStream) {
+TEST_F(OneDiamond, APortThatNeverTurnsGivesNoStreamAndSaysSo) {
   ports_[0] = Port{};
+  ports_[0].name = "Flat";
   Make();
-  EXPECT_EQ(StreamLabel(state_, ReadAt(600)), "NONE");
+  const StreamReading reading = ReadAt(600);
+  EXPECT_EQ(StreamLabel(state_, reading), "NONE");
+  ASSERT_EQ(reading.no_tide, 0);
+  EXPECT_EQ(ReadAt(600, {52.0F, -1.0F}).no_tide, -1);
+  EXPECT_EQ(NoTideText(state_, {0}), "no high water at Flat (diamond 2045, 7)");
+  state_.ref_port_names = {""};
+  EXPECT_EQ(NoTideText(state_, {0, 0}), "no reference port number 1 (diamond 2045, 7; 2045, 7)");
 }
 
 TEST(DiamondIndex, FindsWhatAWalkFinds) {
