@@ -76,8 +76,14 @@ Status CreateSampleWaypoints(const Folders& folders) {
 }
 
 Status EnsureSampleWaypoints(const Folders& folders) {
-  if (FileReadable(WaypointPath(folders, kSampleWaypointFile))) return Done{};
-  return CreateSampleWaypoints(folders);
+  const std::string path = WaypointPath(folders, kSampleWaypointFile);
+  std::error_code error;
+  if (std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found) {
+    return CreateSampleWaypoints(folders);
+  }
+  // One that is there and cannot be read is the user's all the same.
+  if (const Result<std::string> content = ReadFile(path); !content) return content.error();
+  return Done{};
 }
 
 std::optional<Nearest> NearestWaypoint(std::span<const Waypoint> waypoints, Position position,

@@ -83,7 +83,8 @@ std::span<const Waypoint> SampleWaypoints();
 // Writes the sample file.
 Status CreateSampleWaypoints(const Folders& folders);
 
-// Creates the sample file if it cannot be opened, as the start of the program does.
+// Creates the sample file if it is missing, as the start of the program does. Error: it cannot be
+// written, or there is one that cannot be read, which stays as it is.
 Status EnsureSampleWaypoints(const Folders& folders);
 
 // An entry of a table and its range in nautical miles.

@@ -137,6 +137,23 @@ TEST_F(WaypointTest, AppendGoesBehindTheLastWholeRecord) {
   EXPECT_TRUE(std::filesystem::is_directory(Path()));
 }
 
+TEST_F(WaypointTest, ReadOnlyDocumentsAreToldAndKept) {
+  state_.waypoints = {{"one", 50, -1}};
+  ASSERT_TRUE(SaveWaypointsAs(folders_, "Mine.way", state_));
+  const std::string before = FileBytes(Path());
+  std::filesystem::permissions(folders_.Waypoints(), std::filesystem::perms(0555));
+  testing::AsPlainUser([&] {
+    for (const Status& status :
+         {SaveWaypointsAs(folders_, "Mine.way", {}), AppendWaypoint(folders_, config_, {"x", 1, 2}),
+          DeleteNearestWaypoint(folders_, config_, state_, {50, -1})}) {
+      ASSERT_FALSE(status);
+      EXPECT_EQ(status.error().Text(), Path() + ": Permission denied");
+    }
+  });
+  EXPECT_EQ(FileBytes(Path()), before);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folders_.Waypoints()), {}), 1);
+}
+
 TEST_F(WaypointTest, DeleteNearestTakesTheEarlierOfEquals) {
   state_.waypoints = {{"far", 49, -3}, {"same 1", 50, -1}, {"same 2", 50, -1}, {"last", 51, 0}};
   ASSERT_TRUE(SaveWaypointsAs(folders_, "Mine.way", state_));
@@ -178,6 +195,17 @@ TEST_F(WaypointTest, SampleFile) {
     EXPECT_TRUE(mark.latitude > 48 && mark.latitude < 51) << mark.name;
     EXPECT_TRUE(mark.longitude > -6 && mark.longitude < 2) << mark.name;
   }
+  // One that cannot be read is not replaced, and that is told.
+  const std::string bytes = FileBytes(path);
+  std::filesystem::permissions(path, std::filesystem::perms(0000));
+  std::filesystem::permissions(folders_.Waypoints(), std::filesystem::perms(0777));
+  testing::AsPlainUser([&] {
+    const Status refused = EnsureSampleWaypoints(folders_);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().Text(), path + ": Permission denied");
+  });
+  std::filesystem::permissions(path, std::filesystem::perms(0600));
+  EXPECT_EQ(FileBytes(path), bytes);
   // A user's changes to it stay.
   ASSERT_TRUE(WriteWaypointFile(path, {}));
   ASSERT_TRUE(EnsureSampleWaypoints(folders_));
