@@ -12,7 +12,14 @@
 namespace skerrow {
 namespace {
 
+// Two records; a maintenance tool may have left more.
+constexpr std::size_t kMaxChartFileBytes = 64 * kChartFileSize;
+
 Error Refused(const char* reason) { return Error{"", reason}; }
+
+Error NotCalibrated(const std::string& path, const std::string& reason) {
+  return {path, "the chart is not calibrated, " + reason};
+}
 
 // What a calibration is refused for; null for a good one.
 const char* CalibrationFault(const ChartFileRecord& file) {
@@ -67,26 +74,33 @@ Result<ChartRecord> WorkOutChart(const ChartFileRecord& file) {
   chart.east_lon = static_cast<float>(
       (static_cast<double>(file.width) - file.right_pix) * chart.lon_per_col + file.upper_lon);
   // Lines that differ only beyond the precision of the worked-out values place nothing either.
-  if (!std::isnormal(chart.merc_span) || !std::isnormal(chart.row_span) ||
-      !std::isfinite(chart.west_lon) || !std::isfinite(chart.east_lon) ||
-      chart.west_lon == chart.east_lon) {
-    return Refused("the calibration lines lie too close together");
-  }
+  if (!IsCalibrated(chart)) return Refused("the calibration lines lie too close together");
   return chart;
 }
 
+bool IsCalibrated(const ChartRecord& chart) {
+  return std::isnormal(chart.merc_span) && std::isnormal(chart.row_span) &&
+         std::isnormal(chart.lat_per_row) && std::isnormal(chart.lon_per_col) &&
+         std::isfinite(chart.top_row) && std::isfinite(chart.top_merc) &&
+         std::isfinite(chart.west_lon) && std::isfinite(chart.east_lon) &&
+         chart.west_lon != chart.east_lon;
+}
+
+std::string CalibrationFile(std::string_view chart_path) { return NativePath(chart_path) + ".cht"; }
+
 Status ReadChartSettings(AppConfig& config, ChartState& state) {
   config.chart_path = Trim(config.chart_path);
-  const std::string path = NativePath(config.chart_path) + ".cht";
-  if (!FileReadable(path)) {
+  const std::string path = CalibrationFile(config.chart_path);
+  const Result<std::string> content = ReadFile(path, kMaxChartFileBytes);
+  if (!content && !FileReadable(path)) {
     return Error{"", "Does not exist in Mod. ReadChartSettings\n" + path};
   }
-  const Result<std::string> content = ReadFile(path);
   if (!content) return content.error();
+  if (content->empty()) return NotCalibrated(path, "the file is empty");
   ChartFileRecord file = state.chart.file;
   DecodeRecord(*content, kChartFileFields, file);
   const Result<ChartRecord> chart = WorkOutChart(file);
-  if (!chart) return Error{path, chart.error().reason};
+  if (!chart) return NotCalibrated(path, chart.error().reason);
   state.chart = *chart;
   state.history.push_back(config.chart_path);
   return Done{};

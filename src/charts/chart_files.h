@@ -130,10 +130,18 @@ std::string ChartPathOf(const Folders& folders, std::string_view chart_key);
 // degrees, no width.
 Result<ChartRecord> WorkOutChart(const ChartFileRecord& file);
 
+// Whether a calibration places anything: its values are finite and its spans are not zero. One that
+// no chart has been read into doesn't.
+bool IsCalibrated(const ChartRecord& chart);
+
+// The file that holds the calibration of a chart.
+std::string CalibrationFile(std::string_view chart_path);
+
 // Reads the settings of the chart of ChartPath, trimming that field, and adds the path to the
 // history. Fields beyond the end of a short file keep what the record held. Errors, with record
 // and history as they were: "Does not exist in Mod. ReadChartSettings" and the path on a new line;
-// an unreadable file; a calibration that WorkOutChart refuses.
+// an unreadable file; "the chart is not calibrated" with the reason, for an empty file and for one
+// that WorkOutChart refuses.
 Status ReadChartSettings(AppConfig& config, ChartState& state);
 
 // Reads the index of the sea area of `config`, trimming that field. Titles and keys end at their

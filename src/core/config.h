@@ -293,6 +293,13 @@ AppConfig DefaultConfig(const std::string& program_folder);
 // file." and gives false.
 bool WriteDefaultConfig(const Folders& folders, Messages& messages);
 
+// Puts the defaults in the place of the stored settings, which are first copied to HelmConfig.bak
+// beside them; an earlier HelmConfig.bak that differs goes on to HelmConfig-1.bak, or the next free
+// number, so that no copy is ever written over. Gives the path of the copy; it is empty where there
+// was nothing to lose, no settings or the defaults. Error, with the settings as they were: they
+// cannot be read, copied or written.
+Result<std::string> RestoreDefaultConfig(const Folders& folders);
+
 // Reads the stored record over `config`. A short file leaves the fields beyond its end as they
 // were; an unreadable one leaves all and gives the error.
 Status ReadConfig(const Folders& folders, AppConfig& config);

@@ -138,6 +138,19 @@ Status AppendToFile(const std::string& path, std::string_view content) {
   return file->Write(content);
 }
 
+bool FileIsThere(const std::string& path) {
+  std::error_code error;
+  return fs::symlink_status(path, error).type() != fs::file_type::not_found;
+}
+
+Status MoveFile(const std::string& from, const std::string& to) {
+  if (FileIsThere(to)) return Error{to, "there is a file of that name already"};
+  std::error_code error;
+  fs::rename(from, to, error);
+  if (error) return Error{from, error.message()};
+  return Done{};
+}
+
 Status DeleteFile(const std::string& path) {
   std::error_code error;
   fs::remove(path, error);

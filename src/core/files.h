@@ -47,6 +47,12 @@ int ClearLeftovers(const std::string& folder);
 // Adds `content` at the end of the file at `path`, creating it when missing.
 Status AppendToFile(const std::string& path, std::string_view content);
 
+// Whether anything stands at `path`, readable or not.
+bool FileIsThere(const std::string& path);
+
+// Gives a file another name in the same folder. Error: something stands there already.
+Status MoveFile(const std::string& from, const std::string& to);
+
 // Deletes a file; a missing one is no error.
 Status DeleteFile(const std::string& path);
 

@@ -5,8 +5,6 @@
 #include <QStringList>
 #include <QVariant>
 #include <charconv>
-#include <filesystem>
-#include <system_error>
 
 #include "core/files.h"
 
@@ -113,8 +111,7 @@ void SettingsStore::SetInt(std::string_view section, std::string_view key, int v
 }
 
 std::unique_ptr<SettingsStore> OpenSettingsStore(const std::string& path) {
-  std::error_code error;
-  if (std::filesystem::exists(path, error)) {
+  if (FileIsThere(path)) {
     const Result<std::string> content = ReadFile(path, kMaxSettingsStoreSize);
     if (!content) return std::make_unique<UnusableSettingsStore>(content.error());
   }

@@ -1,8 +1,5 @@
 #include "routes/waypoint.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "core/files.h"
 #include "core/plane_sailing.h"
 
@@ -49,8 +46,7 @@ Status AppendWaypoint(const Folders& folders, const AppConfig& config, const Way
     return sound;
   }
   std::string content;
-  std::error_code error;
-  if (std::filesystem::exists(path, error)) {
+  if (FileIsThere(path)) {
     Result<std::string> old = ReadFile(path);
     if (!old) return old.error();
     content = std::move(old.value());
@@ -77,10 +73,7 @@ Status CreateSampleWaypoints(const Folders& folders) {
 
 Status EnsureSampleWaypoints(const Folders& folders) {
   const std::string path = WaypointPath(folders, kSampleWaypointFile);
-  std::error_code error;
-  if (std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found) {
-    return CreateSampleWaypoints(folders);
-  }
+  if (!FileIsThere(path)) return CreateSampleWaypoints(folders);
   // One that is there and cannot be read is the user's all the same.
   if (const Result<std::string> content = ReadFile(path); !content) return content.error();
   return Done{};

@@ -141,7 +141,8 @@ TEST_F(ChartFilesTest, RefusalsLeaveTheChartInForce) {
     const std::string path = Chart("bad", Bytes(bad));
     const Status status = OpenChart(path, config_, state_);
     ASSERT_FALSE(status) << row.reason;
-    EXPECT_EQ(status.error().Text(), path + ".cht: " + row.reason);
+    EXPECT_EQ(status.error().Text(), path + ".cht: the chart is not calibrated, " + row.reason);
+    EXPECT_TRUE(IsCalibrated(state_.chart));
     EXPECT_EQ(config_.chart_path, good);
     EXPECT_EQ(state_.history.size(), 1U);
     EXPECT_EQ(state_.chart.top_lat, 51.0F);
@@ -150,9 +151,15 @@ TEST_F(ChartFilesTest, RefusalsLeaveTheChartInForce) {
   EXPECT_EQ(OpenChart(gone, config_, state_).error().Text(),
             "Does not exist in Mod. ReadChartSettings\n" + gone + ".cht");
   EXPECT_EQ(config_.chart_path, good);
-  // A first chart cannot be an empty file: there is no earlier calibration.
+  // An empty file is none of the chart before either.
+  const std::string empty = Chart("empty", "");
+  EXPECT_EQ(OpenChart(empty, config_, state_).error().Text(),
+            empty + ".cht: the chart is not calibrated, the file is empty");
+  EXPECT_EQ(state_.chart.top_lat, 51.0F);
+  // Without a chart before, what a short file does not reach is not there.
   ChartState fresh;
-  EXPECT_FALSE(OpenChart(Chart("empty", ""), config_, fresh));
+  EXPECT_FALSE(OpenChart(Chart("short", Bytes(Channel()).substr(0, 20)), config_, fresh));
+  EXPECT_FALSE(IsCalibrated(fresh.chart));
 }
 
 ChartIndexEntry Entry(const char* key, const char* title, float scale, float low, float high) {

@@ -267,6 +267,50 @@ TEST_F(ConfigTest, ToggleKeepsWhatAnotherInstanceStored) {
   EXPECT_EQ(stored.toolbar_visible, kFalse);
 }
 
+TEST_F(ConfigTest, DefaultsCostNoSettings) {
+  const std::string bak = folder_.File("SkerrowHelm/HelmConfig.bak");
+  const std::string older = folder_.File("SkerrowHelm/HelmConfig-1.bak");
+  const auto store = [&](const std::string& area) {
+    AppConfig config = DefaultConfig("/opt/skerrow");
+    config.sea_area = area;
+    EXPECT_TRUE(SaveConfig(folders_, config));
+    return FileBytes(folders_.ConfigFile());
+  };
+  const auto restore = [&] {
+    const Result<std::string> copy = RestoreDefaultConfig(folders_);
+    EXPECT_TRUE(copy) << (copy ? "" : copy.error().Text());
+    EXPECT_EQ(FileBytes(folders_.ConfigFile()), GoldenFile());
+    return copy ? *copy : "";
+  };
+  EXPECT_EQ(restore(), "");  // there were none
+  const std::string first = store("First");
+  EXPECT_EQ(restore(), bak);
+  EXPECT_EQ(FileBytes(bak), first);
+  EXPECT_EQ(restore(), "");  // the defaults again: the copy stays
+  EXPECT_EQ(FileBytes(bak), first);
+  store("First");
+  EXPECT_EQ(restore(), bak);
+  EXPECT_FALSE(FileIsThere(older));
+  const std::string second = store("Second");
+  EXPECT_EQ(restore(), bak);
+  EXPECT_EQ(FileBytes(bak), second);
+  EXPECT_EQ(FileBytes(older), first);
+  store("Third");
+  EXPECT_EQ(restore(), bak);
+  EXPECT_EQ(FileBytes(older), first);
+  EXPECT_EQ(FileBytes(folder_.File("SkerrowHelm/HelmConfig-2.bak")), second);
+
+  // No copy, no reset.
+  const std::string kept = store("Kept");
+  std::filesystem::permissions(folders_.SettingsData(), std::filesystem::perms(0555));
+  testing::AsPlainUser([&] {
+    const Result<std::string> refused = RestoreDefaultConfig(folders_);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().reason, "Permission denied");
+  });
+  EXPECT_EQ(FileBytes(folders_.ConfigFile()), kept);
+}
+
 TEST_F(ConfigTest, UnwritableSettingsAreTold) {
   const Folders nowhere{"/opt/skerrow", folder_.path(), folder_.File("no/such")};
   messages_.Expect("Unable to create a configuration file.");
