@@ -2,7 +2,9 @@
 # the same bits on every machine.
 add_library(skerrow_flags INTERFACE)
 target_compile_options(skerrow_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -ffp-contract=off)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -ffp-contract=off
+  # With this ccache keeps what is compiled on precompiled headers.
+  $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 # GCC 12 sees overlapping copies in std::string where there are none (its bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(skerrow_flags INTERFACE -Wno-restrict)
@@ -23,8 +25,34 @@ if(SKERROW_MOLD)
 endif()
 find_program(SKERROW_CCACHE ccache)
 if(SKERROW_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${SKERROW_CCACHE})
+  # A checkout elsewhere finds the same objects; the sloppiness is what precompiled headers need.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_SLOPPINESS=pch_defines,time_macros
+    ${SKERROW_CCACHE})
 endif()
+
+# skerrow_headers(NAME LIBRARIES <L>... HEADERS <H>...): headers that are read once for all the
+# targets that skerrow_precompiled gives them to.
+function(skerrow_headers name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES;HEADERS")
+  file(WRITE ${CMAKE_BINARY_DIR}/${name}.cpp "")
+  add_library(${name} STATIC ${CMAKE_BINARY_DIR}/${name}.cpp)
+  target_link_libraries(${name} PRIVATE skerrow_flags ${arg_LIBRARIES})
+  target_precompile_headers(${name} PRIVATE
+    <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <span> <string>
+    <string_view> <utility> <vector> ${arg_HEADERS})
+endfunction()
+
+# skerrow_precompiled(HEADERS TARGET...)
+function(skerrow_precompiled headers)
+  foreach(target IN LISTS ARGN)
+    target_precompile_headers(${target} REUSE_FROM ${headers})
+    # Bug 105651 again: in a precompiled header the library's own headers are not exempt.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+      target_compile_options(${target} PRIVATE -Wno-stringop-overflow -Wno-array-bounds)
+    endif()
+  endforeach()
+endfunction()
 
 # skerrow_library(NAME FLOOR_BELOW...): the library of folder src/NAME. It links only the folders
 # named, so that an include from a higher floor fails to compile or to link.

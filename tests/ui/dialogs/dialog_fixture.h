@@ -11,6 +11,7 @@
 #include "platform/settings_store.h"
 #include "routes/route.h"
 #include "ui/desktop.h"
+#include "ui/widgets/theme.h"
 
 // A program on the sample data, with everything around the dialogs replaced by recording fakes.
 namespace skerrow {
@@ -43,11 +44,10 @@ class RecordingMessages final : public Messages {
 
 class FakeWindow final : public MainWindowPort {
  public:
-  void Repaint() override { ++repaints; }
-  void UpdateCaption() override {}
-  void UpdateStatusBar() override {}
-  void UpdateRouteCombo() override {}
-  void StateChanged() override { ++changes; }
+  void Changed(std::uint32_t what) override {
+    ++changes;
+    changed |= what;
+  }
   std::unique_ptr<Progress> StartProgress(const char*) override {
     struct Counting final : Progress {
       explicit Counting(FakeWindow& w) : window(w) {}
@@ -60,8 +60,8 @@ class FakeWindow final : public MainWindowPort {
     return std::make_unique<Counting>(*this);
   }
 
-  int repaints = 0;
   int changes = 0;
+  std::uint32_t changed = 0;  // all of them together
   std::vector<double> steps;
   std::optional<double> stop_at;  // percent from which the user wants to stop
 };
@@ -75,7 +75,8 @@ class SampleDesk {
         program(
             {SKERROW_PROGRAM_FOLDER, (root_ / "documents").string(), (root_ / "settings").string()},
             clock),
-        desktop{program, messages, settings, clipboard, window} {
+        desktop{program, messages, settings, clipboard, window, view} {
+    ApplyTheme(false);
     std::filesystem::create_directories(root_);
     MakeUserFolders(program.folders);
     LoadProgram(program, messages);
@@ -104,6 +105,7 @@ class SampleDesk {
   MemorySettingsStore settings;
   MemoryClipboard clipboard;
   FakeWindow window;
+  ViewState view;
   Program program;
   Desktop desktop;
 };
