@@ -95,7 +95,7 @@ void LoadArea(Program& program, Messages& messages) {
   FindRefPorts(program.tides, program.folders, program.config.tidal_area);
   RebuildTides(program, messages);
   LoadDiamonds(program.tides, program.folders, program.config.tidal_area, messages);
-  program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file);
+  program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file, messages);
   const Status index = LoadChartIndex(program.folders, program.config, program.charts, messages);
   if (!index) messages.Show(index.error().Text(), MessageIcon::kWarning);
 }
