@@ -180,6 +180,27 @@ TEST_F(CommandLine, TidesAndStreams) {
   EXPECT_GE(streams.size(), 48U);
 }
 
+// An hour later on the clock, everything is as it was on standard time.
+TEST_F(CommandLine, SummerTimeIsAnHourAhead) {
+  const std::string summer = "--set SummerTime=-1 ";
+  const auto tide = Json("tide dover --date 2026-12-05");
+  const auto later = Json(summer + "tide dover --date 2026-12-05");
+  for (const std::size_t entry : {0U, 60U, 138U}) {
+    EXPECT_EQ(later["curve"][entry + 6][1], tide["curve"][entry][1]);
+  }
+  EXPECT_NEAR(later["waters"][0]["hours"].get<double>(),
+              tide["waters"][0]["hours"].get<double>() + 1, 1e-5);
+  EXPECT_NE(Run(summer + "tide dover --date 2026-12-05").out.find(", summer time"),
+            std::string::npos);
+  const std::string place = "stream 50.30.00N 001.20.00W --date 2026-12-05 --time ";
+  EXPECT_EQ(Json(summer + place + "07:30"), Json(place + "06:30"));
+  EXPECT_EQ(Json(summer + "streams --date 2026-12-05 --time 07:30"),
+            Json("streams --date 2026-12-05 --time 06:30"));
+  const auto plan = Json("plan --date 2026-12-05 --time 06:30");
+  const auto plan_later = Json(summer + "plan --date 2026-12-05 --time 07:30");
+  EXPECT_NEAR(plan_later["hours"].get<double>(), plan["hours"].get<double>(), 1e-3);
+}
+
 TEST_F(CommandLine, PlansTheSampleRoutes) {
   for (const std::string file : {"", "'Portland Bill.rte'", "'Round Alderney.rte'"}) {
     const auto plan = Json("plan " + file + " --date 2026-12-05 --time 06:30");
