@@ -137,9 +137,10 @@ TEST_F(OneDiamond, TheTableOfTheChartRoundsTwice) {
     float rate;      // of the table
     double reading;  // as the leg solver has it
   } rows[] = {{0.1449F, 0.1449F, 30, 0.1F, 0.1449},
-              {0.145F, 0.145F, 30, 0.1F, 0.145},  // 14.5 hundredths as a single: below the half
-              {0.055F, 0.045F, 30, 0.1F, 0.05},   // 6 and 4 hundredths: 0.05, the half goes up
-              {0.054F, 0.044F, 30, 0.0F, 0.049},  // 5 and 4 hundredths: 0.045
+              {0.145F, 0.145F, 30, 0.1F, 0.145},     // 14.5 hundredths as a single: below the half
+              {0.055F, 0.045F, 30, 0.1F, 0.05},      // 6 and 4 hundredths: 0.05, the half goes up
+              {0.054F, 0.044F, 30, 0.0F, 0.049},     // 5 and 4 hundredths: 0.045
+              {0.0551F, 0.0441F, 30, 0.1F, 0.0496},  // 6 and 4 hundredths
               {2.34F, 1.14F, 45, 2.0F, 2.04},
               {2.0F, 3.0F, 6, 2.9F, 2.9},
               {0.2551F, 0.2449F, 30, 0.3F, 0.25}};  // 26 and 24 hundredths: 0.25

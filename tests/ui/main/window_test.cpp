@@ -638,7 +638,9 @@ TEST_F(Window, FilesOfTheCommandLineAreTakenOrRefused) {
   };
   const std::pair<std::string, const char*> bad[] = {
       {write("short.rte", std::string(48, 'x')), ": point 1 has a latitude beyond 90 degrees"},
-      {write("bad.cht", "no chart"), ": a calibration latitude lies at or beyond a pole"},
+      {write("bad.cht", "no chart"),
+       ": the chart is not calibrated, a calibration latitude lies at or beyond a "
+       "pole"},
       {write("bad.way", std::string(7, 'x')), ": there is no waypoint in it"},
       {user_.File("gone.way"), ": the file does not exist"},
       {write("notes.txt", ""), ": this is no route, waypoint or chart file"}};
