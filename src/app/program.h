@@ -124,7 +124,7 @@ struct SelectedTimeEntry {
   int year = 2000;
 };
 
-// The fixed words of a refusal.
+// The words of a refusal.
 std::string SelectedTimeText(SelectedTimeRefusal refusal);
 
 // Makes a typed time the selected one: the calculated track goes, the tides follow.

@@ -224,6 +224,38 @@ TEST_F(Started, CommsTicksTakeTurnsAndOverrideTheSetTime) {
   EXPECT_GT(program_.gps_text.lost, 0U);
 }
 
+// A record at the first tick and then whenever the interval of the settings has gone by.
+TEST_F(Started, TheLogKeepsItsInterval) {
+  Start();
+  program_.config.log_interval = 40;
+  const std::pair<int, int> rows[] = {{0, 1}, {39, 1}, {41, 2}, {80, 2}, {82, 3}};
+  for (const auto& [seconds, records] : rows) {
+    clock_.now.minute = 30 + seconds / 60;
+    clock_.now.second = seconds % 60;
+    for (int i = 0; i < 30; ++i) CommsTick(program_, window_, instruments_);
+    EXPECT_EQ(instruments_.log_records, records) << seconds;
+  }
+}
+
+// The clock of summer time runs an hour ahead of the tide, in the heights and in what follows.
+TEST_F(Started, SummerTimeMovesTheTides) {
+  Start();
+  program_.selected_time.override_ = true;
+  program_.selected_time.hours = 6.5F;
+  RebuildTides(program_, messages_);
+  const RefPortState standard = program_.tides.ref_port_states.front();
+  const float height = program_.tides.loaded->ports.front().heights[145];
+  program_.config.summer_time = kTrue;
+  program_.selected_time.hours = 7.5F;
+  RebuildTides(program_, messages_);
+  const RefPortState summer = program_.tides.ref_port_states.front();
+  EXPECT_EQ(standard.hw_time, "08:20");
+  EXPECT_EQ(summer.hw_time, "09:20");
+  EXPECT_EQ(summer.dep_slot, standard.dep_slot);
+  EXPECT_EQ(summer.mins_left, standard.mins_left);
+  EXPECT_EQ(program_.tides.loaded->ports.front().heights[151], height);
+}
+
 TEST_F(Started, TheTidesRollByHalfHoursThroughMidnight) {
   Start();
   struct Row {

@@ -70,7 +70,7 @@ enum class ConfigureRefusal {
   kTextSize,
 };
 
-// The fixed words of a refusal, and whether a beep goes before them.
+// The words of a refusal, and whether a beep goes before them.
 std::string_view ConfigureText(ConfigureRefusal refusal);
 bool ConfigureBeeps(ConfigureRefusal refusal);
 
