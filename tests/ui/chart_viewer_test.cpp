@@ -13,7 +13,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "ui/drawing/recording_surface.h"
+#include "support/recording_surface.h"
 #include "ui/viewer/chart_overview.h"
 
 namespace skerrow {

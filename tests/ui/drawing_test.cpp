@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "ui/drawing/qt_surface.h"
-#include "ui/drawing/recording_surface.h"
+#include "support/recording_surface.h"
 
 namespace skerrow {
 namespace {

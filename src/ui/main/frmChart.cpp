@@ -84,7 +84,10 @@ FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings
   viewer_->setAccessibleName("Chart");
   setCentralWidget(viewer_);
   viewer_->SetEvents(this);
-  viewer_->SetOverlayPainter([this](DrawingSurface& surface) { PaintOverlays(surface); });
+  viewer_->SetOverlayPainter([this](DrawingSurface& surface, const ViewGeometry& area) {
+    PaintOverlays(surface, area);
+  });
+  viewer_->SetLivePainter([this](DrawingSurface& surface) { PaintLive(surface); });
   viewer_->SetPointer(Qt::CrossCursor);
   if (const QScreen* primary = QGuiApplication::primaryScreen()) {
     view_.display_height = primary->size().height();

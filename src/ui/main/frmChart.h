@@ -167,7 +167,8 @@ class FrmChart final : public QMainWindow,
   // Makes a chart the current one and shows it; everything as it was when it cannot be opened.
   bool SwitchChart(const std::string& chart_path);
   void LoadAreaData();
-  void PaintOverlays(DrawingSurface& surface);
+  void PaintOverlays(DrawingSurface& surface, const ViewGeometry& area);
+  void PaintLive(DrawingSurface& surface);
   // Tells that there is no chart, puts the default settings back and ends the program.
   void GiveUpChart();
   void SaveView();

@@ -10,6 +10,7 @@
 #include "ui/dialogs/frmLoadChart.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
+#include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
 #include "ui/widgets/qt_text.h"
 #include "ui/widgets/theme.h"
@@ -138,14 +139,22 @@ void FrmChart::RestoreView() {
   }
 }
 
-void FrmChart::PaintOverlays(DrawingSurface& surface) {
+void FrmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) {
   if (!redraw_ || viewer_->image_height() < 1) return;
-  const OverlayView seen =
-      MakeOverlayView(program().charts.chart, viewer_->geometry(), program().config.text_size);
+  const OverlayView seen = MakeOverlayView(program().charts.chart, viewer_->geometry(), area,
+                                           program().config.text_size);
   DrawOverlays(surface, seen, program(), view_);
   const QString mob = ToQt(MobLabelText(seen, view_)).trimmed();
   if (mob_label_->text() != mob) mob_label_->setText(mob);
   if (mob_label_->isHidden() == !mob.isEmpty()) mob_label_->setVisible(!mob.isEmpty());
+}
+
+void FrmChart::PaintLive(DrawingSurface& surface) {
+  if (!redraw_ || viewer_->image_height() < 1) return;
+  DrawLiveOverlays(surface,
+                   MakeOverlayView(program().charts.chart, viewer_->geometry(),
+                                   viewer_->geometry(), program().config.text_size),
+                   program(), view_);
 }
 
 // Everything of a sea area beside the chart itself.
@@ -426,6 +435,7 @@ bool FrmChart::MouseMoved(const ViewerMouse& mouse) {
   mouse_.Move(PlaceUnder(mouse),
               {mouse.buttons.testFlag(Qt::LeftButton), mouse.buttons.testFlag(Qt::RightButton),
                mouse.modifiers.testFlag(Qt::ShiftModifier)});
+  if (LiveOverlaysShown(program(), view_)) viewer_->RedrawLive();
   return false;
 }
 

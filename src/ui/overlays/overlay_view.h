@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 #include <vector>
 
 #include "charts/chart_files.h"
@@ -17,12 +16,14 @@ namespace skerrow {
 inline constexpr std::int32_t kRed = Rgb(255, 0, 0);
 inline constexpr std::int32_t kBlue = Rgb(0, 0, 255);
 inline constexpr std::int32_t kBlack = Rgb(0, 0, 0);
+// The ground under letters and lines that must stand out: paper.
+inline constexpr std::int32_t kGround = Rgb(255, 255, 255);
 inline constexpr std::int32_t kLightGrey = Rgb(192, 192, 192);
 
 // The chart as it stands in the view during one paint.
 struct OverlayView {
   ChartView chart;
-  ViewGeometry geometry;
+  ViewGeometry geometry;  // of what is drawn on
   // The chart's borders, degrees.
   float top_lat = 0.0F;
   float bottom_lat = 0.0F;
@@ -51,18 +52,13 @@ struct OverlayView {
   bool Seen(SurfacePoint at, double reach) const;
 };
 
-// The view of a chart. `geometry` knows the picture's size, the zoom and the scroll position.
-OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& geometry, int text_size);
+// The view of a chart. `shown` knows the picture's size, the zoom and the scroll position; `area` is
+// what is drawn on, the view itself or more.
+OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& shown,
+                            const ViewGeometry& area, int text_size);
 
 // Base radius of ring marks for a view and a picture of that size; 0 without a picture.
 int MarkerRadius(double view_width, int image_width, int image_height);
-
-enum class LabelSide { kRight, kLeft };
-
-// A text beside a mark of that radius. Names of waypoints and route points stand on the right, what
-// may share their place on the left.
-void DrawLabel(DrawingSurface& surface, const OverlayView& view, SurfacePoint at, double radius,
-               std::string_view text, std::int32_t colour, LabelSide side = LabelSide::kRight);
 
 // A ring at a place. Outside the chart, and off the screen, nothing.
 void DrawCircle(DrawingSurface& surface, const OverlayView& view, Position at, double radius,

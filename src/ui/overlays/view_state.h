@@ -53,6 +53,9 @@ struct ViewState {
   bool mob_on = false;
   Position mob;
 
+  // Names show even where there is no room for them.
+  bool every_name = false;
+
   // A calculated course is on show.
   bool calculation_on_show = false;
   // The chart that the chart chooser would open.

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "ui/drawing/drawing_surface.h"
+#include "ui/drawing/look.h"
 
 namespace skerrow {
 namespace {
@@ -80,7 +80,7 @@ void ChartOverview::paintEvent(QPaintEvent*) {
   painter.fillRect(rect(), night ? QColor(0x16, 0x1a, 0x20) : QColor(0xe8, 0xec, 0xf0));
   if (viewer_.image() != nullptr) {
     painter.drawImage(Offset(), Small());
-    painter.setPen(QPen(ToQColor(night ? NightColour(kFrameColour) : kFrameColour), 1.5));
+    painter.setPen(QPen(ToQColor(ShownColour(kFrameColour, viewer_.look())), 1.5));
     const QRectF inside = QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75);
     painter.drawRect(Frame() & inside);
   }

@@ -20,6 +20,7 @@ namespace {
 constexpr QRgb kDayDesk = qRgb(0xc3, 0xcb, 0xd4);
 constexpr QRgb kNightDesk = qRgb(0x0c, 0x0f, 0x13);
 constexpr double kZoomPerNotch = 1.25;
+constexpr int kEdgeDelay = 60;  // ms
 constexpr std::int32_t kSelectionColour = 0x0000ff;  // red
 
 // Slim scroll bars whose colours do not hang on the desktop's style.
@@ -65,12 +66,15 @@ ChartViewer::ChartViewer(QWidget* parent) : QAbstractScrollArea(parent) {
   viewport()->setMouseTracking(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::CrossCursor);
-  connect(&tiles_, &TileStore::TilesReady, this, [this] { Redraw(); });
+  connect(&tiles_, &TileStore::TilesReady, viewport(), qOverload<>(&QWidget::update));
+  edge_timer_.setSingleShot(true);
+  edge_timer_.setInterval(kEdgeDelay);
+  connect(&edge_timer_, &QTimer::timeout, this, &ChartViewer::Redraw);
   connect(&loader_, &ChartLoader::Progressed, this, &ChartViewer::OpenProgress);
   connect(&loader_, &ChartLoader::Cancelled, this, &ChartViewer::OpenCancelled);
   connect(&loader_, &ChartLoader::Reduced, this, [this] {
     emit PictureChanged();
-    Redraw();
+    viewport()->update();
   });
   connect(&loader_, &ChartLoader::Loaded, this, [this](std::shared_ptr<ChartImage> loaded) {
     ShowImage(std::move(loaded));
@@ -123,12 +127,24 @@ void ChartViewer::ShowImage(std::shared_ptr<const ChartImage> image) {
   selection_.reset();
   band_start_.reset();
   pan_grip_.reset();
+  layer_.Invalidate();
   emit PictureChanged();
   AfterViewChange();
 }
 
+void ChartViewer::SetOverlayPainter(OverlayPainter painter) {
+  overlay_ = std::move(painter);
+  Redraw();
+}
+
+void ChartViewer::Redraw() {
+  layer_.Invalidate();
+  viewport()->update();
+}
+
 std::int64_t ChartViewer::MemoryUse() const {
-  return (image_ ? image_->MemoryUse() : 0) + tiles_.MemoryUse();
+  return (image_ ? image_->MemoryUse() : 0) + tiles_.MemoryUse() + layer_.MemoryUse() +
+         texts_.MemoryUse();
 }
 
 void ChartViewer::SetZoom(double zoom) {
@@ -192,13 +208,13 @@ QPointF ChartViewer::ImageToView(ImagePoint point) const {
 
 void ChartViewer::SetSelection(ImageRect rect) {
   selection_ = rect;
-  Redraw();
+  viewport()->update();
 }
 
 void ChartViewer::ClearSelection() {
   selection_.reset();
   band_start_.reset();
-  Redraw();
+  viewport()->update();
 }
 
 void ChartViewer::ZoomToSelection() {
@@ -217,7 +233,7 @@ void ChartViewer::ApplyLook(Look new_look) {
   tiles_.SetLook(new_look);
   if (new_look.night != old.night) setStyleSheet(ScrollBarStyle(new_look.night));
   emit PictureChanged();
-  Redraw();
+  viewport()->update();
 }
 
 void ChartViewer::SetMouseMode(MouseMode mode) {
@@ -234,6 +250,7 @@ void ChartViewer::UpdateViewSize() {
     return;
   }
   geometry_.SetViewSize(size.width(), size.height(), ratio);
+  layer_.Invalidate();  // marks are sized by the view
   const double screen_pixels = size.width() * ratio * size.height() * ratio;
   // Enough for the view, what is around it, and the scale before.
   tiles_.SetBudget(std::max<std::int64_t>(std::int64_t{16} << 20,
@@ -244,7 +261,7 @@ void ChartViewer::UpdateViewSize() {
 void ChartViewer::AfterViewChange() {
   SyncScrollBars();
   emit ViewChanged();
-  Redraw();
+  viewport()->update();
 }
 
 void ChartViewer::SyncScrollBars() {
@@ -282,9 +299,20 @@ void ChartViewer::paintEvent(QPaintEvent* event) {
   UpdateViewSize();
   QPainter painter(viewport());
   PaintChart(painter, event->region());
-  QtSurface surface(painter, QSizeF(viewport()->size()), look().night);
-  if (overlay_ && image_) overlay_(surface);
+  if (overlay_ && image_) PaintOverlays(painter);
+  QtSurface surface(painter, QSizeF(viewport()->size()), look(), &texts_);
+  if (live_ && image_ && mouse_inside_) live_(surface);
   PaintSelection(surface);
+}
+
+void ChartViewer::PaintOverlays(QPainter& painter) {
+  if (!layer_.Usable(geometry_, look())) {
+    layer_.Draw(geometry_, look(), texts_, overlay_);
+    edge_timer_.stop();
+  } else if (!layer_.Covers(geometry_, OverlayLayer::kMargin / 2) && !edge_timer_.isActive()) {
+    edge_timer_.start();
+  }
+  layer_.Paint(painter, geometry_);
 }
 
 void ChartViewer::PaintChart(QPainter& painter, const QRegion& region) {
@@ -371,7 +399,7 @@ void ChartViewer::mousePressEvent(QMouseEvent* event) {
   if (mouse_mode_ == MouseMode::kRubberBand) {
     band_start_ = mouse.image;
     selection_.reset();
-    Redraw();
+    viewport()->update();
   } else if (mouse_mode_ == MouseMode::kPan) {
     pan_grip_ = mouse.image;
   }
@@ -430,7 +458,12 @@ void ChartViewer::keyPressEvent(QKeyEvent* event) {
 }
 
 bool ChartViewer::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::Leave && events_ != nullptr) events_->MouseLeft();
+  if (event->type() == QEvent::MouseMove) mouse_inside_ = true;
+  if (event->type() == QEvent::Leave) {
+    mouse_inside_ = false;
+    RedrawLive();
+    if (events_ != nullptr) events_->MouseLeft();
+  }
   return QAbstractScrollArea::viewportEvent(event);
 }
 

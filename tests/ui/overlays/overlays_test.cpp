@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/plane_sailing.h"
-#include "ui/drawing/recording_surface.h"
+#include "support/recording_surface.h"
 
 namespace skerrow {
 namespace {
@@ -53,7 +53,7 @@ class OverlaysTest : public ::testing::Test {
     geometry.SetViewSize(1600.0, 900.0, 1.0);
     geometry.SetZoom(zoom);
     geometry.Place(corner, {0.0, 0.0});
-    view = MakeOverlayView(program.charts.chart, geometry, 12);
+    view = MakeOverlayView(program.charts.chart, geometry, geometry, 12);
   }
 
   void SetRoute(const std::vector<RoutePoint>& points) {
@@ -171,7 +171,7 @@ TEST_F(OverlaysTest, NothingToShowAndNoPictureDrawNothing) {
   EXPECT_EQ(Draw().find("ring"), std::string::npos);
   EXPECT_EQ(DrawOne("dividers"), "");
   FillEverything();
-  view = MakeOverlayView(program.charts.chart, ViewGeometry(), 12);
+  view = MakeOverlayView(program.charts.chart, {}, {}, 12);
   EXPECT_EQ(Draw(), "");
 }
 

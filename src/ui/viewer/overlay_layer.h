@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "ui/drawing/drawing_surface.h"
+#include "ui/drawing/look.h"
+#include "ui/drawing/text_pictures.h"
+#include "ui/viewer/view_geometry.h"
+
+class QPainter;
+
+namespace skerrow {
+
+// Draws over a chart. `area` says where the chart stands on the surface, which may reach beyond the
+// view.
+using OverlayPainter = std::function<void(DrawingSurface&, const ViewGeometry& area)>;
+
+// What stands over the chart, drawn once into a picture somewhat larger than the view, which then
+// moves with the chart, screen pixel by screen pixel.
+class OverlayLayer {
+ public:
+  // How far the picture reaches beyond the view, screen pixels.
+  static constexpr int kMargin = 256;
+
+  // What it shows is no longer so.
+  void Invalidate() { valid_ = false; }
+  // Whether it can be shown at a place of the chart: nothing changed but the place, and it reaches
+  // at least to the middle of the view.
+  bool Usable(const ViewGeometry& view, const Look& look) const;
+  // Whether it also reaches `reach` screen pixels beyond the view, as far as there is chart.
+  bool Covers(const ViewGeometry& view, int reach) const;
+  // Draws it anew about a view.
+  void Draw(const ViewGeometry& view, const Look& look, TextPictures& texts,
+            const OverlayPainter& overlay);
+  // Copies it to where it belongs in the view. `painter` counts in view pixels.
+  void Paint(QPainter& painter, const ViewGeometry& view) const;
+  std::int64_t MemoryUse() const { return picture_.sizeInBytes(); }
+
+ private:
+  void FindInk();
+
+  bool valid_ = false;
+  QImage picture_;
+  // The parts of the picture with something in them.
+  std::vector<QRect> ink_;
+  Look look_;
+  double scale_ = 0.0;
+  double pixel_ratio_ = 0.0;
+  // The place of the picture's corner in the scaled chart, screen pixels.
+  int left_ = 0;
+  int top_ = 0;
+};
+
+}  // namespace skerrow
