@@ -143,7 +143,7 @@ TEST_F(ChartViewerTest, OpensByContentAndShowsOverlays) {
   const QImage chart = MakeChart(900, 700);
   ASSERT_TRUE(chart.save(folder_.filePath("a.l55"), "PNG"));
   int paints = 0;
-  viewer_.SetOverlayPainter([&paints](DrawingSurface& surface) {
+  viewer_.SetOverlayPainter([&paints](DrawingSurface& surface, const ViewGeometry&) {
     ++paints;
     surface.SetPen(1, 0);
   });
@@ -240,7 +240,7 @@ TEST_F(ChartViewerTest, NightLeavesNoBrightPixel) {
   chart.fill(Qt::white);
   QPainter(&chart).fillRect(100, 100, 300, 300, Qt::black);
   viewer_.ShowImage(ToImage(chart));
-  viewer_.SetOverlayPainter([this](DrawingSurface& surface) {
+  viewer_.SetOverlayPainter([this](DrawingSurface& surface, const ViewGeometry&) {
     surface.SetPen(2, 0);
     surface.Line({0.0, 0.0}, {200.0, 200.0});
     surface.Text({20.0, 20.0}, "Start", 0, {});

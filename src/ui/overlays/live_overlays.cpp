@@ -10,13 +10,13 @@ constexpr int kCasedWidth = 3;
 constexpr double kCursorRoom = 14.0;  // pixels between the cursor and the text
 
 bool RubberBandShown(const Program& program, const ViewState& state) {
-  return state.route_entry_on && program.mouse_mode == MouseMode::kRouteCreation &&
-         !program.dividers_on && !program.route_drag_on && !state.rectangle_mode &&
+  return state.route_entry_on && state.mouse_mode == MouseMode::kRouteCreation &&
+         !state.dividers_on && !state.route_drag_on && !state.rectangle_mode &&
          !state.calculation_on_show && !program.route.points.empty();
 }
 
-bool OpenDividersShown(const Program& program, const ViewState& state) {
-  return program.dividers_on && state.zero_point && !state.divider_end && !state.rectangle_mode;
+bool OpenDividersShown(const ViewState& state) {
+  return state.dividers_on && state.zero_point && !state.divider_end && !state.rectangle_mode;
 }
 
 // A dashed line that shows on any ground.
@@ -44,7 +44,7 @@ void WriteAtCursor(DrawingSurface& surface, const OverlayView& view, SurfacePoin
 }  // namespace
 
 bool LiveOverlaysShown(const Program& program, const ViewState& state) {
-  return RubberBandShown(program, state) || OpenDividersShown(program, state);
+  return RubberBandShown(program, state) || OpenDividersShown(state);
 }
 
 void DrawLiveOverlays(DrawingSurface& surface, const OverlayView& view, const Program& program,
@@ -52,7 +52,7 @@ void DrawLiveOverlays(DrawingSurface& surface, const OverlayView& view, const Pr
   if (!view.geometry.HasImage() || !LiveOverlaysShown(program, state)) return;
   const std::optional<SurfacePoint> cursor = view.Place(state.cursor);
   if (!cursor) return;
-  if (OpenDividersShown(program, state)) {
+  if (OpenDividersShown(state)) {
     // Its text stands in the box beside the cursor.
     if (const auto zero = view.Place(*state.zero_point)) DrawBand(surface, *zero, *cursor, kRed);
     return;

@@ -90,9 +90,9 @@ void NameWaypoints(LabelList& names, const OverlayView& view, const Program& pro
   }
 }
 
-void DrawMob(DrawingSurface& surface, const OverlayView& view, const Program&,
-             const ViewState& state) {
-  const std::optional<SurfacePoint> at = view.Place(state.mob);
+void DrawMob(DrawingSurface& surface, const OverlayView& view, const Program& program,
+             const ViewState&) {
+  const std::optional<SurfacePoint> at = view.Place(program.mob.position);
   const double reach = 2.0 * view.marker_radius;
   if (!at || !view.Seen(*at, 2.0 * reach)) return;
   // A second ring farther out, and paper beneath it all: this mark must be found at a glance.
@@ -108,16 +108,18 @@ void DrawMob(DrawingSurface& surface, const OverlayView& view, const Program&,
   DrawCross(surface, *at, reach);
 }
 
-void NameMob(LabelList& names, const OverlayView& view, const Program&, const ViewState& state) {
-  if (const std::optional<SurfacePoint> at = view.Place(state.mob)) {
+void NameMob(LabelList& names, const OverlayView& view, const Program& program,
+             const ViewState&) {
+  if (const std::optional<SurfacePoint> at = view.Place(program.mob.position)) {
     names.labels.push_back(
         {"MOB", *at, 3.2 * view.marker_radius, kRed, LabelRank::kMark, LabelSide::kRight});
   }
 }
 
-std::string MobLabelText(const OverlayView& view, const ViewState& state) {
-  if (!state.mob_on || !view.InChart(state.mob)) return {};
-  return "\nMOB Position " + LongToText(state.mob.longitude) + ", " + LatToText(state.mob.latitude);
+std::string MobLabelText(const OverlayView& view, const ManOverboard& mob) {
+  if (!mob.on || !view.InChart(mob.position)) return {};
+  return "\nMOB Position " + LongToText(mob.position.longitude) + ", " +
+         LatToText(mob.position.latitude);
 }
 
 void DrawMarkedPoint(DrawingSurface& surface, const OverlayView& view, const Program&,
@@ -125,9 +127,9 @@ void DrawMarkedPoint(DrawingSurface& surface, const OverlayView& view, const Pro
   DrawCircle(surface, view, state.marked, view.marker_radius, kRed);
 }
 
-void DrawAisMark(DrawingSurface& surface, const OverlayView& view, const Program&,
-                 const ViewState& state) {
-  if (state.ais_mark) DrawCircle(surface, view, *state.ais_mark, view.marker_radius, kRed);
+void DrawAisMark(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                 const ViewState&) {
+  if (program.ais.mark) DrawCircle(surface, view, *program.ais.mark, view.marker_radius, kRed);
 }
 
 }  // namespace skerrow

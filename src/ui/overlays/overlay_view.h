@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -64,8 +65,13 @@ int MarkerRadius(double view_width, int image_width, int image_height);
 void DrawCircle(DrawingSurface& surface, const OverlayView& view, Position at, double radius,
                 std::int32_t colour);
 
+// Whether two places of a line can be told from each other.
+inline bool Apart(SurfacePoint a, SurfacePoint b) {
+  return std::abs(a.x - b.x) >= 0.5 || std::abs(a.y - b.y) >= 0.5;
+}
+
 // Joins places in a row: a line from each to the next wherever both lie inside the chart. `at(i)`
-// gives place i of `count`.
+// gives place i of `count`. Places within half a pixel of each other count as one.
 template <typename At>
 void DrawRuns(DrawingSurface& surface, const OverlayView& view, std::size_t count, const At& at) {
   std::vector<SurfacePoint> run;
@@ -78,7 +84,7 @@ void DrawRuns(DrawingSurface& surface, const OverlayView& view, std::size_t coun
     const std::optional<SurfacePoint> place = view.Place(at(i));
     if (!place) {
       finish();
-    } else if (run.empty() || run.back() != *place) {
+    } else if (run.empty() || i + 1 == count || Apart(run.back(), *place)) {
       run.push_back(*place);
     }
   }

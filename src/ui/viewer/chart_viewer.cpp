@@ -69,7 +69,10 @@ ChartViewer::ChartViewer(QWidget* parent) : QAbstractScrollArea(parent) {
   connect(&tiles_, &TileStore::TilesReady, viewport(), qOverload<>(&QWidget::update));
   edge_timer_.setSingleShot(true);
   edge_timer_.setInterval(kEdgeDelay);
-  connect(&edge_timer_, &QTimer::timeout, this, &ChartViewer::Redraw);
+  connect(&edge_timer_, &QTimer::timeout, this, [this] {
+    moving_ = true;
+    Redraw();
+  });
   connect(&loader_, &ChartLoader::Progressed, this, &ChartViewer::OpenProgress);
   connect(&loader_, &ChartLoader::Cancelled, this, &ChartViewer::OpenCancelled);
   connect(&loader_, &ChartLoader::Reduced, this, [this] {
@@ -298,73 +301,113 @@ void ChartViewer::paintEvent(QPaintEvent* event) {
   // The window may have come to a screen of another density.
   UpdateViewSize();
   QPainter painter(viewport());
-  PaintChart(painter, event->region());
-  if (overlay_ && image_) PaintOverlays(painter);
+  if (image_) {
+    RequestTiles();
+    if (!overlay_) {
+      PaintChart(painter);
+    } else {
+      PaintWithOverlays(painter);
+    }
+  } else {
+    for (const QRect& part : event->region()) painter.fillRect(part, Desk());
+  }
   QtSurface surface(painter, QSizeF(viewport()->size()), look(), &texts_);
   if (live_ && image_ && mouse_inside_) live_(surface);
   PaintSelection(surface);
 }
 
-void ChartViewer::PaintOverlays(QPainter& painter) {
-  if (!layer_.Usable(geometry_, look())) {
+QColor ChartViewer::Desk() const {
+  const QColor desk(look().night ? kNightDesk : kDayDesk);
+  const double share = look().brightness / 100.0;
+  return QColor::fromRgbF(static_cast<float>(desk.redF() * share),
+                          static_cast<float>(desk.greenF() * share),
+                          static_cast<float>(desk.blueF() * share));
+}
+
+void ChartViewer::PaintWithOverlays(QPainter& painter) {
+  const bool usable = layer_.Usable(geometry_, look());
+  const bool lasting = usable || moving_;
+  moving_ = false;
+  if (!usable) {
     layer_.Draw(geometry_, look(), texts_, overlay_);
     edge_timer_.stop();
   } else if (!layer_.Covers(geometry_, OverlayLayer::kMargin / 2) && !edge_timer_.isActive()) {
     edge_timer_.start();
   }
+  // When the same overlays are painted again, the next time shall be one copy.
+  if (lasting && tiles_.Idle()) {
+    layer_.Compose(geometry_, [this](QPainter& whole, const QRect& area) {
+      return DrawTiles(whole, area);
+    });
+  }
+  if (layer_.Whole(geometry_, look())) {
+    layer_.PaintWhole(painter, geometry_);
+    return;
+  }
+  PaintChart(painter);
   layer_.Paint(painter, geometry_);
 }
 
-void ChartViewer::PaintChart(QPainter& painter, const QRegion& region) {
-  const QColor desk(look().night ? kNightDesk : kDayDesk);
-  if (!image_) {
-    for (const QRect& part : region) painter.fillRect(part, desk);
-    return;
-  }
+QRect ChartViewer::TilesUnder(const QRect& area) const {
   constexpr int kTile = TileStore::kTileSize;
-  const double ratio = geometry_.pixel_ratio();
-  const int origin_x = geometry_.OriginX();
-  const int origin_y = geometry_.OriginY();
-  const int scaled_width = geometry_.ScaledWidth();
-  const int scaled_height = geometry_.ScaledHeight();
-  const int view_width = static_cast<int>(std::ceil(geometry_.view_width() * ratio));
-  const int view_height = static_cast<int>(std::ceil(geometry_.view_height() * ratio));
+  const QPoint last((geometry_.ScaledWidth() - 1) / kTile, (geometry_.ScaledHeight() - 1) / kTile);
+  const QPoint first(std::max(area.left(), 0) / kTile, std::max(area.top(), 0) / kTile);
+  return {first, QPoint(std::min(area.right() / kTile, last.x()),
+                        std::min(area.bottom() / kTile, last.y()))};
+}
 
-  // The tiles in view, and a ring of those around them.
-  const int last_column = (scaled_width - 1) / kTile;
-  const int last_row = (scaled_height - 1) / kTile;
-  const int first_x = std::max(origin_x, 0) / kTile;
-  const int first_y = std::max(origin_y, 0) / kTile;
-  const int end_x = std::min((origin_x + view_width - 1) / kTile, last_column);
-  const int end_y = std::min((origin_y + view_height - 1) / kTile, last_row);
+QRect ChartViewer::ViewArea() const {
+  const double ratio = geometry_.pixel_ratio();
+  return {geometry_.OriginX(), geometry_.OriginY(),
+          static_cast<int>(std::ceil(geometry_.view_width() * ratio)),
+          static_cast<int>(std::ceil(geometry_.view_height() * ratio))};
+}
+
+// The tiles in view, and those in reach of the overlays about it.
+void ChartViewer::RequestTiles() {
+  constexpr int kReach = OverlayLayer::kMargin;
+  const QRect seen = TilesUnder(ViewArea());
+  const QRect around = TilesUnder(ViewArea().adjusted(-kReach, -kReach, kReach, kReach));
   std::vector<TileKey> visible;
   std::vector<TileKey> next;
-  for (int y = std::max(first_y - 1, 0); y <= std::min(end_y + 1, last_row); ++y) {
-    for (int x = std::max(first_x - 1, 0); x <= std::min(end_x + 1, last_column); ++x) {
-      const bool in_view = x >= first_x && x <= end_x && y >= first_y && y <= end_y;
-      (in_view ? visible : next).push_back({geometry_.Scale(), x, y});
+  for (int y = around.top(); y <= around.bottom(); ++y) {
+    for (int x = around.left(); x <= around.right(); ++x) {
+      (seen.contains(x, y) ? visible : next).push_back({geometry_.Scale(), x, y});
     }
   }
   tiles_.Request(visible, next);
+}
 
+void ChartViewer::PaintChart(QPainter& painter) {
+  const double ratio = geometry_.pixel_ratio();
   painter.save();
   // In screen pixels, so that tiles are copied and not scaled.
   painter.scale(1.0 / ratio, 1.0 / ratio);
+  DrawTiles(painter, ViewArea());
+  painter.restore();
+}
+
+bool ChartViewer::DrawTiles(QPainter& painter, const QRect& area) {
+  constexpr int kTile = TileStore::kTileSize;
+  const QRect chart(0, 0, geometry_.ScaledWidth(), geometry_.ScaledHeight());
+  const QRect tiles = TilesUnder(area);
   painter.setCompositionMode(QPainter::CompositionMode_Source);
-  for (const TileKey& key : visible) {
-    const int x = key.column * kTile;
-    const int y = key.row * kTile;
-    const QRect part(0, 0, std::min(kTile, scaled_width - x), std::min(kTile, scaled_height - y));
-    painter.drawImage(QPoint(x - origin_x, y - origin_y), tiles_.Tile(key), part);
-  }
-  const QRect chart(-origin_x, -origin_y, scaled_width, scaled_height);
-  const QRect view(0, 0, view_width, view_height);
-  if (!chart.contains(view)) {
-    for (const QRect& part : QRegion(view).subtracted(QRegion(chart))) {
-      painter.fillRect(part, desk);
+  bool all = true;
+  for (int y = tiles.top(); y <= tiles.bottom(); ++y) {
+    for (int x = tiles.left(); x <= tiles.right(); ++x) {
+      const QImage& tile = tiles_.Tile({geometry_.Scale(), x, y});
+      const QRect part = QRect(x * kTile, y * kTile, kTile, kTile) & chart;
+      all = all && !tile.isNull();
+      painter.drawImage(part.topLeft() - area.topLeft(), tile, QRect(QPoint(0, 0), part.size()));
     }
   }
-  painter.restore();
+  if (!chart.contains(area)) {
+    for (const QRect& part : QRegion(area).subtracted(QRegion(chart))) {
+      painter.fillRect(part.translated(-area.topLeft()), Desk());
+    }
+  }
+  painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+  return all;
 }
 
 void ChartViewer::PaintSelection(DrawingSurface& surface) {

@@ -179,8 +179,15 @@ class ChartViewer final : public QAbstractScrollArea {
   void AfterViewChange();
   void SyncScrollBars();
   void ApplyLook(Look look);
-  void PaintChart(QPainter& painter, const QRegion& region);
-  void PaintOverlays(QPainter& painter);
+  QColor Desk() const;
+  void RequestTiles();
+  void PaintChart(QPainter& painter);
+  void PaintWithOverlays(QPainter& painter);
+  // The tiles (column, row) that a part of the scaled chart touches, and the part in view.
+  QRect TilesUnder(const QRect& area) const;
+  QRect ViewArea() const;
+  // Draws that part, as far as it has tiles, and the desk about the chart; whether it had them all.
+  bool DrawTiles(QPainter& painter, const QRect& area);
   void PaintSelection(DrawingSurface& surface);
   ViewerMouse Describe(const QMouseEvent& event) const;
 
@@ -195,6 +202,7 @@ class ChartViewer final : public QAbstractScrollArea {
   TextPictures texts_;
   // Until the overlays are drawn for the parts of the chart that came into view.
   QTimer edge_timer_;
+  bool moving_ = false;
   ViewerEvents* events_ = nullptr;
   MouseMode mouse_mode_ = MouseMode::kNone;
   std::optional<ImageRect> selection_;

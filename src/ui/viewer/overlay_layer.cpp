@@ -30,15 +30,14 @@ bool Empty(const QImage& picture, const QRect& part) {
 
 bool OverlayLayer::Usable(const ViewGeometry& view, const Look& look) const {
   return valid_ && scale_ == view.Scale() && pixel_ratio_ == view.pixel_ratio() && look_ == look &&
-         QRect(left_, top_, picture_.width(), picture_.height())
-             .contains(ViewRect(view).center());
+         Area().contains(ViewRect(view).center());
 }
 
 bool OverlayLayer::Covers(const ViewGeometry& view, int reach) const {
   const QRect seen = ViewRect(view);
   const QRect chart(0, 0, view.ScaledWidth(), view.ScaledHeight());
   const QRect wanted = seen.adjusted(-reach, -reach, reach, reach) & chart;
-  return QRect(left_, top_, picture_.width(), picture_.height()).contains(wanted | (seen & chart));
+  return Area().contains(wanted | (seen & chart));
 }
 
 void OverlayLayer::Draw(const ViewGeometry& view, const Look& look, TextPictures& texts,
@@ -62,6 +61,29 @@ void OverlayLayer::Draw(const ViewGeometry& view, const Look& look, TextPictures
   picture_.setDevicePixelRatio(1.0);
   FindInk();
   valid_ = true;
+  composed_ = false;
+}
+
+void OverlayLayer::Compose(const ViewGeometry& view,
+                           const std::function<bool(QPainter&, const QRect&)>& chart) {
+  const QRect seen = ViewRect(view);
+  if (composed_ || Area() != seen.adjusted(-kMargin, -kMargin, kMargin, kMargin)) return;
+  if (whole_.size() != picture_.size()) whole_ = QImage(picture_.size(), QImage::Format_RGB32);
+  QPainter painter(&whole_);
+  composed_ = chart(painter, Area());
+  for (const QRect& part : ink_) painter.drawImage(part.topLeft(), picture_, part);
+}
+
+bool OverlayLayer::Whole(const ViewGeometry& view, const Look& look) const {
+  return composed_ && Usable(view, look) && Area().contains(ViewRect(view));
+}
+
+void OverlayLayer::PaintWhole(QPainter& painter, const ViewGeometry& view) const {
+  painter.save();
+  painter.scale(1.0 / pixel_ratio_, 1.0 / pixel_ratio_);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.drawImage(QPoint(0, 0), whole_, ViewRect(view).translated(-left_, -top_));
+  painter.restore();
 }
 
 void OverlayLayer::FindInk() {

@@ -38,13 +38,27 @@ class OverlayLayer {
             const OverlayPainter& overlay);
   // Copies it to where it belongs in the view. `painter` counts in view pixels.
   void Paint(QPainter& painter, const ViewGeometry& view) const;
-  std::int64_t MemoryUse() const { return picture_.sizeInBytes(); }
+
+  // Puts the chart beneath it, so that both are copied as one from then on. `chart` draws the part
+  // of the scaled chart that it is given, into the painter's corner, and says whether it could;
+  // nothing happens when the view has moved since Draw.
+  void Compose(const ViewGeometry& view,
+               const std::function<bool(QPainter&, const QRect&)>& chart);
+  // Whether that has been done and holds for all of the view; then PaintWhole gives chart and
+  // overlays.
+  bool Whole(const ViewGeometry& view, const Look& look) const;
+  void PaintWhole(QPainter& painter, const ViewGeometry& view) const;
+
+  std::int64_t MemoryUse() const { return picture_.sizeInBytes() + whole_.sizeInBytes(); }
 
  private:
+  QRect Area() const { return {left_, top_, picture_.width(), picture_.height()}; }
   void FindInk();
 
   bool valid_ = false;
+  bool composed_ = false;
   QImage picture_;
+  QImage whole_;
   // The parts of the picture with something in them.
   std::vector<QRect> ink_;
   Look look_;

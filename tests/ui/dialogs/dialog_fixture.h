@@ -44,11 +44,10 @@ class RecordingMessages final : public Messages {
 
 class FakeWindow final : public MainWindowPort {
  public:
-  void Repaint() override { ++repaints; }
-  void UpdateCaption() override {}
-  void UpdateStatusBar() override {}
-  void UpdateRouteCombo() override {}
-  void StateChanged() override { ++changes; }
+  void Changed(std::uint32_t what) override {
+    ++changes;
+    changed |= what;
+  }
   std::unique_ptr<Progress> StartProgress(const char*) override {
     struct Counting final : Progress {
       explicit Counting(FakeWindow& w) : window(w) {}
@@ -61,8 +60,8 @@ class FakeWindow final : public MainWindowPort {
     return std::make_unique<Counting>(*this);
   }
 
-  int repaints = 0;
   int changes = 0;
+  std::uint32_t changed = 0;  // all of them together
   std::vector<double> steps;
   std::optional<double> stop_at;  // percent from which the user wants to stop
 };
@@ -76,7 +75,7 @@ class SampleDesk {
         program(
             {SKERROW_PROGRAM_FOLDER, (root_ / "documents").string(), (root_ / "settings").string()},
             clock),
-        desktop{program, messages, settings, clipboard, window} {
+        desktop{program, messages, settings, clipboard, window, view} {
     ApplyTheme(false);
     std::filesystem::create_directories(root_);
     MakeUserFolders(program.folders);
@@ -106,6 +105,7 @@ class SampleDesk {
   MemorySettingsStore settings;
   MemoryClipboard clipboard;
   FakeWindow window;
+  ViewState view;
   Program program;
   Desktop desktop;
 };

@@ -101,8 +101,8 @@ TEST_F(CalcRouteForm, TacksComeFromTheDefaultWind) {
 }
 
 TEST_F(CalcRouteForm, TheGpsMovesTheStartOnlyWhileItReceives) {
-  desk.program.boat_latitude = 50.7F;
-  desk.program.boat_longitude = -1.5F;
+  desk.program.boat.position.latitude = 50.7F;
+  desk.program.boat.position.longitude = -1.5F;
   EXPECT_FALSE(GpsReadingOf(desk.program));
   desk.program.gps_enabled = true;
   const auto gps = GpsReadingOf(desk.program);
@@ -111,7 +111,7 @@ TEST_F(CalcRouteForm, TheGpsMovesTheStartOnlyWhileItReceives) {
   EXPECT_EQ(points()[0].At(), (Position{50.7F, -1.5F}));
   EXPECT_EQ(points()[0].name, "");
   for (const RoutePoint& point : points()) EXPECT_FLOAT_EQ(point.speed, 4.5F);
-  desk.program.boat_latitude = 0.0F;
+  desk.program.boat.position.latitude = 0.0F;
   EXPECT_FALSE(GpsReadingOf(desk.program));
 }
 

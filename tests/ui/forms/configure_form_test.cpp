@@ -142,7 +142,7 @@ TEST(ConfigureForm, CarriesTheSettingsIntoTheProgram) {
   ASSERT_TRUE(CommitConfigure(desk.program, config, desk.messages).ok());
   EXPECT_FLOAT_EQ(desk.program.route_speed, 7.0F);
   EXPECT_FLOAT_EQ(desk.program.route.points.back().speed, 7.0F);
-  EXPECT_FALSE(desk.program.vectors_shown);
+  EXPECT_FALSE(VectorsShown(desk.program.config));
   EXPECT_TRUE(desk.program.use_leeway);
   EXPECT_NE(desk.program.tides.loaded, loaded) << "the tides follow summer time";
   AppConfig stored;

@@ -74,7 +74,7 @@ void KeepAll(const Album& album) {
   window.ZoomTo(0.6);
   window.LocatePoint({50.15F, -1.5F});
   window.view().cursor = {50.1F, -1.2F};
-  window.StateChanged();
+  window.Changed(kAllChanged);
   album.Keep(window, "frmChart-route");
   for (QMenu* menu : window.findChildren<QMenu*>()) {
     if (menu->parent() != &window || menu->isEmpty() || menu->objectName() == "mnuTools") continue;

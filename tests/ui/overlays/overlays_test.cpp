@@ -42,7 +42,7 @@ class OverlaysTest : public ::testing::Test {
   OverlaysTest() : program({"/p", "/d", "/s"}, clock) {
     program.charts.chart = TestChart();
     program.config.show_tide_heights = kFalse;
-    program.vectors_shown = false;
+    program.config.show_vectors = kFalse;
     Look(1.0, {1900.0, 3000.0});
   }
 
@@ -68,13 +68,16 @@ class OverlaysTest : public ::testing::Test {
     return surface.Text();
   }
 
-  // What the overlay of that name draws when it is shown.
+  // What the overlay of that name draws when it is shown, its names last.
   std::string DrawOne(std::string_view name) {
     for (const Overlay& overlay : Overlays()) {
       if (overlay.name != name) continue;
       RecordingSurface surface(1600.0, 900.0);
       if (overlay.draw != nullptr && overlay.shown(program, state)) {
         overlay.draw(surface, view, program, state);
+        LabelList names;
+        if (overlay.names != nullptr) overlay.names(names, view, program, state);
+        DrawLabels(surface, view, names, view.geometry.zoom() >= 1.0);
       }
       return surface.Text();
     }
@@ -102,28 +105,28 @@ class OverlaysTest : public ::testing::Test {
     program.waypoints.waypoints = {{"Wreck  ", 50.5F, -1.5F}};
     program.passage.route_track = {{{50.5F, -1.5F}, 0.0F, {}}, {{50.49F, -1.49F}, 0.1F, {}}};
     program.route.points[0].tide_vector = {{50.5F, -1.5F}, {50.49F, -1.49F}};
-    program.boat_latitude = 50.49F;
-    program.boat_longitude = -1.47F;
-    program.dividers_on = true;
+    program.boat.position.latitude = 50.49F;
+    program.boat.position.longitude = -1.47F;
+    state.dividers_on = true;
     program.config.show_chart_boundaries = kTrue;
     program.config.show_tide_heights = kTrue;
     program.config.boat_future_tide_plot = kTrue;
-    program.vectors_shown = true;
+    program.config.show_vectors = kTrue;
     program.charts.index = {{"9999-1", "Sample", 1.0F, 50.45F, -1.5F, 50.5F, -1.4F, "", ""}};
     program.port_markers = {{"Port", 50.5F, -1.5F}};
     state.zero_point = Position{50.5F, -1.5F};
-    state.fix_valid = true;
-    state.future_positions = {{50.49F, -1.47F}, {50.48F, -1.46F}};
-    state.mob_on = true;
-    state.mob = {50.49F, -1.5F};
+    program.boat.fix_valid = true;
+    program.boat.future_positions = {{50.49F, -1.47F}, {50.48F, -1.46F}};
+    program.mob.on = true;
+    program.mob.position = {50.49F, -1.5F};
     state.marked_point_on = true;
     state.marked = {50.5F, -1.49F};
-    state.ais_mark = Position{50.48F, -1.49F};
+    program.ais.mark = Position{50.48F, -1.49F};
     state.calculation_on_show = true;
     state.candidate_chart = program.charts.index[0];
-    state.live_track = {{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}};
-    state.historical_tracks = {state.live_track};
-    state.track_plot_on = true;
+    program.tracks.live = {{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}};
+    program.tracks.historical = {program.tracks.live};
+    program.tracks.plot_on = true;
   }
 
   StillClock clock;
@@ -145,17 +148,18 @@ TEST_F(OverlaysTest, StandInTheirOrder) {
   EXPECT_EQ(names, expected);
 }
 
-TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOther) {
+TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOtherAndThenTheNames) {
   FillEverything();
+  const auto shapes = [](const std::string& text) { return text.substr(0, text.find("text ")); };
   const std::string whole = Draw();
   std::string rows;
   std::set<std::string_view> silent;
   for (const Overlay& overlay : Overlays()) {
     const std::string row = DrawOne(overlay.name);
     if (row.empty()) silent.insert(overlay.name);
-    rows += row;
+    rows += shapes(row);
   }
-  EXPECT_EQ(whole, rows);
+  EXPECT_EQ(shapes(whole), rows);
   // No replay runs; the others have no drawer yet.
   EXPECT_EQ(silent, (std::set<std::string_view>{"tidal streams", "wind entered", "wind imported",
                                                 "AIS targets", "boat of a replay"}));
@@ -165,8 +169,8 @@ TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOther) {
 TEST_F(OverlaysTest, NothingToShowAndNoPictureDrawNothing) {
   program.config.show_streams = 0.0F;
   EXPECT_EQ(DrawOne("route"), "");
-  program.dividers_on = true;  // but no point is set
-  program.vectors_shown = true;
+  state.dividers_on = true;  // but no point is set
+  program.config.show_vectors = kTrue;
   program.config.show_chart_boundaries = kTrue;
   EXPECT_EQ(Draw().find("ring"), std::string::npos);
   EXPECT_EQ(DrawOne("dividers"), "");
@@ -192,25 +196,43 @@ TEST_F(OverlaysTest, MarkerRadiusFollowsViewAndShape) {
 
 TEST_F(OverlaysTest, RouteHasNamedPointsAndStandsStillAtEveryZoom) {
   SetRoute({Point(50.5F, -1.5F, "Harbour"), Point(50.5F, -1.45F), Point(50.48F, -1.45F, "Buoy")});
+  const auto rings = [](const std::string& at, const std::string& colour) {
+    return "pen 6 solid 255,255,255\nring " + at + " r 7.00\npen 2 solid " + colour + "\nring " +
+           at + " r 7.00\npen 1 solid " + colour + "\nring " + at + " r 3.00\n";
+  };
   EXPECT_EQ(DrawOne("route"),
-            "pen 1 solid 255,0,0\n"
-            "ring 100.00,217.00 r 3.00\n"
-            "text 93.00,217.00 right middle 12 bold 0,0,0 \"Start\"\n"
-            "pen 1 solid 0,0,255\n"
-            "ring 300.00,217.00 r 3.00\n"
-            "text 307.00,217.00 left middle 12 bold 0,0,0 \"Waypoint 1\"\n"
-            "pen 1 solid 0,0,255\n"
-            "ring 300.00,345.00 r 3.00\n"
-            "text 307.00,345.00 left middle 12 bold 0,0,0 \"Buoy\"\n");
+            rings("100.00,217.00", "255,0,0") + rings("300.00,217.00", "0,0,255") +
+                rings("300.00,345.00", "0,0,255") +
+                "text 311.00,345.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Buoy\"\n"
+                "text 311.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Waypoint 2\"\n"
+                "text 59.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Start\"\n");
   Look(0.5, {600.0, 2400.0});
   const std::string half = DrawOne("route");
   EXPECT_NE(half.find("ring 700.00,408.50 r 3.00\n"), std::string::npos) << half;
   EXPECT_NE(half.find("ring 800.00,408.50 r 3.00\n"), std::string::npos) << half;
 }
 
+// One arrow in the middle of a short leg, more on a long one, none where a leg is a stub; each
+// points the way the leg leads.
+TEST_F(OverlaysTest, ArrowsSayWhichWayALegLeads) {
+  SetRoute({Point(50.5F, -1.5F), Point(50.5F, -1.45F), Point(50.5F, -1.445F), Point(50.5F, -1.3F)});
+  const std::string legs = DrawOne("route legs");
+  EXPECT_NE(legs.find("pen 1 solid 255,255,255\nfill 0,0,255\n"
+                      "polygon 205.50,217.00 194.50,222.50 194.50,211.50\n"),
+            std::string::npos)
+      << legs;
+  // 580 pixels: three of them.
+  EXPECT_EQ(std::count(legs.begin(), legs.end(), 'g'), 4) << legs;
+  EXPECT_EQ(legs.substr(legs.rfind("fill")), "fill none\n");
+  SetRoute({Point(50.5F, -1.3F), Point(50.5F, -1.35F)});
+  EXPECT_NE(DrawOne("route legs").find("polygon 794.50,217.00 805.50,211.50 805.50,222.50\n"),
+            std::string::npos)
+      << DrawOne("route legs");
+}
+
 TEST_F(OverlaysTest, OnePointIsAStartAndNoMore) {
   SetRoute({Point(50.5F, -1.5F)});
-  program.vectors_shown = true;
+  program.config.show_vectors = kTrue;
   EXPECT_EQ(Draw().find("line"), std::string::npos);
   EXPECT_EQ(DrawOne("route legs"), "");
   EXPECT_EQ(DrawOne("vectors"), "");
@@ -224,7 +246,10 @@ TEST_F(OverlaysTest, LegsAreCutWhereTheChartEnds) {
   EXPECT_EQ(DrawOne("route legs"),
             "pen 3 solid 0,0,255\n"
             "polyline 100.00,217.00 300.00,217.00\n"
-            "polyline 100.00,345.00 100.00,217.00\n");
+            "polyline 100.00,345.00 100.00,217.00\n"
+            "pen 1 solid 255,255,255\n"
+            "fill 0,0,255\n"
+            "fill none\n");
 }
 
 TEST_F(OverlaysTest, BordersAndNonsenseAreNotDrawn) {
@@ -246,7 +271,7 @@ TEST_F(OverlaysTest, WaypointsHaveARingAnEllipseAndATrimmedName) {
             "pen 1 solid 0,0,255\n"
             "ring 100.00,217.00 r 3.00\n"
             "ellipse 100.00,217.00 rx 1.00 ry 3.00\n"
-            "text 107.00,217.00 left middle 9 bold 10,20,30 \"Outer Nab\"\n");
+            "text 107.00,217.00 left middle 9 bold 10,20,30 halo 255,255,255 \"Outer Nab\"\n");
   program.config.show_waypoints = 0.0F;
   SetRoute({Point(50.5F, -1.5F), Point(50.5F, -1.45F, "Outer Nab")});
   EXPECT_EQ(DrawOne("waypoints"), "");
@@ -259,30 +284,32 @@ TEST_F(OverlaysTest, WhatIsOffTheScreenIsLeftOut) {
       {"away", 50.5F, -1.9F}, {"Reaching in", 50.5F, -1.53F}, {"right", 50.5F, -1.1F}};
   EXPECT_EQ(DrawOne("waypoints"),
             "pen 1 solid 0,0,255\n"
-            "text -13.00,217.00 left middle 12 bold 0,0,0 \"Reaching in\"\n");
+            "text -13.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Reaching in\"\n");
 }
 
 TEST_F(OverlaysTest, Dividers) {
-  program.dividers_on = true;
+  state.dividers_on = true;
   state.zero_point = Position{50.5F, -1.5F};
-  const std::string reference =
+  const std::string ring =
       "pen 1 solid 255,0,0\n"
-      "ring 100.00,217.00 r 3.00\n"
-      "text 107.00,217.00 left middle 12 bold 0,0,0 \"Divider Ref.\"\n";
-  EXPECT_EQ(DrawOne("dividers"), reference);
+      "ring 100.00,217.00 r 3.00\n";
+  const std::string reference =
+      "text 107.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Divider Ref.\"\n";
+  EXPECT_EQ(DrawOne("dividers"), ring + reference);
   // 0.2 degrees of longitude at 50.5 north: 12 x cos(50.5) = 7.6 miles, due east.
   state.divider_end = Position{50.5F, -1.3F};
   EXPECT_EQ(DrawOne("dividers"),
             "pen 1 solid 255,0,0\n"
-            "line 100.00,217.00 900.00,217.00\n"
-            "text 907.00,217.00 left middle 12 bold 0,0,0 \"7.6nm@090°T\"\n" +
-                reference +
+            "line 100.00,217.00 900.00,217.00\n" +
+                ring +
                 "pen 1 solid 0,0,255\n"
-                "ring 900.00,217.00 r 3.00\n");
+                "ring 900.00,217.00 r 3.00\n" +
+                reference +
+                "text 907.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"7.6nm@090°T\"\n");
   // Both points in one place: a range of 0 has no text.
   state.divider_end = state.zero_point;
   EXPECT_EQ(DrawOne("dividers").find("nm@"), std::string::npos);
-  program.dividers_on = false;
+  state.dividers_on = false;
   EXPECT_EQ(Draw(), "");
 }
 
@@ -295,7 +322,7 @@ TEST_F(OverlaysTest, DividersBeyond3000MilesHaveNoText) {
   chart.file.upper_lon = 90.0F;
   chart = WorkOutChart(chart.file).value();
   Look(0.2, {0.0, 0.0});
-  program.dividers_on = true;
+  state.dividers_on = true;
   state.zero_point = Position{-20.0F, 0.0F};
   state.divider_end = Position{29.9F, 0.0F};
   EXPECT_NE(DrawOne("dividers").find("\"2994.0nm@000°T\""), std::string::npos);
@@ -310,10 +337,10 @@ TEST_F(OverlaysTest, CourseOverGround) {
       {{50.5F, -1.5F}, 0.0F, {}}, {{50.5F, -1.45F}, 0.1F, {}}, {{50.48F, -1.45F}, 0.2F, {}}};
   EXPECT_EQ(DrawOne("course over ground"), "") << "not on show";
   state.calculation_on_show = true;
-  const std::string track =
-      "pen 2 solid 0,89,89\n"
+  const std::string line =
       "ring 100.00,217.00 r 3.00\n"
       "polyline 100.00,217.00 300.00,217.00 300.00,345.00\n";
+  const std::string track = "pen 6 solid 255,210,60\n" + line + "pen 2 solid 0,89,89\n" + line;
   program.animation.label = "ETA : 12:35  5 December";
   EXPECT_EQ(DrawOne("course over ground"), track) << "index 0 selects nothing";
   program.animation.index = 2;
@@ -321,7 +348,7 @@ TEST_F(OverlaysTest, CourseOverGround) {
             track +
                 "pen 1 solid 255,0,0\n"
                 "ring 300.00,345.00 r 6.00\n"
-                "text 294.00,351.00 left top 12 bold 255,0,0 \"ETA : 12:35  5 December\"\n");
+                "text 294.00,351.00 left top 12 bold 255,0,0 halo 255,255,255 \"ETA : 12:35  5 December\"\n");
   program.animation.index = 3;  // of a longer track that is gone
   EXPECT_EQ(DrawOne("course over ground"), track);
   program.passage.route_track.resize(1);
@@ -329,12 +356,12 @@ TEST_F(OverlaysTest, CourseOverGround) {
 }
 
 TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
-  program.boat_latitude = 50.5F;
-  program.boat_longitude = -1.5F;
+  program.boat.position.latitude = 50.5F;
+  program.boat.position.longitude = -1.5F;
   program.config.heading_vector_length = 2.0F;
-  state.fix_valid = true;
+  program.boat.fix_valid = true;
   state.display_height = 1200.0;  // the symbol's size is 10
-  state.course_over_ground = 450.0F;
+  program.boat.course = 450.0F;
   const std::string boat = DrawOne("boat");
   // 2 miles east: 2 / 60 / cos(50.5) degrees of 4000 pixels = 209.6, so column 310 of the view.
   EXPECT_NE(boat.find("line 100.00,217.00 310.00,217.00\n"), std::string::npos) << boat;
@@ -353,19 +380,19 @@ TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
   const std::size_t at = cut.find("line 100.00,217.00 ");
   ASSERT_NE(at, std::string::npos);
   EXPECT_NEAR(std::stod(cut.substr(at + 19)), end, 2.0);
-  program.boat_longitude = -2.5F;
+  program.boat.position.longitude = -2.5F;
   EXPECT_EQ(DrawOne("boat"), "");
   EXPECT_EQ(DrawOne("range rings"), "");
 }
 
 TEST_F(OverlaysTest, HeadingVectorStaysOnTheChart) {
-  state.fix_valid = true;
+  program.boat.fix_valid = true;
   program.config.heading_vector_length = 500.0F;
   for (const Position boat : {Position{50.5F, -1.5F}, {50.999F, -1.001F}, {50.001F, -1.999F}}) {
-    program.boat_latitude = boat.latitude;
-    program.boat_longitude = boat.longitude;
+    program.boat.position.latitude = boat.latitude;
+    program.boat.position.longitude = boat.longitude;
     for (int course = 0; course < 360; course += 15) {
-      state.course_over_ground = static_cast<float>(course);
+      program.boat.course = static_cast<float>(course);
       const std::string drawn = DrawOne("boat");
       double x0 = 0;
       double y0 = 0;
@@ -383,13 +410,13 @@ TEST_F(OverlaysTest, HeadingVectorStaysOnTheChart) {
 }
 
 TEST_F(OverlaysTest, RangeRings) {
-  program.boat_latitude = 50.5F;
-  program.boat_longitude = -1.5F;
+  program.boat.position.latitude = 50.5F;
+  program.boat.position.longitude = -1.5F;
   program.config.horizon_range = 3.0F;
   program.config.vhf_range = 6.0F;
   program.config.radar_range = 0.0F;
   EXPECT_EQ(DrawOne("range rings"), "") << "no fix";
-  state.fix_valid = true;
+  program.boat.fix_valid = true;
   // 50.55 north is row 2897 and 50.6 north row 2576, by the formula outside the program.
   EXPECT_EQ(DrawOne("range rings"),
             "pen 1 solid 0,0,0\n"
@@ -400,20 +427,24 @@ TEST_F(OverlaysTest, RangeRings) {
 }
 
 TEST_F(OverlaysTest, ManOverboard) {
-  state.mob = {50.5F, -1.5F};
+  program.mob.position = {50.5F, -1.5F};
   EXPECT_EQ(DrawOne("man overboard"), "");
-  EXPECT_EQ(MobLabelText(view, state), "");
-  state.mob_on = true;
-  EXPECT_EQ(DrawOne("man overboard"),
+  EXPECT_EQ(MobLabelText(view, program.mob), "");
+  program.mob.on = true;
+  // A heavy ring and the word stand about the mark.
+  EXPECT_EQ(DrawOne("man overboard").substr(139),
+            "pen 3 solid 255,0,0\n"
+            "ring 100.00,217.00 r 9.60\n"
             "pen 1 solid 255,0,0\n"
             "ring 100.00,217.00 r 6.00\n"
             "pen 3 solid 0,0,0\n"
             "line 94.00,217.00 106.00,217.00\n"
-            "line 100.00,211.00 100.00,223.00\n");
-  EXPECT_EQ(MobLabelText(view, state), "\nMOB Position 001.30.00W, 50.30.00N");
-  state.mob = {52.0F, -1.5F};
+            "line 100.00,211.00 100.00,223.00\n"
+            "text 113.60,217.00 left middle 12 bold 255,0,0 halo 255,255,255 \"MOB\"\n");
+  EXPECT_EQ(MobLabelText(view, program.mob), "\nMOB Position 001.30.00W, 50.30.00N");
+  program.mob.position = {52.0F, -1.5F};
   EXPECT_EQ(DrawOne("man overboard"), "");
-  EXPECT_EQ(MobLabelText(view, state), "");
+  EXPECT_EQ(MobLabelText(view, program.mob), "");
 }
 
 TEST_F(OverlaysTest, PortsAndBoundaries) {
@@ -425,8 +456,8 @@ TEST_F(OverlaysTest, PortsAndBoundaries) {
             "polygon 100.00,211.00 106.00,217.00 100.00,223.00 94.00,217.00\n"
             "line 94.00,217.00 106.00,217.00\n"
             "line 100.00,211.00 100.00,223.00\n"
-            "text 90.00,217.00 right middle 12 bold 0,0,0 \"Newhaven\"\n"
-            "fill none\n");
+            "fill none\n"
+            "text 42.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Newhaven\"\n");
   program.config.show_chart_boundaries = kTrue;
   program.charts.index = {{"9999-1", "Sample", 1.0F, 50.25F, -1.5F, 50.5F, -1.25F, "", ""}};
   EXPECT_EQ(DrawOne("chart boundaries"),
@@ -436,7 +467,7 @@ TEST_F(OverlaysTest, PortsAndBoundaries) {
 }
 
 TEST_F(OverlaysTest, VectorsFollowTheDrift) {
-  program.vectors_shown = true;
+  program.config.show_vectors = kTrue;
   SetRoute({Point(50.5F, -1.5F), Point(50.5F, -1.4F), Point(50.4F, -0.5F)});
   program.route.points[0].tide_vector = {{50.5F, -1.5F}, {50.5F, -1.475F}, {50.5F, -1.45F}};
   program.route.points[1].tide_vector = {{50.5F, -1.4F}};  // one entry joins nothing
@@ -455,19 +486,19 @@ TEST_F(OverlaysTest, VectorsFollowTheDrift) {
 
 TEST_F(OverlaysTest, TracksCarryTheirComments) {
   program.config.track_colour = Rgb(1, 2, 3);
-  state.live_track = {{{50.5F, -1.5F}, ""}, {{50.5F, -1.45F}, "Reefed"}};
+  program.tracks.live = {{{50.5F, -1.5F}, ""}, {{50.5F, -1.45F}, "Reefed"}};
   EXPECT_EQ(DrawOne("live track"), "") << "neither plotted nor a fix";
   const std::string track =
       "pen 2 solid 1,2,3\n"
       "polyline 100.00,217.00 300.00,217.00\n"
       "ring 300.00,217.00 r 4.00\n"
-      "text 308.00,217.00 left middle 12 bold 0,0,0 \"Reefed\"\n";
-  state.fix_valid = true;
+      "text 308.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Reefed\"\n";
+  program.boat.fix_valid = true;
   EXPECT_EQ(DrawOne("live track"), track);
-  state.fix_valid = false;
-  state.track_plot_on = true;
+  program.boat.fix_valid = false;
+  program.tracks.plot_on = true;
   EXPECT_EQ(DrawOne("live track"), track);
-  state.historical_tracks = {state.live_track, {}};
+  program.tracks.historical = {program.tracks.live, {}};
   EXPECT_EQ(DrawOne("historical tracks"), track);
 }
 

@@ -30,30 +30,26 @@ struct Row {
   const char* title;
   const char* default_button;
   const char* tab_order;  // published names, by blanks, from the first on
-  std::function<std::unique_ptr<QDialog>(Desktop&, EditSession&)> open;
+  std::function<std::unique_ptr<QDialog>(Desktop&)> open;
 };
 
 template <typename Form>
-std::unique_ptr<QDialog> Open(Desktop& desktop, EditSession&) {
+std::unique_ptr<QDialog> Open(Desktop& desktop) {
   return std::make_unique<Form>(desktop, nullptr);
 }
-template <typename Form>
-std::unique_ptr<QDialog> OpenEditing(Desktop& desktop, EditSession& session) {
-  return std::make_unique<Form>(desktop, session, nullptr);
-}
 template <typename Form, FileKind kind>
-std::unique_ptr<QDialog> OpenKind(Desktop& desktop, EditSession&) {
+std::unique_ptr<QDialog> OpenKind(Desktop& desktop) {
   return std::make_unique<Form>(desktop, kind, nullptr);
 }
 
 const std::vector<Row>& Rows() {
   static const std::vector<Row> rows = {
       {"frmRouteLoad", "Load Route", "cmdOK", "fillist chkUseDefaultSpeed cmdOK cmdCancel",
-       OpenEditing<FrmRouteLoad>},
+       Open<FrmRouteLoad>},
       {"frmRouteSave", "Save Route", "cmdOK", "txtFileName fillist cmdOK cmdCancel",
-       OpenEditing<FrmRouteSave>},
+       Open<FrmRouteSave>},
       {"frmWaySave", "Save Waypoints", "cmdOK", "txtFileName fillist cmdOK cmdCancel",
-       OpenEditing<FrmWaySave>},
+       Open<FrmWaySave>},
       {"frmNewWay", "New Waypoint File", "cmdOK", "txtFileName fillist cmdOK cmdCancel",
        Open<FrmNewWay>},
       {"frmLoadWay", "Load Waypoint File", "cmdOK", "fillist cmdOK cmdCancel", Open<FrmLoadWay>},
@@ -68,12 +64,12 @@ const std::vector<Row>& Rows() {
        "txtFolder cmdBrowse fillist cmdSelectAll cmdOK cmdCancel",
        OpenKind<FrmWayImport, FileKind::kRoute>},
       {"frmRouteWayPoints", "Route by Waypoint List", "cmdOK",
-       "fillist List1 cmdAdd List2 cmdDelete cmdOK cmdCancel", OpenEditing<FrmRouteWayPoints>},
+       "fillist List1 cmdAdd List2 cmdDelete cmdOK cmdCancel", Open<FrmRouteWayPoints>},
       {"frmRouteEdit", "Edit Route Points", "cmdExit",
        "List1 txtroutestartname txtroutestartlat txtroutestartlong txtroutedestname "
        "txtroutedestlat txtroutedestlong txtroutespeed cmdRouteSpeed cmdmodify fillist List2 "
        "optBefore optAfter cmdInsert cmdDelete cmdreverse cmdExit",
-       OpenEditing<FrmRouteEdit>},
+       Open<FrmRouteEdit>},
       {"frmWayEdit", "Select a File to Edit", "cmdSave",
        "fillist cmdCreateNew cmdCopy cmdPrint optAll optSelected List1 txtWayName txtWayLat "
        "txtWayLong cmdAdd cmdInsert cmdChange cmdDelete cmdSave cmdCancel",
@@ -84,11 +80,11 @@ const std::vector<Row>& Rows() {
        Open<FrmWayFileLocate>},
       {"frmSingleWayPoint", "Waypoint Entry", "cmdOK",
        "txtWayName txtWayLat txtWayLong cmdOK cmdCancel",
-       [](Desktop& desktop, EditSession&) -> std::unique_ptr<QDialog> {
+       [](Desktop& desktop) -> std::unique_ptr<QDialog> {
          return std::make_unique<FrmSingleWayPoint>(desktop, std::nullopt, nullptr);
        }},
       {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel",
-       [](Desktop& desktop, EditSession&) -> std::unique_ptr<QDialog> {
+       [](Desktop& desktop) -> std::unique_ptr<QDialog> {
          return std::make_unique<FrmUnsaved>(desktop, "Unsaved.", nullptr);
        }},
   };
@@ -126,7 +122,7 @@ TEST_P(EveryRouteDialog, OpensCompleteAndCancelChangesNothing) {
   const auto files = FilesBelow(program.folders);
   const auto route = RouteContent(program.route);
   const auto waypoints = program.waypoints.waypoints;
-  const auto dialog = row.open(desktop, session);
+  const auto dialog = row.open(desktop);
   Show(*dialog);
   EXPECT_EQ(dialog->objectName().toStdString(), row.name);
   EXPECT_EQ(dialog->windowTitle().toStdString(), row.title);
@@ -160,7 +156,7 @@ TEST_P(EveryRouteDialog, OpensCompleteAndCancelChangesNothing) {
   EXPECT_EQ(RouteContent(program.route), route);
   EXPECT_EQ(program.waypoints.waypoints, waypoints);
   EXPECT_EQ(window().changes, 0);
-  EXPECT_FALSE(session.history.CanUndo());
+  EXPECT_FALSE(program.edits.history.CanUndo());
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, EveryRouteDialog, ::testing::Range<std::size_t>(0, Rows().size()),

@@ -13,18 +13,20 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#include "app/edits.h"
 #include "routes/file_forms.h"
 #include "support/recording_messages.h"
 #include "support/temp_folder.h"
 #include "tests/ui/dialogs/dialog_fixture.h"
-#include "ui/routes/unsaved.h"
 
 // A program on the sample data with strict messages, and hands for its dialogs.
 namespace skerrow::testing {
 
 class RouteBench : public ::testing::Test {
  protected:
-  RouteBench() : desktop{desk_.program, messages, desk_.settings, desk_.clipboard, desk_.window} {
+  RouteBench()
+      : desktop{desk_.program,   messages,     desk_.settings,
+                desk_.clipboard, desk_.window, desk_.view} {
     for (const char* name : {"Sample.rte", "Portland Bill.rte"}) {
       EXPECT_TRUE(ImportFiles(program.folders, FileKind::kRoute,
                               {program.folders.Samples() + "/" + name}, messages));
@@ -34,7 +36,7 @@ class RouteBench : public ::testing::Test {
   // The sample route, as a load from its file leaves it.
   void LoadSample() {
     ASSERT_TRUE(desk_.LoadSampleRoute());
-    session.saved_route.Mark(program.route);
+    program.edits.saved_route.Mark(program.route);
   }
 
   std::string RouteFile(const std::string& name) const { return RoutePath(program.folders, name); }
@@ -48,7 +50,6 @@ class RouteBench : public ::testing::Test {
  public:
   RecordingMessages messages;
   Program& program = desk_.program;
-  EditSession session;
   Desktop desktop;
 };
 

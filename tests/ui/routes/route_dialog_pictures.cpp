@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "app/recovery.h"
 #include "routes/waypoint.h"
 #include "tests/ui/dialogs/dialog_fixture.h"
 #include "ui/routes/frmFileDelete.h"
@@ -24,7 +25,6 @@
 #include "ui/routes/frmwaycopy.h"
 #include "ui/routes/frmwayimport.h"
 #include "ui/routes/leaving.h"
-#include "ui/routes/recovery.h"
 #include "ui/widgets/theme.h"
 
 namespace skerrow {
@@ -67,7 +67,6 @@ void Select(QDialog& dialog, const char* list_name, int row) {
 void KeepAll(const Album& album) {
   SampleDesk desk;
   Desktop& desktop = desk.desktop;
-  EditSession session;
   const Folders& folders = desk.program.folders;
   for (const char* name : {"Sample.rte", "Portland Bill.rte", "Round Alderney.rte"}) {
     (void)ImportFiles(folders, FileKind::kRoute, {folders.Samples() + "/" + name}, desk.messages);
@@ -76,13 +75,13 @@ void KeepAll(const Album& album) {
   (void)WriteWaypointFile(WaypointPath(folders, "Default.way"), {});
   desk.LoadSampleRoute();
 
-  FrmRouteLoad load(desktop, session, nullptr);
+  FrmRouteLoad load(desktop, nullptr);
   Select(load, "fillist", 2);
   album.Keep(load, "frmRouteLoad");
-  FrmRouteSave save(desktop, session, nullptr);
+  FrmRouteSave save(desktop, nullptr);
   save.findChild<QLineEdit*>("txtFileName")->setText("Cowes to Alderney");
   album.Keep(save, "frmRouteSave");
-  FrmWaySave way_save(desktop, session, nullptr);
+  FrmWaySave way_save(desktop, nullptr);
   album.Keep(way_save, "frmWaySave");
   FrmNewWay new_way(desktop, nullptr);
   album.Keep(new_way, "frmNewWay");
@@ -95,11 +94,11 @@ void KeepAll(const Album& album) {
   FrmFileDelete route_delete(desktop, FileKind::kRoute, nullptr);
   Select(route_delete, "fillist", 1);
   album.Keep(route_delete, "frmRouteDelete");
-  FrmRouteEdit edit(desktop, session, nullptr);
+  FrmRouteEdit edit(desktop, nullptr);
   Select(edit, "List1", 4);
   Select(edit, "List2", 2);
   album.Keep(edit, "frmRouteEdit");
-  FrmRouteWayPoints make(desktop, session, nullptr);
+  FrmRouteWayPoints make(desktop, nullptr);
   for (const int row : {3, 6, 27, 43}) {
     Select(make, "List1", row);
     make.findChild<QPushButton*>("cmdAdd")->click();
@@ -134,7 +133,7 @@ void KeepAll(const Album& album) {
   (void)WriteWaypointFile(WaypointRecoveryPath(folders, "Solent.way"),
                           SampleWaypoints().subspan(3, 11));
   album.KeepNext("frmRecovery");
-  OfferRecovery(desktop, session, nullptr);
+  OfferRecovery(desktop, nullptr);
 }
 
 }  // namespace
