@@ -206,8 +206,8 @@ void ReportFrames(const Program& program, ViewState state) {
   std::vector<std::uint32_t> pixels(static_cast<std::size_t>(kImageWidth) * kImageHeight);
   std::uint32_t random = 1;
   for (std::uint32_t& pixel : pixels) pixel = 0xff000000U | (random = random * 1664525U + 7U) >> 8;
-  const auto image = std::make_shared<ChartImage>(
-      PictureFromRgb32(kImageWidth, kImageHeight, std::move(pixels)));
+  const auto image =
+      std::make_shared<ChartImage>(PictureFromRgb32(kImageWidth, kImageHeight, std::move(pixels)));
   image->BuildLevels();
   ChartViewer viewer;
   viewer.show();
@@ -222,9 +222,8 @@ void ReportFrames(const Program& program, ViewState state) {
     for (const bool filled : {false, true}) {
       viewer.SetOverlayPainter([&](DrawingSurface& surface, const ViewGeometry& area) {
         if (!filled) return;
-        DrawOverlays(surface,
-                     MakeOverlayView(program.charts.chart, viewer.geometry(), area, 12), program,
-                     state);
+        DrawOverlays(surface, MakeOverlayView(program.charts.chart, viewer.geometry(), area, 12),
+                     program, state);
       });
       viewer.SetLivePainter([&](DrawingSurface& surface) {
         if (!filled) return;

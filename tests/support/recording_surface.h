@@ -56,8 +56,7 @@ class RecordingSurface final : public DrawingSurface {
   }
   // Half of the size for each byte, one and a half of it for the line.
   SurfaceRect TextExtent(std::string_view text, const TextStyle& style) const override {
-    return {0.0, 0.0, 0.5 * style.size_pt * static_cast<double>(text.size()),
-            1.5 * style.size_pt};
+    return {0.0, 0.0, 0.5 * style.size_pt * static_cast<double>(text.size()), 1.5 * style.size_pt};
   }
   void PushClip(SurfaceRect) override {}
   void PopClip() override {}

@@ -7,8 +7,8 @@
 #include <random>
 #include <vector>
 
-#include "ui/drawing/qt_surface.h"
 #include "support/recording_surface.h"
+#include "ui/drawing/qt_surface.h"
 
 namespace skerrow {
 namespace {
@@ -152,7 +152,8 @@ TEST(QtSurface, TextStandsByItsAlignment) {
   EXPECT_NEAR(middle.bottom(), 39, 1);
 }
 
-// The rim lies about the letters, takes the ground's colour in the look, and stays out of the print.
+// The rim lies about the letters, takes the ground's colour in the look, and stays out of the
+// print.
 TEST(QtSurface, TextHasARim) {
   QImage image = Paper();
   image.fill(qRgb(0, 120, 0));
@@ -168,8 +169,8 @@ TEST(QtSurface, TextHasARim) {
     if (qGray(image.pixel(x, 36)) < 20) (from < 0 ? from : to) = x;
   }
   ASSERT_GT(from, 0);
-  EXPECT_GT(qBlue(image.pixel(from - 1, 36)), 150);
-  EXPECT_GT(qBlue(image.pixel(to + 1, 36)), 150);
+  EXPECT_GT(qBlue(image.pixel(from - 2, 36)), 150);
+  EXPECT_GT(qBlue(image.pixel(to + 2, 36)), 150);
   EXPECT_EQ(image.pixel(from - 5, 36), qRgb(0, 120, 0));
 }
 
@@ -191,7 +192,8 @@ TEST(ShownColour, InkIsLightPaperDarkAndNothingAboveTheCeiling) {
     const auto colour = static_cast<std::int32_t>(random() & 0xffffffU);
     for (const int level : {10, 40, 100}) {
       for (int shift = 0; shift < 24; shift += 8) {
-        ASSERT_LE((ShownColour(colour, {true, level}) >> shift) & 0xff, 165 * level / 100) << colour;
+        ASSERT_LE((ShownColour(colour, {true, level}) >> shift) & 0xff, 165 * level / 100)
+            << colour;
         ASSERT_LE((ShownColour(colour, {false, level}) >> shift) & 0xff, 255 * level / 100);
       }
     }

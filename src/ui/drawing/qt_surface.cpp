@@ -23,7 +23,8 @@ QString ToQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// Whether a painter works on pixels of the density that texts are laid out for, upright and unscaled.
+// Whether a painter works on pixels of the density that texts are laid out for, upright and
+// unscaled.
 bool OnScreen(const QPainter& painter) {
   static const int density = QImage(1, 1, QImage::Format_RGB32).logicalDpiY();
   return painter.paintEngine()->type() == QPaintEngine::Raster &&
@@ -57,6 +58,12 @@ bool CutToRect(const QRectF& rect, SurfacePoint& a, SurfacePoint& b) {
 }
 
 }  // namespace
+
+QColor Dimmed(const QColor& colour, const Look& look) {
+  const int share = std::clamp(look.brightness, 10, 100);
+  return QColor(colour.red() * share / 100, colour.green() * share / 100,
+                colour.blue() * share / 100);
+}
 
 QtSurface::QtSurface(QPainter& painter, QSizeF size, Look look, TextPictures* texts)
     : painter_(painter),

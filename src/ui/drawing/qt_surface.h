@@ -11,6 +11,9 @@
 
 namespace skerrow {
 
+// A colour at the brightness of a look.
+QColor Dimmed(const QColor& colour, const Look& look);
+
 // The surface over a painter: a widget, a picture or a printed page. The painter's state comes
 // back at the end of the object's life.
 class QtSurface final : public DrawingSurface {

@@ -52,8 +52,8 @@ void WriteText(QPainter& painter, const QRectF& room, const QString& text, Align
     if (rim.isValid()) {
       QPainterPath letters;
       letters.addText(at, painter.font(), row);
-      painter.strokePath(
-          letters, QPen(rim, 2.0 * kRimWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+      painter.strokePath(letters,
+                         QPen(rim, 2.0 * kRimWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     }
     painter.setPen(ink);
     painter.drawText(at, row);
@@ -104,16 +104,15 @@ const QImage& TextPictures::Picture(std::string_view text, const TextStyle& styl
   const auto pixels = [ratio](double length) {
     return static_cast<int>(std::ceil((length + 2 * kBorder) * ratio));
   };
-  QImage picture(pixels(room.width()), pixels(room.height()),
-                 QImage::Format_ARGB32_Premultiplied);
+  QImage picture(pixels(room.width()), pixels(room.height()), QImage::Format_ARGB32_Premultiplied);
   picture.setDevicePixelRatio(ratio);
   picture.fill(Qt::transparent);
   {
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setFont(face.font);
-    WriteText(painter, QRectF(QPointF(kBorder, kBorder), room), ToQString(text), style.align_x,
-              ink, rim);
+    WriteText(painter, QRectF(QPointF(kBorder, kBorder), room), ToQString(text), style.align_x, ink,
+              rim);
   }
   bytes_ += picture.sizeInBytes();
   return face.pictures[key] = std::move(picture);

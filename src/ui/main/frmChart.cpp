@@ -84,9 +84,8 @@ FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings
   viewer_->setAccessibleName("Chart");
   setCentralWidget(viewer_);
   viewer_->SetEvents(this);
-  viewer_->SetOverlayPainter([this](DrawingSurface& surface, const ViewGeometry& area) {
-    PaintOverlays(surface, area);
-  });
+  viewer_->SetOverlayPainter(
+      [this](DrawingSurface& surface, const ViewGeometry& area) { PaintOverlays(surface, area); });
   viewer_->SetLivePainter([this](DrawingSurface& surface) { PaintLive(surface); });
   viewer_->SetPointer(Qt::CrossCursor);
   if (const QScreen* primary = QGuiApplication::primaryScreen()) {

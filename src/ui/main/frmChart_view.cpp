@@ -152,8 +152,8 @@ void FrmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) 
 void FrmChart::PaintLive(DrawingSurface& surface) {
   if (!redraw_ || viewer_->image_height() < 1) return;
   DrawLiveOverlays(surface,
-                   MakeOverlayView(program().charts.chart, viewer_->geometry(),
-                                   viewer_->geometry(), program().config.text_size),
+                   MakeOverlayView(program().charts.chart, viewer_->geometry(), viewer_->geometry(),
+                                   program().config.text_size),
                    program(), view_);
 }
 

@@ -48,8 +48,8 @@ void NameCandidateChart(LabelList& names, const OverlayView& view, const Program
                         const ViewState& state) {
   if (!state.candidate_chart) return;
   const SurfacePoint corner = CornersOf(view, *state.candidate_chart)[0];
-  names.fixed.push_back({state.candidate_chart->title, {corner.x + 6.0, corner.y + 4.0},
-                         program.config.font_colour});
+  names.fixed.push_back(
+      {state.candidate_chart->title, {corner.x + 6.0, corner.y + 4.0}, program.config.font_colour});
 }
 
 void DrawPorts(DrawingSurface& surface, const OverlayView& view, const Program& program,

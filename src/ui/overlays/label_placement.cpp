@@ -111,9 +111,8 @@ std::vector<std::optional<SurfaceRect>> PlaceLabels(std::span<const LabelWish> w
                                                     std::span<const SurfaceRect> taken, bool all) {
   std::vector<std::size_t> order(wishes.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
-  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-    return wishes[a].rank < wishes[b].rank;
-  });
+  std::stable_sort(order.begin(), order.end(),
+                   [&](std::size_t a, std::size_t b) { return wishes[a].rank < wishes[b].rank; });
   BoxGrid marks;
   BoxGrid names;
   for (std::size_t i = 0; i < wishes.size(); ++i) {

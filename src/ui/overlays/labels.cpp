@@ -16,8 +16,8 @@ void DrawLabels(DrawingSurface& surface, const OverlayView& view, const LabelLis
   wishes.reserve(list.labels.size());
   for (const Label& label : list.labels) {
     const SurfaceRect extent = surface.TextExtent(label.text, style);
-    wishes.push_back({label.text, label.at, label.radius, extent.width, extent.height, label.rank,
-                      label.side});
+    wishes.push_back(
+        {label.text, label.at, label.radius, extent.width, extent.height, label.rank, label.side});
   }
   std::vector<SurfaceRect> taken;
   for (const FixedText& text : list.fixed) {

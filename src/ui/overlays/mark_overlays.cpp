@@ -108,8 +108,7 @@ void DrawMob(DrawingSurface& surface, const OverlayView& view, const Program& pr
   DrawCross(surface, *at, reach);
 }
 
-void NameMob(LabelList& names, const OverlayView& view, const Program& program,
-             const ViewState&) {
+void NameMob(LabelList& names, const OverlayView& view, const Program& program, const ViewState&) {
   if (const std::optional<SurfacePoint> at = view.Place(program.mob.position)) {
     names.labels.push_back(
         {"MOB", *at, 3.2 * view.marker_radius, kRed, LabelRank::kMark, LabelSide::kRight});

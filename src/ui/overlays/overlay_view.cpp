@@ -33,8 +33,7 @@ OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& shown,
   view.view_south = view.chart.RowToLat(seen.top + seen.height);
   view.view_west = view.chart.ColToLong(seen.left);
   view.view_east = view.chart.ColToLong(seen.left + seen.width);
-  view.marker_radius =
-      MarkerRadius(shown.view_width(), shown.image_width(), shown.image_height());
+  view.marker_radius = MarkerRadius(shown.view_width(), shown.image_width(), shown.image_height());
   view.text_size = text_size;
   return view;
 }

@@ -53,8 +53,8 @@ struct OverlayView {
   bool Seen(SurfacePoint at, double reach) const;
 };
 
-// The view of a chart. `shown` knows the picture's size, the zoom and the scroll position; `area` is
-// what is drawn on, the view itself or more.
+// The view of a chart. `shown` knows the picture's size, the zoom and the scroll position; `area`
+// is what is drawn on, the view itself or more.
 OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& shown,
                             const ViewGeometry& area, int text_size);
 

@@ -157,9 +157,8 @@ void NameCOG(LabelList& names, const OverlayView& view, const Program& program, 
   const std::size_t selected = program.animation.index;
   if (selected < 1 || selected >= track.size() || program.animation.label.empty()) return;
   if (const std::optional<SurfacePoint> at = view.Place(track[selected].position)) {
-    names.fixed.push_back({program.animation.label,
-                           {at->x - kSelectedRadius, at->y + kSelectedRadius},
-                           kRed});
+    names.fixed.push_back(
+        {program.animation.label, {at->x - kSelectedRadius, at->y + kSelectedRadius}, kRed});
   }
 }
 

@@ -18,16 +18,19 @@ namespace skerrow {
 namespace {
 
 constexpr QRgb kDayDesk = qRgb(0xc3, 0xcb, 0xd4);
-constexpr QRgb kNightDesk = qRgb(0x0c, 0x0f, 0x13);
+constexpr QRgb kNightDesk = qRgb(0x10, 0x08, 0x06);
 constexpr double kZoomPerNotch = 1.25;
-constexpr int kEdgeDelay = 60;  // ms
+constexpr int kEdgeDelay = 60;                       // ms
 constexpr std::int32_t kSelectionColour = 0x0000ff;  // red
 
 // Slim scroll bars whose colours do not hang on the desktop's style.
-QString ScrollBarStyle(bool night) {
-  const QString groove = QLatin1String(night ? "#0c0f13" : "#dde2e8");
-  const QString handle = QLatin1String(night ? "#39424d" : "#98a4b1");
-  const QString hover = QLatin1String(night ? "#4b5663" : "#788695");
+QString ScrollBarStyle(const Look& look) {
+  const auto name = [&look](QRgb day, QRgb night) {
+    return Dimmed(QColor(look.night ? night : day), look).name();
+  };
+  const QString groove = name(qRgb(0xdd, 0xe2, 0xe8), qRgb(0x0b, 0x04, 0x03));
+  const QString handle = name(qRgb(0x98, 0xa4, 0xb1), qRgb(0x4d, 0x20, 0x16));
+  const QString hover = name(qRgb(0x78, 0x86, 0x95), qRgb(0x6e, 0x2e, 0x20));
   return QStringLiteral(
              "QScrollBar { background: %1; border: none; margin: 0; }"
              "QScrollBar:horizontal { height: 11px; }"
@@ -62,7 +65,7 @@ ChartViewer::ChartViewer(QWidget* parent) : QAbstractScrollArea(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setFocusPolicy(Qt::StrongFocus);
-  setStyleSheet(ScrollBarStyle(false));
+  setStyleSheet(ScrollBarStyle({}));
   viewport()->setMouseTracking(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::CrossCursor);
@@ -231,10 +234,9 @@ void ChartViewer::SetBrightness(int percent) {
 }
 
 void ChartViewer::ApplyLook(Look new_look) {
-  const Look old = look();
-  if (new_look == old) return;
+  if (new_look == look()) return;
   tiles_.SetLook(new_look);
-  if (new_look.night != old.night) setStyleSheet(ScrollBarStyle(new_look.night));
+  setStyleSheet(ScrollBarStyle(new_look));
   emit PictureChanged();
   viewport()->update();
 }
@@ -317,11 +319,7 @@ void ChartViewer::paintEvent(QPaintEvent* event) {
 }
 
 QColor ChartViewer::Desk() const {
-  const QColor desk(look().night ? kNightDesk : kDayDesk);
-  const double share = look().brightness / 100.0;
-  return QColor::fromRgbF(static_cast<float>(desk.redF() * share),
-                          static_cast<float>(desk.greenF() * share),
-                          static_cast<float>(desk.blueF() * share));
+  return Dimmed(QColor(look().night ? kNightDesk : kDayDesk), look());
 }
 
 void ChartViewer::PaintWithOverlays(QPainter& painter) {
@@ -336,9 +334,8 @@ void ChartViewer::PaintWithOverlays(QPainter& painter) {
   }
   // When the same overlays are painted again, the next time shall be one copy.
   if (lasting && tiles_.Idle()) {
-    layer_.Compose(geometry_, [this](QPainter& whole, const QRect& area) {
-      return DrawTiles(whole, area);
-    });
+    layer_.Compose(geometry_,
+                   [this](QPainter& whole, const QRect& area) { return DrawTiles(whole, area); });
   }
   if (layer_.Whole(geometry_, look())) {
     layer_.PaintWhole(painter, geometry_);

@@ -19,7 +19,8 @@ QRect ViewRect(const ViewGeometry& view) {
 bool Empty(const QImage& picture, const QRect& part) {
   for (int y = part.top(); y <= part.bottom(); ++y) {
     const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-    if (std::any_of(row + part.left(), row + part.right() + 1, [](QRgb pixel) { return pixel != 0; })) {
+    if (std::any_of(row + part.left(), row + part.right() + 1,
+                    [](QRgb pixel) { return pixel != 0; })) {
       return false;
     }
   }

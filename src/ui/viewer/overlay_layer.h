@@ -42,8 +42,7 @@ class OverlayLayer {
   // Puts the chart beneath it, so that both are copied as one from then on. `chart` draws the part
   // of the scaled chart that it is given, into the painter's corner, and says whether it could;
   // nothing happens when the view has moved since Draw.
-  void Compose(const ViewGeometry& view,
-               const std::function<bool(QPainter&, const QRect&)>& chart);
+  void Compose(const ViewGeometry& view, const std::function<bool(QPainter&, const QRect&)>& chart);
   // Whether that has been done and holds for all of the view; then PaintWhole gives chart and
   // overlays.
   bool Whole(const ViewGeometry& view, const Look& look) const;
