@@ -45,7 +45,8 @@ PLANS = (
 
 
 # Whether a name is left off the sheets where the program writes it itself:
-# those of the tidal ports and of the sample waypoints. Their signs stay.
+# those of the tidal ports and of the sample waypoints. The signs stay but for
+# a port's, which has a mark of the program's own.
 LEAVE_TO_PROGRAM = True
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -269,12 +270,14 @@ def draw_names(sheet):
                               float(row["angle"]), size * spread, colour,
                               italic=kind != "land", halo=kind != "land")
     draw_diamonds(sheet)
+    others = load_program_names() if LEAVE_TO_PROGRAM else []
     for row in rows:
+        if row["kind"] == "port" and left_to_program(row, others):
+            continue
         if row["kind"] in signs:
             draw_sign(sheet, row["kind"], *sign_point(sheet, row))
     order = {"isle": 0, "port": 1, "light": 2, "vessel": 3, "buoy": 4,
              "head": 5}
-    others = load_program_names() if LEAVE_TO_PROGRAM else []
     placed = sorted((row for row in rows if row["kind"] in order
                      and not left_to_program(row, others)),
                     key=lambda row: (-float(row["size"]), order[row["kind"]]))

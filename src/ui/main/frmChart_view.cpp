@@ -335,20 +335,22 @@ void FrmChart::ToggleToolbars() {
 
 void FrmChart::SetNight(bool night) {
   view_.night = night;
-  ApplyTheme(night);
+  ApplyTheme(night, view_.brightness.level);
+  const Theme& theme = ThemeInForce();
   viewer_->SetNight(night);
   viewer_->SetBrightness(view_.brightness.level);
   const QString style =
-      night ? "background: #000000; color: #00ff00; border: 1px solid #143014; border-radius: 4px;"
-            : "background: #dfeaff; color: #000000; border: 1px solid #9db2cc; border-radius: 4px;";
+      QStringLiteral("background: %1; color: %2; border: 1px solid %3; border-radius: 4px;")
+          .arg(ColourName(theme.readout_back), ColourName(theme.readout_text),
+               ColourName(theme.readout_border));
   for (QLabel* label : {readout_, dividers_, mob_label_})
     label->setStyleSheet("QLabel {" + style + "}");
   QPalette colours = QGuiApplication::palette();
   for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button}) {
-    colours.setColor(role, night ? QColor(0, 0, 0) : QColor(223, 234, 255));
+    colours.setColor(role, theme.readout_back);
   }
   for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText}) {
-    colours.setColor(role, night ? QColor(0, 255, 0) : QColor(0, 0, 0));
+    colours.setColor(role, theme.readout_text);
   }
   route_combo_->setPalette(colours);
   RefreshIcons();
@@ -364,8 +366,7 @@ void FrmChart::AdjustBrightness(int step) {
   } else {
     view_.brightness.Reset();
   }
-  viewer_->SetBrightness(view_.brightness.level);
-  UpdateActions();
+  SetNight(view_.night);
 }
 
 void FrmChart::SaveConfigChange(const std::function<void(AppConfig&)>& change) {

@@ -6,7 +6,7 @@
 namespace skerrow {
 namespace {
 
-constexpr int kCasedWidth = 3;
+constexpr int kCasedWidth = 5;
 constexpr double kCursorRoom = 14.0;  // pixels between the cursor and the text
 
 bool RubberBandShown(const Program& program, const ViewState& state) {
@@ -23,7 +23,7 @@ bool OpenDividersShown(const ViewState& state) {
 void DrawBand(DrawingSurface& surface, SurfacePoint from, SurfacePoint to, std::int32_t colour) {
   surface.SetPen(kCasedWidth, kGround);
   surface.Line(from, to);
-  surface.SetPen(1, colour, LineStyle::kDash);
+  surface.SetPen(2, colour, LineStyle::kDash);
   surface.Line(from, to);
 }
 

@@ -137,7 +137,17 @@ class HelmStyle final : public QProxyStyle {
       QProxyStyle::drawControl(element, &plain, painter, widget);
       return;
     }
-    QProxyStyle::drawControl(element, option, painter, widget);
+    const bool bar = element == CE_MenuBarEmptyArea || element == CE_MenuBarItem;
+    if (ThemeInForce().night && element == CE_ToolBar) {
+      painter->fillRect(option->rect, ThemeInForce().window);
+    } else {
+      QProxyStyle::drawControl(element, option, painter, widget);
+    }
+    // The line below bars, which the style beneath makes nearly white on a dark ground.
+    if (ThemeInForce().night && (bar || element == CE_ToolBar)) {
+      painter->setPen(ThemeInForce().border);
+      painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
+    }
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
