@@ -235,7 +235,8 @@ void FrmChart::MakeToolbars() {
 void FrmChart::RefreshIcons() {
   for (const Command* command : AllCommands()) {
     if (!command->icon.empty())
-      action(command->name)->setIcon(Icon(ToQt(command->icon), view_.night, view_.brightness.level));
+      action(command->name)
+          ->setIcon(Icon(ToQt(command->icon), view_.night, view_.brightness.level));
   }
 }
 

@@ -134,15 +134,15 @@ void DrawCOG(DrawingSurface& surface, const OverlayView& view, const Program& pr
              const ViewState&) {
   const std::vector<TrackPoint>& track = program.passage.route_track;
   if (track.size() < 2) return;
-  const auto draw_track = [&] {
-    const std::optional<SurfacePoint> start = view.Place(track.front().position);
-    if (start && view.Seen(*start, view.marker_radius)) surface.Ring(*start, view.marker_radius);
+  const auto draw_line = [&] {
     DrawRuns(surface, view, track.size(), [&track](std::size_t i) { return track[i].position; });
   };
   surface.SetPen(LineWidthOf(program) + 2 * kCasing, kTrackCasing);
-  draw_track();
+  draw_line();
   surface.SetPen(LineWidthOf(program), program.config.cog_colour);
-  draw_track();
+  const std::optional<SurfacePoint> start = view.Place(track.front().position);
+  if (start && view.Seen(*start, view.marker_radius)) surface.Ring(*start, view.marker_radius);
+  draw_line();
 
   const std::size_t selected = program.animation.index;
   if (selected < 1 || selected >= track.size()) return;

@@ -1,5 +1,7 @@
 #include "ui/overlays/overlays.h"
 
+#include <QImage>
+#include <QPainter>
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -10,6 +12,8 @@
 
 #include "core/plane_sailing.h"
 #include "support/recording_surface.h"
+#include "ui/drawing/qt_surface.h"
+#include "ui/overlays/live_overlays.h"
 
 namespace skerrow {
 namespace {
@@ -337,10 +341,9 @@ TEST_F(OverlaysTest, CourseOverGround) {
       {{50.5F, -1.5F}, 0.0F, {}}, {{50.5F, -1.45F}, 0.1F, {}}, {{50.48F, -1.45F}, 0.2F, {}}};
   EXPECT_EQ(DrawOne("course over ground"), "") << "not on show";
   state.calculation_on_show = true;
-  const std::string line =
-      "ring 100.00,217.00 r 3.00\n"
-      "polyline 100.00,217.00 300.00,217.00 300.00,345.00\n";
-  const std::string track = "pen 6 solid 255,210,60\n" + line + "pen 2 solid 0,89,89\n" + line;
+  const std::string line = "polyline 100.00,217.00 300.00,217.00 300.00,345.00\n";
+  const std::string track =
+      "pen 6 solid 255,210,60\n" + line + "pen 2 solid 0,89,89\nring 100.00,217.00 r 3.00\n" + line;
   program.animation.label = "ETA : 12:35  5 December";
   EXPECT_EQ(DrawOne("course over ground"), track) << "index 0 selects nothing";
   program.animation.index = 2;
@@ -501,6 +504,146 @@ TEST_F(OverlaysTest, TracksCarryTheirComments) {
   EXPECT_EQ(DrawOne("live track"), track);
   program.tracks.historical = {program.tracks.live, {}};
   EXPECT_EQ(DrawOne("historical tracks"), track);
+}
+
+// A route point on a waypoint and a port, close to a crowd of other waypoints: the names that
+// matter show below 100 %, each text once; every one shows at 100 % and when it is asked for.
+TEST_F(OverlaysTest, NamesGiveWayByTheirRank) {
+  SetRoute({Point(50.5F, -1.6F), Point(50.5F, -1.5F, "Needles")});
+  program.waypoints.waypoints = {{"Needles", 50.5F, -1.5F}};
+  for (int i = 0; i < 60; ++i) {
+    const auto step = static_cast<float>(i);
+    program.waypoints.waypoints.push_back(
+        {"Crowd " + std::to_string(i), 50.5F + 0.0002F * step, -1.5F + 0.0003F * step});
+  }
+  program.config.show_tide_heights = kTrue;
+  program.port_markers = {{"Harbour", 50.5005F, -1.4995F}};
+  program.mob.on = true;
+  program.mob.position = {50.501F, -1.499F};
+  const auto count = [this](std::string_view text) {
+    const std::string drawn = Draw();
+    std::size_t found = 0;
+    for (std::size_t at = drawn.find(text); at != std::string::npos;
+         at = drawn.find(text, at + 1)) {
+      ++found;
+    }
+    return found;
+  };
+  Look(0.3, {1000.0, 3000.0});
+  EXPECT_EQ(count("\"Needles\""), 1U);
+  EXPECT_EQ(count("\"MOB\""), 1U);
+  EXPECT_EQ(count("\"Harbour\""), 0U);
+  EXPECT_LT(count("\"Crowd"), 10U);
+  EXPECT_GT(count("\"Crowd"), 0U);
+  EXPECT_EQ(count("ellipse"), 61U) << "a mark shows without its name too";
+  state.every_name = true;
+  EXPECT_EQ(count("\"Needles\""), 1U);
+  EXPECT_EQ(count("\"Harbour\""), 1U);
+  EXPECT_EQ(count("\"Crowd"), 60U);
+  state.every_name = false;
+  Look(1.0, {1000.0, 3000.0});
+  EXPECT_EQ(count("\"Crowd"), 60U);
+  // The waypoint that is marked comes before a route point of no name.
+  Look(0.05, {0.0, 0.0});
+  state.marked_kind = MarkedKind::kWaypoint;
+  state.marked_waypoint = 41;
+  EXPECT_EQ(count("\"Crowd 39\""), 1U);
+}
+
+TEST_F(OverlaysTest, NamesStayWhereTheyAreWhileTheChartMoves) {
+  for (int i = 0; i < 200; ++i) {
+    program.waypoints.waypoints.push_back({"W" + std::to_string(i),
+                                           50.4F + 0.001F * static_cast<float>(i * 37 % 101),
+                                           -1.6F + 0.001F * static_cast<float>(i * 53 % 97)});
+  }
+  Look(0.8, {1200.0, 2700.0});
+  const auto place = [this](const std::string& text) {
+    const std::string drawn = Draw();
+    const std::size_t end = drawn.find(" \"" + text + "\"");
+    double x = -1.0;
+    double y = -1.0;
+    if (end == std::string::npos) return SurfacePoint{x, y};
+    std::sscanf(drawn.c_str() + drawn.rfind("text", end), "text %lf,%lf", &x, &y);
+    return SurfacePoint{x, y};
+  };
+  std::vector<SurfacePoint> before;
+  for (int i = 0; i < 200; i += 7) before.push_back(place("W" + std::to_string(i)));
+  Look(0.8, {1300.0, 2800.0});  // 80 pixels further each way
+  for (int i = 0; i < 200; i += 7) {
+    const SurfacePoint was = before[static_cast<std::size_t>(i / 7)];
+    const SurfacePoint now = place("W" + std::to_string(i));
+    if (was.x < 80.0 || was.y < 100.0 || now.x < 0.0) continue;
+    EXPECT_NEAR(now.x, was.x - 80.0, 0.01) << i;
+    EXPECT_NEAR(now.y, was.y - 80.0, 0.01) << i;
+  }
+  EXPECT_GT(
+      std::count_if(before.begin(), before.end(), [](SurfacePoint at) { return at.x > 80.0; }), 8);
+}
+
+TEST_F(OverlaysTest, ABandLeadsFromTheLastPointToTheCursor) {
+  const auto live = [this] {
+    RecordingSurface surface(1600.0, 900.0);
+    DrawLiveOverlays(surface, view, program, state);
+    EXPECT_EQ(LiveOverlaysShown(program, state), !surface.Text().empty());
+    return surface.Text();
+  };
+  SetRoute({Point(50.45F, -1.5F), Point(50.5F, -1.5F)});
+  state.cursor = {50.5F, -1.3F};
+  state.mouse_mode = MouseMode::kRouteCreation;
+  EXPECT_EQ(live(), "") << "no point was laid";
+  state.route_entry_on = true;
+  const std::string line = "line 100.00,217.00 900.00,217.00\n";
+  EXPECT_EQ(live(),
+            "pen 5 solid 255,255,255\n" + line + "pen 2 dash 0,0,255\n" + line +
+                "text 914.00,231.00 left top 12 bold 0,0,0 halo 255,255,255 \"7.6nm @090°T\"\n");
+  // At the view's edge the text turns to the other side.
+  state.cursor = {50.395F, -1.13F};
+  EXPECT_NE(live().find(" right bottom 12 "), std::string::npos) << live();
+  for (const MouseMode mode : {MouseMode::kWaypointEntry, MouseMode::kPointMarked}) {
+    state.mouse_mode = mode;
+    EXPECT_EQ(live(), "");
+  }
+  state.mouse_mode = MouseMode::kRouteCreation;
+  for (bool* other : {&state.route_drag_on, &state.rectangle_mode, &state.calculation_on_show}) {
+    *other = true;
+    EXPECT_EQ(live(), "");
+    *other = false;
+  }
+  // The dividers have a band of their own until their end is set.
+  state.dividers_on = true;
+  EXPECT_EQ(live(), "");
+  state.cursor = {50.5F, -1.3F};
+  state.zero_point = Position{50.5F, -1.5F};
+  EXPECT_EQ(live(), "pen 5 solid 255,255,255\n" + line + "pen 2 dash 255,0,0\n" + line);
+  state.divider_end = state.cursor;
+  EXPECT_EQ(live(), "");
+}
+
+// All overlays on the brightest of night charts, at every level: nothing above the chart's ceiling,
+// and what is drawn can be read.
+TEST_F(OverlaysTest, NothingOutshinesTheChartAtNight) {
+  FillEverything();
+  program.config.font_colour = Rgb(255, 255, 255);
+  program.config.boat_colour = Rgb(255, 255, 0);
+  for (const int level : {100, 50, 10}) {
+    const int ceiling = 165 * level / 100;
+    QImage image(1600, 900, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    {
+      QPainter painter(&image);
+      QtSurface surface(painter, image.size(), {true, level});
+      DrawOverlays(surface, view, program, state);
+    }
+    int brightest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        const QRgb pixel = image.pixel(x, y);
+        brightest = std::max({brightest, qRed(pixel), qGreen(pixel), qBlue(pixel)});
+      }
+    }
+    EXPECT_LE(brightest, ceiling) << level;
+    EXPECT_GT(brightest, ceiling / 2) << level;
+  }
 }
 
 TEST_F(OverlaysTest, TogglesAndTheRectangleDecideWhatIsShown) {
