@@ -7,7 +7,6 @@
 #include <random>
 #include <vector>
 
-#include "support/recording_surface.h"
 #include "ui/drawing/qt_surface.h"
 
 namespace skerrow {
@@ -44,16 +43,6 @@ TEST(QtSurface, BadShapesDrawNothing) {
     DrawArrow(surface, {2.0, 2.0}, {2.0, 2.0}, 5.0, kRed);
   }
   EXPECT_EQ(image, Paper());
-}
-
-TEST(DrawArrow, LineHeadAndHollowAgain) {
-  RecordingSurface surface(200.0, 200.0);
-  DrawArrow(surface, {0.0, 10.0}, {100.0, 10.0}, 10.0, kRed);
-  EXPECT_EQ(surface.Text(),
-            "line 0.00,10.00 100.00,10.00\n"
-            "fill 255,0,0\n"
-            "polygon 100.00,10.00 90.00,14.00 90.00,6.00\n"
-            "fill none\n");
 }
 
 TEST(QtSurface, ShapesStandWhereTheyShould) {
