@@ -4,8 +4,7 @@
 
 #include "app/program.h"
 #include "core/clock.h"
-#include "platform/clipboard.h"
-#include "platform/settings_store.h"
+#include "support/memory_platform.h"
 #include "support/temp_folder.h"
 #include "ui/main/frmChart.h"
 #include "ui/widgets/desktop_messages.h"
@@ -22,8 +21,8 @@ void Measure(const char* what, const Folders& folders) {
   Program program(folders, clock);
   MakeUserFolders(folders);
   DesktopMessages messages;
-  MemoryClipboard clipboard;
-  MemorySettingsStore settings;
+  testing::MemoryClipboard clipboard;
+  testing::MemorySettingsStore settings;
   QElapsedTimer timer;
   timer.start();
   const auto lap = [&timer] { return static_cast<double>(timer.nsecsElapsed()) / 1e6; };

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "core/result.h"
@@ -37,19 +35,6 @@ class SettingsStore {
 
 // The real store, an INI file at `path`. A file that is missing or damaged reads as empty.
 std::unique_ptr<SettingsStore> OpenSettingsStore(const std::string& path);
-
-// A store that lives no longer than the object.
-class MemorySettingsStore final : public SettingsStore {
- public:
-  std::string Get(std::string_view section, std::string_view key,
-                  std::string_view fallback = {}) const override;
-  void Set(std::string_view section, std::string_view key, std::string_view value) override;
-  void Remove(std::string_view section, std::string_view key) override;
-  Status Flush() override { return Done{}; }
-
- private:
-  std::map<std::pair<std::string, std::string>, std::string> values_;
-};
 
 // The section of the recent files.
 inline constexpr std::string_view kRecentFilesSection = "MRUFiles";

@@ -5,13 +5,12 @@
 namespace skerrow {
 
 ReportDialog::ReportDialog(Desktop& desktop, const char* name, const QString& title,
-                           const char* list_name, QWidget* parent)
+                           const char* list_name, QWidget* parent, QWidget* head)
     : Dialog(desktop, name, title, parent),
-      head_(new QVBoxLayout),
       list_(new TextList(desktop.clipboard, list_name)),
       copy_all_(Named<QRadioButton>("Option1", tr("Copy &all to Clipboard"))),
       copy_selected_(Named<QRadioButton>("Option2", tr("Copy &Selected"))) {
-  body()->addLayout(head_);
+  if (head != nullptr) body()->addWidget(head);
   body()->addWidget(list_, 1);
   copy_all_->setChecked(true);
   auto* copies = new QHBoxLayout;

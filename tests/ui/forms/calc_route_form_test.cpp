@@ -3,25 +3,23 @@
 #include <gtest/gtest.h>
 
 #include "passage/optimum.h"
-#include "tests/ui/dialogs/dialog_fixture.h"
+#include "support/sample_desk.h"
 
-namespace skerrow {
+namespace skerrow::testing {
 namespace {
 
-class CalcRouteForm : public testing::Test {
+class CalcRouteForm : public SampleDesk {
  protected:
-  void SetUp() override { ASSERT_TRUE(desk.LoadSampleRoute()); }
+  void SetUp() override { LoadSample(); }
 
-  std::vector<RoutePoint>& points() { return desk.program.route.points; }
-
-  SampleDesk desk;
+  std::vector<RoutePoint>& points() { return program.route.points; }
 };
 
 TEST_F(CalcRouteForm, DepartureFollowsTheClockUntilTheUserHasSetATime) {
-  desk.program.selected_time.hours = 15.5F;
-  EXPECT_EQ(CalcRouteTextsOf(desk.program).time, "09:30");
-  desk.program.selected_time.override_ = true;
-  EXPECT_EQ(CalcRouteTextsOf(desk.program).time, "15:30");
+  program.selected_time.hours = 15.5F;
+  EXPECT_EQ(CalcRouteTextsOf(program).time, "09:30");
+  program.selected_time.override_ = true;
+  EXPECT_EQ(CalcRouteTextsOf(program).time, "15:30");
 }
 
 TEST_F(CalcRouteForm, LegEntriesAreCheckedInOrderAndRefusedWhole) {
@@ -47,34 +45,34 @@ TEST_F(CalcRouteForm, LegEntriesAreCheckedInOrderAndRefusedWhole) {
   for (const Row& row : rows) {
     LegEntry entry = good;
     row.spoil(entry);
-    EXPECT_EQ(AcceptLeg(desk.program, 2, entry, desk.messages), row.refusal) << row.what;
+    EXPECT_EQ(AcceptLeg(program, 2, entry, messages), row.refusal) << row.what;
     EXPECT_EQ(points()[1].At(), before.At()) << row.what;
     EXPECT_EQ(points()[1].name, before.name) << row.what;
   }
   EXPECT_EQ(LegRefusalText(LegRefusal::kLatitude), "Error - Latitude entry");
   EXPECT_EQ(LegRefusalText(LegRefusal::kLongitude), "Error - Longitude entry");
-  EXPECT_EQ(AcceptLeg(desk.program, points().size(), good, desk.messages), LegRefusal::kNoLeg);
+  EXPECT_EQ(AcceptLeg(program, points().size(), good, messages), LegRefusal::kNoLeg);
 }
 
 TEST_F(CalcRouteForm, AnAcceptedLegMovesItsNeighboursWithIt) {
   LegEntry entry = {"Start", "50.30.00N", "000.00.00E", "End", "50.00.00N", "001.20.00W", "6.5"};
   // The start longitude of 0 is not an error.
-  ASSERT_EQ(AcceptLeg(desk.program, 2, entry, desk.messages), LegRefusal::kNone);
+  ASSERT_EQ(AcceptLeg(program, 2, entry, messages), LegRefusal::kNone);
   EXPECT_EQ(points()[0].Next(), points()[1].At());
   EXPECT_EQ(points()[1].Next(), points()[2].At());
   EXPECT_EQ(points()[2].name, "End");
   EXPECT_FLOAT_EQ(points()[1].speed, 6.5F);
   EXPECT_FLOAT_EQ(points()[1].longitude, 0.0F);
-  EXPECT_FLOAT_EQ(desk.program.route.distance, RouteLengthOf(points()));
+  EXPECT_FLOAT_EQ(program.route.distance, RouteLengthOf(points()));
 }
 
 TEST_F(CalcRouteForm, ASpeedOfNothingChangesNothing) {
   const float before = points()[0].speed;
   for (const char* text : {"0", "", "0.0", "kn"}) {
-    EXPECT_FALSE(ApplyRouteSpeed(desk.program, text)) << text;
+    EXPECT_FALSE(ApplyRouteSpeed(program, text)) << text;
     EXPECT_FLOAT_EQ(points()[0].speed, before);
   }
-  EXPECT_TRUE(ApplyRouteSpeed(desk.program, "7.2"));
+  EXPECT_TRUE(ApplyRouteSpeed(program, "7.2"));
   for (const RoutePoint& point : points()) EXPECT_FLOAT_EQ(point.speed, 7.2F);
 }
 
@@ -93,26 +91,26 @@ TEST(WindSide, IsStarboardBetweenAheadAndAsternClockwise) {
 
 TEST_F(CalcRouteForm, TacksComeFromTheDefaultWind) {
   // All legs run south; a wind from 290 comes over their starboard side, one from 090 over port.
-  SetTacks(desk.program);
+  SetTacks(program);
   EXPECT_EQ(points()[0].tack, 2);
-  desk.program.wind_config.default_direction = "090";
-  SetTacks(desk.program);
+  program.wind_config.default_direction = "090";
+  SetTacks(program);
   for (std::size_t i = 0; i + 1 < points().size(); ++i) EXPECT_EQ(points()[i].tack, 1) << i;
 }
 
 TEST_F(CalcRouteForm, TheGpsMovesTheStartOnlyWhileItReceives) {
-  desk.program.boat_latitude = 50.7F;
-  desk.program.boat_longitude = -1.5F;
-  EXPECT_FALSE(GpsReadingOf(desk.program));
-  desk.program.gps_enabled = true;
-  const auto gps = GpsReadingOf(desk.program);
+  program.boat_latitude = 50.7F;
+  program.boat_longitude = -1.5F;
+  EXPECT_FALSE(GpsReadingOf(program));
+  program.gps_enabled = true;
+  const auto gps = GpsReadingOf(program);
   ASSERT_TRUE(gps);
-  UseGpsForStart(desk.program, {gps->position, 4.5F}, true, desk.messages);
+  UseGpsForStart(program, {gps->position, 4.5F}, true, messages);
   EXPECT_EQ(points()[0].At(), (Position{50.7F, -1.5F}));
   EXPECT_EQ(points()[0].name, "");
   for (const RoutePoint& point : points()) EXPECT_FLOAT_EQ(point.speed, 4.5F);
-  desk.program.boat_latitude = 0.0F;
-  EXPECT_FALSE(GpsReadingOf(desk.program));
+  program.boat_latitude = 0.0F;
+  EXPECT_FALSE(GpsReadingOf(program));
 }
 
 TEST_F(CalcRouteForm, ThePlanForTheClipboardHoldsTimeDateAndLegs) {
@@ -122,14 +120,13 @@ TEST_F(CalcRouteForm, ThePlanForTheClipboardHoldsTimeDateAndLegs) {
 
 TEST_F(CalcRouteForm, ASearchLeavesNoCalculatedRoute) {
   NoProgress progress;
-  ASSERT_EQ(RunCalculation(desk.program, {"06:00", false, ""}, desk.messages, progress),
-            RouteOutcome::kDone);
+  ASSERT_EQ(RunCalculation(program, {"06:00", false, ""}, messages, progress), RouteOutcome::kDone);
   EXPECT_TRUE(points()[0].calculated);
-  ASSERT_EQ(RunDepartureSearch(desk.program, 1, desk.messages, progress), RouteOutcome::kDone);
-  EXPECT_EQ(desk.program.passage.optimum_times.size(), 8U);
-  EXPECT_EQ(desk.program.passage.calc_mode, 0);
+  ASSERT_EQ(RunDepartureSearch(program, 1, messages, progress), RouteOutcome::kDone);
+  EXPECT_EQ(program.passage.optimum_times.size(), 8U);
+  EXPECT_EQ(program.passage.calc_mode, 0);
   EXPECT_FALSE(points()[0].calculated);
 }
 
 }  // namespace
-}  // namespace skerrow
+}  // namespace skerrow::testing

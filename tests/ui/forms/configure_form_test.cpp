@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/ui/dialogs/dialog_fixture.h"
+#include "support/sample_desk.h"
 
-namespace skerrow {
+namespace skerrow::testing {
 namespace {
+
+class ConfigureFormOnDesk : public SampleDesk {};
 
 struct Spoiled {
   void (*spoil)(ConfigureEntry&);
@@ -130,25 +132,24 @@ TEST(ConfigureForm, OffersTheToldChoices) {
   EXPECT_EQ(BarbLengthChoices().size(), 9U);
 }
 
-TEST(ConfigureForm, CarriesTheSettingsIntoTheProgram) {
-  SampleDesk desk;
-  ASSERT_TRUE(desk.LoadSampleRoute());
-  const auto loaded = desk.program.tides.loaded;
-  AppConfig config = desk.program.config;
+TEST_F(ConfigureFormOnDesk, CarriesTheSettingsIntoTheProgram) {
+  LoadSample();
+  const auto loaded = program.tides.loaded;
+  AppConfig config = program.config;
   config.vessel_speed = 7.0F;
   config.use_tides = kFalse;
   config.use_leeway = 1;
   config.summer_time = kTrue;
-  ASSERT_TRUE(CommitConfigure(desk.program, config, desk.messages).ok());
-  EXPECT_FLOAT_EQ(desk.program.route_speed, 7.0F);
-  EXPECT_FLOAT_EQ(desk.program.route.points.back().speed, 7.0F);
-  EXPECT_FALSE(desk.program.vectors_shown);
-  EXPECT_TRUE(desk.program.use_leeway);
-  EXPECT_NE(desk.program.tides.loaded, loaded) << "the tides follow summer time";
+  ASSERT_TRUE(CommitConfigure(program, config, messages).ok());
+  EXPECT_FLOAT_EQ(program.route_speed, 7.0F);
+  EXPECT_FLOAT_EQ(program.route.points.back().speed, 7.0F);
+  EXPECT_FALSE(program.vectors_shown);
+  EXPECT_TRUE(program.use_leeway);
+  EXPECT_NE(program.tides.loaded, loaded) << "the tides follow summer time";
   AppConfig stored;
-  ASSERT_TRUE(ReadConfig(desk.program.folders, stored).ok());
+  ASSERT_TRUE(ReadConfig(program.folders, stored).ok());
   EXPECT_FLOAT_EQ(stored.vessel_speed, 7.0F);
 }
 
 }  // namespace
-}  // namespace skerrow
+}  // namespace skerrow::testing

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/ui/dialogs/dialog_fixture.h"
+#include "support/sample_desk.h"
 #include "ui/forms/calc_route_form.h"
 
-namespace skerrow {
+namespace skerrow::testing {
 namespace {
+
+class FinishResultsOnDesk : public SampleDesk {};
 
 PassageState SevenReadings() {
   PassageState passage;
@@ -34,30 +36,28 @@ TEST(StreamRows, EveryThirdReadingUnlessAllAreAskedFor) {
   EXPECT_EQ(StreamRows({}, true, false).size(), 1U);
 }
 
-TEST(FinishResults, GivesEachPointTheForecastOfItsArrival) {
-  SampleDesk desk;
-  ASSERT_TRUE(desk.LoadSampleRoute());
+TEST_F(FinishResultsOnDesk, GivesEachPointTheForecastOfItsArrival) {
+  LoadSample();
   NoProgress progress;
-  ASSERT_EQ(RunCalculation(desk.program, {"20:00", false, ""}, desk.messages, progress),
-            RouteOutcome::kDone);
+  ASSERT_EQ(RunCalculation(program, {"20:00", false, ""}, messages, progress), RouteOutcome::kDone);
   std::vector<float> asked;
-  RouteDefaults defaults = RouteDefaultsOf(desk.program);
+  RouteDefaults defaults = RouteDefaultsOf(program);
   defaults.wind_at = [&asked](Position, DayAndYear, float hours) -> std::optional<Wind> {
     asked.push_back(hours);
     return Wind{12.0F, 180.0F};
   };
   // The user's own wind is in force: nothing is looked up.
-  FinishResults(desk.program, defaults);
+  FinishResults(program, defaults);
   EXPECT_TRUE(asked.empty());
   defaults.constant_wind = false;
-  FinishResults(desk.program, defaults);
-  ASSERT_EQ(asked.size(), desk.program.route.points.size());
+  FinishResults(program, defaults);
+  ASSERT_EQ(asked.size(), program.route.points.size());
   EXPECT_FLOAT_EQ(asked[0], 20.0F);
-  for (std::size_t i = 0; i < desk.program.passage.legs.size(); ++i) {
-    EXPECT_FLOAT_EQ(asked[i + 1], desk.program.passage.legs[i].arrival_hours) << i;
+  for (std::size_t i = 0; i < program.passage.legs.size(); ++i) {
+    EXPECT_FLOAT_EQ(asked[i + 1], program.passage.legs[i].arrival_hours) << i;
   }
-  EXPECT_FLOAT_EQ(desk.program.route.points.back().wind_speed, 12.0F);
+  EXPECT_FLOAT_EQ(program.route.points.back().wind_speed, 12.0F);
 }
 
 }  // namespace
-}  // namespace skerrow
+}  // namespace skerrow::testing

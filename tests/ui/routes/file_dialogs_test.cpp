@@ -3,7 +3,8 @@
 #include <QCheckBox>
 
 #include "core/files.h"
-#include "tests/ui/routes/route_bench.h"
+#include "support/hands.h"
+#include "support/sample_desk.h"
 #include "ui/routes/frmFileDelete.h"
 #include "ui/routes/frmLoadWay.h"
 #include "ui/routes/frmNewWay.h"
@@ -19,7 +20,10 @@ namespace {
 
 constexpr const char* kOverwrite = "File already exists - continue and overwrite the contents?";
 
-class FileDialogs : public RouteBench {};
+class FileDialogs : public SampleDesk {
+ protected:
+  void SetUp() override { ImportSamples(); }
+};
 
 TEST_F(FileDialogs, RouteIsSavedClearedAndLoadedAgain) {
   LoadSample();
@@ -167,7 +171,7 @@ TEST_F(FileDialogs, WaypointsAreSavedAndAnotherFileBecomesCurrent) {
   EXPECT_EQ(program.config.waypoint_file, "Moved.way");
   EXPECT_EQ(program.waypoints.waypoints[0].At(), (Position{50.5F, -2.0F}));
   EXPECT_NE(FileBytes(program.folders.ConfigFile()).find("Moved.way"), std::string::npos);
-  EXPECT_EQ(window().changes, 2);
+  EXPECT_EQ(window.changes, 2);
 }
 
 TEST_F(FileDialogs, WaypointFileOfAnotherFolderIsBroughtInBeforeItIsInUse) {
@@ -298,7 +302,7 @@ TEST_F(FileDialogs, RouteIsMadeOfWaypoints) {
   EXPECT_EQ(program.route.points[1].speed, program.config.vessel_speed);
   EXPECT_EQ(program.route.phase, RoutePhase::kLoaded);
   EXPECT_TRUE(session.saved_route.Differs(program.route));
-  EXPECT_EQ(window().changes, 1);
+  EXPECT_EQ(window.changes, 1);
 }
 
 }  // namespace

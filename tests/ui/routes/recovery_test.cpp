@@ -2,7 +2,8 @@
 
 #include "ui/routes/recovery.h"
 
-#include "tests/ui/routes/route_bench.h"
+#include "support/hands.h"
+#include "support/sample_desk.h"
 #include "ui/routes/frmWayEdit.h"
 #include "ui/routes/leaving.h"
 #include "ui/routes/route_commands.h"
@@ -11,8 +12,9 @@
 namespace skerrow::testing {
 namespace {
 
-class UnsavedWork : public RouteBench {
+class UnsavedWork : public SampleDesk {
  protected:
+  void SetUp() override { ImportSamples(); }
   void Add(Position at) {
     EditRoute(desktop, session, "Add Route Point", [&](RouteState& route) {
       return AddRoutePoint(route, at, std::nullopt, RouteDefaultsOf(program), messages);
@@ -48,7 +50,7 @@ TEST_F(UnsavedWork, EditThatChangesNothingIsNoEdit) {
   EXPECT_FALSE(session.history.CanUndo());
   EXPECT_TRUE(program.route.points[0].calculated);
   EXPECT_EQ(program.passage.route_track.size(), 2U);
-  EXPECT_EQ(window().changes, 0);
+  EXPECT_EQ(window.changes, 0);
   EXPECT_FALSE(Kept());
 }
 
