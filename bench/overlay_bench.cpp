@@ -94,9 +94,9 @@ void Fill(Program& program, ViewState& state) {
     program.passage.route_track.push_back({position, 0.0F, {}});
   }
   for (const Position& position : Wander(random, kTrackPoints)) {
-    state.live_track.push_back({position, state.live_track.size() % 100 == 0 ? "Log" : ""});
+    program.tracks.live.push_back({position, program.tracks.live.size() % 100 == 0 ? "Log" : ""});
   }
-  state.historical_tracks.push_back(state.live_track);
+  program.tracks.historical.push_back(program.tracks.live);
   for (int i = 0; i < kCharts; ++i) {
     const float lat = latitude(random);
     const float lon = longitude(random);
@@ -108,23 +108,23 @@ void Fill(Program& program, ViewState& state) {
   }
   program.config.show_chart_boundaries = kTrue;
   program.config.boat_future_tide_plot = kTrue;
-  program.vectors_shown = true;
-  program.dividers_on = true;
-  program.boat_latitude = 50.5F;
-  program.boat_longitude = -2.0F;
+  program.config.show_vectors = kTrue;
+  state.dividers_on = true;
+  program.boat.position.latitude = 50.5F;
+  program.boat.position.longitude = -2.0F;
   program.animation.index = 5000;
   program.animation.label = "ETA : 12:35  5 December";
   state.zero_point = Position{50.4F, -2.2F};
   state.divider_end = Position{50.6F, -1.9F};
-  state.fix_valid = true;
-  state.future_positions = Wander(random, 7);
-  state.mob_on = true;
-  state.mob = {50.45F, -2.1F};
+  program.boat.fix_valid = true;
+  program.boat.future_positions = Wander(random, 7);
+  program.mob.on = true;
+  program.mob.position = {50.45F, -2.1F};
   state.marked_point_on = true;
   state.marked = {50.55F, -2.1F};
-  state.ais_mark = Position{50.52F, -2.1F};
+  program.ais.mark = Position{50.52F, -2.1F};
   state.calculation_on_show = true;
-  state.track_plot_on = true;
+  program.tracks.plot_on = true;
 }
 
 // Median time of a paint onto a fresh picture [ms].

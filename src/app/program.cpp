@@ -25,39 +25,35 @@ void LoadConfig(Program& program, Messages& messages) {
   (void)ReadConfig(program.folders, program.config);
   program.wind_config = LoadWindConfig(program.folders);
   program.working_wind = program.wind_config.Default();
-  program.leg_winds.fill(program.working_wind);
   program.use_leeway = program.config.use_leeway != 0;
 }
 
 void LoadProgram(Program& program, Messages& messages) {
-  program.harmonic_streams = false;
   LoadConfig(program, messages);
   FollowClock(program);
-  program.thumbnail_visible = true;
   ShowFailure(LoadCurrentWaypoints(program.folders, program.config, program.waypoints, messages),
               messages);
-  program.vectors_shown = program.config.use_tides != 0 && program.config.show_vectors != 0;
   ShowFailure(ReadChartSettings(program.config, program.charts), messages);
   FindRefPorts(program.tides, program.folders, program.config.tidal_area);
   RebuildTides(program, messages);
   LoadDiamonds(program.tides, program.folders, program.config.tidal_area, messages);
   program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file);
   ShowFailure(LoadChartIndex(program.folders, program.config, program.charts, messages), messages);
-  program.mouse_mode = MouseMode::kStarting;
   program.replay_active = false;
-  program.dividers_on = false;
-  program.route_drawing = false;
   program.route_speed = program.config.vessel_speed;
   program.selected_time.hours = program.clock->Now().Hours();
   program.saved_time = {program.selected_time, false};
   program.saved_time.time.override_ = false;
   Timer1Routine(program);
-  program.mouse_mode = MouseMode::kRouteCreation;
   ForgetCalculation(program);
 }
 
 bool RestoreDefaults(Program& program, Messages& messages) {
   return WriteDefaultConfig(program.folders, messages);
+}
+
+bool VectorsShown(const AppConfig& config) {
+  return config.use_tides != 0 && config.show_vectors != 0;
 }
 
 RouteDefaults RouteDefaultsOf(const Program& program) {
@@ -74,28 +70,24 @@ void FollowClock(Program& program) {
   const ClockReading now = program.clock->Now();
   SetFromClock(program.selected_time, now);
   program.clock_day = now.Day().day;
-  program.clock_year = now.Day().year;
   program.clock_julian = now.Julian();
 }
 
 void RebuildTides(Program& program, Messages& messages) {
   BuildRefPortHeights(program.tides, program.folders, program.selected_time.Day(),
                       program.config.summer_time != 0, messages);
-  RefreshTideState(program.tides, true, program.selected_time.hours, program.clock->Now());
+  TimeMoved(program);
+}
+
+void TimeMoved(Program& program) {
+  const SelectedTime& time = program.selected_time;
+  if (program.tides.loaded->date != time.Day()) LoadTideDay(program.tides, time.Day());
+  RefreshTideState(program.tides, time.override_, time.hours, program.clock->Now());
 }
 
 void Timer1Routine(Program& program) {
-  const ClockReading now = program.clock->Now();
-  if (now.Day().day != program.clock_day) {
-    program.clock_day = now.Day().day;
-    program.clock_year = now.Day().year;
-  }
-  // The selected day may have moved on with the clock since the tables were built.
-  if (program.tides.loaded->date != program.selected_time.Day()) {
-    LoadTideDay(program.tides, program.selected_time.Day());
-  }
-  RefreshTideState(program.tides, program.selected_time.override_, program.selected_time.hours,
-                   now);
+  program.clock_day = program.clock->Now().Day().day;
+  TimeMoved(program);
 }
 
 std::string SelectedTimeText(SelectedTimeRefusal refusal) {
@@ -141,7 +133,6 @@ void ReturnToRealtime(Program& program, Messages& messages) {
   program.saved_time = {program.selected_time, false};
   RebuildTides(program, messages);
   ForgetCalculation(program);
-  program.route_drawing = false;
 }
 
 void LeaveClock(Program& program) {
@@ -152,8 +143,7 @@ void LeaveClock(Program& program) {
 void RestoreTime(Program& program) {
   RestoreSaved(program.selected_time, program.saved_time);
   SetDay(program.selected_time, program.selected_time.Day());
-  LoadTideDay(program.tides, program.selected_time.Day());
-  RefreshTideState(program.tides, true, program.selected_time.hours, program.clock->Now());
+  TimeMoved(program);
 }
 
 void RollTides(Program& program, Roll roll) {
@@ -185,8 +175,7 @@ void RollTides(Program& program, Roll roll) {
     }
   }
   SetDay(time, date);
-  if (program.tides.loaded->date != date) LoadTideDay(program.tides, date);
-  RefreshTideState(program.tides, true, time.hours, program.clock->Now());
+  TimeMoved(program);
 }
 
 void ForgetCalculation(Program& program) {

@@ -1,16 +1,18 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include "app/edit_session.h"
+#include "app/man_overboard.h"
 #include "charts/chart_files.h"
 #include "core/clock.h"
 #include "core/config.h"
 #include "core/folders.h"
 #include "core/messages.h"
 #include "core/selected_time.h"
+#include "instruments/instrument_state.h"
 #include "passage/passage_state.h"
 #include "routes/route.h"
 #include "routes/waypoint.h"
@@ -19,14 +21,6 @@
 
 // The one object that holds the state of all subsystems, and the operations that cross them.
 namespace skerrow {
-
-// What a left click on the chart means.
-enum class MouseMode : std::int16_t {
-  kStarting = 1,
-  kWaypointEntry = 2,
-  kRouteCreation = 3,
-  kPointMarked = 7,
-};
 
 enum class AnimationDirection : std::int16_t { kForward = 1, kReverse = 2 };
 
@@ -48,9 +42,6 @@ struct TimerState {
   double next_log_time = 0.0;  // Julian date
 };
 
-// Legs that the wind per leg is kept for.
-inline constexpr std::size_t kWindLegs = 25;
-
 struct Program {
   Program(Folders where, const Clock& time_source)
       : folders(std::move(where)), clock(&time_source), config(DefaultConfig(folders.program)) {}
@@ -61,12 +52,10 @@ struct Program {
   AppConfig config;
   WindConfig wind_config;
   Wind working_wind;
-  std::array<Wind, kWindLegs> leg_winds{};
 
   SelectedTime selected_time;
   SavedTime saved_time;
   std::int16_t clock_day = 0;
-  std::int16_t clock_year = 0;
   double clock_julian = 0.0;
 
   WaypointState waypoints;
@@ -75,21 +64,17 @@ struct Program {
   std::vector<PortMarker> port_markers;
   TideState tides;
   PassageState passage;
+  EditSession edits;
 
-  MouseMode mouse_mode = MouseMode::kStarting;
-  bool dividers_on = false;
-  bool route_drag_on = false;
-  bool route_drawing = false;
   float route_speed = 5.0F;  // knots
   bool use_leeway = false;
   bool gps_enabled = false;
   bool ais_enabled = false;
   bool replay_active = false;
-  float boat_latitude = 0.0F;  // 0: no position yet
-  float boat_longitude = 0.0F;
-  bool thumbnail_visible = true;
-  bool vectors_shown = true;
-  bool harmonic_streams = false;
+  BoatState boat;
+  TrackState tracks;
+  AisState ais;
+  ManOverboard mob;
   Animation animation;
   TimerState timers;
 };
@@ -108,6 +93,9 @@ void LoadProgram(Program& program, Messages& messages);
 // Writes the default settings over the stored ones.
 bool RestoreDefaults(Program& program, Messages& messages);
 
+// Whether course-to-steer vectors are drawn: where they are wanted and tides are in use.
+bool VectorsShown(const AppConfig& config);
+
 // The route operations' view of the settings.
 RouteDefaults RouteDefaultsOf(const Program& program);
 
@@ -116,6 +104,10 @@ void FollowClock(Program& program);
 
 // Rebuilds the port tables for the selected day and refreshes the tide state for its time.
 void RebuildTides(Program& program, Messages& messages);
+
+// Lets all that follows the selected time follow it: the tables of its day, if it is another day,
+// and the state of the tide. Whoever moves the time calls this; nothing else does it.
+void TimeMoved(Program& program);
 
 // Day check against the clock, then the refresh of the tide state.
 void Timer1Routine(Program& program);

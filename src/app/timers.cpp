@@ -10,10 +10,8 @@ constexpr int kCyclesBetweenChecks = 20;
 constexpr std::size_t kAnimationStep = 3;
 
 bool BoatToCentre(const Program& program) {
-  return program.config.gps_centre != 0 && program.boat_latitude != 0.0F;
+  return program.config.gps_centre != 0 && program.boat.HasPosition();
 }
-
-Position Boat(const Program& program) { return {program.boat_latitude, program.boat_longitude}; }
 
 // Counts a tick; true once a minute.
 bool MinutePassed(Program& program) {
@@ -30,7 +28,7 @@ void FollowTimeAndFix(Program& program, TimerWindow& window, TimerInstruments& i
     instruments.AppendTrackPoint(*fix);
   }
   if (!program.timers.first_pass_done) {
-    if (BoatToCentre(program)) window.LocatePoint(Boat(program));
+    if (BoatToCentre(program)) window.LocatePoint(program.boat.position);
     program.timers.first_pass_done = true;
   }
   if (!window.Minimised()) {
@@ -47,7 +45,8 @@ void RepaintNowAndThen(Program& program, TimerWindow& window, const TimerInstrum
   }
   if (!instruments.NewFix() || !BoatToCentre(program)) return;
   const std::optional<VisibleChart> visible = window.Visible();
-  if (visible && !InMiddleThird(*visible, Boat(program))) window.LocatePoint(Boat(program));
+  if (visible && !InMiddleThird(*visible, program.boat.position))
+    window.LocatePoint(program.boat.position);
 }
 
 }  // namespace
@@ -120,8 +119,7 @@ void ShowTrackPoint(Program& program, TimerWindow& window) {
   const std::string eta = "ETA : " + HoursToClock(point.hours);
   animation.label = eta + "  " + std::to_string(date.day_of_month) + " " + date.month_name;
   window.ShowEta(eta);
-  if (program.tides.loaded->date != point.date) LoadTideDay(program.tides, point.date);
-  RefreshTideState(program.tides, true, point.hours, program.clock->Now());
+  TimeMoved(program);
   window.Repaint();
 }
 

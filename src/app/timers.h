@@ -34,15 +34,6 @@ class TimerWindow {
   virtual std::optional<VisibleChart> Visible() const = 0;
 };
 
-// A fix that the decoders have made ready.
-struct WaitingFix {
-  Position position;
-  float speed = 0.0F;   // knots
-  float course = 0.0F;  // degrees true
-  std::string date_text;
-  std::string time_text;
-};
-
 // The instruments, as the timers see them.
 class TimerInstruments {
  public:

@@ -24,6 +24,9 @@ struct ClockReading {
   double Julian() const { return JulianDate(day_of_month, month, year, hour, minute, second); }
 };
 
+// A moment of the world's clock, in seconds since 1970, as local time.
+ClockReading LocalTime(std::int64_t unix_seconds);
+
 // The only source of the present time.
 class Clock {
  public:

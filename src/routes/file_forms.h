@@ -9,22 +9,11 @@
 #include "core/folders.h"
 #include "core/messages.h"
 #include "core/result.h"
+#include "routes/record_files.h"
 #include "routes/waypoint.h"
 
 // What the dialogs that name, choose, delete and import route and waypoint files check and say.
 namespace skerrow {
-
-enum class FileKind { kWaypoint, kRoute };
-
-// ".way" or ".rte".
-std::string_view ExtensionOf(FileKind kind);
-
-// The folder of the user's files of that kind.
-std::string FolderOfKind(const Folders& folders, FileKind kind);
-
-// The names of the files of a kind in `folder`, in alphabetical order; the extension counts in
-// either case. A folder that cannot be read gives none.
-std::vector<std::string> ListFiles(const std::string& folder, FileKind kind);
 
 // The dialogs in which a new file name is typed.
 enum class NameEntry { kRouteSave, kWaypointSave, kNewWaypointFile, kWaypointEditNew };

@@ -29,12 +29,6 @@ void DropResults(RoutePoint& point) {
   point.tide_vector.clear();
 }
 
-std::string StatusTextOf(const RouteState& state) {
-  if (state.points.empty()) return "";
-  if (state.points.size() == 1) return ":  Creating Route";
-  return ":  Route = " + FormatFixed(state.distance, 1, 1) + "nm";
-}
-
 // Time for the leg between two points at the speed of the first; infinite or no number without one.
 float LegHours(const RoutePoint& from, const RoutePoint& to) {
   return RangeOnly(from.At(), to.At()) / from.speed;
@@ -91,19 +85,14 @@ std::vector<Position> RouteTrackOf(std::span<const RoutePoint> points) {
   return track;
 }
 
-void RouteChanged(RouteState& state, const RouteDefaults& defaults) {
+void RouteChanged(RouteState& state) {
   RelinkRoute(state.points);
   for (RoutePoint& point : state.points) DropResults(point);
   state.track = RouteTrackOf(state.points);
   state.distance = RouteLengthOf(state.points);
-  state.winds.fill(defaults.wind);
-  for (std::size_t i = 0; i < std::min(state.points.size(), state.winds.size()); ++i) {
-    state.winds[i] = {state.points[i].wind_speed, state.points[i].wind_direction};
-  }
   state.selected_point = AtMost(state.selected_point, state.points.size());
   state.selected_leg =
       AtMost(state.selected_leg, state.points.empty() ? 0 : state.points.size() - 1);
-  state.status_text = StatusTextOf(state);
 }
 
 std::optional<Wind> WindAtPoint(std::span<const RoutePoint> points, std::size_t index,
@@ -123,7 +112,6 @@ void RecomputeWinds(RouteState& state, const RouteDefaults& defaults, Messages& 
     if (const std::optional<Wind> wind = WindAfter(point, hours, defaults)) {
       point.wind_speed = wind->speed;
       point.wind_direction = wind->direction;
-      if (i < state.winds.size()) state.winds[i] = *wind;
     } else {
       missed = true;
     }
@@ -186,8 +174,7 @@ Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefault
     added.wind_direction = last_good.direction;
     if (speeds == RouteSpeeds::kProgramDefault) added.speed = defaults.speed;
   }
-  if (!loaded.points.empty()) loaded.phase = RoutePhase::kLoaded;
-  RouteChanged(loaded, defaults);
+  RouteChanged(loaded);
   state = std::move(loaded);
   if (records->empty()) return Error{"", "No entries in this file"};
   if (missed) {

@@ -70,25 +70,20 @@ struct RoutePoint {
   Position Next() const { return {next_latitude, next_longitude}; }
 };
 
-// Most points that a route gets by editing, and entries of the wind table.
+// Most points that a route gets by editing.
 inline constexpr std::size_t kMaxRoutePoints = 100;
 
 // A leg is drawn in this many straight pieces.
 inline constexpr std::size_t kTrackPiecesPerLeg = 20;
-
-enum class RoutePhase : std::int16_t { kNone = 1, kLoaded = 2 };
 
 // The current route. Points and legs are counted from 1 in the selections, 0 meaning none.
 struct RouteState {
   std::vector<RoutePoint> points;
   // The legs in short pieces for the chart's projection: 21 entries a leg.
   std::vector<Position> track;
-  std::array<Wind, kMaxRoutePoints> winds{};  // wind at each point, for display
-  RoutePhase phase = RoutePhase::kNone;
   std::int16_t selected_point = 0;
   std::int16_t selected_leg = 0;
-  float distance = 0.0F;    // nautical miles, sum of the legs
-  std::string status_text;  // what the status bar says about the route
+  float distance = 0.0F;  // nautical miles, sum of the legs
 };
 
 // What route operations need to know about the settings and the time of departure.
@@ -111,9 +106,9 @@ void RelinkRoute(std::vector<RoutePoint>& points);
 // along its bearing, and its end.
 std::vector<Position> RouteTrackOf(std::span<const RoutePoint> points);
 
-// What every change of a route ends with: links, drawing pieces, distance, wind table, selections
-// and status text made anew; results of an earlier calculation dropped.
-void RouteChanged(RouteState& state, const RouteDefaults& defaults);
+// What every change of a route ends with: links, drawing pieces, distance and selections made anew;
+// results of an earlier calculation dropped.
+void RouteChanged(RouteState& state);
 
 // The wind at point `index` (from 0) at the time the boat gets there, by the speeds of the legs
 // before it; empty where the lookup finds none or the boat would take over a year.

@@ -48,7 +48,7 @@ std::optional<Nearest> NearestUnmarked(const RouteState& state, Position positio
 }
 
 void Finish(RouteState& state, const RouteDefaults& defaults, Messages& messages) {
-  RouteChanged(state, defaults);
+  RouteChanged(state);
   RecomputeWinds(state, defaults, messages);
 }
 
@@ -76,18 +76,16 @@ RouteEdit AddRoutePoint(RouteState& state, Position cursor, const std::optional<
     }
   }
   if (state.points.size() >= 2) {
-    state.phase = RoutePhase::kLoaded;
     state.selected_leg = static_cast<std::int16_t>(state.points.size() - 1);
   }
-  RouteChanged(state, defaults);
+  RouteChanged(state);
   return RouteEdit::kDone;
 }
 
-bool RemoveLastRoutePoint(RouteState& state, const RouteDefaults& defaults) {
+bool RemoveLastRoutePoint(RouteState& state) {
   if (state.points.empty()) return false;
   state.points.pop_back();
-  if (state.points.empty()) state.phase = RoutePhase::kNone;
-  RouteChanged(state, defaults);
+  RouteChanged(state);
   return true;
 }
 
@@ -129,7 +127,6 @@ RouteEdit DeleteRoutePoint(RouteState& state, Position position, const RouteDefa
   const std::optional<Nearest> nearest = NearestRoutePoint(state, position, kSearchLimit);
   if (!nearest) return RouteEdit::kNothingNear;
   state.points.erase(state.points.begin() + static_cast<std::ptrdiff_t>(nearest->index));
-  if (state.points.empty()) state.phase = RoutePhase::kNone;
   Finish(state, defaults, messages);
   return RouteEdit::kDone;
 }
@@ -149,14 +146,13 @@ std::optional<std::size_t> DragCandidate(const RouteState& state, Position curso
   return nearest->index;
 }
 
-void DragRoutePoint(RouteState& state, std::size_t index, Position cursor,
-                    const RouteDefaults& defaults) {
+void DragRoutePoint(RouteState& state, std::size_t index, Position cursor) {
   if (index >= state.points.size()) return;
   RoutePoint& point = state.points[index];
   point.latitude = cursor.latitude;
   point.longitude = cursor.longitude;
   point.name.clear();
-  RouteChanged(state, defaults);
+  RouteChanged(state);
 }
 
 void FinishRouteDrag(RouteState& state, const RouteDefaults& defaults, Messages& messages) {
@@ -174,9 +170,9 @@ void ReverseRoute(RouteState& state, const RouteDefaults& defaults, Messages& me
   Finish(state, defaults, messages);
 }
 
-void ClearRoute(RouteState& state, const RouteDefaults& defaults) {
+void ClearRoute(RouteState& state) {
   state = RouteState{};
-  RouteChanged(state, defaults);
+  RouteChanged(state);
 }
 
 RouteEdit CreateRouteFromWaypoints(RouteState& state, const std::vector<Waypoint>& waypoints,
@@ -187,15 +183,14 @@ RouteEdit CreateRouteFromWaypoints(RouteState& state, const std::vector<Waypoint
   for (const Waypoint& waypoint : waypoints) {
     made.points.push_back(NewPoint(waypoint.name, waypoint.At(), defaults));
   }
-  made.phase = RoutePhase::kLoaded;
   Finish(made, defaults, messages);
   state = std::move(made);
   return RouteEdit::kDone;
 }
 
-void SetAllSpeeds(RouteState& state, float speed, const RouteDefaults& defaults) {
+void SetAllSpeeds(RouteState& state, float speed) {
   for (RoutePoint& point : state.points) point.speed = speed;
-  RouteChanged(state, defaults);
+  RouteChanged(state);
 }
 
 }  // namespace skerrow

@@ -53,7 +53,7 @@ RouteEdit AddRoutePoint(RouteState& state, Position cursor, const std::optional<
                         const RouteDefaults& defaults, Messages& messages);
 
 // Takes the last point off; false when there is none.
-bool RemoveLastRoutePoint(RouteState& state, const RouteDefaults& defaults);
+bool RemoveLastRoutePoint(RouteState& state);
 
 // Inserts a point between the two points nearest to `position`. When these are no neighbours it
 // goes straight behind the nearest, and at the end of the route if that is the last.
@@ -80,8 +80,7 @@ std::optional<std::size_t> DragCandidate(const RouteState& state, Position curso
 
 // Moves a point to the cursor during a drag; it loses its name, since it no longer stands on a
 // waypoint. The winds wait for FinishRouteDrag. An index outside the route does nothing.
-void DragRoutePoint(RouteState& state, std::size_t index, Position cursor,
-                    const RouteDefaults& defaults);
+void DragRoutePoint(RouteState& state, std::size_t index, Position cursor);
 
 // What the release of a dragged point does.
 void FinishRouteDrag(RouteState& state, const RouteDefaults& defaults, Messages& messages);
@@ -94,13 +93,13 @@ void DragWaypoint(WaypointState& state, std::size_t index, Position cursor);
 void ReverseRoute(RouteState& state, const RouteDefaults& defaults, Messages& messages);
 
 // Empties the route and what belongs to it.
-void ClearRoute(RouteState& state, const RouteDefaults& defaults);
+void ClearRoute(RouteState& state);
 
 // Makes the route from 2 to 99 waypoints, with default speed and wind.
 RouteEdit CreateRouteFromWaypoints(RouteState& state, const std::vector<Waypoint>& waypoints,
                                    const RouteDefaults& defaults, Messages& messages);
 
 // Gives every point the speed, knots.
-void SetAllSpeeds(RouteState& state, float speed, const RouteDefaults& defaults);
+void SetAllSpeeds(RouteState& state, float speed);
 
 }  // namespace skerrow

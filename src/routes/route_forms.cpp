@@ -52,14 +52,6 @@ std::string_view PositionPart(std::string_view row) {
 
 }  // namespace
 
-WaypointRow RowOf(const Waypoint& waypoint) {
-  return {waypoint.name, LatToText(waypoint.latitude), LongToText(waypoint.longitude)};
-}
-
-Waypoint WaypointOf(const WaypointRow& row) {
-  return {Trim(row.name), TextToLat(row.latitude_text), TextToLong(row.longitude_text)};
-}
-
 std::string PickListText(const WaypointRow& row) {
   return row.name + "," + row.latitude_text + " : " + row.longitude_text;
 }
@@ -165,7 +157,7 @@ RouteFormRefusal EditLeg(RouteState& state, std::size_t leg, const LegEntry& ent
   from.name = Trim(entry.start_name);
   to.name = Trim(entry.end_name);
   from.speed = speed;
-  RouteChanged(state, defaults);
+  RouteChanged(state);
   RecomputeWinds(state, defaults, messages);
   return RouteFormRefusal::kNone;
 }
@@ -201,11 +193,10 @@ RouteFormRefusal DeletePointOfRow(RouteState& state, std::string_view row,
              : RouteFormRefusal::kNoRowSelected;
 }
 
-RouteFormRefusal ApplySpeedToAllLegs(RouteState& state, std::string_view speed_text,
-                                     const RouteDefaults& defaults) {
+RouteFormRefusal ApplySpeedToAllLegs(RouteState& state, std::string_view speed_text) {
   const auto speed = static_cast<float>(TextToNumber(speed_text));
   if (!(speed > 0.0F) || !std::isfinite(speed)) return RouteFormRefusal::kBadSpeed;
-  SetAllSpeeds(state, speed, defaults);
+  SetAllSpeeds(state, speed);
   return RouteFormRefusal::kNone;
 }
 

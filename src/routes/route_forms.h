@@ -9,21 +9,10 @@
 #include "core/messages.h"
 #include "routes/route.h"
 #include "routes/route_editing.h"
+#include "routes/waypoint_editor.h"
 
 // What the route dialogs and the route list of the main window show, check and do.
 namespace skerrow {
-
-// A waypoint as the pick lists hold it: its position in texts, to a hundredth of a minute.
-struct WaypointRow {
-  std::string name;
-  std::string latitude_text;   // "50.30.25N"
-  std::string longitude_text;  // "001.05.40W"
-};
-
-WaypointRow RowOf(const Waypoint& waypoint);
-
-// The waypoint that a row stands for, its position read from the texts.
-Waypoint WaypointOf(const WaypointRow& row);
 
 // "Lizard,49.56.40N : 005.12.36W", as the lists of waypoints to choose from show a row.
 std::string PickListText(const WaypointRow& row);
@@ -107,8 +96,7 @@ RouteFormRefusal DeletePointOfRow(RouteState& state, std::string_view row,
                                   const RouteDefaults& defaults, Messages& messages);
 
 // "Apply Speed to all Legs". A speed of 0 changes nothing.
-RouteFormRefusal ApplySpeedToAllLegs(RouteState& state, std::string_view speed_text,
-                                     const RouteDefaults& defaults);
+RouteFormRefusal ApplySpeedToAllLegs(RouteState& state, std::string_view speed_text);
 
 // OK of `frmRouteWayPoints`: the route of the listed rows.
 RouteEdit CreateRouteFromRows(RouteState& state, const std::vector<WaypointRow>& rows,

@@ -34,11 +34,6 @@ std::size_t CharacterCount(std::string_view text) {
   return count;
 }
 
-template <typename T>
-auto At(std::vector<T>& items, std::size_t index) {
-  return items.begin() + static_cast<std::ptrdiff_t>(index);
-}
-
 }  // namespace
 
 std::string_view WaypointRefusalText(WaypointRefusal refusal) {
@@ -60,53 +55,6 @@ CheckedWaypoint CheckWaypointEntry(std::string_view name, std::string_view latit
   const auto lon = ParseLongitudeEntry(longitude);
   if (!lon) return {WaypointRefusal::kBadLongitude, {}};
   return {WaypointRefusal::kNone, {Trim(name), LatToText(*lat), LongToText(*lon)}};
-}
-
-Status WaypointEditor::Open(const std::string& path) {
-  Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path);
-  if (!waypoints) return waypoints.error();
-  path_ = path;
-  waypoints_ = std::move(waypoints.value());
-  rows_.clear();
-  for (const Waypoint& waypoint : waypoints_) rows_.push_back(RowOf(waypoint));
-  changed_ = false;
-  return Done{};
-}
-
-WaypointRefusal WaypointEditor::Add(const CheckedWaypoint& entry) {
-  return Insert(rows_.size(), entry);
-}
-
-WaypointRefusal WaypointEditor::Insert(std::size_t before, const CheckedWaypoint& entry) {
-  if (entry.refusal != WaypointRefusal::kNone) return entry.refusal;
-  if (before > rows_.size()) return WaypointRefusal::kNoRowSelected;
-  rows_.insert(At(rows_, before), entry.row);
-  waypoints_.insert(At(waypoints_, before), WaypointOf(entry.row));
-  changed_ = true;
-  return WaypointRefusal::kNone;
-}
-
-WaypointRefusal WaypointEditor::Change(std::size_t row, const CheckedWaypoint& entry) {
-  if (entry.refusal != WaypointRefusal::kNone) return entry.refusal;
-  if (row >= rows_.size()) return WaypointRefusal::kNoRowSelected;
-  rows_[row] = entry.row;
-  waypoints_[row] = WaypointOf(entry.row);
-  changed_ = true;
-  return WaypointRefusal::kNone;
-}
-
-WaypointRefusal WaypointEditor::Delete(std::size_t row) {
-  if (row >= rows_.size()) return WaypointRefusal::kNoRowSelected;
-  rows_.erase(At(rows_, row));
-  waypoints_.erase(At(waypoints_, row));
-  changed_ = true;
-  return WaypointRefusal::kNone;
-}
-
-Status WaypointEditor::Save() {
-  Status written = WriteWaypointFile(path_, waypoints_);
-  if (written) changed_ = false;
-  return written;
 }
 
 CheckedCopy CheckWaypointCopy(std::string_view typed_name, std::size_t entries) {

@@ -10,7 +10,7 @@
 #include "core/result.h"
 #include "routes/file_forms.h"
 #include "routes/route_forms.h"
-#include "routes/waypoint.h"
+#include "routes/waypoint_editor.h"
 
 // What the waypoint dialogs check and do.
 namespace skerrow {
@@ -47,33 +47,6 @@ struct CheckedWaypoint {
 // refused, in this order; so are more than 90 and 180 degrees.
 CheckedWaypoint CheckWaypointEntry(std::string_view name, std::string_view latitude,
                                    std::string_view longitude);
-
-// The rows of `frmWayEdit` while a file is edited; nothing reaches the file before Save.
-class WaypointEditor {
- public:
-  // Takes the rows of a file; on an error the editor keeps what it has.
-  Status Open(const std::string& path);
-
-  const std::vector<WaypointRow>& rows() const { return rows_; }
-  // Whether rows differ from the file as opened or saved.
-  bool changed() const { return changed_; }
-
-  // Each gives the refusal of the entry or of the row (from 0), and changes nothing then.
-  WaypointRefusal Add(const CheckedWaypoint& entry);
-  WaypointRefusal Insert(std::size_t before, const CheckedWaypoint& entry);
-  WaypointRefusal Change(std::size_t row, const CheckedWaypoint& entry);
-  WaypointRefusal Delete(std::size_t row);
-
-  // Writes all rows in list order over the file that was opened. Rows that were not touched keep
-  // their position to the last bit; the others get that of their texts.
-  Status Save();
-
- private:
-  std::string path_;
-  std::vector<WaypointRow> rows_;
-  std::vector<Waypoint> waypoints_;  // beside rows_, entry by entry
-  bool changed_ = false;
-};
 
 // The check before a copy; its file name has the extension ".WAY".
 struct CheckedCopy {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "app/program.h"
@@ -7,23 +8,27 @@
 #include "core/progress.h"
 #include "platform/clipboard.h"
 #include "platform/settings_store.h"
+#include "ui/overlays/view_state.h"
 
 // What the windows of the desktop share, and what they may ask of the main window.
 namespace skerrow {
+
+// What of the state has changed, as bits.
+enum Change : std::uint32_t {
+  kRouteChanged = 1U << 0,     // the route, its results or its edits
+  kTimeChanged = 1U << 1,      // the selected time and the tides with it
+  kViewChanged = 1U << 2,      // marks, modes and waypoints
+  kTargetsChanged = 1U << 3,   // the boat and the vessels around
+  kSettingsChanged = 1U << 4,  // settings, the chart and its area
+  kAllChanged = (1U << 5) - 1,
+};
 
 // The main window, as the dialogs see it. Each call returns at once; nothing is painted inside.
 class MainWindowPort {
  public:
   virtual ~MainWindowPort() = default;
-  // Asks the viewer to repaint.
-  virtual void Repaint() = 0;
-  virtual void UpdateCaption() = 0;
-  virtual void UpdateStatusBar() = 0;
-  // Fills the route list of the toolbar from the route, or from the results of a calculation.
-  virtual void UpdateRouteCombo() = 0;
-  // The route, its results, the selected time or the settings have changed: menus, keys, caption,
-  // status bar and route list follow, and the chart is repainted.
-  virtual void StateChanged() = 0;
+  // Shows what has changed, a union of Change.
+  virtual void Changed(std::uint32_t what) = 0;
   // The progress bar of the main window, shown while the object lives; its key cancels.
   virtual std::unique_ptr<Progress> StartProgress(const char* what) = 0;
 };
@@ -34,6 +39,7 @@ struct Desktop {
   SettingsStore& settings;
   Clipboard& clipboard;
   MainWindowPort& window;
+  ViewState& view;
 };
 
 }  // namespace skerrow

@@ -91,10 +91,8 @@ TEST_F(Started, FirstStartStandsOnTheSampleChart) {
   ASSERT_FALSE(program_.tides.ref_port_states.empty());
   EXPECT_EQ(program_.selected_time.day_of_year, 339);
   EXPECT_EQ(program_.selected_time.hours, 6.5F);  // seconds do not count
-  EXPECT_EQ(program_.mouse_mode, MouseMode::kRouteCreation);
   EXPECT_EQ(program_.route_speed, 5.0F);
-  EXPECT_EQ(program_.leg_winds[24].direction, 290.0F);
-  EXPECT_TRUE(program_.vectors_shown);
+  EXPECT_TRUE(VectorsShown(program_.config));
   for (const char* folder : {"Routes", "Waypoints", "Tracks", "Google Earth"}) {
     EXPECT_TRUE(std::filesystem::is_directory(folders_.UserData() + "/" + folder)) << folder;
   }
@@ -108,7 +106,7 @@ TEST_F(Started, SettingsSurviveAndTidesOffHidesTheVectors) {
   Program again(folders_, clock_);
   LoadProgram(again, messages_);
   EXPECT_EQ(again.config.use_tides, kFalse);
-  EXPECT_FALSE(again.vectors_shown);
+  EXPECT_FALSE(VectorsShown(again.config));
 }
 
 TEST_F(Started, AReadOnlySettingsFolderIsToldAndDoesNotStopTheStart) {
@@ -132,7 +130,6 @@ TEST_F(Started, AMissingProgramFolderIsToldStepByStep) {
                    "/none/TS/Sample Chart.l25: the file does not exist");
   LoadProgram(lost, messages_);
   EXPECT_TRUE(lost.charts.index.empty());
-  EXPECT_EQ(lost.mouse_mode, MouseMode::kRouteCreation);
 }
 
 TEST_F(Started, TypedTimesAreCheckedInOrder) {
@@ -191,8 +188,7 @@ TEST_F(Started, CommsTicksTakeTurnsAndOverrideTheSetTime) {
   Start();
   program_.gps_enabled = program_.ais_enabled = true;
   program_.config.gps_centre = kTrue;
-  program_.boat_latitude = 50.0F;
-  program_.boat_longitude = -1.0F;
+  program_.boat.position = {50.0F, -1.0F};
   instruments_.fix = WaitingFix{{50.0F, -1.0F}, 5.0F, 90.0F, "051226", "063020"};
   program_.selected_time.override_ = true;
   program_.selected_time.hours = 1.0F;

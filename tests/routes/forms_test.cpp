@@ -244,10 +244,10 @@ TEST_F(FormTest, InsertingAndDeletingFromTheLists) {
   ASSERT_EQ(state_.points.size(), 4U);
   EXPECT_EQ(state_.points[2].name, "Prawle");
 
-  EXPECT_EQ(ApplySpeedToAllLegs(state_, "0", defaults_), RouteFormRefusal::kBadSpeed);
-  EXPECT_EQ(ApplySpeedToAllLegs(state_, "", defaults_), RouteFormRefusal::kBadSpeed);
+  EXPECT_EQ(ApplySpeedToAllLegs(state_, "0"), RouteFormRefusal::kBadSpeed);
+  EXPECT_EQ(ApplySpeedToAllLegs(state_, ""), RouteFormRefusal::kBadSpeed);
   EXPECT_EQ(state_.points[0].speed, 5.5F);
-  EXPECT_EQ(ApplySpeedToAllLegs(state_, "6.25", defaults_), RouteFormRefusal::kNone);
+  EXPECT_EQ(ApplySpeedToAllLegs(state_, "6.25"), RouteFormRefusal::kNone);
   for (const RoutePoint& point : state_.points) EXPECT_EQ(point.speed, 6.25F);
 }
 
@@ -270,18 +270,15 @@ TEST_F(FormTest, WaypointEditor) {
   ASSERT_TRUE(editor.Open(path));
   EXPECT_EQ(WaypointEditText(editor.rows()[0]), "Short\t\t,50.00.00N : 001.00.00W");
   EXPECT_EQ(WaypointEditText(editor.rows()[1]), "St Peter Port\t,49.27.41N : 002.30.74W");
-  EXPECT_EQ(editor.Add(CheckWaypointEntry("x", "00.00.00N", "001.00.00W")),
+  EXPECT_EQ(CheckWaypointEntry("x", "00.00.00N", "001.00.00W").refusal,
             WaypointRefusal::kBadLatitude);
-  EXPECT_EQ(editor.Add(CheckWaypointEntry("x", "50.00.00N", "001.00.00")),
+  EXPECT_EQ(CheckWaypointEntry("x", "50.00.00N", "001.00.00").refusal,
             WaypointRefusal::kBadLongitude);
-  EXPECT_EQ(editor.Delete(2), WaypointRefusal::kNoRowSelected);
+  EXPECT_FALSE(editor.Delete(2));
   EXPECT_FALSE(editor.changed());
-  EXPECT_EQ(editor.Add(CheckWaypointEntry(" South ", "10.30.00S", "001.30.00E ")),
-            WaypointRefusal::kNone);
-  EXPECT_EQ(editor.Insert(0, CheckWaypointEntry("First", "50.06.00N", "000.00.00E")),
-            WaypointRefusal::kNone);
-  EXPECT_EQ(editor.Change(1, CheckWaypointEntry("Changed", "50.12.00N", "001.00.00W")),
-            WaypointRefusal::kNone);
+  EXPECT_TRUE(editor.Add(CheckWaypointEntry(" South ", "10.30.00S", "001.30.00E ").row));
+  EXPECT_TRUE(editor.Insert(0, CheckWaypointEntry("First", "50.06.00N", "000.00.00E").row));
+  EXPECT_TRUE(editor.Change(1, CheckWaypointEntry("Changed", "50.12.00N", "001.00.00W").row));
   EXPECT_TRUE(editor.changed());
   EXPECT_EQ(std::filesystem::file_size(path), 86U);  // nothing before Save
   ASSERT_TRUE(editor.Save());

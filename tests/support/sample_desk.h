@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/edits.h"
 #include "app/program.h"
 #include "routes/file_forms.h"
 #include "routes/route.h"
@@ -14,7 +15,6 @@
 #include "support/still_clock.h"
 #include "support/temp_folder.h"
 #include "ui/desktop.h"
-#include "ui/routes/unsaved.h"
 #include "ui/widgets/theme.h"
 
 namespace skerrow::testing {
@@ -22,11 +22,10 @@ namespace skerrow::testing {
 // Counts what is asked of the main window.
 class FakeWindow final : public MainWindowPort {
  public:
-  void Repaint() override { ++repaints; }
-  void UpdateCaption() override {}
-  void UpdateStatusBar() override {}
-  void UpdateRouteCombo() override {}
-  void StateChanged() override { ++changes; }
+  void Changed(std::uint32_t what) override {
+    ++changes;
+    changed |= what;
+  }
   std::unique_ptr<Progress> StartProgress(const char*) override {
     struct Counting final : Progress {
       explicit Counting(FakeWindow& w) : window(w) {}
@@ -39,8 +38,8 @@ class FakeWindow final : public MainWindowPort {
     return std::make_unique<Counting>(*this);
   }
 
-  int repaints = 0;
   int changes = 0;
+  std::uint32_t changed = 0;  // all of them together
   std::vector<double> steps;
   std::optional<double> stop_at;  // percent from which the user wants to stop
 };
@@ -50,7 +49,7 @@ class SampleDesk : public ::testing::Test {
  protected:
   SampleDesk()
       : program({SKERROW_PROGRAM_FOLDER, user_.File("documents"), user_.File("settings")}, clock),
-        desktop{program, messages, settings, clipboard, window} {
+        desktop{program, messages, settings, clipboard, window, view} {
     ApplyTheme(false);
     MakeUserFolders(program.folders);
     LoadProgram(program, messages);
@@ -61,7 +60,7 @@ class SampleDesk : public ::testing::Test {
     ASSERT_TRUE(LoadRoute(program.folders.Samples() + "/" + name, RouteSpeeds::kStored,
                           RouteDefaultsOf(program), program.route, messages)
                     .ok());
-    session.saved_route.Mark(program.route);
+    program.edits.saved_route.Mark(program.route);
   }
   // Puts the sample routes into the user's folder.
   void ImportSamples() {
@@ -80,8 +79,8 @@ class SampleDesk : public ::testing::Test {
   MemorySettingsStore settings;
   MemoryClipboard clipboard;
   FakeWindow window;
+  ViewState view;
   Program program;
-  EditSession session;
   Desktop desktop;
 };
 

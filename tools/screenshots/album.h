@@ -51,7 +51,7 @@ class Studio {
   ~Studio();
 
   skerrow::FrmChart& window() { return *window_; }
-  skerrow::Desktop desktop() { return {program, messages, *settings_, clipboard_, *window_}; }
+  skerrow::Desktop desktop() { return window_->desktop(); }
   // Runs a command of the main window.
   void Command(const char* name);
   // Gives the main window a size and waits until the chart is drawn at its best.

@@ -7,6 +7,7 @@
 #include <QTabWidget>
 
 #include "album.h"
+#include "app/recovery.h"
 #include "core/progress.h"
 #include "routes/waypoint.h"
 #include "ui/dialogs/Frmdisclaimer.h"
@@ -37,7 +38,6 @@
 #include "ui/routes/frmwaycopy.h"
 #include "ui/routes/frmwayimport.h"
 #include "ui/routes/leaving.h"
-#include "ui/routes/recovery.h"
 #include "ui/widgets/desktop_messages.h"
 
 namespace screenshots {
@@ -112,21 +112,20 @@ void KeepSettings(const Album& album, Studio& studio) {
 
 void KeepRoutes(const Album& album, Studio& studio) {
   Desktop desktop = studio.desktop();
-  EditSession& session = studio.window().session();
-  FrmRouteLoad load(desktop, session, nullptr);
+  FrmRouteLoad load(desktop, nullptr);
   Select(load, "fillist", 2);
   album.Keep(load, "frmRouteLoad");
-  FrmRouteSave save(desktop, session, nullptr);
+  FrmRouteSave save(desktop, nullptr);
   Fill(save, "txtFileName", "Cowes to Alderney");
   album.Keep(save, "frmRouteSave");
   FrmFileDelete route_delete(desktop, FileKind::kRoute, nullptr);
   Select(route_delete, "fillist", 1);
   album.Keep(route_delete, "frmRouteDelete");
-  FrmRouteEdit edit(desktop, session, nullptr);
+  FrmRouteEdit edit(desktop, nullptr);
   Select(edit, "List1", 4);
   Select(edit, "List2", 2);
   album.Keep(edit, "frmRouteEdit");
-  FrmRouteWayPoints make(desktop, session, nullptr);
+  FrmRouteWayPoints make(desktop, nullptr);
   for (const int row : {3, 6, 27, 43}) {
     Select(make, "List1", row);
     make.findChild<QPushButton*>("cmdAdd")->click();
@@ -141,11 +140,10 @@ void KeepRoutes(const Album& album, Studio& studio) {
 
 void KeepWaypoints(const Album& album, Studio& studio) {
   Desktop desktop = studio.desktop();
-  EditSession& session = studio.window().session();
   const Folders& folders = studio.program.folders;
   (void)WriteWaypointFile(WaypointPath(folders, "Solent.way"), SampleWaypoints().subspan(3, 9));
   (void)WriteWaypointFile(WaypointPath(folders, "Default.way"), {});
-  FrmWaySave save(desktop, session, nullptr);
+  FrmWaySave save(desktop, nullptr);
   album.Keep(save, "frmWaySave");
   FrmNewWay create(desktop, nullptr);
   album.Keep(create, "frmNewWay");
@@ -180,7 +178,7 @@ void KeepWaypoints(const Album& album, Studio& studio) {
   (void)WriteWaypointFile(WaypointRecoveryPath(folders, "Solent.way"),
                           SampleWaypoints().subspan(3, 11));
   album.KeepNext("frmRecovery");
-  OfferRecovery(desktop, session, nullptr);
+  OfferRecovery(desktop, nullptr);
 }
 
 }  // namespace

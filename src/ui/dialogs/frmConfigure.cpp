@@ -305,7 +305,7 @@ void FrmConfigure::Accept() {
   const Status saved = CommitConfigure(desktop().program, changed, desktop().messages);
   if (!saved) desktop().messages.Show(saved.error().Text(), MessageIcon::kWarning);
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kSettingsChanged | kRouteChanged);
 }
 
 void FrmConfigure::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -111,7 +111,7 @@ void FrmOptResults::CalculateCourse() {
   const std::optional<std::size_t> marked = chart_->marked();
   if (!marked) return;
   SelectDeparture(desktop().program, chart_->chart().DepartureHours(*marked), desktop().messages);
-  desktop().window.StateChanged();
+  desktop().window.Changed(kRouteChanged | kTimeChanged);
   FrmCalcRoute(desktop(), this).exec();
   accept();
 }

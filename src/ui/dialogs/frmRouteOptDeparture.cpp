@@ -51,7 +51,7 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
   connect(reverse, &QPushButton::clicked, this, [this] {
     ReverseCurrentRoute(this->desktop().program, this->desktop().messages);
     Load();
-    this->desktop().window.StateChanged();
+    this->desktop().window.Changed(kRouteChanged | kTimeChanged);
   });
   connect(search, &QPushButton::clicked, this, [this] { Search(); });
   connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
@@ -100,7 +100,7 @@ void FrmRouteOptDeparture::Search() {
   progress_->clear();
   if (outcome != RouteOutcome::kDone) return;
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kRouteChanged | kTimeChanged);
   FrmOptResults(desktop(), parentWidget()).exec();
 }
 

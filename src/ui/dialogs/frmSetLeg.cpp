@@ -156,7 +156,7 @@ void FrmSetLeg::Calculate() {
   const SetLegReport report = CalculateSetLeg(program, leg, desktop().messages);
   results_->SetLines(report.lines);
   status_->setText(ToQt(report.status).trimmed());
-  desktop().window.StateChanged();
+  desktop().window.Changed(kRouteChanged);
 }
 
 }  // namespace skerrow

@@ -199,7 +199,7 @@ void FrmCalcRoute::LoadGps() {
 
 void FrmCalcRoute::RouteEdited() {
   Load();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kRouteChanged | kTimeChanged);
 }
 
 void FrmCalcRoute::AcceptLegEntry() {
@@ -258,9 +258,8 @@ void FrmCalcRoute::Calculate() {
   SetBusy(false);
   if (outcome != RouteOutcome::kDone) return;
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kRouteChanged | kTimeChanged);
   FrmResults(desktop(), parentWidget()).exec();
-  desktop().window.Repaint();
 }
 
 }  // namespace skerrow

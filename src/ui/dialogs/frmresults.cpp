@@ -55,7 +55,7 @@ void FrmResults::done(int result) {
   Program& program = desktop().program;
   FinishResults(program, RouteDefaultsOf(program));
   ReportDialog::done(result);
-  desktop().window.StateChanged();
+  desktop().window.Changed(kRouteChanged | kTimeChanged);
 }
 
 }  // namespace skerrow

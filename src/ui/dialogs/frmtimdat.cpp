@@ -79,7 +79,7 @@ void FrmTimDat::Accept() {
   switch (refusal) {
     case SelectedTimeRefusal::kNone:
       accept();
-      desktop().window.StateChanged();
+      desktop().window.Changed(kRouteChanged | kTimeChanged);
       break;
     case SelectedTimeRefusal::kNoTime:
       Refuse(SelectedTimeText(refusal), false, time_->text_box());

@@ -61,7 +61,7 @@ LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry, M
   start.speed = static_cast<float>(TextToNumber(entry.speed));
   end.name = Trim(entry.end_name);
   const RouteDefaults defaults = RouteDefaultsOf(program);
-  RouteChanged(program.route, defaults);
+  RouteChanged(program.route);
   RecomputeWinds(program.route, defaults, messages);
   ForgetCalculation(program);
   return LegRefusal::kNone;
@@ -70,7 +70,7 @@ LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry, M
 bool ApplyRouteSpeed(Program& program, std::string_view speed_text) {
   const auto speed = static_cast<float>(TextToNumber(speed_text));
   if (!(speed > 0.0F) || !std::isfinite(speed)) return false;
-  SetAllSpeeds(program.route, speed, RouteDefaultsOf(program));
+  SetAllSpeeds(program.route, speed);
   ForgetCalculation(program);
   return true;
 }
@@ -100,8 +100,8 @@ std::optional<GpsReading> GpsReadingOf(const Program& program) {
   const bool receiving = program.gps_enabled ||
                          (program.ais_enabled && program.config.gps_through_ais != 0) ||
                          program.replay_active;
-  if (!receiving || program.boat_latitude == 0.0F) return std::nullopt;
-  return GpsReading{{program.boat_latitude, program.boat_longitude}, std::nullopt};
+  if (!receiving || !program.boat.HasPosition()) return std::nullopt;
+  return GpsReading{program.boat.position, std::nullopt};
 }
 
 void UseGpsForStart(Program& program, const GpsReading& gps, bool use_speed, Messages& messages) {
@@ -114,7 +114,7 @@ void UseGpsForStart(Program& program, const GpsReading& gps, bool use_speed, Mes
     for (RoutePoint& point : program.route.points) point.speed = *gps.speed_over_ground;
   }
   const RouteDefaults defaults = RouteDefaultsOf(program);
-  RouteChanged(program.route, defaults);
+  RouteChanged(program.route);
   RecomputeWinds(program.route, defaults, messages);
   ForgetCalculation(program);
 }

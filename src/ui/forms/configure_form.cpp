@@ -186,9 +186,8 @@ Status CommitConfigure(Program& program, const AppConfig& config, Messages& mess
   program.config = config;
   program.route_speed = config.vessel_speed;
   program.use_leeway = config.use_leeway != 0;
-  if (config.use_tides == 0) program.vectors_shown = false;
   if (!program.route.points.empty()) {
-    SetAllSpeeds(program.route, config.vessel_speed, RouteDefaultsOf(program));
+    SetAllSpeeds(program.route, config.vessel_speed);
     ForgetCalculation(program);
   }
   if (summer_time_changed) RebuildTides(program, messages);

@@ -9,9 +9,9 @@ namespace skerrow {
 
 void ChartMouse::Move(Position place, MouseButtons buttons) {
   view_.cursor = place;
-  if (!buttons.left && !buttons.right && !program_.dividers_on) host_.ShowCursorReadout();
+  if (!buttons.left && !buttons.right && !view_.dividers_on) host_.ShowCursorReadout();
   if (view_.snap_to_waypoint) FollowSnap();
-  if (program_.route_drag_on) {
+  if (view_.route_drag_on) {
     FollowDrag(buttons);
   } else if (buttons.right && view_.marked_kind == MarkedKind::kWaypoint) {
     DragWaypoint(program_.waypoints, static_cast<std::size_t>(view_.marked_waypoint - 1), place);
@@ -20,7 +20,7 @@ void ChartMouse::Move(Position place, MouseButtons buttons) {
     host_.ShowCursorReadout();
     host_.Redraw();
   }
-  if (program_.dividers_on && !program_.route_drag_on) {
+  if (view_.dividers_on && !view_.route_drag_on) {
     host_.ShowCursorReadout();
     host_.ShowDividersText();
   }
@@ -51,19 +51,16 @@ void ChartMouse::FollowDrag(MouseButtons buttons) {
   if (!buttons.right || !view_.drag_armed) return;
   if (!dragging_) before_drag_ = program_.route;
   dragging_ = true;
-  DragRoutePoint(program_.route, static_cast<std::size_t>(view_.drag_index - 1), view_.cursor,
-                 RouteDefaultsOf(program_));
+  DragRoutePoint(program_.route, static_cast<std::size_t>(view_.drag_index - 1), view_.cursor);
   host_.ShowCursorReadout();
   host_.RouteMoving();
 }
 
-bool ChartMouse::RightButtonDrags() const {
-  return program_.route_drag_on && !program_.dividers_on;
-}
+bool ChartMouse::RightButtonDrags() const { return view_.route_drag_on && !view_.dividers_on; }
 
 bool ChartMouse::Press(MouseButtons buttons) {
   if (!buttons.left) return buttons.right;
-  if (program_.dividers_on) {
+  if (view_.dividers_on) {
     if (buttons.shift) {
       view_.zero_point = view_.cursor;
       view_.divider_end.reset();
@@ -77,9 +74,9 @@ bool ChartMouse::Press(MouseButtons buttons) {
   }
   if (!buttons.shift) return false;
   host_.SetPointer(Pointer::kCross);
-  if (program_.mouse_mode == MouseMode::kWaypointEntry) {
+  if (view_.mouse_mode == MouseMode::kWaypointEntry) {
     host_.EnterWaypoint(view_.cursor);
-  } else if (program_.mouse_mode == MouseMode::kRouteCreation) {
+  } else if (view_.mouse_mode == MouseMode::kRouteCreation) {
     AddRoutePointHere();
   }
   return true;
@@ -121,13 +118,13 @@ void ChartMouse::Mark() {
     view_.marked_kind = MarkedKind::kWaypoint;
     view_.marked_waypoint = static_cast<std::int16_t>(waypoint->index + 1);
     view_.marked = program_.waypoints.waypoints[waypoint->index].At();
-    program_.mouse_mode = MouseMode::kRouteCreation;
+    view_.mouse_mode = MouseMode::kRouteCreation;
   } else if (const auto point = NearestRoutePoint(program_.route, view_.cursor, circle)) {
     view_.marked_point_on = true;
     view_.marked_kind = MarkedKind::kRoutePoint;
     view_.drag_index = static_cast<std::int16_t>(point->index + 1);
     view_.marked = program_.route.points[point->index].At();
-    program_.mouse_mode = MouseMode::kPointMarked;
+    view_.mouse_mode = MouseMode::kPointMarked;
   }
   host_.ModeChanged();
 }

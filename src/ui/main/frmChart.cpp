@@ -74,7 +74,7 @@ class FrmChart::ProgressOnBar final : public Progress {
 
 FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings,
                    Clipboard& clipboard)
-    : desktop_{program, messages, settings, clipboard, *this},
+    : desktop_{program, messages, settings, clipboard, *this, view_},
       mouse_(program, view_, messages, *this),
       viewer_(new ChartViewer(this)) {
   setObjectName("frmChart");
@@ -232,7 +232,8 @@ void FrmChart::MakeToolbars() {
 
 void FrmChart::RefreshIcons() {
   for (const Command* command : AllCommands()) {
-    if (!command->icon.empty()) action(command->name)->setIcon(Icon(ToQt(command->icon), night_));
+    if (!command->icon.empty())
+      action(command->name)->setIcon(Icon(ToQt(command->icon), view_.night));
   }
 }
 
@@ -290,10 +291,11 @@ void FrmChart::Start() {
   }
   desktop_.settings.Set("Software/Skerrow", "InstallPath", FolderOf(program().folders.program));
   DrawChart();
-  StateChanged();
+  view_.mouse_mode = MouseMode::kRouteCreation;
+  Changed(kAllChanged);
   timer1_.start();
   viewer_->setFocus();
-  OfferRecovery(desktop_, session_, this);
+  OfferRecovery(desktop_, this);
 }
 
 std::uint32_t FrmChart::NeedsMet() const {
@@ -304,11 +306,11 @@ std::uint32_t FrmChart::NeedsMet() const {
   if (points >= 2) met |= kNeedsRoute;
   if (points >= 3) met |= kNeedsThreePoints;
   if (!p.passage.route_track.empty()) met |= kNeedsTrack;
-  if (session_.history.CanUndo()) met |= kNeedsUndo;
-  if (session_.history.CanRedo()) met |= kNeedsRedo;
+  if (program().edits.history.CanUndo()) met |= kNeedsUndo;
+  if (program().edits.history.CanRedo()) met |= kNeedsRedo;
   if (p.config.show_streams == 1.0F) met |= kNeedsStreams;
-  if (tools_shown_) met |= kNeedsTools;
-  if (view_.mob_on) met |= kNeedsMob;
+  if (view_.tools_shown) met |= kNeedsTools;
+  if (program().mob.on) met |= kNeedsMob;
   return met;
 }
 
@@ -323,9 +325,9 @@ void FrmChart::UpdateActions() {
   const auto named = [](const std::string& edit, const char* verb) {
     return edit.empty() ? QString(verb) : QString(verb) + " " + ToQt(edit);
   };
-  action("mnuUndo")->setText(named(session_.history.UndoName(), "&Undo"));
-  action("mnuRedo")->setText(named(session_.history.RedoName(), "&Redo"));
-  named_menus_.at("mnuTools")->menuAction()->setVisible(tools_shown_);
+  action("mnuUndo")->setText(named(program().edits.history.UndoName(), "&Undo"));
+  action("mnuRedo")->setText(named(program().edits.history.RedoName(), "&Redo"));
+  named_menus_.at("mnuTools")->menuAction()->setVisible(view_.tools_shown);
   const bool one_input = program().config.gps_through_ais != 0;
   named_menus_.at("mnuGPS")->menuAction()->setVisible(!one_input);
   named_menus_.at("mnuAIS")->setTitle(one_input ? "&AIS/GPS" : "&AIS");
@@ -372,14 +374,14 @@ void FrmChart::UpdateRouteCombo() {
   if (calculated) route_combo_->setToolTip(ToQt(passage.route_combo_text));
 }
 
-void FrmChart::StateChanged() {
+void FrmChart::Changed(std::uint32_t what) {
   if (program().passage.route_track.empty()) {
     // What ran along the track goes with it.
     view_.calculation_on_show = false;
     DropAnimation();
   }
   UpdateActions();
-  UpdateRouteCombo();
+  if ((what & kRouteChanged) != 0) UpdateRouteCombo();
   UpdateStatusBar();
   UpdateCaption();
   ShowReadout();
@@ -398,7 +400,7 @@ void FrmChart::ShowReadout() {
   readout_->setVisible(on_chart);
   if (!on_chart) return;
   QStringList rows;
-  for (const std::string& row : CursorReadout(program(), view_, LatToText3(view_.cursor.latitude),
+  for (const std::string& row : CursorReadout(view_, LatToText3(view_.cursor.latitude),
                                               LongToText3(view_.cursor.longitude))) {
     rows << ToQt(row);
   }
@@ -412,8 +414,8 @@ void FrmChart::ShowEta(const std::string& text) {
 }
 
 void FrmChart::ShowDividersText() {
-  dividers_->setVisible(program().dividers_on);
-  if (!program().dividers_on) return;
+  dividers_->setVisible(view_.dividers_on);
+  if (!view_.dividers_on) return;
   dividers_->setText(ToQt(DividersText(view_)));
   dividers_->adjustSize();
   const QPoint cursor = viewer_->viewport()->mapFromGlobal(QCursor::pos());
@@ -430,7 +432,7 @@ void FrmChart::PlaceFloats() {
   readout_->move(kFloatMargin, kFloatMargin);
   mob_label_->adjustSize();
   mob_label_->move(kFloatMargin, readout_->geometry().bottom() + kFloatMargin);
-  overview_->setVisible(program().thumbnail_visible && viewer_->image_height() > 0);
+  overview_->setVisible(view_.thumbnail_visible && viewer_->image_height() > 0);
   overview_->resize(overview_->SizeForSide(kOverviewSide));
   const QSize room = viewer_->viewport()->size();
   overview_->move(room.width() - overview_->width() - kFloatMargin,
@@ -465,7 +467,7 @@ void FrmChart::SetPointer(Pointer pointer) {
 }
 
 void FrmChart::closeEvent(QCloseEvent* event) {
-  if (busy_ || (!chart_lost_ && !MayExit(desktop_, session_, this))) {
+  if (busy_ || (!chart_lost_ && !MayExit(desktop_, this))) {
     event->ignore();
     return;
   }

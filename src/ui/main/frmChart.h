@@ -17,11 +17,11 @@
 #include "charts/chart_view.h"
 #include "routes/route_editing.h"
 #include "ui/desktop.h"
+#include "ui/edits.h"
 #include "ui/main/chart_mouse.h"
 #include "ui/main/commands/command.h"
 #include "ui/main/menus.h"
 #include "ui/overlays/view_state.h"
-#include "ui/routes/route_commands.h"
 #include "ui/viewer/chart_overview.h"
 #include "ui/viewer/chart_viewer.h"
 
@@ -54,7 +54,6 @@ class FrmChart final : public QMainWindow,
   ViewState& view() { return view_; }
   const ViewState& view() const { return view_; }
   ChartViewer& viewer() { return *viewer_; }
-  EditSession& session() { return session_; }
   ChartMouse& mouse() { return mouse_; }
   QAction* action(std::string_view name) const;
   // Runs a command if its action is enabled, as its menu entry would.
@@ -103,16 +102,16 @@ class FrmChart final : public QMainWindow,
   void NearestTrackPoint();
   void ToRealtime();
   void ShowTools();
-  bool tools_shown() const { return tools_shown_; }
-  bool night() const { return night_; }
+  bool tools_shown() const { return view_.tools_shown; }
+  bool night() const { return view_.night; }
   bool animating() const { return animate_timer_.isActive(); }
 
   // ---- MainWindowPort
   void Repaint() override;
-  void UpdateCaption() override;
-  void UpdateStatusBar() override;
-  void UpdateRouteCombo() override;
-  void StateChanged() override;
+  void UpdateCaption();
+  void UpdateStatusBar();
+  void UpdateRouteCombo();
+  void Changed(std::uint32_t what) override;
   std::unique_ptr<Progress> StartProgress(const char* what) override;
 
   // ---- ViewerEvents
@@ -135,7 +134,7 @@ class FrmChart final : public QMainWindow,
   void Redraw() override { viewer_->Redraw(); }
   void ShowCursorReadout() override { ShowReadout(); }
   void ShowDividersText() override;
-  void ModeChanged() override { StateChanged(); }
+  void ModeChanged() override { Changed(kAllChanged); }
   void RouteMoving() override;
   void RouteEdited(const char* name, RouteState before) override;
   void EnterWaypoint(Position place) override;
@@ -179,7 +178,6 @@ class FrmChart final : public QMainWindow,
 
   Desktop desktop_;
   ViewState view_;
-  EditSession session_;
   ChartMouse mouse_;
   std::map<std::string, QAction*, std::less<>> actions_;
   std::map<std::string, QMenu*, std::less<>> named_menus_;
@@ -202,9 +200,6 @@ class FrmChart final : public QMainWindow,
   std::string eta_;
   // The route last made from the waypoint list; the title tells of it until it is changed.
   RouteState listed_route_;
-  Brightness brightness_;
-  bool night_ = false;
-  bool tools_shown_ = false;
   bool redraw_ = true;
   bool busy_ = false;
   bool chart_lost_ = false;  // there is no chart at all, and the user has been told

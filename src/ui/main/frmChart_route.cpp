@@ -18,50 +18,49 @@ namespace skerrow {
 
 void FrmChart::RouteMoving() {
   if (!program().passage.route_track.empty()) ForgetCalculation(program());
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::RouteEdited(const char* name, RouteState before) {
-  FinishRouteEdit(desktop_, session_, name, std::move(before));
-  StateChanged();
+  FinishRouteEdit(program(), messages(), name, std::move(before));
+  Changed(kAllChanged);
 }
 
 void FrmChart::EnterWaypoint(Position place) { EnterWaypointByMouse(desktop_, place, this); }
 
 void FrmChart::ClearMark() {
-  program().mouse_mode = MouseMode::kRouteCreation;
+  view_.mouse_mode = MouseMode::kRouteCreation;
   view_.marked_point_on = false;
   view_.marked_kind = MarkedKind::kNothing;
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::InsertPoint() {
-  if (AskInsertRoutePoint(desktop_, session_, view_.cursor)) ClearMark();
+  if (AskInsertRoutePoint(program(), messages(), view_.cursor)) ClearMark();
 }
 
 void FrmChart::DeleteMarked() {
   bool deleted = false;
   if (view_.marked_kind == MarkedKind::kWaypoint) {
-    deleted = AskDeleteWaypoint(desktop_, view_.marked);
+    deleted = AskDeleteWaypoint(program(), messages(), view_.marked);
   } else if (!program().route.points.empty()) {
-    deleted = AskDeleteRoutePoint(desktop_, session_,
+    deleted = AskDeleteRoutePoint(program(), messages(),
                                   view_.marked_point_on ? view_.marked : view_.cursor);
   }
   if (deleted) ClearMark();
 }
 
 void FrmChart::ClearTheRoute() {
-  if (!MayClearRoute(desktop_, session_, this)) return;
+  if (!MayClearRoute(desktop_, this)) return;
   Program& p = program();
-  EditRoute(desktop_, session_, "Clear Route",
-            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(p)); });
-  RouteIsSaved(desktop_, session_);
+  EditRoute(desktop_, "Clear Route", [&](RouteState& route) { ClearRoute(route); });
+  RouteIsSaved(program(), messages(), "");
   StopAnimation();
   p.passage.result_lines.clear();
-  p.route_drag_on = false;
+  view_.route_drag_on = false;
   view_.snap_to_waypoint = false;
   view_.snap_active = false;
-  p.dividers_on = false;
+  view_.dividers_on = false;
   view_.zero_point.reset();
   view_.divider_end.reset();
   view_.route_entry_on = false;
@@ -78,17 +77,16 @@ void FrmChart::Escape() {
     StopAnimation();
     ForgetCalculation(p);
     view_.calculation_on_show = false;
-    StateChanged();
+    Changed(kAllChanged);
     return;
   }
-  EditRoute(desktop_, session_, "Clear Route",
-            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(p)); });
+  EditRoute(desktop_, "Clear Route", [&](RouteState& route) { ClearRoute(route); });
   StopAnimation();
   view_.last_click.reset();
   view_.route_entry_on = false;
-  p.mouse_mode = MouseMode::kRouteCreation;
-  p.dividers_on = false;
-  p.route_drag_on = false;
+  view_.mouse_mode = MouseMode::kRouteCreation;
+  view_.dividers_on = false;
+  view_.route_drag_on = false;
   view_.zero_point.reset();
   view_.divider_end.reset();
   view_.marked_point_on = false;
@@ -99,82 +97,78 @@ void FrmChart::Escape() {
   p.selected_time.override_ = false;
   ReturnToRealtime(p, messages());
   ShowDividersText();
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::ToggleDividers() {
-  Program& p = program();
-  p.dividers_on = !p.dividers_on;
-  p.route_drag_on = false;
+  view_.dividers_on = !view_.dividers_on;
+  view_.route_drag_on = false;
   view_.divider_end.reset();
-  if (p.dividers_on) view_.zero_point.reset();
+  if (view_.dividers_on) view_.zero_point.reset();
   ShowDividersText();
-  if (p.dividers_on) dividers_->setText("No reference pt");
-  StateChanged();
+  if (view_.dividers_on) dividers_->setText("No reference pt");
+  Changed(kAllChanged);
 }
 
 void FrmChart::ToggleRouteDrag() {
-  Program& p = program();
-  p.route_drag_on = !p.route_drag_on;
+  view_.route_drag_on = !view_.route_drag_on;
   view_.drag_armed = false;
-  if (!p.route_drag_on) SetPointer(Pointer::kCross);
-  StateChanged();
+  if (!view_.route_drag_on) SetPointer(Pointer::kCross);
+  Changed(kAllChanged);
 }
 
 void FrmChart::ToggleSnap() {
   view_.snap_to_waypoint = !view_.snap_to_waypoint;
   view_.snap_active = false;
   SetPointer(Pointer::kCross);
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::ToggleWaypointEntry() {
-  Program& p = program();
-  p.mouse_mode = p.mouse_mode == MouseMode::kWaypointEntry ? MouseMode::kRouteCreation
-                                                           : MouseMode::kWaypointEntry;
-  StateChanged();
+  view_.mouse_mode = view_.mouse_mode == MouseMode::kWaypointEntry ? MouseMode::kRouteCreation
+                                                                   : MouseMode::kWaypointEntry;
+  Changed(kAllChanged);
 }
 
 void FrmChart::ToggleMob() {
   constexpr std::string_view kTitle = "MAN OVERBOARD";
-  if (view_.mob_on) {
+  if (program().mob.on) {
     if (!messages().Ask("Cancel Man Overboard?", kTitle)) return;
-    view_.mob_on = false;
+    program().mob.on = false;
   } else {
     if (!messages().Ask("Activate Man Overboard?", kTitle)) return;
     // Without a fix the boat is where the user last pointed, which is better than nowhere.
-    const bool fix = program().boat_latitude != 0.0F;
-    view_.mob = fix ? Position{program().boat_latitude, program().boat_longitude} : view_.cursor;
-    view_.mob_on = true;
+    program().mob.position = program().boat.HasPosition() ? program().boat.position : view_.cursor;
+    program().mob.on = true;
   }
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::RouteByWaypointList() {
-  if (FrmRouteWayPoints(desktop_, session_, this).exec() == QDialog::Accepted) {
+  if (FrmRouteWayPoints(desktop_, this).exec() == QDialog::Accepted) {
     listed_route_ = program().route;
   }
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::CalculateRouteDialog() {
-  program().route_drag_on = false;
+  view_.route_drag_on = false;
   const RouteState before = program().route;
   FrmCalcRoute(desktop_, this).exec();
-  RememberRouteEdit(desktop_, session_, "Route Calculation", before);
+  RememberRouteEdit(program(), messages(), "Route Calculation", before);
   view_.calculation_on_show = !program().passage.route_track.empty();
   DropAnimation();
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::OptimiseDialog() {
-  program().route_drag_on = false;
+  view_.route_drag_on = false;
   const RouteState before = program().route;
   FrmRouteOptDeparture(desktop_, this).exec();
-  RememberRouteEdit(desktop_, session_, "Departure Search", before);
+  RememberRouteEdit(program(), messages(), "Departure Search", before);
   view_.calculation_on_show = !program().passage.route_track.empty();
   DropAnimation();
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::Animate(AnimationDirection direction) {
@@ -214,7 +208,7 @@ void FrmChart::ExitAnimation() {
   StopAnimation();
   // A roll of the tides remembers the time too, and this is the way back from it.
   RestoreTime(program());
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::StopAnimation() {
@@ -248,7 +242,7 @@ void FrmChart::RollTheTides(Roll roll) {
   DropAnimation();
   RollTides(program(), roll);
   ReworkResult();
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::NearestTrackPoint() {
@@ -269,13 +263,13 @@ void FrmChart::NearestTrackPoint() {
 void FrmChart::ToRealtime() {
   DropAnimation();
   ReturnToRealtime(program(), messages());
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::OpenFile(const std::string& path) {
   const std::string kind = ToLowerAscii(path.substr(std::min(path.size(), path.rfind('.'))));
   if (kind == ".rte") {
-    const Status loaded = LoadRouteFile(desktop_, session_, path, RouteSpeeds::kStored);
+    const Status loaded = LoadRouteFile(program(), messages(), path, RouteSpeeds::kStored);
     if (!loaded) messages().Show(loaded.error().Text(), MessageIcon::kWarning, kProgramTitle);
   } else if (kind == ".way") {
     const Status opened = OpenWaypointFile(desktop_, path);
@@ -286,11 +280,11 @@ void FrmChart::OpenFile(const std::string& path) {
     messages().Show(path + ": this is no route, waypoint or chart file", MessageIcon::kWarning,
                     kProgramTitle);
   }
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::ShowTools() {
-  tools_shown_ = true;
+  view_.tools_shown = true;
   UpdateActions();
 }
 

@@ -143,7 +143,7 @@ void FrmChart::PaintOverlays(DrawingSurface& surface) {
   const OverlayView seen =
       MakeOverlayView(program().charts.chart, viewer_->geometry(), program().config.text_size);
   DrawOverlays(surface, seen, program(), view_);
-  const QString mob = ToQt(MobLabelText(seen, view_)).trimmed();
+  const QString mob = ToQt(MobLabelText(seen, program().mob)).trimmed();
   if (mob_label_->text() != mob) mob_label_->setText(mob);
   if (mob_label_->isHidden() == !mob.isEmpty()) mob_label_->setVisible(!mob.isEmpty());
 }
@@ -175,7 +175,7 @@ void FrmChart::ChangeChart() {
   view_.candidate_chart.reset();
   AddRecentChart(recent_, Trim(p.config.chart_path) + ".cht");
   FillRecentMenu();
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 bool FrmChart::SwitchChart(const std::string& chart_path) {
@@ -216,7 +216,7 @@ void FrmChart::OpenRecentChart(const std::string& cht_path) {
   }
   AddRecentChart(recent_, cht_path);
   FillRecentMenu();
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::LargerScale() {
@@ -224,7 +224,7 @@ void FrmChart::LargerScale() {
   const std::optional<std::string> key = LargerScaleChart(cursor, program().charts);
   if (!key || !SwitchChart(ChartPathOf(program().folders, *key))) return;
   LocatePoint(cursor);
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::SmallerScale() {
@@ -233,7 +233,7 @@ void FrmChart::SmallerScale() {
   const std::optional<std::string> key = SmallerScaleChart(cursor, program().charts);
   if (!key || !SwitchChart(ChartPathOf(program().folders, *key))) return;
   LocatePoint(cursor);
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::PreviousChart() {
@@ -261,7 +261,7 @@ void FrmChart::PreviousChart() {
       view_.last_click && chart.OnImage(chart.LongToCol(view_.last_click->longitude),
                                         chart.LatToRow(view_.last_click->latitude));
   LocatePoint(clicked ? *view_.last_click : cursor);
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::LocatePoint(Position position) {
@@ -312,7 +312,7 @@ void FrmChart::ToggleRectangle() {
 }
 
 void FrmChart::ToggleThumbnail() {
-  program().thumbnail_visible = !program().thumbnail_visible;
+  view_.thumbnail_visible = !view_.thumbnail_visible;
   PlaceFloats();
   Repaint();
 }
@@ -325,10 +325,10 @@ void FrmChart::ToggleToolbars() {
 }
 
 void FrmChart::SetNight(bool night) {
-  night_ = night;
+  view_.night = night;
   ApplyTheme(night);
   viewer_->SetNight(night);
-  viewer_->SetBrightness(brightness_.level);
+  viewer_->SetBrightness(view_.brightness.level);
   const QString style =
       night ? "background: #000000; color: #00ff00; border: 1px solid #143014; border-radius: 4px;"
             : "background: #dfeaff; color: #000000; border: 1px solid #9db2cc; border-radius: 4px;";
@@ -349,13 +349,13 @@ void FrmChart::SetNight(bool night) {
 
 void FrmChart::AdjustBrightness(int step) {
   if (step < 0) {
-    brightness_.Decrease();
+    view_.brightness.Decrease();
   } else if (step < 100) {
-    brightness_.Increase();
+    view_.brightness.Increase();
   } else {
-    brightness_.Reset();
+    view_.brightness.Reset();
   }
-  viewer_->SetBrightness(brightness_.level);
+  viewer_->SetBrightness(view_.brightness.level);
   UpdateActions();
 }
 
@@ -367,13 +367,13 @@ void FrmChart::SaveConfigChange(const std::function<void(AppConfig&)>& change) {
 void FrmChart::Toggle(std::int16_t AppConfig::*field) {
   const std::int16_t value = Bool16(program().config.*field == 0);
   SaveConfigChange([&](AppConfig& config) { config.*field = value; });
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::Toggle(float AppConfig::*field) {
   const float value = program().config.*field == 1.0F ? 0.0F : 1.0F;
   SaveConfigChange([&](AppConfig& config) { config.*field = value; });
-  StateChanged();
+  Changed(kAllChanged);
 }
 
 void FrmChart::CopyWindow() { QGuiApplication::clipboard()->setPixmap(grab()); }

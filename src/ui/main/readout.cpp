@@ -12,16 +12,16 @@
 namespace skerrow {
 namespace {
 
-std::string ModeText(const Program& program) {
-  if (program.route_drag_on) return "Mode = Route Drag; RIGHT Mouse hold & drag";
-  if (program.dividers_on) return "Mode = Dividers (Shift + Click sets zero point)";
-  if (program.mouse_mode == MouseMode::kRouteCreation) {
+std::string ModeText(const ViewState& view) {
+  if (view.route_drag_on) return "Mode = Route Drag; RIGHT Mouse hold & drag";
+  if (view.dividers_on) return "Mode = Dividers (Shift + Click sets zero point)";
+  if (view.mouse_mode == MouseMode::kRouteCreation) {
     return "Mode = Route Creation (Use Route Menu or Shift + Click using mouse)";
   }
-  if (program.mouse_mode == MouseMode::kPointMarked) {
+  if (view.mouse_mode == MouseMode::kPointMarked) {
     return "Mode = RoutePoint Marked (Delete (Del Key); Insert (Insert key))";
   }
-  if (program.mouse_mode == MouseMode::kWaypointEntry) {
+  if (view.mouse_mode == MouseMode::kWaypointEntry) {
     return "Mode = Mouse Waypoint Entry (Shift + Click sets a waypoint)";
   }
   return "";
@@ -57,21 +57,21 @@ std::string ListedRouteText(const RouteState& route) {
   return "Route distance = " + FormatFixed(route.distance, 1, 1) + "nm.";
 }
 
-std::array<std::string, 5> StatusPanels(const Program& program, const ViewState&,
+std::array<std::string, 5> StatusPanels(const Program& program, const ViewState& view,
                                         const std::string& eta) {
   const float distance = program.route.points.size() > 1 ? program.route.distance : 0.0F;
-  return {ModeText(program),
+  return {ModeText(view),
           "Chart in use = " + ChartTitleOf(program.charts, program.config.chart_path),
           eta.empty() ? "Waypoints = " + BaseName(program.config.waypoint_file) : eta,
           distance > 0.0F ? "Route= " + FormatFixed(distance, 1, 1) + "nm" : "",
           IssueText(program.charts.chart.issue)};
 }
 
-std::vector<std::string> CursorReadout(const Program& program, const ViewState& view,
-                                       const std::string& latitude, const std::string& longitude) {
+std::vector<std::string> CursorReadout(const ViewState& view, const std::string& latitude,
+                                       const std::string& longitude) {
   std::vector<std::string> rows = {"Cursor", latitude + "  " + longitude};
   const auto from = [&](Position place) { return RangeBearing(place, view.cursor); };
-  if (program.dividers_on && view.zero_point) {
+  if (view.dividers_on && view.zero_point) {
     const RangeAndBearing way = from(*view.zero_point);
     rows.push_back("Range " + FormatFixed(way.range, 1, 1) + "  @" +
                    FormatFixed(way.bearing, 3, 0));

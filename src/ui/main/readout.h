@@ -28,8 +28,8 @@ std::array<std::string, 5> StatusPanels(const Program& program, const ViewState&
 
 // The rows of the readout box: "Cursor", the position, and a range where there is a point to take
 // it from. `latitude` and `longitude` are the texts of the cursor.
-std::vector<std::string> CursorReadout(const Program& program, const ViewState& view,
-                                       const std::string& latitude, const std::string& longitude);
+std::vector<std::string> CursorReadout(const ViewState& view, const std::string& latitude,
+                                       const std::string& longitude);
 
 // What floats beside the cursor while the dividers are on.
 std::string DividersText(const ViewState& view);

@@ -19,8 +19,6 @@ constexpr std::size_t kMostFuturePositions = 7;
 constexpr double kMilesPerDegree = 60.0;
 constexpr double kEdgeShare = 0.99;
 
-Position BoatOf(const Program& program) { return {program.boat_latitude, program.boat_longitude}; }
-
 // Miles from a place inside the chart to its edge along a heading.
 double RangeToEdge(const OverlayView& view, Position from, double heading) {
   const double angle = heading * kRadiansPerDegree;
@@ -78,10 +76,10 @@ void DrawTrack(DrawingSurface& surface, const OverlayView& view, const Program& 
 
 void DrawInBoat(DrawingSurface& surface, const OverlayView& view, const Program& program,
                 const ViewState& state) {
-  const Position boat = BoatOf(program);
+  const Position boat = program.boat.position;
   const std::optional<SurfacePoint> at = view.Place(boat);
   if (!at) return;
-  float heading = state.course_over_ground;
+  float heading = program.boat.course;
   if (heading >= 360.0F) heading -= 360.0F;
   const double along = static_cast<double>(heading);
   const double length = std::min(static_cast<double>(program.config.heading_vector_length),
@@ -95,7 +93,7 @@ void DrawInBoat(DrawingSurface& surface, const OverlayView& view, const Program&
 
 void DrawRangeRings(DrawingSurface& surface, const OverlayView& view, const Program& program,
                     const ViewState&) {
-  const Position boat = BoatOf(program);
+  const Position boat = program.boat.position;
   const std::optional<SurfacePoint> at = view.Place(boat);
   if (!at) return;
   surface.SetPen(1, kBlack);
@@ -108,8 +106,8 @@ void DrawRangeRings(DrawingSurface& surface, const OverlayView& view, const Prog
 }
 
 void DrawinFuturePos(DrawingSurface& surface, const OverlayView& view, const Program& program,
-                     const ViewState& state) {
-  const std::vector<Position>& positions = state.future_positions;
+                     const ViewState&) {
+  const std::vector<Position>& positions = program.boat.future_positions;
   const std::size_t count = std::min(positions.size(), kMostFuturePositions);
   if (count == 0) return;
   const auto width =
@@ -123,13 +121,13 @@ void DrawinFuturePos(DrawingSurface& surface, const OverlayView& view, const Pro
 }
 
 void DrawLiveTrack(DrawingSurface& surface, const OverlayView& view, const Program& program,
-                   const ViewState& state) {
-  DrawTrack(surface, view, program, state.live_track);
+                   const ViewState&) {
+  DrawTrack(surface, view, program, program.tracks.live);
 }
 
 void DrawHistoricalTracks(DrawingSurface& surface, const OverlayView& view, const Program& program,
-                          const ViewState& state) {
-  for (const PlotTrack& track : state.historical_tracks) DrawTrack(surface, view, program, track);
+                          const ViewState&) {
+  for (const PlotTrack& track : program.tracks.historical) DrawTrack(surface, view, program, track);
 }
 
 }  // namespace skerrow

@@ -72,9 +72,9 @@ void DrawWaypoints(DrawingSurface& surface, const OverlayView& view, const Progr
   }
 }
 
-void DrawMob(DrawingSurface& surface, const OverlayView& view, const Program&,
-             const ViewState& state) {
-  const std::optional<SurfacePoint> at = view.Place(state.mob);
+void DrawMob(DrawingSurface& surface, const OverlayView& view, const Program& program,
+             const ViewState&) {
+  const std::optional<SurfacePoint> at = view.Place(program.mob.position);
   const double reach = 2.0 * view.marker_radius;
   if (!at || !view.Seen(*at, reach)) return;
   surface.SetPen(1, kRed);
@@ -83,9 +83,10 @@ void DrawMob(DrawingSurface& surface, const OverlayView& view, const Program&,
   DrawCross(surface, *at, reach);
 }
 
-std::string MobLabelText(const OverlayView& view, const ViewState& state) {
-  if (!state.mob_on || !view.InChart(state.mob)) return {};
-  return "\nMOB Position " + LongToText(state.mob.longitude) + ", " + LatToText(state.mob.latitude);
+std::string MobLabelText(const OverlayView& view, const ManOverboard& mob) {
+  if (!mob.on || !view.InChart(mob.position)) return {};
+  return "\nMOB Position " + LongToText(mob.position.longitude) + ", " +
+         LatToText(mob.position.latitude);
 }
 
 void DrawMarkedPoint(DrawingSurface& surface, const OverlayView& view, const Program&,
@@ -93,9 +94,9 @@ void DrawMarkedPoint(DrawingSurface& surface, const OverlayView& view, const Pro
   DrawCircle(surface, view, state.marked, view.marker_radius, kRed);
 }
 
-void DrawAisMark(DrawingSurface& surface, const OverlayView& view, const Program&,
-                 const ViewState& state) {
-  if (state.ais_mark) DrawCircle(surface, view, *state.ais_mark, view.marker_radius, kRed);
+void DrawAisMark(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                 const ViewState&) {
+  if (program.ais.mark) DrawCircle(surface, view, *program.ais.mark, view.marker_radius, kRed);
 }
 
 }  // namespace skerrow

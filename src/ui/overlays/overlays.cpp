@@ -11,21 +11,21 @@ namespace skerrow {
 namespace {
 
 bool Always(const Program&, const ViewState&) { return true; }
-bool DividersInUse(const Program& program, const ViewState&) { return program.dividers_on; }
+bool DividersInUse(const Program&, const ViewState& state) { return state.dividers_on; }
 bool WaypointsShown(const Program& program, const ViewState&) {
   return program.config.show_waypoints == 1.0F;
 }
 bool CourseShown(const Program&, const ViewState& state) { return state.calculation_on_show; }
-bool BoatShown(const Program&, const ViewState& state) { return state.fix_valid; }
-bool RangeRingsShown(const Program& program, const ViewState& state) {
-  return state.fix_valid && program.config.range_rings_on != 0;
+bool BoatShown(const Program& program, const ViewState&) { return program.boat.fix_valid; }
+bool RangeRingsShown(const Program& program, const ViewState&) {
+  return program.boat.fix_valid && program.config.range_rings_on != 0;
 }
-bool FutureShown(const Program& program, const ViewState& state) {
-  return state.fix_valid && program.config.boat_future_tide_plot != 0;
+bool FutureShown(const Program& program, const ViewState&) {
+  return program.boat.fix_valid && program.config.boat_future_tide_plot != 0;
 }
-bool MobHeld(const Program&, const ViewState& state) { return state.mob_on; }
+bool MobHeld(const Program& program, const ViewState&) { return program.mob.on; }
 bool PointMarked(const Program&, const ViewState& state) { return state.marked_point_on; }
-bool AisMarked(const Program&, const ViewState& state) { return state.ais_mark.has_value(); }
+bool AisMarked(const Program& program, const ViewState&) { return program.ais.mark.has_value(); }
 
 // While a rectangle is being drawn the chart's own marks stay away.
 bool BoundariesShown(const Program& program, const ViewState& state) {
@@ -54,13 +54,15 @@ bool TargetsShown(const Program& program, const ViewState& state) {
 bool ReplayShown(const Program& program, const ViewState& state) {
   return !state.rectangle_dragging && program.replay_active;
 }
-bool TrackShown(const Program&, const ViewState& state) {
-  return state.track_plot_on || state.fix_valid;
+bool TrackShown(const Program& program, const ViewState&) {
+  return program.tracks.plot_on || program.boat.fix_valid;
 }
-bool HistoryShown(const Program&, const ViewState& state) {
-  return !state.historical_tracks.empty();
+bool HistoryShown(const Program& program, const ViewState&) {
+  return !program.tracks.historical.empty();
 }
-bool VectorsShown(const Program& program, const ViewState&) { return program.vectors_shown; }
+bool VectorsWanted(const Program& program, const ViewState&) {
+  return VectorsShown(program.config);
+}
 
 // The order of painting. A row without a draw function waits for its subsystem, which sets it here.
 constexpr std::array kOverlays = {
@@ -85,7 +87,7 @@ constexpr std::array kOverlays = {
     Overlay{"boat of a replay", ReplayShown, DrawInBoat},
     Overlay{"live track", TrackShown, DrawLiveTrack},
     Overlay{"historical tracks", HistoryShown, DrawHistoricalTracks},
-    Overlay{"vectors", VectorsShown, DrawVectors},
+    Overlay{"vectors", VectorsWanted, DrawVectors},
 };
 
 }  // namespace

@@ -29,6 +29,6 @@ void DrawOverlays(DrawingSurface& surface, const OverlayView& view, const Progra
 
 // The text of lblMOB: a line break and the position while a man-overboard position inside the
 // chart is held, otherwise nothing.
-std::string MobLabelText(const OverlayView& view, const ViewState& state);
+std::string MobLabelText(const OverlayView& view, const ManOverboard& mob);
 
 }  // namespace skerrow

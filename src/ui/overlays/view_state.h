@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "charts/chart_files.h"
+#include "charts/chart_view.h"
 #include "core/position.h"
 
 // What the chart window knows beside the program's state: where the mouse is, what is marked and
@@ -14,14 +14,27 @@ namespace skerrow {
 
 enum class MarkedKind : std::int16_t { kNothing = 0, kWaypoint = 1, kRoutePoint = 2 };
 
-// A recorded or entered position of a track, with the remark made there.
-struct PlotPoint {
-  Position position;
-  std::string comment;
+// What a left click on the chart means.
+enum class MouseMode : std::int16_t {
+  kStarting = 1,
+  kWaypointEntry = 2,
+  kRouteCreation = 3,
+  kPointMarked = 7,
 };
-using PlotTrack = std::vector<PlotPoint>;
 
 struct ViewState {
+  MouseMode mouse_mode = MouseMode::kStarting;
+  bool dividers_on = false;
+  bool route_drag_on = false;
+
+  // The look of the window.
+  bool night = false;
+  Brightness brightness;
+  bool thumbnail_visible = true;
+  bool tools_shown = false;
+  // Every name over the chart, be there room for it or not.
+  bool every_name = false;
+
   Position cursor;
   // Of the last right click or the last route point entered.
   std::optional<Position> last_click;
@@ -34,7 +47,7 @@ struct ViewState {
   MarkedKind marked_kind = MarkedKind::kNothing;
   std::int16_t marked_waypoint = 0;  // counted from 1
 
-  // The two points of the dividers; Program::dividers_on tells whether they are in use.
+  // The two points of the dividers.
   std::optional<Position> zero_point;
   std::optional<Position> divider_end;
 
@@ -50,25 +63,10 @@ struct ViewState {
   Position snap;
   std::string snap_name;
 
-  bool mob_on = false;
-  Position mob;
-
   // A calculated course is on show.
   bool calculation_on_show = false;
   // The chart that the chart chooser would open.
   std::optional<ChartIndexEntry> candidate_chart;
-
-  // The boat; its position is Program::boat_latitude and boat_longitude.
-  bool fix_valid = false;
-  float course_over_ground = 0.0F;  // degrees true
-  std::vector<Position> future_positions;
-
-  // The vessel pointed out by the list of targets.
-  std::optional<Position> ais_mark;
-
-  bool track_plot_on = false;
-  PlotTrack live_track;
-  std::vector<PlotTrack> historical_tracks;
 
   // Height of the display at the start, view pixels: the boat symbol is drawn to this scale.
   double display_height = 1080.0;

@@ -71,7 +71,7 @@ void FrmFileDelete::Accept() {
     return;
   }
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kViewChanged);
 }
 
 }  // namespace skerrow

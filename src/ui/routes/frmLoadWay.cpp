@@ -75,7 +75,7 @@ void FrmLoadWay::Accept() {
     if (program.config.waypoint_file != name) return;
   }
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kViewChanged);
 }
 
 }  // namespace skerrow

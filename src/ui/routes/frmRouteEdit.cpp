@@ -4,15 +4,14 @@
 #include <algorithm>
 
 #include "core/numbers.h"
+#include "ui/edits.h"
 #include "ui/routes/key_action.h"
-#include "ui/routes/route_commands.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
 
-FrmRouteEdit::FrmRouteEdit(Desktop& desktop, EditSession& session, QWidget* parent)
+FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteEdit", tr("Edit Route Points"), parent),
-      session_(session),
       legs_(new TextList(desktop.clipboard, "List1")),
       distance_(Named<QLabel>("lblroutedist")),
       leg_box_(new QGroupBox(tr("Selected leg"))),
@@ -186,7 +185,7 @@ void FrmRouteEdit::AcceptLegEntry() {
                           end_latitude_->Text(),
                           end_longitude_->Text(),
                           speed_->Text()};
-  Ended(EditRoute(desktop(), session_, "Edit Leg", [&](RouteState& route) {
+  Ended(EditRoute(desktop(), "Edit Leg", [&](RouteState& route) {
     return EditLeg(route, leg_, entry, RouteDefaultsOf(desktop().program), desktop().messages);
   }));
 }
@@ -195,7 +194,7 @@ void FrmRouteEdit::InsertPoint() {
   const InsertSide side = before_->isChecked()  ? InsertSide::kBefore
                           : after_->isChecked() ? InsertSide::kAfter
                                                 : InsertSide::kNotChosen;
-  Ended(EditRoute(desktop(), session_, "Insert Waypoint", [&](RouteState& route) {
+  Ended(EditRoute(desktop(), "Insert Waypoint", [&](RouteState& route) {
     return InsertWaypointAtLeg(route, leg_, picker_->list()->SelectedRow(), side,
                                RouteDefaultsOf(desktop().program), desktop().messages);
   }));
@@ -204,19 +203,18 @@ void FrmRouteEdit::InsertPoint() {
 void FrmRouteEdit::DeletePoint() {
   const std::optional<int> row = SelectedRow();
   const std::string text = row ? legs_->lines()[static_cast<std::size_t>(*row)] : "";
-  Ended(EditRoute(desktop(), session_, "Delete Route Point", [&](RouteState& route) {
+  Ended(EditRoute(desktop(), "Delete Route Point", [&](RouteState& route) {
     return DeletePointOfRow(route, text, RouteDefaultsOf(desktop().program), desktop().messages);
   }));
 }
 
 void FrmRouteEdit::ApplySpeed() {
-  Ended(EditRoute(desktop(), session_, "Apply Speed to all Legs", [&](RouteState& route) {
-    return ApplySpeedToAllLegs(route, speed_->Text(), RouteDefaultsOf(desktop().program));
-  }));
+  Ended(EditRoute(desktop(), "Apply Speed to all Legs",
+                  [&](RouteState& route) { return ApplySpeedToAllLegs(route, speed_->Text()); }));
 }
 
 void FrmRouteEdit::Reverse() {
-  EditRoute(desktop(), session_, "Reverse Route", [&](RouteState& route) {
+  EditRoute(desktop(), "Reverse Route", [&](RouteState& route) {
     ReverseRoute(route, RouteDefaultsOf(desktop().program), desktop().messages);
   });
   Ended(RouteFormRefusal::kNone);

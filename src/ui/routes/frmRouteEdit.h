@@ -4,7 +4,6 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "ui/routes/unsaved.h"
 #include "ui/routes/waypoint_picker.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/field_edits.h"
@@ -18,7 +17,7 @@ class FrmRouteEdit : public Dialog {
   Q_OBJECT
 
  public:
-  FrmRouteEdit(Desktop& desktop, EditSession& session, QWidget* parent);
+  FrmRouteEdit(Desktop& desktop, QWidget* parent);
 
  private:
   QWidget* MakeLegBox();
@@ -35,7 +34,6 @@ class FrmRouteEdit : public Dialog {
   void ApplySpeed();
   void Reverse();
 
-  EditSession& session_;
   std::size_t leg_ = 0;  // in the boxes, from 1; 0 for none
   TextList* legs_;
   QLabel* distance_;

@@ -1,27 +1,13 @@
 #include "ui/routes/frmRouteLoad.h"
 
+#include "ui/edits.h"
 #include "ui/routes/record_rows.h"
-#include "ui/routes/route_commands.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
 
-Status LoadRouteFile(Desktop& desktop, EditSession& session, const std::string& path,
-                     RouteSpeeds speeds) {
-  bool emptied = false;
-  Status loaded = EditRoute(desktop, session, "Load Route", [&](RouteState& route) {
-    Status status =
-        LoadRoute(path, speeds, RouteDefaultsOf(desktop.program), route, desktop.messages);
-    emptied = !status && route.points.empty();
-    return status;
-  });
-  if (loaded || emptied) RouteIsSaved(desktop, session);
-  return loaded;
-}
-
-FrmRouteLoad::FrmRouteLoad(Desktop& desktop, EditSession& session, QWidget* parent)
+FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteLoad", tr("Load Route"), parent),
-      session_(session),
       files_(new FileList),
       count_(Named<QLabel>("labelnoofpoints")),
       records_(new TextList(desktop.clipboard, "List1")),
@@ -80,8 +66,9 @@ void FrmRouteLoad::Accept() {
   const std::string name = files_->Selected();
   const std::string path = name.empty() ? "" : RoutePath(desktop().program.folders, name);
   const Status loaded = LoadRouteFile(
-      desktop(), session_, path,
+      desktop().program, desktop().messages, path,
       use_default_speed_->isChecked() ? RouteSpeeds::kProgramDefault : RouteSpeeds::kStored);
+  desktop().window.Changed(kRouteChanged);
   if (loaded) {
     accept();
     return;

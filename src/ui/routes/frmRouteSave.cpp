@@ -1,12 +1,11 @@
 #include "ui/routes/frmRouteSave.h"
 
-#include "ui/routes/route_commands.h"
+#include "ui/edits.h"
 
 namespace skerrow {
 
-FrmRouteSave::FrmRouteSave(Desktop& desktop, EditSession& session, QWidget* parent)
-    : NameDialog(desktop, "frmRouteSave", tr("Save Route"), NameEntry::kRouteSave, parent),
-      session_(session) {}
+FrmRouteSave::FrmRouteSave(Desktop& desktop, QWidget* parent)
+    : NameDialog(desktop, "frmRouteSave", tr("Save Route"), NameEntry::kRouteSave, parent) {}
 
 bool FrmRouteSave::Ready() {
   if (!desktop().program.route.points.empty()) return true;
@@ -16,10 +15,10 @@ bool FrmRouteSave::Ready() {
 }
 
 Status FrmRouteSave::Write(const std::string& file_name) {
-  const Program& program = desktop().program;
-  Status saved =
-      SaveRoute(RoutePath(program.folders, file_name), program.route, program.config.vessel_speed);
-  if (saved) RouteIsSaved(desktop(), session_);
+  Program& program = desktop().program;
+  const std::string path = RoutePath(program.folders, file_name);
+  Status saved = SaveRoute(path, program.route, program.config.vessel_speed);
+  if (saved) RouteIsSaved(program, desktop().messages, path);
   return saved;
 }
 

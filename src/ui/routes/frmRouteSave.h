@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/routes/name_dialog.h"
-#include "ui/routes/unsaved.h"
 
 namespace skerrow {
 
@@ -10,14 +9,13 @@ class FrmRouteSave : public NameDialog {
   Q_OBJECT
 
  public:
-  FrmRouteSave(Desktop& desktop, EditSession& session, QWidget* parent);
+  FrmRouteSave(Desktop& desktop, QWidget* parent);
 
  protected:
   bool Ready() override;
   Status Write(const std::string& file_name) override;
 
  private:
-  EditSession& session_;
 };
 
 }  // namespace skerrow

@@ -1,15 +1,14 @@
 #include "ui/routes/frmRouteWayPoints.h"
 
 #include "core/numbers.h"
+#include "ui/edits.h"
 #include "ui/routes/key_action.h"
-#include "ui/routes/route_commands.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
 
-FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, EditSession& session, QWidget* parent)
+FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteWayPoints", tr("Route by Waypoint List"), parent),
-      session_(session),
       picker_(new WaypointPicker(desktop, "List1", Qt::Horizontal)),
       route_(new WaypointList("List2", PickListText)),
       length_(Named<QLabel>("lblroutedist")) {
@@ -87,7 +86,7 @@ void FrmRouteWayPoints::ShowLength() {
 
 void FrmRouteWayPoints::Accept() {
   const RouteEdit outcome =
-      EditRoute(desktop(), session_, "Route by Waypoint List", [this](RouteState& route) {
+      EditRoute(desktop(), "Route by Waypoint List", [this](RouteState& route) {
         return CreateRouteFromRows(route, route_->rows(), RouteDefaultsOf(desktop().program),
                                    desktop().messages);
       });

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ui/routes/unsaved.h"
 #include "ui/routes/waypoint_picker.h"
 #include "ui/widgets/dialog.h"
 
@@ -11,7 +10,7 @@ class FrmRouteWayPoints : public Dialog {
   Q_OBJECT
 
  public:
-  FrmRouteWayPoints(Desktop& desktop, EditSession& session, QWidget* parent);
+  FrmRouteWayPoints(Desktop& desktop, QWidget* parent);
 
  private:
   void Add();
@@ -19,7 +18,6 @@ class FrmRouteWayPoints : public Dialog {
   void ShowLength();
   void Accept();
 
-  EditSession& session_;
   WaypointPicker* picker_;
   WaypointList* route_;
   QLabel* length_;

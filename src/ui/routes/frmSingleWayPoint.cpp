@@ -3,6 +3,7 @@
 #include <QFormLayout>
 #include <cmath>
 
+#include "app/edits.h"
 #include "core/text.h"
 #include "routes/waypoint_forms.h"
 #include "ui/widgets/qt_text.h"
@@ -45,24 +46,20 @@ class NamePrompt final : public Dialog {
 }  // namespace
 
 bool AppendAndReload(Desktop& desktop, const Waypoint& waypoint) {
-  Program& program = desktop.program;
-  Status done = AppendWaypoint(program.folders, program.config, waypoint);
-  if (done) {
-    done =
-        LoadCurrentWaypoints(program.folders, program.config, program.waypoints, desktop.messages);
-  }
+  const Status done = AppendAndReload(desktop.program, desktop.messages, waypoint);
   if (!done) desktop.messages.Show(done.error().Text(), MessageIcon::kWarning);
+  desktop.window.Changed(kViewChanged);
   return done.ok();
 }
 
 void EnterWaypointByMouse(Desktop& desktop, Position position, QWidget* parent) {
   const std::string name = NamePrompt(desktop, position, parent).Ask();
   if (name.empty()) {
-    desktop.program.mouse_mode = MouseMode::kRouteCreation;
+    desktop.view.mouse_mode = MouseMode::kRouteCreation;
   } else {
     AppendAndReload(desktop, {name, position.latitude, position.longitude});
   }
-  desktop.window.StateChanged();
+  desktop.window.Changed(kViewChanged);
 }
 
 FrmSingleWayPoint::FrmSingleWayPoint(Desktop& desktop, std::optional<Position> picked,
@@ -119,7 +116,6 @@ void FrmSingleWayPoint::Accept() {
   }
   if (!AppendAndReload(desktop(), entry.waypoint)) return;
   accept();
-  desktop().window.StateChanged();
 }
 
 }  // namespace skerrow

@@ -189,32 +189,38 @@ void FrmWayEdit::Ended(WaypointRefusal refusal, std::size_t select) {
   Refresh(select);
 }
 
+WaypointRefusal FrmWayEdit::WithEntry(const std::function<bool(const WaypointRow&)>& change) {
+  const CheckedWaypoint entry = Entry();
+  if (entry.refusal != WaypointRefusal::kNone) return entry.refusal;
+  return change(entry.row) ? WaypointRefusal::kNone : WaypointRefusal::kNoRowSelected;
+}
+
 void FrmWayEdit::AddPoint() {
   if (work_.file_name().empty()) {
     Ended(WaypointRefusal::kNoRowSelected, 0);
     return;
   }
   const std::size_t row = work_.rows().size();
-  const WaypointRefusal refusal = work_.Add(Entry());
+  const WaypointRefusal refusal =
+      WithEntry([this](const WaypointRow& entry) { return work_.Add(entry); });
   Ended(refusal, row);
   if (refusal == WaypointRefusal::kNone) name_->setFocus();
 }
 
 void FrmWayEdit::InsertEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size() + 1);
-  Ended(work_.Insert(row, Entry()), row);
+  Ended(WithEntry([&](const WaypointRow& entry) { return work_.Insert(row, entry); }), row);
 }
 
 void FrmWayEdit::ChangeEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size());
-  Ended(work_.Change(row, Entry()), row);
+  Ended(WithEntry([&](const WaypointRow& entry) { return work_.Change(row, entry); }), row);
 }
 
 void FrmWayEdit::DeleteEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size());
-  const WaypointRefusal refusal = work_.Delete(row);
-  if (refusal != WaypointRefusal::kNone) {
-    Ended(refusal, 0);
+  if (!work_.Delete(row)) {
+    Ended(WaypointRefusal::kNoRowSelected, 0);
     return;
   }
   Refresh(work_.rows().empty() ? 0 : std::min(row, work_.rows().size() - 1));
@@ -275,7 +281,7 @@ void FrmWayEdit::SaveAndExit() {
     }
   }
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kViewChanged);
 }
 
 void FrmWayEdit::done(int result) {

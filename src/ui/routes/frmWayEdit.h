@@ -3,9 +3,10 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+#include "app/waypoint_work.h"
+#include "routes/waypoint_forms.h"
 #include "ui/routes/file_list.h"
 #include "ui/routes/waypoint_list.h"
-#include "ui/routes/waypoint_work.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/field_edits.h"
 
@@ -33,6 +34,8 @@ class FrmWayEdit : public Dialog {
   void ShowFile();
   void Refresh(std::size_t select);
   CheckedWaypoint Entry() const;
+  // Checks the entry and makes `change` with it.
+  WaypointRefusal WithEntry(const std::function<bool(const WaypointRow&)>& change);
   // Shows a refusal, or empties the boxes and shows the rows.
   void Ended(WaypointRefusal refusal, std::size_t select);
   void AddPoint();

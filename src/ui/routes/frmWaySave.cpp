@@ -1,19 +1,18 @@
 #include "ui/routes/frmWaySave.h"
 
-#include "ui/routes/route_commands.h"
+#include "ui/edits.h"
 
 namespace skerrow {
 
-FrmWaySave::FrmWaySave(Desktop& desktop, EditSession& session, QWidget* parent)
-    : NameDialog(desktop, "frmWaySave", tr("Save Waypoints"), NameEntry::kWaypointSave, parent),
-      session_(session) {}
+FrmWaySave::FrmWaySave(Desktop& desktop, QWidget* parent)
+    : NameDialog(desktop, "frmWaySave", tr("Save Waypoints"), NameEntry::kWaypointSave, parent) {}
 
 Status FrmWaySave::Write(const std::string& file_name) {
-  const Program& program = desktop().program;
+  Program& program = desktop().program;
   Status saved = SaveWaypointsAs(program.folders, file_name, program.waypoints);
   if (saved) {
-    session_.saved_waypoints = WaypointContent(program.waypoints);
-    KeepMovedWaypoints(desktop(), session_);
+    program.edits.saved_waypoints = WaypointContent(program.waypoints);
+    KeepMovedWaypoints(program, desktop().messages);
   }
   return saved;
 }

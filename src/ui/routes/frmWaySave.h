@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/routes/name_dialog.h"
-#include "ui/routes/unsaved.h"
 
 namespace skerrow {
 
@@ -10,13 +9,12 @@ class FrmWaySave : public NameDialog {
   Q_OBJECT
 
  public:
-  FrmWaySave(Desktop& desktop, EditSession& session, QWidget* parent);
+  FrmWaySave(Desktop& desktop, QWidget* parent);
 
  protected:
   Status Write(const std::string& file_name) override;
 
  private:
-  EditSession& session_;
 };
 
 }  // namespace skerrow

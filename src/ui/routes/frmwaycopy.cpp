@@ -79,7 +79,7 @@ void FrmWayCopy::Save() {
   }
   file_name_ = target;
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kViewChanged);
 }
 
 }  // namespace skerrow

@@ -143,7 +143,7 @@ void FrmWayImport::Accept() {
     if (!loaded) desktop().messages.Show(loaded.error().Text(), MessageIcon::kWarning);
   }
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kViewChanged);
 }
 
 }  // namespace skerrow

@@ -2,13 +2,13 @@
 
 #include <QCheckBox>
 
+#include "app/recovery.h"
 #include "core/text.h"
 #include "routes/route_editing.h"
+#include "ui/edits.h"
 #include "ui/routes/frmRouteSave.h"
 #include "ui/routes/frmWayEdit.h"
 #include "ui/routes/frmWaySave.h"
-#include "ui/routes/recovery.h"
-#include "ui/routes/route_commands.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
@@ -16,19 +16,19 @@ namespace {
 
 // True when the unsaved work that `text` tells of has been saved by `Form`, or may go.
 template <typename Form>
-bool MayLose(Desktop& desktop, EditSession& session, const QString& text, QWidget* parent) {
+bool MayLose(Desktop& desktop, const QString& text, QWidget* parent) {
   FrmUnsaved question(desktop, text, parent);
   question.exec();
   if (question.choice() != UnsavedChoice::kSave) {
     return question.choice() == UnsavedChoice::kDiscard;
   }
-  return Form(desktop, session, parent).exec() == QDialog::Accepted;
+  return Form(desktop, parent).exec() == QDialog::Accepted;
 }
 
-bool MayLoseRoute(Desktop& desktop, EditSession& session, QWidget* parent) {
-  if (!session.saved_route.Differs(desktop.program.route)) return true;
+bool MayLoseRoute(Desktop& desktop, QWidget* parent) {
+  if (!RouteUnsaved(desktop.program)) return true;
   return MayLose<FrmRouteSave>(
-      desktop, session, QObject::tr("The route has changes that are in no route file."), parent);
+      desktop, QObject::tr("The route has changes that are in no route file."), parent);
 }
 
 // The choice of what to take back.
@@ -75,8 +75,8 @@ class RecoveryForm final : public Dialog {
   }
 };
 
-void TakeRouteBack(Desktop& desktop, EditSession& session, const std::string& path) {
-  const Status taken = EditRoute(desktop, session, "Recover Route", [&](RouteState& route) {
+void TakeRouteBack(Desktop& desktop, const std::string& path) {
+  const Status taken = EditRoute(desktop, "Recover Route", [&](RouteState& route) {
     return LoadRoute(path, RouteSpeeds::kStored, RouteDefaultsOf(desktop.program), route,
                      desktop.messages);
   });
@@ -104,10 +104,10 @@ FrmUnsaved::FrmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
   setMinimumWidth(400);
 }
 
-bool MayExit(Desktop& desktop, EditSession& session, QWidget* parent) {
-  if (!MayLoseRoute(desktop, session, parent)) return false;
-  if (WaypointsUnsaved(desktop.program, session) &&
-      !MayLose<FrmWaySave>(desktop, session,
+bool MayExit(Desktop& desktop, QWidget* parent) {
+  if (!MayLoseRoute(desktop, parent)) return false;
+  if (WaypointsUnsaved(desktop.program) &&
+      !MayLose<FrmWaySave>(desktop,
                            QObject::tr("Waypoints of %1 have been moved and are not saved.")
                                .arg(ToQt(desktop.program.config.waypoint_file)),
                            parent)) {
@@ -119,12 +119,12 @@ bool MayExit(Desktop& desktop, EditSession& session, QWidget* parent) {
   return true;
 }
 
-bool MayClearRoute(Desktop& desktop, EditSession& session, QWidget* parent) {
+bool MayClearRoute(Desktop& desktop, QWidget* parent) {
   return desktop.messages.Ask(kClearRouteQuestion.text, kClearRouteQuestion.title) &&
-         MayLoseRoute(desktop, session, parent);
+         MayLoseRoute(desktop, parent);
 }
 
-void OfferRecovery(Desktop& desktop, EditSession& session, QWidget* parent) {
+void OfferRecovery(Desktop& desktop, QWidget* parent) {
   const Folders& folders = desktop.program.folders;
   const std::optional<KeptWork> route = FindRouteRecovery(folders);
   const std::optional<KeptWork> waypoints = FindWaypointRecovery(folders);
@@ -133,7 +133,7 @@ void OfferRecovery(Desktop& desktop, EditSession& session, QWidget* parent) {
   if (form.exec() != QDialog::Accepted) return;
   if (route) {
     if (form.route->isChecked()) {
-      TakeRouteBack(desktop, session, route->path);
+      TakeRouteBack(desktop, route->path);
     } else {
       (void)DropRouteRecovery(folders);
     }

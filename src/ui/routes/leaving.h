@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ui/routes/unsaved.h"
 #include "ui/widgets/dialog.h"
 
 namespace skerrow {
@@ -23,16 +22,16 @@ class FrmUnsaved : public Dialog {
 
 // Before the program ends: asks about an unsaved route and unsaved waypoints. True when the program
 // may end; the recovery files are gone then.
-bool MayExit(Desktop& desktop, EditSession& session, QWidget* parent);
+bool MayExit(Desktop& desktop, QWidget* parent);
 
 // "Clear existing route?", and about an unsaved route. True when it may go.
-bool MayClearRoute(Desktop& desktop, EditSession& session, QWidget* parent);
+bool MayClearRoute(Desktop& desktop, QWidget* parent);
 
 // "Recovered Work": what an earlier run left unsaved, to be taken back or dropped. A box that is
 // not ticked is dropped with "Recover" too; Cancel keeps everything for the next start.
 //
 // Takes the route back as an edit of the current one, and opens the waypoint editor on its rows.
 // Shows nothing when nothing was left.
-void OfferRecovery(Desktop& desktop, EditSession& session, QWidget* parent);
+void OfferRecovery(Desktop& desktop, QWidget* parent);
 
 }  // namespace skerrow

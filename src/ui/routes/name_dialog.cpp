@@ -51,7 +51,7 @@ void NameDialog::Accept() {
   }
   file_name_ = target;
   accept();
-  desktop().window.StateChanged();
+  desktop().window.Changed(kRouteChanged | kViewChanged);
 }
 
 }  // namespace skerrow

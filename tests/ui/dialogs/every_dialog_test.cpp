@@ -50,21 +50,17 @@ struct Row {
   const char* default_button;
   const char* tab_order;  // published names, by blanks, from the first on
   const char* also;       // what Tab doesn't reach
-  Opened (*open)(Desktop&, EditSession&);
+  Opened (*open)(Desktop&);
 };
 
 void PrintTo(const Row& row, std::ostream* out) { *out << row.title; }
 
 template <typename Form>
-Opened Open(Desktop& desktop, EditSession&) {
+Opened Open(Desktop& desktop) {
   return std::make_unique<Form>(desktop, nullptr);
 }
-template <typename Form>
-Opened OpenEditing(Desktop& desktop, EditSession& session) {
-  return std::make_unique<Form>(desktop, session, nullptr);
-}
 template <typename Form, FileKind kind>
-Opened OpenKind(Desktop& desktop, EditSession&) {
+Opened OpenKind(Desktop& desktop) {
   return std::make_unique<Form>(desktop, kind, nullptr);
 }
 
@@ -106,19 +102,19 @@ const Row kRows[] = {
      "cmbThreshold cmbTextSize cmbStreamLineWidth cmbBarbWeight cmbStreamLength cmbBarbSpacing "
      "cmbBarbLength cmbLineSize chkHideStreamId chkShowwind chkBarbDisplayText chkUseSmartMet "
      "chkStreamAsShape chkStreamFilled pctFontCol pctTidalStreamCol pctCOGCol pctWindCol",
-     [](Desktop& desktop, EditSession&) -> Opened {
+     [](Desktop& desktop) -> Opened {
        return std::make_unique<FrmConfigure>(desktop, nullptr, nullptr);
      }},
     {"Frmdisclaimer", "Skerrow Helm (v6.0.0.1)", "cmdCCok", "List1 cmdCCok cmddecline", "",
-     [](Desktop& desktop, EditSession&) -> Opened {
+     [](Desktop& desktop) -> Opened {
        return std::make_unique<Frmdisclaimer>(desktop.program, desktop.messages);
      }},
     {"frmRouteLoad", "Load Route", "cmdOK", "fillist chkUseDefaultSpeed cmdOK cmdCancel", "",
-     OpenEditing<FrmRouteLoad>},
+     Open<FrmRouteLoad>},
     {"frmRouteSave", "Save Route", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
-     OpenEditing<FrmRouteSave>},
+     Open<FrmRouteSave>},
     {"frmWaySave", "Save Waypoints", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
-     OpenEditing<FrmWaySave>},
+     Open<FrmWaySave>},
     {"frmNewWay", "New Waypoint File", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
      Open<FrmNewWay>},
     {"frmLoadWay", "Load Waypoint File", "cmdOK", "fillist cmdOK cmdCancel", "", Open<FrmLoadWay>},
@@ -133,12 +129,12 @@ const Row kRows[] = {
      "txtFolder cmdBrowse fillist cmdSelectAll cmdOK cmdCancel", "",
      OpenKind<FrmWayImport, FileKind::kRoute>},
     {"frmRouteWayPoints", "Route by Waypoint List", "cmdOK",
-     "fillist List1 cmdAdd List2 cmdDelete cmdOK cmdCancel", "", OpenEditing<FrmRouteWayPoints>},
+     "fillist List1 cmdAdd List2 cmdDelete cmdOK cmdCancel", "", Open<FrmRouteWayPoints>},
     {"frmRouteEdit", "Edit Route Points", "cmdExit",
      "List1 txtroutestartname txtroutestartlat txtroutestartlong txtroutedestname txtroutedestlat "
      "txtroutedestlong txtroutespeed cmdRouteSpeed cmdmodify fillist List2 optBefore optAfter "
      "cmdInsert cmdDelete cmdreverse cmdExit",
-     "", OpenEditing<FrmRouteEdit>},
+     "", Open<FrmRouteEdit>},
     {"frmWayEdit", "Select a File to Edit", "cmdSave",
      "fillist cmdCreateNew cmdCopy cmdPrint optAll optSelected List1 txtWayName txtWayLat "
      "txtWayLong cmdAdd cmdInsert cmdChange cmdDelete cmdSave cmdCancel",
@@ -149,11 +145,11 @@ const Row kRows[] = {
      Open<FrmWayFileLocate>},
     {"frmSingleWayPoint", "Waypoint Entry", "cmdOK",
      "txtWayName txtWayLat txtWayLong cmdOK cmdCancel", "",
-     [](Desktop& desktop, EditSession&) -> Opened {
+     [](Desktop& desktop) -> Opened {
        return std::make_unique<FrmSingleWayPoint>(desktop, std::nullopt, nullptr);
      }},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
-     [](Desktop& desktop, EditSession&) -> Opened {
+     [](Desktop& desktop) -> Opened {
        return std::make_unique<FrmUnsaved>(desktop, "Unsaved.", nullptr);
      }},
 };
@@ -212,7 +208,7 @@ TEST_P(EveryDialog, OpensAsPublishedAndEscChangesNothing) {
   const auto waypoints = program.waypoints.waypoints;
   const std::string config = EncodeRecord(program.config, kAppConfigFields);
   const float hours = program.selected_time.hours;
-  const Opened form = row.open(desktop, session);
+  const Opened form = row.open(desktop);
   Show(*form);
   EXPECT_EQ(form->objectName(), row.name);
   EXPECT_EQ(form->windowTitle(), row.title);
@@ -241,7 +237,7 @@ TEST_P(EveryDialog, OpensAsPublishedAndEscChangesNothing) {
   EXPECT_EQ(program.waypoints.waypoints, waypoints);
   EXPECT_EQ(EncodeRecord(program.config, kAppConfigFields), config);
   EXPECT_EQ(program.selected_time.hours, hours);
-  EXPECT_FALSE(session.history.CanUndo());
+  EXPECT_FALSE(program.edits.history.CanUndo());
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, EveryDialog, ::testing::ValuesIn(kRows), [](const auto& test) {
@@ -263,7 +259,7 @@ TEST_F(NightLook, LeavesNoBrightSurface) {
   LoadSample();
   ApplyTheme(true);
   for (const Row& row : kRows) {
-    const Opened form = row.open(desktop, session);
+    const Opened form = row.open(desktop);
     Show(*form);
     EXPECT_LT(BrightPart(form->grab().toImage()), 0.05) << row.name;
   }

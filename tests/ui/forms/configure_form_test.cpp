@@ -143,7 +143,7 @@ TEST_F(ConfigureFormOnDesk, CarriesTheSettingsIntoTheProgram) {
   ASSERT_TRUE(CommitConfigure(program, config, messages).ok());
   EXPECT_FLOAT_EQ(program.route_speed, 7.0F);
   EXPECT_FLOAT_EQ(program.route.points.back().speed, 7.0F);
-  EXPECT_FALSE(program.vectors_shown);
+  EXPECT_FALSE(VectorsShown(program.config));
   EXPECT_TRUE(program.use_leeway);
   EXPECT_NE(program.tides.loaded, loaded) << "the tides follow summer time";
   AppConfig stored;

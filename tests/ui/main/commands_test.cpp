@@ -78,7 +78,7 @@ TEST_F(Window, CommandsFollowWhatTheyNeed) {
   EXPECT_TRUE(enabled("mnuPUDeleteRoutePoint"));
   EXPECT_FALSE(window_->action("mnuRouteOptimise")->isVisible() == false);
   program_.config.use_tides = kFalse;
-  window_->StateChanged();
+  window_->Changed(kAllChanged);
   EXPECT_FALSE(window_->action("mnuRouteOptimise")->isVisible());
   EXPECT_FALSE(window_->action("mnuTideRollPlus")->isVisible());
   EXPECT_FALSE(window_->action("mnuShowTidalStreams")->isVisible());

@@ -175,7 +175,7 @@ TEST_F(Window, AMarkedPointGoesWithItsDeletionOnly) {
   Key(Qt::Key_Delete);
   EXPECT_EQ(program_.route.points.size(), 2U);
   EXPECT_FALSE(window_->view().marked_point_on);
-  EXPECT_EQ(program_.mouse_mode, MouseMode::kRouteCreation);
+  EXPECT_EQ(window_->view().mouse_mode, MouseMode::kRouteCreation);
 }
 
 // What shows the time along the track goes when the time is moved otherwise, and the way back to
@@ -186,7 +186,7 @@ TEST_F(Window, TheTimeAlongATrackComesAndGoes) {
   program_.passage.route_track = {{{50.2F, -1.8F}, 8.0F, {339, 2026}},
                                   {{50.0F, -1.9F}, 9.25F, {339, 2026}}};
   window_->view().calculation_on_show = true;
-  window_->StateChanged();
+  window_->Changed(kAllChanged);
   const auto panel = [&] { return window_->findChild<QLabel*>("StatusBar1Panel3")->toolTip(); };
   MoveTo(At({50.0F, -1.9F}));
   Key(Qt::Key_T);
@@ -335,7 +335,7 @@ TEST_F(Window, EscHasTwoStages) {
   program_.passage.route_track = {{{50.2F, -1.8F}, 8.0F, {339, 2026}},
                                   {{50.0F, -1.9F}, 9.0F, {339, 2026}}};
   window_->view().calculation_on_show = true;
-  window_->StateChanged();
+  window_->Changed(kAllChanged);
   Key(Qt::Key_Escape);
   EXPECT_TRUE(program_.passage.route_track.empty());
   EXPECT_EQ(program_.route.points.size(), 3U);
@@ -468,7 +468,7 @@ TEST_F(Window, TogglesAreStoredAtOnce) {
 // Vectors go with the tides, and come back with them.
 TEST_F(Window, VectorsFollowTheTides) {
   Start();
-  ASSERT_TRUE(program_.vectors_shown);
+  ASSERT_TRUE(VectorsShown(program_.config));
   for (const bool tides : {false, true}) {
     OnDialog([](QWidget* dialog) {
       dialog->findChild<QAbstractButton*>("chkUseTides")->toggle();
@@ -479,7 +479,7 @@ TEST_F(Window, VectorsFollowTheTides) {
     });
     Command("mnuConfigProgram");
     EXPECT_EQ(program_.config.use_tides != 0, tides);
-    EXPECT_EQ(program_.vectors_shown, tides);
+    EXPECT_EQ(VectorsShown(program_.config), tides);
     EXPECT_EQ(window_->action("mnuTideRollPlus")->isVisible(), tides);
   }
 }
@@ -538,13 +538,13 @@ TEST_F(Window, ManOverboardIsAskedForAndCancelled) {
   MoveTo(At({50.0F, -2.0F}));
   messages_.ExpectQuestion("Activate Man Overboard?", true);
   Command("tbMob");
-  EXPECT_TRUE(window_->view().mob_on);
+  EXPECT_TRUE(program_.mob.on);
   QApplication::processEvents();
   canvas()->repaint();
   EXPECT_TRUE(window_->findChild<QLabel*>("lblMOB")->text().startsWith("MOB Position "));
   messages_.ExpectQuestion("Cancel Man Overboard?", true);
   Command("tbMob");
-  EXPECT_FALSE(window_->view().mob_on);
+  EXPECT_FALSE(program_.mob.on);
 }
 
 TEST_F(Window, MarksAWaypointAndMovesItWithTheRightButton) {

@@ -42,7 +42,7 @@ class OverlaysTest : public ::testing::Test {
   OverlaysTest() : program({"/p", "/d", "/s"}, clock) {
     program.charts.chart = TestChart();
     program.config.show_tide_heights = kFalse;
-    program.vectors_shown = false;
+    program.config.show_vectors = kFalse;
     Look(1.0, {1900.0, 3000.0});
   }
 
@@ -102,28 +102,28 @@ class OverlaysTest : public ::testing::Test {
     program.waypoints.waypoints = {{"Wreck  ", 50.5F, -1.5F}};
     program.passage.route_track = {{{50.5F, -1.5F}, 0.0F, {}}, {{50.49F, -1.49F}, 0.1F, {}}};
     program.route.points[0].tide_vector = {{50.5F, -1.5F}, {50.49F, -1.49F}};
-    program.boat_latitude = 50.49F;
-    program.boat_longitude = -1.47F;
-    program.dividers_on = true;
+    program.boat.position.latitude = 50.49F;
+    program.boat.position.longitude = -1.47F;
+    state.dividers_on = true;
     program.config.show_chart_boundaries = kTrue;
     program.config.show_tide_heights = kTrue;
     program.config.boat_future_tide_plot = kTrue;
-    program.vectors_shown = true;
+    program.config.show_vectors = kTrue;
     program.charts.index = {{"9999-1", "Sample", 1.0F, 50.45F, -1.5F, 50.5F, -1.4F, "", ""}};
     program.port_markers = {{"Port", 50.5F, -1.5F}};
     state.zero_point = Position{50.5F, -1.5F};
-    state.fix_valid = true;
-    state.future_positions = {{50.49F, -1.47F}, {50.48F, -1.46F}};
-    state.mob_on = true;
-    state.mob = {50.49F, -1.5F};
+    program.boat.fix_valid = true;
+    program.boat.future_positions = {{50.49F, -1.47F}, {50.48F, -1.46F}};
+    program.mob.on = true;
+    program.mob.position = {50.49F, -1.5F};
     state.marked_point_on = true;
     state.marked = {50.5F, -1.49F};
-    state.ais_mark = Position{50.48F, -1.49F};
+    program.ais.mark = Position{50.48F, -1.49F};
     state.calculation_on_show = true;
     state.candidate_chart = program.charts.index[0];
-    state.live_track = {{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}};
-    state.historical_tracks = {state.live_track};
-    state.track_plot_on = true;
+    program.tracks.live = {{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}};
+    program.tracks.historical = {program.tracks.live};
+    program.tracks.plot_on = true;
   }
 
   StillClock clock;
@@ -165,8 +165,8 @@ TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOther) {
 TEST_F(OverlaysTest, NothingToShowAndNoPictureDrawNothing) {
   program.config.show_streams = 0.0F;
   EXPECT_EQ(DrawOne("route"), "");
-  program.dividers_on = true;  // but no point is set
-  program.vectors_shown = true;
+  state.dividers_on = true;  // but no point is set
+  program.config.show_vectors = kTrue;
   program.config.show_chart_boundaries = kTrue;
   EXPECT_EQ(Draw().find("ring"), std::string::npos);
   EXPECT_EQ(DrawOne("dividers"), "");
@@ -210,7 +210,7 @@ TEST_F(OverlaysTest, RouteHasNamedPointsAndStandsStillAtEveryZoom) {
 
 TEST_F(OverlaysTest, OnePointIsAStartAndNoMore) {
   SetRoute({Point(50.5F, -1.5F)});
-  program.vectors_shown = true;
+  program.config.show_vectors = kTrue;
   EXPECT_EQ(Draw().find("line"), std::string::npos);
   EXPECT_EQ(DrawOne("route legs"), "");
   EXPECT_EQ(DrawOne("vectors"), "");
@@ -263,7 +263,7 @@ TEST_F(OverlaysTest, WhatIsOffTheScreenIsLeftOut) {
 }
 
 TEST_F(OverlaysTest, Dividers) {
-  program.dividers_on = true;
+  state.dividers_on = true;
   state.zero_point = Position{50.5F, -1.5F};
   const std::string reference =
       "pen 1 solid 255,0,0\n"
@@ -282,7 +282,7 @@ TEST_F(OverlaysTest, Dividers) {
   // Both points in one place: a range of 0 has no text.
   state.divider_end = state.zero_point;
   EXPECT_EQ(DrawOne("dividers").find("nm@"), std::string::npos);
-  program.dividers_on = false;
+  state.dividers_on = false;
   EXPECT_EQ(Draw(), "");
 }
 
@@ -295,7 +295,7 @@ TEST_F(OverlaysTest, DividersBeyond3000MilesHaveNoText) {
   chart.file.upper_lon = 90.0F;
   chart = WorkOutChart(chart.file).value();
   Look(0.2, {0.0, 0.0});
-  program.dividers_on = true;
+  state.dividers_on = true;
   state.zero_point = Position{-20.0F, 0.0F};
   state.divider_end = Position{29.9F, 0.0F};
   EXPECT_NE(DrawOne("dividers").find("\"2994.0nm@000°T\""), std::string::npos);
@@ -329,12 +329,12 @@ TEST_F(OverlaysTest, CourseOverGround) {
 }
 
 TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
-  program.boat_latitude = 50.5F;
-  program.boat_longitude = -1.5F;
+  program.boat.position.latitude = 50.5F;
+  program.boat.position.longitude = -1.5F;
   program.config.heading_vector_length = 2.0F;
-  state.fix_valid = true;
+  program.boat.fix_valid = true;
   state.display_height = 1200.0;  // the symbol's size is 10
-  state.course_over_ground = 450.0F;
+  program.boat.course = 450.0F;
   const std::string boat = DrawOne("boat");
   // 2 miles east: 2 / 60 / cos(50.5) degrees of 4000 pixels = 209.6, so column 310 of the view.
   EXPECT_NE(boat.find("line 100.00,217.00 310.00,217.00\n"), std::string::npos) << boat;
@@ -353,19 +353,19 @@ TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
   const std::size_t at = cut.find("line 100.00,217.00 ");
   ASSERT_NE(at, std::string::npos);
   EXPECT_NEAR(std::stod(cut.substr(at + 19)), end, 2.0);
-  program.boat_longitude = -2.5F;
+  program.boat.position.longitude = -2.5F;
   EXPECT_EQ(DrawOne("boat"), "");
   EXPECT_EQ(DrawOne("range rings"), "");
 }
 
 TEST_F(OverlaysTest, HeadingVectorStaysOnTheChart) {
-  state.fix_valid = true;
+  program.boat.fix_valid = true;
   program.config.heading_vector_length = 500.0F;
   for (const Position boat : {Position{50.5F, -1.5F}, {50.999F, -1.001F}, {50.001F, -1.999F}}) {
-    program.boat_latitude = boat.latitude;
-    program.boat_longitude = boat.longitude;
+    program.boat.position.latitude = boat.latitude;
+    program.boat.position.longitude = boat.longitude;
     for (int course = 0; course < 360; course += 15) {
-      state.course_over_ground = static_cast<float>(course);
+      program.boat.course = static_cast<float>(course);
       const std::string drawn = DrawOne("boat");
       double x0 = 0;
       double y0 = 0;
@@ -383,13 +383,13 @@ TEST_F(OverlaysTest, HeadingVectorStaysOnTheChart) {
 }
 
 TEST_F(OverlaysTest, RangeRings) {
-  program.boat_latitude = 50.5F;
-  program.boat_longitude = -1.5F;
+  program.boat.position.latitude = 50.5F;
+  program.boat.position.longitude = -1.5F;
   program.config.horizon_range = 3.0F;
   program.config.vhf_range = 6.0F;
   program.config.radar_range = 0.0F;
   EXPECT_EQ(DrawOne("range rings"), "") << "no fix";
-  state.fix_valid = true;
+  program.boat.fix_valid = true;
   // 50.55 north is row 2897 and 50.6 north row 2576, by the formula outside the program.
   EXPECT_EQ(DrawOne("range rings"),
             "pen 1 solid 0,0,0\n"
@@ -400,20 +400,20 @@ TEST_F(OverlaysTest, RangeRings) {
 }
 
 TEST_F(OverlaysTest, ManOverboard) {
-  state.mob = {50.5F, -1.5F};
+  program.mob.position = {50.5F, -1.5F};
   EXPECT_EQ(DrawOne("man overboard"), "");
-  EXPECT_EQ(MobLabelText(view, state), "");
-  state.mob_on = true;
+  EXPECT_EQ(MobLabelText(view, program.mob), "");
+  program.mob.on = true;
   EXPECT_EQ(DrawOne("man overboard"),
             "pen 1 solid 255,0,0\n"
             "ring 100.00,217.00 r 6.00\n"
             "pen 3 solid 0,0,0\n"
             "line 94.00,217.00 106.00,217.00\n"
             "line 100.00,211.00 100.00,223.00\n");
-  EXPECT_EQ(MobLabelText(view, state), "\nMOB Position 001.30.00W, 50.30.00N");
-  state.mob = {52.0F, -1.5F};
+  EXPECT_EQ(MobLabelText(view, program.mob), "\nMOB Position 001.30.00W, 50.30.00N");
+  program.mob.position = {52.0F, -1.5F};
   EXPECT_EQ(DrawOne("man overboard"), "");
-  EXPECT_EQ(MobLabelText(view, state), "");
+  EXPECT_EQ(MobLabelText(view, program.mob), "");
 }
 
 TEST_F(OverlaysTest, PortsAndBoundaries) {
@@ -436,7 +436,7 @@ TEST_F(OverlaysTest, PortsAndBoundaries) {
 }
 
 TEST_F(OverlaysTest, VectorsFollowTheDrift) {
-  program.vectors_shown = true;
+  program.config.show_vectors = kTrue;
   SetRoute({Point(50.5F, -1.5F), Point(50.5F, -1.4F), Point(50.4F, -0.5F)});
   program.route.points[0].tide_vector = {{50.5F, -1.5F}, {50.5F, -1.475F}, {50.5F, -1.45F}};
   program.route.points[1].tide_vector = {{50.5F, -1.4F}};  // one entry joins nothing
@@ -455,19 +455,19 @@ TEST_F(OverlaysTest, VectorsFollowTheDrift) {
 
 TEST_F(OverlaysTest, TracksCarryTheirComments) {
   program.config.track_colour = Rgb(1, 2, 3);
-  state.live_track = {{{50.5F, -1.5F}, ""}, {{50.5F, -1.45F}, "Reefed"}};
+  program.tracks.live = {{{50.5F, -1.5F}, ""}, {{50.5F, -1.45F}, "Reefed"}};
   EXPECT_EQ(DrawOne("live track"), "") << "neither plotted nor a fix";
   const std::string track =
       "pen 2 solid 1,2,3\n"
       "polyline 100.00,217.00 300.00,217.00\n"
       "ring 300.00,217.00 r 4.00\n"
       "text 308.00,217.00 left middle 12 bold 0,0,0 \"Reefed\"\n";
-  state.fix_valid = true;
+  program.boat.fix_valid = true;
   EXPECT_EQ(DrawOne("live track"), track);
-  state.fix_valid = false;
-  state.track_plot_on = true;
+  program.boat.fix_valid = false;
+  program.tracks.plot_on = true;
   EXPECT_EQ(DrawOne("live track"), track);
-  state.historical_tracks = {state.live_track, {}};
+  program.tracks.historical = {program.tracks.live, {}};
   EXPECT_EQ(DrawOne("historical tracks"), track);
 }
 

@@ -6,12 +6,12 @@
 #include "core/plane_sailing.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
+#include "ui/edits.h"
 #include "ui/routes/frmRouteEdit.h"
 #include "ui/routes/frmSingleWayPoint.h"
 #include "ui/routes/frmWayEdit.h"
 #include "ui/routes/frmWayFileLocate.h"
 #include "ui/routes/frmwaycopy.h"
-#include "ui/routes/route_commands.h"
 
 namespace skerrow::testing {
 namespace {
@@ -25,7 +25,7 @@ TEST_F(EditingDialogs, LegTakesTypedValues) {
   LoadSample();
   program.passage.route_track.resize(3);  // as after a calculation
   const std::vector<RoutePoint> before = program.route.points;
-  FrmRouteEdit form(desktop, session, nullptr);
+  FrmRouteEdit form(desktop, nullptr);
   Show(form);
   messages.Expect("Click on a route leg before trying to insert or delete a waypoint");
   Click(form, "cmdmodify");
@@ -43,7 +43,7 @@ TEST_F(EditingDialogs, LegTakesTypedValues) {
   Click(form, "cmdmodify");
   EXPECT_EQ(program.route.points[2].At(), before[2].At());
   EXPECT_EQ(program.passage.route_track.size(), 3U);
-  EXPECT_FALSE(session.history.CanUndo());
+  EXPECT_FALSE(program.edits.history.CanUndo());
 
   Type(form, "txtroutedestlong", "x001.30.00w");  // the filter drops the x
   Type(form, "txtroutespeed", "6.5kn");
@@ -54,7 +54,7 @@ TEST_F(EditingDialogs, LegTakesTypedValues) {
   EXPECT_EQ(program.route.points[1].speed, 6.5F);
   EXPECT_EQ(program.route.points[1].At(), before[1].At());  // not typed: the same to the last bit
   EXPECT_TRUE(program.passage.route_track.empty());
-  EXPECT_EQ(session.history.UndoName(), "Edit Leg");
+  EXPECT_EQ(program.edits.history.UndoName(), "Edit Leg");
   EXPECT_EQ(TextOf(form, "List1", 5), "Mid Channel North\tTo      :50.12.00N , 001.30.00W");
   const RangeAndBearing way =
       RangeBearing(program.route.points[1].At(), program.route.points[2].At());
@@ -66,7 +66,7 @@ TEST_F(EditingDialogs, LegTakesTypedValues) {
 
 TEST_F(EditingDialogs, PointsAreInsertedDeletedAndTurnedRound) {
   LoadSample();
-  FrmRouteEdit form(desktop, session, nullptr);
+  FrmRouteEdit form(desktop, nullptr);
   Show(form);
   const auto names = [&] {
     std::string text;
@@ -109,12 +109,12 @@ TEST_F(EditingDialogs, PointsAreInsertedDeletedAndTurnedRound) {
 
   for (const char* edit :
        {"Reverse Route", "Apply Speed to all Legs", "Delete Route Point", "Insert Waypoint"}) {
-    EXPECT_EQ(session.history.UndoName(), edit);
-    EXPECT_TRUE(UndoRouteEdit(desktop, session));
+    EXPECT_EQ(program.edits.history.UndoName(), edit);
+    EXPECT_TRUE(UndoRouteEdit(program, messages));
   }
   EXPECT_EQ(names(), all);
-  EXPECT_FALSE(session.saved_route.Differs(program.route));
-  EXPECT_TRUE(RedoRouteEdit(desktop, session));
+  EXPECT_FALSE(RouteUnsaved(program));
+  EXPECT_TRUE(RedoRouteEdit(program, messages));
   EXPECT_EQ(program.route.points.size(), 7U);
 }
 
@@ -122,23 +122,21 @@ TEST_F(EditingDialogs, KeysInsertAndDeleteAskFirst) {
   LoadSample();
   const Position near_second = {50.59F, -1.66F};
   messages.ExpectQuestion("Insert a route point?", false, "Insert Point");
-  EXPECT_FALSE(AskInsertRoutePoint(desktop, session, near_second));
-  program.mouse_mode = MouseMode::kPointMarked;
+  EXPECT_FALSE(AskInsertRoutePoint(program, messages, near_second));
   messages.ExpectQuestion("Delete a route point?", true, "Delete Route Point");
-  EXPECT_TRUE(AskDeleteRoutePoint(desktop, session, near_second));
+  EXPECT_TRUE(AskDeleteRoutePoint(program, messages, near_second));
   EXPECT_EQ(program.route.points[1].name, "Mid Channel North");
-  EXPECT_EQ(program.mouse_mode, MouseMode::kRouteCreation);
   messages.ExpectQuestion("Insert a route point?", true, "Insert Point");
-  EXPECT_TRUE(AskInsertRoutePoint(desktop, session, near_second));
+  EXPECT_TRUE(AskInsertRoutePoint(program, messages, near_second));
   EXPECT_EQ(program.route.points[1].At(), near_second);
-  ClearRoute(program.route, RouteDefaultsOf(program));
+  ClearRoute(program.route);
   messages.ExpectQuestion("Insert a route point?", true, "Insert Point");
   messages.Expect("You need to have entered at least 2 points - nothing done");
-  EXPECT_FALSE(AskInsertRoutePoint(desktop, session, near_second));
+  EXPECT_FALSE(AskInsertRoutePoint(program, messages, near_second));
 
   const std::size_t count = program.waypoints.waypoints.size();
   messages.ExpectQuestion("Delete the waypoint?", true, "Delete Waypoint");
-  EXPECT_TRUE(AskDeleteWaypoint(desktop, program.waypoints.waypoints[2].At()));
+  EXPECT_TRUE(AskDeleteWaypoint(program, messages, program.waypoints.waypoints[2].At()));
   EXPECT_EQ(program.waypoints.waypoints.size(), count - 1);
   EXPECT_EQ(program.waypoints.waypoints[2].name, "Bridge Buoy(Needles)");
 }
@@ -314,7 +312,7 @@ TEST_F(EditingDialogs, SingleWaypointIsCheckedAndAppended) {
 }
 
 TEST_F(EditingDialogs, MouseEntryAsksForANameAndAnEmptyOneLeavesTheMode) {
-  program.mouse_mode = MouseMode::kWaypointEntry;
+  desktop.view.mouse_mode = MouseMode::kWaypointEntry;
   const std::size_t count = program.waypoints.waypoints.size();
   WithNextDialog([](QDialog& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Mouse Entry of Waypoint");
@@ -325,11 +323,11 @@ TEST_F(EditingDialogs, MouseEntryAsksForANameAndAnEmptyOneLeavesTheMode) {
   EnterWaypointByMouse(desktop, {49.5F, -3.0F}, nullptr);
   ASSERT_EQ(program.waypoints.waypoints.size(), count + 1);
   EXPECT_EQ(program.waypoints.waypoints.back().name, "Wreck");
-  EXPECT_EQ(program.mouse_mode, MouseMode::kWaypointEntry);
+  EXPECT_EQ(desktop.view.mouse_mode, MouseMode::kWaypointEntry);
   WithNextDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
   EnterWaypointByMouse(desktop, {49.5F, -3.0F}, nullptr);
   EXPECT_EQ(program.waypoints.waypoints.size(), count + 1);
-  EXPECT_EQ(program.mouse_mode, MouseMode::kRouteCreation);
+  EXPECT_EQ(desktop.view.mouse_mode, MouseMode::kRouteCreation);
 }
 
 TEST_F(EditingDialogs, WaypointIsLocatedInAnyFile) {

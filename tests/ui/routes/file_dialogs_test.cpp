@@ -5,6 +5,7 @@
 #include "core/files.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
+#include "ui/edits.h"
 #include "ui/routes/frmFileDelete.h"
 #include "ui/routes/frmLoadWay.h"
 #include "ui/routes/frmNewWay.h"
@@ -13,7 +14,6 @@
 #include "ui/routes/frmRouteWayPoints.h"
 #include "ui/routes/frmWaySave.h"
 #include "ui/routes/frmwayimport.h"
-#include "ui/routes/route_commands.h"
 
 namespace skerrow::testing {
 namespace {
@@ -30,7 +30,7 @@ TEST_F(FileDialogs, RouteIsSavedClearedAndLoadedAgain) {
   program.route.points[1].speed = 0.9F;
   const std::vector<RouteRecord> before = RouteContent(program.route);
   {
-    FrmRouteSave form(desktop, session, nullptr);
+    FrmRouteSave form(desktop, nullptr);
     Show(form);
     messages.Expect("Enter a new route file name an then click the OK button");
     Click(form, "cmdOK");
@@ -43,12 +43,11 @@ TEST_F(FileDialogs, RouteIsSavedClearedAndLoadedAgain) {
     EXPECT_EQ(form.result(), QDialog::Accepted);
   }
   EXPECT_EQ(std::filesystem::file_size(RouteFile("Home run.rte")), before.size() * 47);
-  EXPECT_FALSE(session.saved_route.Differs(program.route));
+  EXPECT_FALSE(RouteUnsaved(program));
 
-  EditRoute(desktop, session, "Clear Route",
-            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(program)); });
+  EditRoute(desktop, "Clear Route", [&](RouteState& route) { ClearRoute(route); });
   ASSERT_TRUE(program.route.points.empty());
-  FrmRouteLoad form(desktop, session, nullptr);
+  FrmRouteLoad form(desktop, nullptr);
   Show(form);
   messages.Expect("Enter a new file name and then click the OK button");
   Click(form, "cmdOK");
@@ -59,14 +58,13 @@ TEST_F(FileDialogs, RouteIsSavedClearedAndLoadedAgain) {
   std::vector<RouteRecord> expected = before;
   expected[1].speed = program.config.vessel_speed;  // too slow for a file
   EXPECT_EQ(RouteContent(program.route), expected);
-  EXPECT_EQ(program.route.phase, RoutePhase::kLoaded);
-  EXPECT_FALSE(session.saved_route.Differs(program.route));
-  EXPECT_EQ(session.history.UndoName(), "Load Route");
+  EXPECT_FALSE(RouteUnsaved(program));
+  EXPECT_EQ(program.edits.history.UndoName(), "Load Route");
 }
 
 TEST_F(FileDialogs, TickedBoxLoadsTheProgramsSpeed) {
   program.config.vessel_speed = 7.5F;
-  FrmRouteLoad form(desktop, session, nullptr);
+  FrmRouteLoad form(desktop, nullptr);
   Show(form);
   ClickRow(form, "fillist", RowOfText(form, "fillist", "Sample.rte"));
   QTest::mouseClick(Find<QCheckBox>(form, "chkUseDefaultSpeed"), Qt::LeftButton, {}, {8, 8});
@@ -80,11 +78,11 @@ TEST_F(FileDialogs, EmptyRouteFileTakesTheRouteAwayAndDamagedOneDoesNot) {
   ASSERT_TRUE(ReplaceFile(RouteFile("Empty.rte"), ""));
   ASSERT_TRUE(ReplaceFile(RouteFile("Damaged.rte"), std::string(47, '\xff')));
   {
-    FrmRouteLoad form(desktop, session, nullptr);
+    FrmRouteLoad form(desktop, nullptr);
     Show(form);
     ClickRow(form, "fillist", RowOfText(form, "fillist", "Damaged.rte"));
     const Status expected =
-        LoadRouteFile(desktop, session, RouteFile("Damaged.rte"), RouteSpeeds::kStored);
+        LoadRouteFile(program, messages, RouteFile("Damaged.rte"), RouteSpeeds::kStored);
     ASSERT_FALSE(expected);
     EXPECT_NE(expected.error().Text().find("Damaged.rte"), std::string::npos);
     messages.Expect(expected.error().Text());
@@ -98,14 +96,14 @@ TEST_F(FileDialogs, EmptyRouteFileTakesTheRouteAwayAndDamagedOneDoesNot) {
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(program.route.points.empty());
   }
-  EXPECT_TRUE(UndoRouteEdit(desktop, session));
+  EXPECT_TRUE(UndoRouteEdit(program, messages));
   EXPECT_EQ(program.route.points.size(), 6U);
 }
 
 TEST_F(FileDialogs, OverwriteQuestionDecides) {
   LoadSample();
   const std::string before = FileBytes(RouteFile("Portland Bill.rte"));
-  FrmRouteSave form(desktop, session, nullptr);
+  FrmRouteSave form(desktop, nullptr);
   Show(form);
   // The name is written over in any case of its letters.
   Type(form, "txtFileName", "portland bill");
@@ -122,7 +120,7 @@ TEST_F(FileDialogs, OverwriteQuestionDecides) {
 
 TEST_F(FileDialogs, NothingIsWrittenWithoutARouteOrWithoutRights) {
   {
-    FrmRouteSave form(desktop, session, nullptr);
+    FrmRouteSave form(desktop, nullptr);
     Show(form);
     Type(form, "txtFileName", "Sample");
     messages.Expect("No route set-up");
@@ -130,11 +128,11 @@ TEST_F(FileDialogs, NothingIsWrittenWithoutARouteOrWithoutRights) {
     EXPECT_FALSE(form.isVisible());
   }
   LoadSample();
-  EditRoute(desktop, session, "Reverse Route",
+  EditRoute(desktop, "Reverse Route",
             [&](RouteState& route) { ReverseRoute(route, RouteDefaultsOf(program), messages); });
   // A folder that cannot be written to; one that is gone does for a tester who may do anything.
   std::filesystem::rename(program.folders.Routes(), program.folders.Routes() + " away");
-  FrmRouteSave form(desktop, session, nullptr);
+  FrmRouteSave form(desktop, nullptr);
   Show(form);
   Type(form, "txtFileName", "New");
   const Status expected = SaveRoute(RouteFile("New.rte"), program.route, 5.0F);
@@ -143,20 +141,20 @@ TEST_F(FileDialogs, NothingIsWrittenWithoutARouteOrWithoutRights) {
   messages.Expect(expected.error().Text());
   Click(form, "cmdOK");
   EXPECT_TRUE(form.isVisible());
-  EXPECT_TRUE(session.saved_route.Differs(program.route));
+  EXPECT_TRUE(RouteUnsaved(program));
 }
 
 TEST_F(FileDialogs, WaypointsAreSavedAndAnotherFileBecomesCurrent) {
   DragWaypoint(program.waypoints, 0, {50.5F, -2.0F});
-  EXPECT_TRUE(WaypointsUnsaved(program, session));
+  EXPECT_TRUE(WaypointsUnsaved(program));
   const std::size_t count = program.waypoints.waypoints.size();
   {
-    FrmWaySave form(desktop, session, nullptr);
+    FrmWaySave form(desktop, nullptr);
     Show(form);
     Type(form, "txtFileName", "Moved");
     Click(form, "cmdOK");
   }
-  EXPECT_FALSE(WaypointsUnsaved(program, session));  // though not in the current file
+  EXPECT_FALSE(WaypointsUnsaved(program));  // though not in the current file
   EXPECT_EQ(program.config.waypoint_file, "Sample.way");
 
   FrmLoadWay form(desktop, nullptr);
@@ -277,7 +275,7 @@ TEST_F(FileDialogs, WholeFilesComeInAndGoOutUnchanged) {
 }
 
 TEST_F(FileDialogs, RouteIsMadeOfWaypoints) {
-  FrmRouteWayPoints form(desktop, session, nullptr);
+  FrmRouteWayPoints form(desktop, nullptr);
   Show(form);
   EXPECT_EQ(TextOf(form, "List1", 0), "Anvil Point,50.34.94N : 001.55.85W");
   messages.Expect("Nothing to remove");
@@ -300,9 +298,8 @@ TEST_F(FileDialogs, RouteIsMadeOfWaypoints) {
   EXPECT_EQ(program.route.points[0].name, "Anvil Point");
   EXPECT_EQ(program.route.points[1].name, "Berry Head");
   EXPECT_EQ(program.route.points[1].speed, program.config.vessel_speed);
-  EXPECT_EQ(program.route.phase, RoutePhase::kLoaded);
-  EXPECT_TRUE(session.saved_route.Differs(program.route));
-  EXPECT_EQ(window.changes, 1);
+  EXPECT_TRUE(RouteUnsaved(program));
+  EXPECT_EQ(window.changed, kRouteChanged);
 }
 
 }  // namespace

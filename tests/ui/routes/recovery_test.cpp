@@ -1,13 +1,13 @@
 // Unsaved work: told, asked about, kept and brought back.
 
-#include "ui/routes/recovery.h"
+#include "app/recovery.h"
 
+#include "app/waypoint_work.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
+#include "ui/edits.h"
 #include "ui/routes/frmWayEdit.h"
 #include "ui/routes/leaving.h"
-#include "ui/routes/route_commands.h"
-#include "ui/routes/waypoint_work.h"
 
 namespace skerrow::testing {
 namespace {
@@ -16,7 +16,7 @@ class UnsavedWork : public SampleDesk {
  protected:
   void SetUp() override { ImportSamples(); }
   void Add(Position at) {
-    EditRoute(desktop, session, "Add Route Point", [&](RouteState& route) {
+    EditRoute(desktop, "Add Route Point", [&](RouteState& route) {
       return AddRoutePoint(route, at, std::nullopt, RouteDefaultsOf(program), messages);
     });
   }
@@ -28,16 +28,15 @@ TEST_F(UnsavedWork, RouteIsKeptWhileItIsInNoFile) {
   EXPECT_FALSE(Kept());  // one point is no route yet
   Add({50.2F, -1.5F});
   EXPECT_TRUE(Kept());
-  RouteIsSaved(desktop, session);
+  RouteIsSaved(program, messages, RouteFile("Saved.rte"));
   EXPECT_FALSE(Kept());
   Add({50.3F, -1.7F});
   EXPECT_TRUE(Kept());
-  EXPECT_TRUE(UndoRouteEdit(desktop, session));  // back to what is saved
+  EXPECT_TRUE(UndoRouteEdit(program, messages));  // back to what is saved
   EXPECT_FALSE(Kept());
-  EXPECT_TRUE(RedoRouteEdit(desktop, session));
+  EXPECT_TRUE(RedoRouteEdit(program, messages));
   EXPECT_TRUE(Kept());
-  EditRoute(desktop, session, "Clear Route",
-            [&](RouteState& route) { ClearRoute(route, RouteDefaultsOf(program)); });
+  EditRoute(desktop, "Clear Route", [&](RouteState& route) { ClearRoute(route); });
   EXPECT_FALSE(Kept());
 }
 
@@ -45,21 +44,19 @@ TEST_F(UnsavedWork, EditThatChangesNothingIsNoEdit) {
   LoadSample();
   program.route.points[0].calculated = true;
   program.passage.route_track.resize(2);
-  EditRoute(desktop, session, "Idle",
-            [&](RouteState& route) { RouteChanged(route, RouteDefaultsOf(program)); });
-  EXPECT_FALSE(session.history.CanUndo());
+  EditRoute(desktop, "Idle", [&](RouteState& route) { RouteChanged(route); });
+  EXPECT_FALSE(program.edits.history.CanUndo());
   EXPECT_TRUE(program.route.points[0].calculated);
   EXPECT_EQ(program.passage.route_track.size(), 2U);
-  EXPECT_EQ(window.changes, 0);
   EXPECT_FALSE(Kept());
 }
 
 TEST_F(UnsavedWork, RouteComesBackAfterABadEnd) {
   LoadSample();
-  EditRoute(desktop, session, "Edit", [&](RouteState& route) {
+  EditRoute(desktop, "Edit", [&](RouteState& route) {
     route.points[2].speed = 0.5F;  // slower than a route file takes
     route.points[2].name = "Caf\u00e9";
-    RouteChanged(route, RouteDefaultsOf(program));
+    RouteChanged(route);
   });
   const std::vector<RouteRecord> lost = RouteContent(program.route);
   const std::optional<KeptWork> kept = FindRouteRecovery(program.folders);
@@ -68,9 +65,9 @@ TEST_F(UnsavedWork, RouteComesBackAfterABadEnd) {
 
   // The next run.
   program.route = {};
-  session = {};
+  program.edits = {};
   WithNextDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-  OfferRecovery(desktop, session, nullptr);
+  OfferRecovery(desktop, nullptr);
   EXPECT_TRUE(program.route.points.empty());
   EXPECT_TRUE(Kept());  // offered again
   WithNextDialog([&](QDialog& dialog) {
@@ -79,19 +76,19 @@ TEST_F(UnsavedWork, RouteComesBackAfterABadEnd) {
                     .contains(QString::fromStdString(kept->time_text)));
     Click(dialog, "cmdRecover");
   });
-  OfferRecovery(desktop, session, nullptr);
+  OfferRecovery(desktop, nullptr);
   EXPECT_EQ(RouteContent(program.route), lost);
-  EXPECT_TRUE(session.saved_route.Differs(program.route));
+  EXPECT_TRUE(RouteUnsaved(program));
   EXPECT_TRUE(Kept());
-  EXPECT_EQ(session.history.UndoName(), "Recover Route");
+  EXPECT_EQ(program.edits.history.UndoName(), "Recover Route");
 
   program.route = {};
-  session = {};
+  program.edits = {};
   WithNextDialog([](QDialog& dialog) { Click(dialog, "cmdDiscard"); });
-  OfferRecovery(desktop, session, nullptr);
+  OfferRecovery(desktop, nullptr);
   EXPECT_FALSE(Kept());
   EXPECT_TRUE(program.route.points.empty());
-  OfferRecovery(desktop, session, nullptr);  // nothing left: no question
+  OfferRecovery(desktop, nullptr);  // nothing left: no question
 }
 
 TEST_F(UnsavedWork, WaypointEditComesBackAfterABadEnd) {
@@ -103,9 +100,8 @@ TEST_F(UnsavedWork, WaypointEditComesBackAfterABadEnd) {
     ASSERT_TRUE(work.Open("Sample.way"));
     EXPECT_FALSE(FindWaypointRecovery(program.folders));  // nothing changed yet
     ASSERT_TRUE(work.Open("Sample.way"));
-    EXPECT_EQ(work.Add(CheckWaypointEntry("Wreck", "50.10.00N", "002.20.00W")),
-              WaypointRefusal::kNone);
-    EXPECT_EQ(work.Delete(999), WaypointRefusal::kNoRowSelected);
+    EXPECT_TRUE(work.Add({"Wreck", "50.10.00N", "002.20.00W"}));
+    EXPECT_FALSE(work.Delete(999));
     left_behind = FileBytes(copy);
   }
   EXPECT_FALSE(std::filesystem::exists(copy));
@@ -140,7 +136,7 @@ TEST_F(UnsavedWork, SettingsFolderThatCannotBeWrittenIsToldOnce) {
   // The waypoint editor works without its copy.
   WaypointWork work(program.folders);
   ASSERT_TRUE(work.Open("Sample.way"));
-  EXPECT_EQ(work.Delete(0), WaypointRefusal::kNone);
+  EXPECT_TRUE(work.Delete(0));
   EXPECT_TRUE(work.Save());
   EXPECT_EQ(CountRecords(WayFile("Sample.way"), kWaypointSize), 45);
 }
@@ -148,8 +144,8 @@ TEST_F(UnsavedWork, SettingsFolderThatCannotBeWrittenIsToldOnce) {
 TEST_F(UnsavedWork, ClearAndExitAskAboutIt) {
   LoadSample();
   messages.ExpectQuestion("Clear existing route?", true);
-  EXPECT_TRUE(MayClearRoute(desktop, session, nullptr));
-  EXPECT_TRUE(MayExit(desktop, session, nullptr));
+  EXPECT_TRUE(MayClearRoute(desktop, nullptr));
+  EXPECT_TRUE(MayExit(desktop, nullptr));
 
   Add({49.6F, -1.6F});
   messages.ExpectQuestion("Clear existing route?", true);
@@ -157,14 +153,14 @@ TEST_F(UnsavedWork, ClearAndExitAskAboutIt) {
     EXPECT_EQ(dialog.objectName(), "frmUnsaved");
     QTest::keyClick(&dialog, Qt::Key_Escape);
   });
-  EXPECT_FALSE(MayClearRoute(desktop, session, nullptr));
+  EXPECT_FALSE(MayClearRoute(desktop, nullptr));
 
   // Save, but not under any name: the program goes on.
   WithNextDialog([](QDialog& dialog) {
     WithNextDialog([](QDialog& save) { QTest::keyClick(&save, Qt::Key_Escape); });
     Click(dialog, "cmdSave");
   });
-  EXPECT_FALSE(MayExit(desktop, session, nullptr));
+  EXPECT_FALSE(MayExit(desktop, nullptr));
   EXPECT_TRUE(Kept());
   WithNextDialog([](QDialog& dialog) {
     WithNextDialog([](QDialog& save) {
@@ -173,11 +169,11 @@ TEST_F(UnsavedWork, ClearAndExitAskAboutIt) {
     });
     Click(dialog, "cmdSave");
   });
-  EXPECT_TRUE(MayExit(desktop, session, nullptr));
+  EXPECT_TRUE(MayExit(desktop, nullptr));
   EXPECT_EQ(CountRecords(RouteFile("Kept.rte"), kRouteRecordSize), 7);
 
   DragWaypoint(program.waypoints, 3, {50.0F, -2.0F});
-  KeepMovedWaypoints(desktop, session);
+  KeepMovedWaypoints(program, messages);
   const std::optional<KeptWork> moved = FindWaypointRecovery(program.folders);
   ASSERT_TRUE(moved);
   EXPECT_EQ((*ReadWaypointFile(moved->path))[3].At(), (Position{50.0F, -2.0F}));
@@ -186,12 +182,12 @@ TEST_F(UnsavedWork, ClearAndExitAskAboutIt) {
     WithNextDialog([](QDialog& waypoints) { Click(waypoints, "cmdCancel"); });
     Click(dialog, "cmdDiscard");
   });
-  EXPECT_FALSE(MayExit(desktop, session, nullptr));
+  EXPECT_FALSE(MayExit(desktop, nullptr));
   WithNextDialog([](QDialog& dialog) {
     WithNextDialog([](QDialog& waypoints) { Click(waypoints, "cmdDiscard"); });
     Click(dialog, "cmdDiscard");
   });
-  EXPECT_TRUE(MayExit(desktop, session, nullptr));
+  EXPECT_TRUE(MayExit(desktop, nullptr));
   EXPECT_FALSE(Kept());
   EXPECT_FALSE(FindWaypointRecovery(program.folders));
 }

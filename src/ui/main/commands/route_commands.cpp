@@ -12,20 +12,26 @@ namespace skerrow {
 namespace {
 
 void Load(FrmChart& w) {
-  FrmRouteLoad(w.desktop(), w.session(), &w).exec();
-  w.StateChanged();
+  FrmRouteLoad(w.desktop(), &w).exec();
+  w.Changed(kAllChanged);
 }
 
 void Save(FrmChart& w) {
-  FrmRouteSave(w.desktop(), w.session(), &w).exec();
-  w.StateChanged();
+  FrmRouteSave(w.desktop(), &w).exec();
+  w.Changed(kAllChanged);
 }
 
 constexpr Command kCommands[] = {
     {"mnuUndo", "&Undo", "undo", "Take the last change of the route back", "Ctrl+Z", kNeedsUndo,
-     [](FrmChart& w) { UndoRouteEdit(w.desktop(), w.session()); }},
+     [](FrmChart& w) {
+       UndoRouteEdit(w.program(), w.messages());
+       w.Changed(kRouteChanged | kTimeChanged);
+     }},
     {"mnuRedo", "&Redo", "redo", "Make the change taken back again", "Ctrl+Shift+Z", kNeedsRedo,
-     [](FrmChart& w) { RedoRouteEdit(w.desktop(), w.session()); }},
+     [](FrmChart& w) {
+       RedoRouteEdit(w.program(), w.messages());
+       w.Changed(kRouteChanged | kTimeChanged);
+     }},
     {"mnuMouseWayPoint", "Point && Click at Waypoint", "routesnap",
      "Lay route points on the waypoint nearest to the cursor", "", kNoNeed,
      [](FrmChart& w) { w.ToggleSnap(); },
@@ -33,7 +39,7 @@ constexpr Command kCommands[] = {
     {"mnuRouteDrag", "Drag Route Point", "dragwaypoint",
      "Move route points with the right mouse button", "", kNeedsPoint,
      [](FrmChart& w) { w.ToggleRouteDrag(); },
-     [](const FrmChart& w) { return w.program().route_drag_on; }},
+     [](const FrmChart& w) { return w.view().route_drag_on; }},
     {"mnuLoadExistRoute", "&Load Existing Route", "openroute", "Open a saved route", "Ctrl+O",
      kNoNeed, Load},
     {"mnuLoadExistingRoute", "&Load Existing Route", "", "Open a saved route", "", kNoNeed, Load},
@@ -54,12 +60,12 @@ constexpr Command kCommands[] = {
     {"mnuRouteEdit", "Keyboard &Edit Route Points ", "edit", "Change the legs by keyboard", "",
      kNeedsRoute,
      [](FrmChart& w) {
-       FrmRouteEdit(w.desktop(), w.session(), &w).exec();
-       w.StateChanged();
+       FrmRouteEdit(w.desktop(), &w).exec();
+       w.Changed(kAllChanged);
      }},
     {"mnuRouteReverse", "Re&verse Route", "reverse", "Turn the route round", "", kNeedsRoute,
      [](FrmChart& w) {
-       EditRoute(w.desktop(), w.session(), "Reverse Route", [&w](RouteState& route) {
+       EditRoute(w.desktop(), "Reverse Route", [&w](RouteState& route) {
          ReverseRoute(route, RouteDefaultsOf(w.program()), w.messages());
        });
      }},
@@ -81,7 +87,7 @@ constexpr Command kCommands[] = {
        if (w.messages().Ask("    Clear Results?", kProgramTitle)) {
          w.program().passage.result_lines.clear();
          w.program().passage.route_streams.clear();
-         w.StateChanged();
+         w.Changed(kAllChanged);
        }
      }},
     {"mnuAnimateStart", "Forward", "animate", "Run the boat along the calculated track", "",
@@ -106,9 +112,8 @@ constexpr Command kCommands[] = {
      kNeedsRoute, [](FrmChart& w) { w.desktop().clipboard.SetText(RouteText(w.program().route)); }},
     {"keyBackspace", "Remove Last Route Point", "", "", "Backspace", kNeedsPoint,
      [](FrmChart& w) {
-       EditRoute(w.desktop(), w.session(), "Remove Route Point", [&w](RouteState& route) {
-         RemoveLastRoutePoint(route, RouteDefaultsOf(w.program()));
-       });
+       EditRoute(w.desktop(), "Remove Route Point",
+                 [&w](RouteState& route) { RemoveLastRoutePoint(route); });
      }},
     {"keyInsert", "Insert Route Point", "", "", "Insert", kNoNeed,
      [](FrmChart& w) { w.InsertPoint(); }},

@@ -10,7 +10,7 @@ constexpr Command kCommands[] = {
     {"mnudate", "&Date and Time", "time", "Set the time that tides and streams are shown for", "",
      kNoNeed,
      [](FrmChart& w) {
-       if (FrmTimDat(w.desktop(), &w).exec() == QDialog::Accepted) w.StateChanged();
+       if (FrmTimDat(w.desktop(), &w).exec() == QDialog::Accepted) w.Changed(kAllChanged);
      }},
     {"mnuselrealtime", "&Realtime Mode", "", "Follow the clock again", "", kNoNeed,
      [](FrmChart& w) { w.ToRealtime(); },

@@ -5,11 +5,7 @@ namespace skerrow {
 namespace {
 
 // Vectors are drawn where tides are in use.
-void FollowVectors(FrmChart& w) {
-  const AppConfig& config = w.program().config;
-  w.program().vectors_shown = config.show_vectors != 0 && config.use_tides != 0;
-  w.StateChanged();
-}
+void FollowVectors(FrmChart& w) { w.Changed(kAllChanged); }
 
 constexpr Command kCommands[] = {
     {"mnuViewNormal", "&Normal View", "day", "The day's colours and full brightness", "", kNoNeed,
@@ -47,19 +43,19 @@ constexpr Command kCommands[] = {
      [](const FrmChart& w) { return w.program().config.show_chart_boundaries != 0; }},
     {"mnuThumbShow", "Show/Hide &Thumbnail", "thumbnail", "The small view of the whole chart", "",
      kNoNeed, [](FrmChart& w) { w.ToggleThumbnail(); },
-     [](const FrmChart& w) { return w.program().thumbnail_visible; }},
+     [](const FrmChart& w) { return w.view().thumbnail_visible; }},
     {"mnuToolBarVisible", "Show/Hide T&oolbar", "", "Both toolbars", "", kNoNeed,
      [](FrmChart& w) { w.ToggleToolbars(); },
      [](const FrmChart& w) { return w.program().config.toolbar_visible != 0; }},
     {"mnuDividersOn", "Di&viders On", "dividers", "Measure range and bearing", "", kNoNeed,
      [](FrmChart& w) { w.ToggleDividers(); },
-     [](const FrmChart& w) { return w.program().dividers_on; }},
+     [](const FrmChart& w) { return w.view().dividers_on; }},
     {"mnuGPSCentre", "GPS &Find Position on Chart", "boatsnap", "Keep the boat on the chart", "G",
      kNoNeed, [](FrmChart& w) { w.Toggle(&AppConfig::gps_centre); },
      [](const FrmChart& w) { return w.program().config.gps_centre != 0; }},
     {"tbMob", "Man Overboard", "mob", "Mark where somebody went over board, or cancel the mark", "",
      kNoNeed, [](FrmChart& w) { w.ToggleMob(); },
-     [](const FrmChart& w) { return w.view().mob_on; }},
+     [](const FrmChart& w) { return w.program().mob.on; }},
     {"mnuConfigProgram", "&General Settings", "config", "Boat, chart, streams and wind settings",
      "", kNoNeed,
      [](FrmChart& w) {
@@ -68,7 +64,7 @@ constexpr Command kCommands[] = {
            w.desktop(), [&w] { w.ShowTools(); }, &w);
        dialog.exec();
        // The speed chosen goes to every point of the route, which is an edit of it.
-       RememberRouteEdit(w.desktop(), w.session(), "General Settings", before);
+       RememberRouteEdit(w.program(), w.messages(), "General Settings", before);
        FollowVectors(w);
      }},
 };

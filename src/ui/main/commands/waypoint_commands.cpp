@@ -13,12 +13,12 @@ namespace {
 
 void Load(FrmChart& w) {
   FrmLoadWay(w.desktop(), &w).exec();
-  w.StateChanged();
+  w.Changed(kAllChanged);
 }
 
 void Save(FrmChart& w) {
-  FrmWaySave(w.desktop(), w.session(), &w).exec();
-  w.StateChanged();
+  FrmWaySave(w.desktop(), &w).exec();
+  w.Changed(kAllChanged);
 }
 
 constexpr Command kCommands[] = {
@@ -32,7 +32,7 @@ constexpr Command kCommands[] = {
     {"mnuFileWayDelete", "&Waypoint File", "", "Delete a waypoint file", "", kNoNeed,
      [](FrmChart& w) {
        FrmFileDelete(w.desktop(), FileKind::kWaypoint, &w).exec();
-       w.StateChanged();
+       w.Changed(kAllChanged);
      }},
     {"mnuwaypointimport", "Waypoint Files from Another Folder", "", "", "", kNoNeed,
      [](FrmChart& w) { FrmWayImport(w.desktop(), FileKind::kWaypoint, &w).exec(); }},
@@ -51,19 +51,19 @@ constexpr Command kCommands[] = {
     {"mnuwayedit", "&Edit", "edit", "Change the marks of a waypoint file", "", kNoNeed,
      [](FrmChart& w) {
        FrmWayEdit(w.desktop(), &w).exec();
-       w.program().mouse_mode = MouseMode::kRouteCreation;
-       w.StateChanged();
+       w.view().mouse_mode = MouseMode::kRouteCreation;
+       w.Changed(kAllChanged);
      }},
     {"mnuwaycopy", "C&opy", "copy", "Make a waypoint file from marks of others", "", kNoNeed,
      [](FrmChart& w) { FrmWayCopy(w.desktop(), &w).exec(); }},
     {"mnuWayCreateNew", "Create &New", "add", "Make an empty waypoint file", "", kNoNeed,
      [](FrmChart& w) {
        FrmNewWay(w.desktop(), &w).exec();
-       w.StateChanged();
+       w.Changed(kAllChanged);
      }},
     {"mnuWayMouse", "By &Mouse", "", "Lay waypoints with Shift and the left button", "", kNoNeed,
      [](FrmChart& w) { w.ToggleWaypointEntry(); },
-     [](const FrmChart& w) { return w.program().mouse_mode == MouseMode::kWaypointEntry; }},
+     [](const FrmChart& w) { return w.view().mouse_mode == MouseMode::kWaypointEntry; }},
 };
 
 }  // namespace

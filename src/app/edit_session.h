@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "app/program.h"
+#include "app/route_history.h"
 #include "routes/route.h"
-#include "routes/route_history.h"
+#include "routes/waypoint.h"
 
 // What of the user's work is in no file yet.
 namespace skerrow {
@@ -35,6 +35,8 @@ class SavedRoute {
 struct EditSession {
   RouteHistory history;
   SavedRoute saved_route;
+  // The file that the route was last loaded from or saved to; empty for a route of no file.
+  std::string route_path;
   // The waypoint table as `frmWaySave` last wrote it, record for record; empty before.
   std::string saved_waypoints;
   // The user has been told that the recovery file cannot be written.
@@ -43,9 +45,5 @@ struct EditSession {
 
 // The table as the bytes of a waypoint file.
 std::string WaypointContent(const WaypointState& waypoints);
-
-// Whether waypoints of the table have been moved and are neither in the current file nor in the
-// file last saved.
-bool WaypointsUnsaved(const Program& program, const EditSession& session);
 
 }  // namespace skerrow

@@ -1,4 +1,4 @@
-#include "ui/routes/unsaved.h"
+#include "app/edit_session.h"
 
 #include <algorithm>
 
@@ -24,15 +24,6 @@ bool SameRoute(const RouteState& a, const RouteState& b) {
 
 std::string WaypointContent(const WaypointState& waypoints) {
   return EncodeRecords(std::span<const Waypoint>(waypoints.waypoints), kWaypointFields);
-}
-
-bool WaypointsUnsaved(const Program& program, const EditSession& session) {
-  if (program.waypoints.waypoints.empty()) return false;
-  const std::string content = WaypointContent(program.waypoints);
-  if (content == session.saved_waypoints) return false;
-  const Result<std::vector<Waypoint>> stored =
-      ReadWaypointFile(WaypointPath(program.folders, program.config.waypoint_file));
-  return !stored || WaypointContent({stored.value()}) != content;
 }
 
 }  // namespace skerrow

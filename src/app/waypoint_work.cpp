@@ -1,7 +1,7 @@
-#include "ui/routes/waypoint_work.h"
+#include "app/waypoint_work.h"
 
+#include "app/recovery.h"
 #include "core/files.h"
-#include "ui/routes/recovery.h"
 
 namespace skerrow {
 
@@ -45,13 +45,13 @@ void WaypointWork::Abandon() {
   changed_ = false;
 }
 
-WaypointRefusal WaypointWork::Changed(WaypointRefusal refusal) {
-  if (refusal == WaypointRefusal::kNone) {
+bool WaypointWork::Changed(bool changed) {
+  if (changed) {
     changed_ = true;
     // A copy that cannot be brought up to date now is written again by the next change.
     if (!copy_.empty()) (void)editor_.Save();
   }
-  return refusal;
+  return changed;
 }
 
 }  // namespace skerrow

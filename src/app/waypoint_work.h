@@ -5,7 +5,7 @@
 
 #include "core/folders.h"
 #include "core/result.h"
-#include "routes/waypoint_forms.h"
+#include "routes/waypoint_editor.h"
 
 namespace skerrow {
 
@@ -30,14 +30,14 @@ class WaypointWork {
   bool changed() const { return changed_; }
 
   // The operations of WaypointEditor.
-  WaypointRefusal Add(const CheckedWaypoint& entry) { return Changed(editor_.Add(entry)); }
-  WaypointRefusal Insert(std::size_t before, const CheckedWaypoint& entry) {
+  bool Add(const WaypointRow& entry) { return Changed(editor_.Add(entry)); }
+  bool Insert(std::size_t before, const WaypointRow& entry) {
     return Changed(editor_.Insert(before, entry));
   }
-  WaypointRefusal Change(std::size_t row, const CheckedWaypoint& entry) {
+  bool Change(std::size_t row, const WaypointRow& entry) {
     return Changed(editor_.Change(row, entry));
   }
-  WaypointRefusal Delete(std::size_t row) { return Changed(editor_.Delete(row)); }
+  bool Delete(std::size_t row) { return Changed(editor_.Delete(row)); }
 
   // Writes the rows over the file.
   Status Save();
@@ -46,7 +46,7 @@ class WaypointWork {
   void Abandon();
 
  private:
-  WaypointRefusal Changed(WaypointRefusal refusal);
+  bool Changed(bool changed);
 
   const Folders& folders_;
   WaypointEditor editor_;

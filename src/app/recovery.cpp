@@ -1,14 +1,15 @@
-#include "ui/routes/recovery.h"
+#include "app/recovery.h"
 
-#include <QDateTime>
-#include <QFileInfo>
+#include <chrono>
+#include <filesystem>
 #include <span>
 
+#include "app/edit_session.h"
 #include "core/calendar.h"
-#include "routes/file_forms.h"
+#include "core/clock.h"
+#include "core/files.h"
+#include "routes/record_files.h"
 #include "routes/waypoint.h"
-#include "ui/routes/unsaved.h"
-#include "ui/widgets/qt_text.h"
 
 namespace skerrow {
 namespace {
@@ -16,11 +17,13 @@ namespace {
 constexpr std::string_view kPrefix = "recovery.";
 
 std::string TimeTextOf(const std::string& path) {
-  const QDateTime time = QFileInfo(ToQt(path)).lastModified();
-  const QDate date = time.date();
-  const DayAndYear day = {DateToDayOfYear(date.day(), date.month(), date.year()),
-                          static_cast<std::int16_t>(date.year())};
-  return FromQt(time.toString(QStringLiteral("hh:mm"))) + " on " + DateText(day);
+  std::error_code error;
+  const std::filesystem::file_time_type written = std::filesystem::last_write_time(path, error);
+  if (error) return "an unknown time";
+  const auto time =
+      std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::file_clock::to_sys(written));
+  const ClockReading local = LocalTime(time.time_since_epoch().count());
+  return HoursToClock(local.Hours()) + " on " + DateText(local.Day());
 }
 
 }  // namespace
