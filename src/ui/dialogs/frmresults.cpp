@@ -1,5 +1,7 @@
 #include "ui/dialogs/frmresults.h"
 
+#include <QButtonGroup>
+
 #include "ui/forms/results_form.h"
 
 namespace skerrow {
@@ -9,6 +11,9 @@ FrmResults::Choices FrmResults::MakeChoices() {
                      Named<QRadioButton>("optTidalDetails", "Display Calculated &Tidal Data"),
                      Named<QCheckBox>("chkDisplayAll", "Display &Every Result"),
                      Named<QCheckBox>("chKTidalStreams", "Display Tidal Stream &ID")};
+  auto* views = new QButtonGroup(choices.box);
+  views->addButton(choices.summary);
+  views->addButton(choices.tidal_details);
   choices.summary->setChecked(true);
   auto* row = new QHBoxLayout(choices.box);
   row->setContentsMargins(0, 0, 0, 0);
@@ -25,7 +30,7 @@ FrmResults::FrmResults(Desktop& desktop, QWidget* parent)
     : FrmResults(desktop, parent, MakeChoices()) {}
 
 FrmResults::FrmResults(Desktop& desktop, QWidget* parent, const Choices& choices)
-    : ReportDialog(desktop, "frmresults", tr("Results"), "lstResults", parent, choices.box),
+    : ReportDialog(desktop, "frmresults", "Results", "lstResults", parent, choices.box),
       choices_(choices) {
   for (QAbstractButton* choice : choices_.box->findChildren<QAbstractButton*>()) {
     connect(choice, &QAbstractButton::toggled, this, [this] { Load(); });

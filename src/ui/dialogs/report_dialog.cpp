@@ -1,5 +1,7 @@
 #include "ui/dialogs/report_dialog.h"
 
+#include <QButtonGroup>
+
 #include "ui/widgets/print_lines.h"
 
 namespace skerrow {
@@ -12,6 +14,10 @@ ReportDialog::ReportDialog(Desktop& desktop, const char* name, const QString& ti
       copy_selected_(Named<QRadioButton>("Option2", tr("Copy &Selected"))) {
   if (head != nullptr) body()->addWidget(head);
   body()->addWidget(list_, 1);
+  // Without a group of their own they would exclude the options of the head too.
+  auto* copy_group = new QButtonGroup(this);
+  copy_group->addButton(copy_all_);
+  copy_group->addButton(copy_selected_);
   copy_all_->setChecked(true);
   auto* copies = new QHBoxLayout;
   copies->setSpacing(14);
