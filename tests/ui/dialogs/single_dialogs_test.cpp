@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
+#include <QScrollBar>
+#include <QTextBrowser>
 
 #include "core/files.h"
 #include "platform/images.h"
@@ -11,6 +13,7 @@
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmLoadChart.h"
+#include "ui/dialogs/frmQuickInstructions.h"
 #include "ui/dialogs/frmtimdat.h"
 #include "ui/widgets/date_services.h"
 
@@ -165,6 +168,20 @@ TEST_F(SingleDialogs, StartFormEndsOnAMachineWhoseDatesItCannotRead) {
   messages.Expect(std::string(DateOrderFailureText()));
   EXPECT_FALSE(Frmdisclaimer::Prepare(program, NoDates(), messages));
   EXPECT_TRUE(Frmdisclaimer::Prepare(program, LocaleDateServices(), messages));
+}
+
+TEST_F(SingleDialogs, QuickInstructionsAreOfferedOnceAndFitTheirWindow) {
+  int opened = 0;
+  WithNextDialog([&](QDialog& dialog) {
+    ++opened;
+    EXPECT_EQ(dialog.objectName(), "frmQuickInstructions");
+    const auto* text = Find<QTextBrowser>(dialog, "txtInstructions");
+    EXPECT_EQ(text->verticalScrollBar()->maximum(), 0);
+    EXPECT_TRUE(text->toPlainText().contains("Point & Click at Waypoint"));
+  });
+  OfferQuickInstructions(desktop, nullptr);
+  OfferQuickInstructions(desktop, nullptr);
+  EXPECT_EQ(opened, 1);
 }
 
 }  // namespace

@@ -73,6 +73,28 @@ TEST_F(FileDialogs, TickedBoxLoadsTheProgramsSpeed) {
   for (const RoutePoint& point : program.route.points) EXPECT_EQ(point.speed, 7.5F);
 }
 
+TEST_F(FileDialogs, EmptyListOffersTheSampleRoute) {
+  {
+    FrmRouteLoad full(desktop, nullptr);
+    Show(full);
+    EXPECT_FALSE(Find(full, "cmdSample")->isVisible());
+  }
+  std::filesystem::remove_all(program.folders.Routes());
+  MakeUserFolders(program.folders);
+  FrmRouteLoad form(desktop, nullptr);
+  Show(form);
+  Click(form, "cmdSample");
+  EXPECT_EQ(form.result(), QDialog::Accepted);
+  EXPECT_EQ(program.route.points.size(), 6U);
+  EXPECT_EQ(program.route.points[0].speed, 5.5F);
+  EXPECT_FALSE(RouteUnsaved(program));
+  EXPECT_EQ(ListFiles(program.folders.Routes(), FileKind::kRoute).size(), 3U);
+  // The user's own route of that name stays his.
+  ASSERT_TRUE(ReplaceFile(RouteFile("Sample.rte"), FileBytes(RouteFile("Portland Bill.rte"))));
+  EXPECT_TRUE(OpenSampleRoute(desktop));
+  EXPECT_EQ(FileBytes(RouteFile("Sample.rte")), FileBytes(RouteFile("Portland Bill.rte")));
+}
+
 TEST_F(FileDialogs, EmptyRouteFileTakesTheRouteAwayAndDamagedOneDoesNot) {
   LoadSample();
   ASSERT_TRUE(ReplaceFile(RouteFile("Empty.rte"), ""));
