@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 
+#include "ui/forms/report_look.h"
 #include "ui/widgets/print_lines.h"
 
 namespace skerrow {
@@ -33,10 +34,27 @@ ReportDialog::ReportDialog(Desktop& desktop, const char* name, const QString& ti
   ok_ = AddButton("cmdOK", tr("OK"));
   ok_->setDefault(true);
   connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
-  connect(print, &QPushButton::clicked, this,
-          [this] { PrintLines(this->desktop(), this, PrintHeading(), list_->lines()); });
+  connect(print, &QPushButton::clicked, this, [this] {
+    PrintPages(this->desktop(), this,
+               ReportPage(PrintHeading(), RouteTitle(this->desktop().program), list_->lines()));
+  });
   connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
   resize(720, 540);
+}
+
+void ReportDialog::SetReport(const std::vector<std::string>& lines) {
+  std::vector<RowLook> rows;
+  for (const ReportLine& line : LooksOf(lines)) {
+    RowLook row;
+    row.bold = line.look == ReportLook::kHeading || line.look == ReportLook::kLeg ||
+               line.look == ReportLook::kPort || line.look == ReportLook::kWarning;
+    row.warning = line.look == ReportLook::kWarning;
+    row.dim = line.look == ReportLook::kNotice;
+    row.room_above = line.look == ReportLook::kLeg || line.look == ReportLook::kHeading;
+    if (line.leg > 0) row.number = line.leg;
+    rows.push_back(row);
+  }
+  list_->SetLines(lines, rows);
 }
 
 void ReportDialog::Copy() {

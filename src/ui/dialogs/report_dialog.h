@@ -21,6 +21,8 @@ class ReportDialog : public Dialog {
   TextList* list() const { return list_; }
 
  protected:
+  // Fills the list, its headings, legs and warnings told apart.
+  void SetReport(const std::vector<std::string>& lines);
   // The heading of the printed page.
   virtual std::string PrintHeading() const { return "Results"; }
   QPushButton* ok_button() const { return ok_; }
