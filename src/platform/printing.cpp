@@ -21,7 +21,7 @@ namespace {
 
 constexpr double kDefaultTabMm = 20.0;
 constexpr double kFootMm = 7.0;
-constexpr double kColumnGapMm = 8.0;
+constexpr double kColumnGapMm = 5.0;
 constexpr double kBlockGapMm = 3.0;
 
 QFont ToQFont(const PrintFont& font) {
@@ -124,6 +124,7 @@ class PageRun {
     };
     while (columns > 1 && width() < widest) --columns;
     width_ = width();
+    if (y_ > 0.0) y_ += kBlockGapMm * dots_per_mm_;
     for (std::size_t first = 0; first < item.blocks.size(); first += columns) {
       const std::size_t last = std::min(first + columns, item.blocks.size());
       double height = 0.0;

@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QPainter>
+#include <QPdfDocument>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int kSettleMs = 150;
 constexpr int kDialogMs = 300;
+constexpr double kPageScale = 1.5;
 const QColor kFrame(0x8d, 0x99, 0xa6);  // without a desktop's frame a window has no edge on paper
 
 }  // namespace
@@ -41,6 +43,26 @@ void Album::Keep(QWidget& window, const QString& name, QRect part) const {
   QTest::qWait(kSettleMs);
   Save(window, name, part);
   if (qobject_cast<QDialog*>(&window) != nullptr) window.hide();
+}
+
+void Album::KeepPage(const skerrow::PrintDocument& document, const QString& name) const {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("page.pdf").toStdString();
+  QPdfDocument pdf(nullptr);
+  if (!skerrow::Print(document, {"", path}) ||
+      pdf.load(QString::fromStdString(path)) != QPdfDocument::Error::None) {
+    std::fprintf(stderr, "not printed: %s\n", qPrintable(name));
+    return;
+  }
+  const QSize size = (pdf.pagePointSize(0) * kPageScale).toSize();
+  QImage page(size, QImage::Format_RGB32);
+  page.fill(Qt::white);
+  QPainter painter(&page);
+  painter.drawImage(0, 0, pdf.render(0, size));
+  painter.setPen(kFrame);
+  painter.drawRect(page.rect().adjusted(0, 0, -1, -1));
+  painter.end();
+  page.save(folder_ + '/' + name + ".png");
 }
 
 void Album::KeepNext(const QString& name) const {

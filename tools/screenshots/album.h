@@ -10,6 +10,7 @@
 #include "core/clock.h"
 #include "core/messages.h"
 #include "platform/clipboard.h"
+#include "platform/printing.h"
 #include "platform/settings_store.h"
 #include "ui/main/frmChart.h"
 
@@ -23,6 +24,8 @@ class Album {
   // Shows a window, keeps it as NAME.png, or NAME-night.png by night, and hides it again. A part
   // may be chosen, in the window's own pixels.
   void Keep(QWidget& window, const QString& name, QRect part = {}) const;
+  // Keeps the first page of a document as it is printed.
+  void KeepPage(const skerrow::PrintDocument& document, const QString& name) const;
   // Keeps the modal dialog that comes up next, and rejects it.
   void KeepNext(const QString& name) const;
 

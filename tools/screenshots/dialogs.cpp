@@ -23,6 +23,7 @@
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/dialogs/frmtimdat.h"
 #include "ui/forms/calc_route_form.h"
+#include "ui/forms/report_look.h"
 #include "ui/help/frmPDFReader.h"
 #include "ui/routes/frmFileDelete.h"
 #include "ui/routes/frmLoadWay.h"
@@ -73,6 +74,8 @@ void KeepPassage(const Album& album, Studio& studio) {
   results.findChild<QRadioButton*>("optTidalDetails")->setChecked(true);
   results.findChild<QCheckBox*>("chKTidalStreams")->setChecked(true);
   album.Keep(results, "frmresults-streams");
+  album.KeepPage(ReportPage("Results", RouteTitle(program), program.passage.result_lines),
+                 "results-page");
   FrmRouteInfo info(desktop, nullptr);
   album.Keep(info, "frmrouteinfo");
   FrmRouteHistory history(desktop, nullptr);

@@ -65,6 +65,8 @@ void KeepChart(const Album& album, Studio& studio) {
 }
 
 void KeepTrack(const Album& album, Studio& studio) {
+  studio.window().view().calculation_on_show = true;
+  studio.window().Changed(skerrow::kAllChanged);
   studio.Settle(kWindow);
   album.Keep(studio.window(), "frmChart-track");
   studio.Settle({1280, 720});
@@ -85,7 +87,7 @@ int main(int argc, char** argv) {
   for (const bool night : {false, true}) {
     skerrow::ApplyTheme(false);
     screenshots::Studio studio;
-    if (night) studio.window().AdjustBrightness(-10);
+    if (night) studio.window().SetNight(true);
     screenshots::KeepChart(album, studio);
     screenshots::KeepDialogs(album, studio);
     screenshots::KeepTrack(album, studio);

@@ -51,9 +51,9 @@ void FrmResults::Load() {
   const bool tidal = choices_.tidal_details->isChecked();
   choices_.every->setEnabled(tidal);
   choices_.stream_id->setEnabled(tidal);
-  list()->SetLines(
-      tidal ? StreamRows(passage, choices_.every->isChecked(), choices_.stream_id->isChecked())
-            : passage.result_lines);
+  SetReport(tidal
+                ? StreamRows(passage, choices_.every->isChecked(), choices_.stream_id->isChecked())
+                : passage.result_lines);
 }
 
 void FrmResults::done(int result) {

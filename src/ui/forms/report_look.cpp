@@ -9,13 +9,16 @@ namespace skerrow {
 namespace {
 
 constexpr int kLegLines = 6;
-constexpr int kColumns = 2;
+constexpr int kLegColumns = 2;
+constexpr int kPortColumns = 4;
 const PrintFont kPlainFont = {"", 9.0, false};
 const PrintFont kBoldFont = {"", 9.0, true};
 const PrintFont kHeadingFont = {"", 11.0, true};
 const PrintFont kTitleFont = {"", 14.0, true};
 const std::vector<double> kTabsMm = {30, 62, 94, 122, 152};
-const std::vector<double> kLegTabsMm = {16, 42};
+const PrintFont kLegFont = {"", 8.0, false};  // two legs abreast fit a page of A4
+const PrintFont kLegHeadFont = {"", 8.0, true};
+const std::vector<double> kLegTabsMm = {13, 28};
 const std::vector<double> kHeightTabsMm = {12, 26};
 
 // "05:10<tab>6.6", as the events of a port stand in a report.
@@ -44,7 +47,7 @@ PrintItem PageLine(const std::string& line, ReportLine look, bool in_leg) {
     case ReportLook::kPort:
       return PrintLine(line, kBoldFont, kTabsMm);
     case ReportLook::kLeg:
-      return PrintLine(std::to_string(look.leg) + "   " + line, kBoldFont, kLegTabsMm);
+      return PrintLine(std::to_string(look.leg) + "  " + line, kLegHeadFont, kLegTabsMm);
     case ReportLook::kHighWater:
       return PrintLine("HW\t" + line + " m", kPlainFont, kHeightTabsMm);
     case ReportLook::kLowWater:
@@ -55,7 +58,7 @@ PrintItem PageLine(const std::string& line, ReportLine look, bool in_leg) {
     case ReportLook::kNotice:
       break;
   }
-  return PrintLine(line, kPlainFont, in_leg ? kLegTabsMm : kTabsMm);
+  return in_leg ? PrintLine(line, kLegFont, kLegTabsMm) : PrintLine(line, kPlainFont, kTabsMm);
 }
 
 }  // namespace
@@ -113,11 +116,12 @@ PrintDocument ReportPage(const std::string& heading, const std::string& route,
   }
   const std::vector<ReportLine> looks = LooksOf(lines);
   std::vector<std::vector<PrintItem>> blocks;
+  ReportLook kind = ReportLook::kPlain;  // of the blocks at hand
   const auto close = [&] {
-    if (!blocks.empty()) page.items.push_back(PrintBlocks(std::move(blocks), kColumns));
+    const int columns = kind == ReportLook::kLeg ? kLegColumns : kPortColumns;
+    if (!blocks.empty()) page.items.push_back(PrintBlocks(std::move(blocks), columns));
     blocks.clear();
   };
-  ReportLook kind = ReportLook::kPlain;  // of the blocks at hand
   for (std::size_t i = 0; i < lines.size();) {
     const ReportLook look = looks[i].look;
     if (look != ReportLook::kLeg && look != ReportLook::kPort) {

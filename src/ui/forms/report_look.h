@@ -34,7 +34,7 @@ std::vector<ReportLine> LooksOf(const std::vector<std::string>& lines);
 std::string RouteTitle(const Program& program);
 
 // A report as a page: `heading` and the route's name above, the legs and the ports in blocks that
-// stay whole, two abreast where they fit, heights in metres with high and low water told, and the
+// stay whole, side by side where they fit, heights in metres with high and low water told, and the
 // name again at the foot beside the number of the page. A picture that is not empty stands above
 // the lines.
 PrintDocument ReportPage(const std::string& heading, const std::string& route,

@@ -120,7 +120,10 @@ TEST_F(PassageDialogs, ResultsSwitchCopyAndFinish) {
   Calculate();
   FrmResults form(desktop, nullptr);
   Show(form);
-  auto& list = *Find<QListWidget>(form, "lstResults");
+  auto& list = *Find<TextList>(form, "lstResults");
+  EXPECT_EQ(list.LookOf(7).number, 1) << "the first leg is numbered beside its words";
+  EXPECT_TRUE(list.LookOf(7).bold && list.LookOf(2).bold && list.LookOf(0).dim);
+  EXPECT_FALSE(list.LookOf(8).bold);
   Click(form, "cmdClipboardCopy");
   EXPECT_EQ(clipboard.Text(), JoinLines(program.passage.result_lines));
   clipboard.SetText("kept");

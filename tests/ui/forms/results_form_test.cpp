@@ -123,7 +123,7 @@ TEST(ReportLook, ThePageKeepsEveryLineInItsBlock) {
     }
   }
   ASSERT_EQ(blocks.size(), 5U);
-  EXPECT_TRUE(blocks[0].starts_with("1   Steer 203\u00b0M\t"));
+  EXPECT_TRUE(blocks[0].starts_with("1  Steer 203\u00b0M\t"));
   EXPECT_TRUE(blocks[1].ends_with("Water Track Distance 17.9nm.|"));
   EXPECT_EQ(blocks[2], "Port Name Dover|LW\t05:00\t0.9 m|HW\t10:00\t6.6 m|LW\t17:20\t0.9 m|");
   EXPECT_EQ(blocks[3], "Port Name Lone|\t05:00\t0.9 m|");
