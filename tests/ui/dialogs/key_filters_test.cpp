@@ -1,4 +1,4 @@
-#include "ui/forms/key_filters.h"
+#include "ui/widgets/key_filters.h"
 
 #include <gtest/gtest.h>
 
