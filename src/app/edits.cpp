@@ -25,11 +25,6 @@ void KeepForRecovery(Program& program, Messages& messages) {
   TellFault(program, messages, KeepRoute(program.folders, program.route));
 }
 
-void RouteReplaced(Program& program, Messages& messages) {
-  ForgetCalculation(program);
-  KeepForRecovery(program, messages);
-}
-
 // A step back or forth through the edits.
 bool StepThroughEdits(Program& program, Messages& messages,
                       RouteHistory::Moved (RouteHistory::*step)(RouteState&, TimeInForce&)) {
@@ -58,6 +53,11 @@ bool EditAt(Program& program, Messages& messages, const char* name, Position pos
 }
 
 }  // namespace
+
+void RouteReplaced(Program& program, Messages& messages) {
+  ForgetCalculation(program);
+  KeepForRecovery(program, messages);
+}
 
 bool FinishRouteEdit(Program& program, Messages& messages, const char* name, RouteState before,
                      std::optional<TimeInForce> time_before) {

@@ -39,6 +39,9 @@ auto EditRoute(Program& program, Messages& messages, const char* name, Edit edit
   }
 }
 
+// The route is another one: results go, and what is unsaved is kept for recovery.
+void RouteReplaced(Program& program, Messages& messages);
+
 // Takes the last edit back, or makes the last one taken back again. The tides follow a time that
 // came with it. False when there is none.
 bool UndoRouteEdit(Program& program, Messages& messages);

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "app/chart_change.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -34,11 +35,7 @@ void LoadProgram(Program& program, Messages& messages) {
   ShowFailure(LoadCurrentWaypoints(program.folders, program.config, program.waypoints, messages),
               messages);
   ShowFailure(ReadChartSettings(program.config, program.charts), messages);
-  FindRefPorts(program.tides, program.folders, program.config.tidal_area);
-  RebuildTides(program, messages);
-  LoadDiamonds(program.tides, program.folders, program.config.tidal_area, messages);
-  program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file);
-  ShowFailure(LoadChartIndex(program.folders, program.config, program.charts, messages), messages);
+  LoadArea(program, messages);
   program.replay_active = false;
   program.route_speed = program.config.vessel_speed;
   program.selected_time.hours = program.clock->Now().Hours();

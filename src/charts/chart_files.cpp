@@ -4,7 +4,6 @@
 #include <cmath>
 #include <filesystem>
 #include <initializer_list>
-#include <limits>
 #include <system_error>
 
 #include "core/files.h"
@@ -13,9 +12,14 @@
 namespace skerrow {
 namespace {
 
+// Two records; a maintenance tool may have left more.
+constexpr std::size_t kMaxChartFileBytes = 64 * kChartFileSize;
+
 Error Refused(const char* reason) { return Error{"", reason}; }
 
-std::string UpToNul(const std::string& text) { return Trim(text.substr(0, text.find('\0'))); }
+Error NotCalibrated(const std::string& path, const std::string& reason) {
+  return {path, "the chart is not calibrated, " + reason};
+}
 
 // What a calibration is refused for; null for a good one.
 const char* CalibrationFault(const ChartFileRecord& file) {
@@ -70,26 +74,33 @@ Result<ChartRecord> WorkOutChart(const ChartFileRecord& file) {
   chart.east_lon = static_cast<float>(
       (static_cast<double>(file.width) - file.right_pix) * chart.lon_per_col + file.upper_lon);
   // Lines that differ only beyond the precision of the worked-out values place nothing either.
-  if (!std::isnormal(chart.merc_span) || !std::isnormal(chart.row_span) ||
-      !std::isfinite(chart.west_lon) || !std::isfinite(chart.east_lon) ||
-      chart.west_lon == chart.east_lon) {
-    return Refused("the calibration lines lie too close together");
-  }
+  if (!IsCalibrated(chart)) return Refused("the calibration lines lie too close together");
   return chart;
 }
 
+bool IsCalibrated(const ChartRecord& chart) {
+  return std::isnormal(chart.merc_span) && std::isnormal(chart.row_span) &&
+         std::isnormal(chart.lat_per_row) && std::isnormal(chart.lon_per_col) &&
+         std::isfinite(chart.top_row) && std::isfinite(chart.top_merc) &&
+         std::isfinite(chart.west_lon) && std::isfinite(chart.east_lon) &&
+         chart.west_lon != chart.east_lon;
+}
+
+std::string CalibrationFile(std::string_view chart_path) { return NativePath(chart_path) + ".cht"; }
+
 Status ReadChartSettings(AppConfig& config, ChartState& state) {
   config.chart_path = Trim(config.chart_path);
-  const std::string path = NativePath(config.chart_path) + ".cht";
-  if (!FileReadable(path)) {
+  const std::string path = CalibrationFile(config.chart_path);
+  const Result<std::string> content = ReadFile(path, kMaxChartFileBytes);
+  if (!content && !FileReadable(path)) {
     return Error{"", "Does not exist in Mod. ReadChartSettings\n" + path};
   }
-  const Result<std::string> content = ReadFile(path);
   if (!content) return content.error();
+  if (content->empty()) return NotCalibrated(path, "the file is empty");
   ChartFileRecord file = state.chart.file;
   DecodeRecord(*content, kChartFileFields, file);
   const Result<ChartRecord> chart = WorkOutChart(file);
-  if (!chart) return Error{path, chart.error().reason};
+  if (!chart) return NotCalibrated(path, chart.error().reason);
   state.chart = *chart;
   state.history.push_back(config.chart_path);
   return Done{};
@@ -102,22 +113,11 @@ Status LoadChartIndex(const Folders& folders, AppConfig& config, ChartState& sta
   const std::string path = JoinPath(folders.Charts(), config.sea_area + ".xrf");
   std::error_code error;
   if (!std::filesystem::exists(path, error)) return Done{};
-  const Result<std::string> content = ReadFile(path);
-  if (!content) return content.error();
-  const std::size_t whole = content->size() / kChartIndexSize * kChartIndexSize;
-  Result<std::vector<ChartIndexEntry>> entries =
-      DecodeRecords(std::string_view(*content).substr(0, whole), path, kChartIndexFields);
-  if (!entries) return entries.error();
-  for (ChartIndexEntry& entry : entries.value()) {
-    entry.chart_key = UpToNul(entry.chart_key);
-    entry.title = UpToNul(entry.title);
-  }
-  state.index = std::move(entries.value());
-  while (!state.index.empty() && state.index.back().title.empty()) state.index.pop_back();
-  if (whole != content->size()) {
-    messages.Show(Error{path, "the last chart of the index is cut short and left out"}.Text(),
-                  MessageIcon::kWarning);
-  }
+  const Result<RecordFile<ChartIndexEntry>> file = ReadRecords(path, kChartIndexFields);
+  if (!file) return file.error();
+  state.index = file->Sound();
+  while (!state.index.empty() && Trim(state.index.back().title).empty()) state.index.pop_back();
+  TellLeftOut(path, file->left_out, messages);
   return Done{};
 }
 
@@ -127,12 +127,9 @@ bool ChartContains(Position position, const ChartIndexEntry& entry) {
 }
 
 void SortChartsByScale(std::vector<ChartIndexEntry>& charts) {
-  const auto order = [](const ChartIndexEntry& entry) {
-    return std::isnan(entry.scale) ? std::numeric_limits<float>::infinity() : entry.scale;
-  };
   std::stable_sort(
       charts.begin(), charts.end(),
-      [&](const ChartIndexEntry& a, const ChartIndexEntry& b) { return order(a) < order(b); });
+      [](const ChartIndexEntry& a, const ChartIndexEntry& b) { return a.scale < b.scale; });
 }
 
 void ChartsAtPoint(Position position, ChartState& state) {

@@ -59,7 +59,7 @@ inline constexpr std::array<RecordField<ChartFileRecord>, 15> kChartFileFields =
     {44, 4, FieldType::kFloat, "Spare2", &ChartFileRecord::spare2, "carried unchanged"},
     {48, 4, FieldType::kFloat, "Width", &ChartFileRecord::width, "image width, pixels"},
     {52, 4, FieldType::kFloat, "Height", &ChartFileRecord::height, "image height, pixels"},
-    {56, 8, FieldType::kText, "Spare3", &ChartFileRecord::spare3, "carried unchanged"},
+    {56, 8, FieldType::kRawText, "Spare3", &ChartFileRecord::spare3, "carried unchanged"},
 }};
 static_assert(IsPacked(kChartFileFields, kChartFileSize));
 
@@ -109,8 +109,8 @@ inline constexpr std::array<RecordField<ChartIndexEntry>, 9> kChartIndexFields =
     {88, 4, FieldType::kFloat, "LowerLon", &ChartIndexEntry::lower_lon, "western border"},
     {92, 4, FieldType::kFloat, "UpperLat", &ChartIndexEntry::upper_lat, "northern border"},
     {96, 4, FieldType::kFloat, "UpperLon", &ChartIndexEntry::upper_lon, "eastern border"},
-    {100, 1, FieldType::kText, "Flag1", &ChartIndexEntry::flag1, "carried unchanged"},
-    {101, 1, FieldType::kText, "Flag2", &ChartIndexEntry::flag2, "carried unchanged"},
+    {100, 1, FieldType::kRawText, "Flag1", &ChartIndexEntry::flag1, "carried unchanged"},
+    {101, 1, FieldType::kRawText, "Flag2", &ChartIndexEntry::flag2, "carried unchanged"},
 }};
 static_assert(IsPacked(kChartIndexFields, kChartIndexSize));
 
@@ -130,16 +130,24 @@ std::string ChartPathOf(const Folders& folders, std::string_view chart_key);
 // degrees, no width.
 Result<ChartRecord> WorkOutChart(const ChartFileRecord& file);
 
+// Whether a calibration places anything: its values are finite and its spans are not zero. One that
+// no chart has been read into doesn't.
+bool IsCalibrated(const ChartRecord& chart);
+
+// The file that holds the calibration of a chart.
+std::string CalibrationFile(std::string_view chart_path);
+
 // Reads the settings of the chart of ChartPath, trimming that field, and adds the path to the
 // history. Fields beyond the end of a short file keep what the record held. Errors, with record
 // and history as they were: "Does not exist in Mod. ReadChartSettings" and the path on a new line;
-// an unreadable file; a calibration that WorkOutChart refuses.
+// an unreadable file; "the chart is not calibrated" with the reason, for an empty file and for one
+// that WorkOutChart refuses.
 Status ReadChartSettings(AppConfig& config, ChartState& state);
 
 // Reads the index of the sea area of `config`, trimming that field. Titles and keys end at their
 // first NUL; entries without a title at the end of the file are dropped. A missing file gives an
-// empty index. Of a file that is no whole number of records the last part is left out, and a
-// message says so. Error, with an empty index: a file that cannot be read.
+// empty index. Broken records are left out, and a message says so. Error, with an empty index: a
+// file that cannot be read.
 Status LoadChartIndex(const Folders& folders, AppConfig& config, ChartState& state,
                       Messages& messages);
 
@@ -147,7 +155,7 @@ Status LoadChartIndex(const Folders& folders, AppConfig& config, ChartState& sta
 bool ChartContains(Position position, const ChartIndexEntry& entry);
 
 // Sorts ascending by scale; equal scales keep the order of the index, so that the choice between
-// them does not change from run to run. A scale that is no number comes last.
+// them does not change from run to run.
 void SortChartsByScale(std::vector<ChartIndexEntry>& charts);
 
 // Refills the charts at a point, the most detailed one first.

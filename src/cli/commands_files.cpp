@@ -90,7 +90,7 @@ Outcome ListWaypoints(Session& session, const std::string& file) {
       return Failed(made.error());
     }
   }
-  const Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path);
+  const Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path, session.messages);
   if (!waypoints) return Failed(waypoints.error());
   Answer answer;
   Json list = Json::array();

@@ -157,6 +157,7 @@ Outcome SolveLeg(Session& session, const LegWords& words) {
     session.messages.Show(StreamFaultText("CalculateTidalStreams"), MessageIcon::kWarning,
                           kProgramTitle);
   }
+  ShowNoTide(session.program.tides, leg.gaps.diamonds, session.messages);
   Answer answer;
   answer.json = LegJson(leg.result, leg.achieved);
   answer.json["track"] = TrackJson(leg.track);

@@ -17,7 +17,7 @@ std::string Metres(float height) { return FormatFixed(height, 1, 1) + " m"; }
 
 // 1-based position of a port by its number or its name (case does not matter); 0 when there is
 // none. The start of a name will do when only one port has it.
-int FindPort(const std::vector<Port>& ports, const std::string& wanted) {
+int FindPort(const std::vector<std::optional<Port>>& ports, const std::string& wanted) {
   if (const Result<int> number = ParseWhole(wanted, "port", 1, INT16_MAX)) {
     return static_cast<std::size_t>(*number) <= ports.size() ? *number : 0;
   }
@@ -25,7 +25,8 @@ int FindPort(const std::vector<Port>& ports, const std::string& wanted) {
   int beginning = 0;
   int matches = 0;
   for (std::size_t i = 0; i < ports.size(); ++i) {
-    const std::string name = ToLowerAscii(Trim(ports[i].name));
+    if (!ports[i]) continue;
+    const std::string name = ToLowerAscii(Trim(ports[i]->name));
     if (name == lower) return static_cast<int>(i) + 1;
     if (name.starts_with(lower)) {
       beginning = static_cast<int>(i) + 1;
@@ -100,12 +101,19 @@ Outcome ShowTide(Session& session, const std::string& port, const std::string& d
   const std::string path =
       Session::FindFile(file.empty() ? Trim(program.config.tidal_port_file) : file,
                         {program.folders.TidalStreams(), program.folders.program});
-  const Result<std::vector<Port>> ports = ReadRecords(path, kPortFields);
+  const Result<RecordFile<Port>> ports = ReadRecords(path, kPortFields);
   if (!ports) return Failed(ports.error());
-  const int number = FindPort(*ports, port);
-  if (number == 0) return Failed({path, "there is no port \"" + port + "\""});
-  const Port& found = (*ports)[static_cast<std::size_t>(number - 1)];
-  if (!IsSound(found)) return Failed({path, "the constants of this port are damaged"});
+  const int number = FindPort(ports->records, port);
+  if (number == 0) {
+    // Why there is none may be that its record is one of those left out.
+    const std::string left_out = LeftOutText("", ports->left_out);
+    return Failed({path, "there is no port \"" + port + "\"" +
+                             (left_out.empty() ? "" : " (" + left_out + ")")});
+  }
+  const std::optional<Port>& record = ports->records[static_cast<std::size_t>(number - 1)];
+  if (!record) return Failed({path, "the record of this port is damaged"});
+  TellLeftOut(path, ports->left_out, session.messages);
+  const Port& found = *record;
   SetDay(program.selected_time, *day);
   const TideCurve tide = PredictHeights(found, day->day, program.selected_time.month, day->year,
                                         program.config.summer_time != 0);
@@ -221,6 +229,11 @@ Outcome ShowStream(Session& session, const std::string& latitude, const std::str
                   ", hour slot " + std::to_string(reading.dep_slot) + ", Mins left in Slot " +
                   std::to_string(reading.mins_left) + ", Days Range " + Metres(reading.days_range) +
                   "\n";
+  } else if (reading.no_tide >= 0) {
+    answer.text =
+        "no tidal stream is known: " + NoTideText(session.program.tides, {reading.no_tide}) + "\n";
+  } else if (session.program.tides.diamonds.empty()) {
+    answer.text = "no tidal stream is known: there are no tidal diamonds\n";
   } else {
     answer.text = "no tidal stream is known within " + FormatFixed(kDiamondReach, 1, 0) +
                   " nm of this place\n";

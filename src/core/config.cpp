@@ -108,6 +108,21 @@ struct SetMember {
   }
 };
 
+// Writes a copy of the settings to `path`; an earlier and different one there gets a number first.
+Status KeepCopy(const std::string& path, const std::string& content) {
+  if (FileIsThere(path)) {
+    const Result<std::string> earlier = ReadFile(path);
+    if (earlier && *earlier == content) return Done{};
+    const std::string stem = path.substr(0, path.rfind('.'));
+    int number = 1;
+    while (FileIsThere(stem + "-" + std::to_string(number) + ".bak")) ++number;
+    if (Status moved = MoveFile(path, stem + "-" + std::to_string(number) + ".bak"); !moved) {
+      return moved;
+    }
+  }
+  return ReplaceFile(path, content);
+}
+
 }  // namespace
 
 AppConfig DefaultConfig(const std::string& program_folder) {
@@ -122,6 +137,21 @@ bool WriteDefaultConfig(const Folders& folders, Messages& messages) {
   if (SaveConfig(folders, DefaultConfig(folders.program))) return true;
   messages.Show("Unable to create a configuration file.", MessageIcon::kWarning);
   return false;
+}
+
+Result<std::string> RestoreDefaultConfig(const Folders& folders) {
+  const std::string path = folders.ConfigFile();
+  const std::string defaults = EncodeRecord(DefaultConfig(folders.program), kAppConfigFields);
+  std::string copy;
+  if (FileIsThere(path)) {
+    const Result<std::string> stored = ReadFile(path);
+    if (!stored) return stored.error();
+    if (*stored == defaults) return std::string();
+    copy = JoinPath(folders.SettingsData(), "HelmConfig.bak");
+    if (const Status kept = KeepCopy(copy, *stored); !kept) return kept.error();
+  }
+  if (const Status written = ReplaceFile(path, defaults); !written) return written.error();
+  return copy;
 }
 
 Status ReadConfig(const Folders& folders, AppConfig& config) {

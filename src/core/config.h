@@ -142,9 +142,9 @@ inline constexpr std::array<RecordField<AppConfig>, 100> kAppConfigFields = {{
      "GPS type index as digits; see GpsBaudCode"},
     {1152, 512, FieldType::kText, "TextFolder", &AppConfig::text_folder,
      "folder last used for text export and import"},
-    {1664, 128, FieldType::kText, "Reserved1", &AppConfig::reserved1, "not used"},
-    {1792, 128, FieldType::kText, "Reserved2", &AppConfig::reserved2, "not used"},
-    {1920, 128, FieldType::kText, "Reserved3", &AppConfig::reserved3, "not used"},
+    {1664, 128, FieldType::kRawText, "Reserved1", &AppConfig::reserved1, "not used"},
+    {1792, 128, FieldType::kRawText, "Reserved2", &AppConfig::reserved2, "not used"},
+    {1920, 128, FieldType::kRawText, "Reserved3", &AppConfig::reserved3, "not used"},
     {2048, 256, FieldType::kText, "TidalPortFile", &AppConfig::tidal_port_file,
      "harmonic constants file of the current area, in /TS/"},
     {2304, 128, FieldType::kText, "TidePortName", &AppConfig::tide_port_name,
@@ -292,6 +292,13 @@ AppConfig DefaultConfig(const std::string& program_folder);
 // Writes the defaults over the stored file. A failure shows "Unable to create a configuration
 // file." and gives false.
 bool WriteDefaultConfig(const Folders& folders, Messages& messages);
+
+// Puts the defaults in the place of the stored settings, which are first copied to HelmConfig.bak
+// beside them; an earlier HelmConfig.bak that differs goes on to HelmConfig-1.bak, or the next free
+// number, so that no copy is ever written over. Gives the path of the copy; it is empty where there
+// was nothing to lose, no settings or the defaults. Error, with the settings as they were: they
+// cannot be read, copied or written.
+Result<std::string> RestoreDefaultConfig(const Folders& folders);
 
 // Reads the stored record over `config`. A short file leaves the fields beyond its end as they
 // were; an unreadable one leaves all and gives the error.

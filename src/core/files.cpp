@@ -1,14 +1,11 @@
 #include "core/files.h"
 
 #include <atomic>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <filesystem>
-#include <memory>
 #include <random>
 #include <system_error>
 
+#include "core/system_file.h"
 #include "core/text.h"
 
 namespace skerrow {
@@ -16,35 +13,45 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
+constexpr std::string_view kNewFileEnding = ".new";
 
 bool IsSeparator(char c) { return c == '/' || c == '\\'; }
-
-std::string Reason(int error_number) {
-  return std::error_code(error_number, std::generic_category()).message();
-}
 
 // A name beside `path` that no other writer, in this process or another, is using.
 std::string NameBeside(const std::string& path) {
   static std::atomic<unsigned> counter{0};
   static const unsigned process_mark = std::random_device{}();
-  return path + "." + std::to_string(process_mark) + "-" + std::to_string(counter++) + ".new";
+  return path + "." + std::to_string(process_mark) + "-" + std::to_string(counter++) +
+         std::string(kNewFileEnding);
 }
 
-bool WriteAndClose(File file, std::string_view content, int& error_number) {
-  errno = 0;
-  bool good = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
-  good = std::fflush(file.get()) == 0 && good;
-  if (!good) error_number = errno;
-  // Closing can be the moment at which a full disk shows.
-  if (std::fclose(file.release()) != 0 && good) {
-    error_number = errno;
-    good = false;
+bool EndsWithNumber(std::string_view& text) {
+  const std::size_t digits = text.size() - 1 - text.find_last_not_of("0123456789");
+  text.remove_suffix(digits);
+  return digits > 0;
+}
+
+// Whether NameBeside gave this name: "something.123-4.new".
+bool IsNameBeside(std::string_view name) {
+  if (!name.ends_with(kNewFileEnding)) return false;
+  name.remove_suffix(kNewFileEnding.size());
+  if (!EndsWithNumber(name) || !name.ends_with('-')) return false;
+  name.remove_suffix(1);
+  return EndsWithNumber(name) && name.ends_with('.') && name.size() > 1;
+}
+
+// Writes all of the new file, with the rights of the old one, and flushes it.
+Status WriteWhole(const SystemFile& file, std::string_view content, const fs::file_status& old) {
+  if (Status written = file.Write(content); !written) return written;
+  if (fs::exists(old)) {
+    fs::perms rights = old.permissions();
+    // Rights that keep the owner out of the old file would keep him out of the new one.
+    if ((rights & fs::perms::owner_read) == fs::perms::none) {
+      rights |= fs::perms::owner_read | fs::perms::owner_write;
+    }
+    file.SetMode(static_cast<unsigned>(rights));
   }
-  return good;
+  return file.Sync();
 }
 
 }  // namespace
@@ -74,29 +81,12 @@ std::string FolderOf(std::string_view path) {
   return std::string(path.substr(0, at));
 }
 
-bool FileReadable(const std::string& path) {
-  std::error_code error;
-  if (fs::is_directory(path, error)) return false;
-  return File(std::fopen(path.c_str(), "rb")) != nullptr;
-}
+bool FileReadable(const std::string& path) { return SystemFile::OpenForReading(path).ok(); }
 
 Result<std::string> ReadFile(const std::string& path, std::size_t max_size) {
-  std::error_code error;
-  const fs::file_status status = fs::status(path, error);
-  if (!fs::exists(status)) return Error{path, "the file does not exist"};
-  if (!fs::is_regular_file(status)) return Error{path, "this is not a file"};
-  const File file(std::fopen(path.c_str(), "rb"));
-  if (!file) return Error{path, Reason(errno)};
-  std::string content;
-  char buffer[16384];
-  for (;;) {
-    const std::size_t got = std::fread(buffer, 1, sizeof buffer, file.get());
-    content.append(buffer, got);
-    if (content.size() > max_size) return Error{path, "the file is too large"};
-    if (got < sizeof buffer) break;
-  }
-  if (std::ferror(file.get()) != 0) return Error{path, "the file could not be read"};
-  return content;
+  const Result<SystemFile> file = SystemFile::OpenForReading(path);
+  if (!file) return file.error();
+  return file->ReadRest(max_size);
 }
 
 Status ReplaceFile(const std::string& path, std::string_view content) {
@@ -104,32 +94,60 @@ Status ReplaceFile(const std::string& path, std::string_view content) {
   std::error_code error;
   std::string target = path;
   if (fs::is_symlink(path, error)) target = fs::weakly_canonical(path, error).string();
-  const std::string fresh = NameBeside(target);
-  File file(std::fopen(fresh.c_str(), "wbx"));
-  if (!file) return Error{path, Reason(errno)};
-  int error_number = 0;
-  if (!WriteAndClose(std::move(file), content, error_number)) {
-    fs::remove(fresh, error);
-    return Error{path, Reason(error_number)};
-  }
   const fs::file_status old = fs::status(target, error);
-  if (fs::exists(old)) fs::permissions(fresh, old.permissions(), error);
+  if (fs::exists(old) && !fs::is_regular_file(old)) return Error{path, "this is not a file"};
+  const std::string fresh = NameBeside(target);
+  // It stays open, and so locked against ClearLeftovers, until it has its own name.
+  const Result<SystemFile> file = SystemFile::CreateNew(fresh);
+  if (!file) return Error{path, file.error().reason};
+  if (const Status written = WriteWhole(*file, content, old); !written) {
+    fs::remove(fresh, error);
+    return Error{path, written.error().reason};
+  }
   fs::rename(fresh, target, error);
   if (error) {
     const std::string reason = error.message();
     fs::remove(fresh, error);
     return Error{path, reason};
   }
+  if (const Status kept = SystemFile::SyncFolder(FolderOf(target)); !kept) {
+    return Error{path, kept.error().reason};
+  }
   return Done{};
 }
 
-Status AppendToFile(const std::string& path, std::string_view content) {
-  File file(std::fopen(path.c_str(), "ab"));
-  if (!file) return Error{path, Reason(errno)};
-  int error_number = 0;
-  if (!WriteAndClose(std::move(file), content, error_number)) {
-    return Error{path, Reason(error_number)};
+int ClearLeftovers(const std::string& folder) {
+  std::error_code error;
+  int cleared = 0;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string path = entry->path().string();
+    std::error_code ignored;
+    if (IsNameBeside(FileNameOf(path)) &&
+        entry->symlink_status(ignored).type() == fs::file_type::regular &&
+        SystemFile::IsAbandoned(path) && fs::remove(path, ignored)) {
+      ++cleared;
+    }
   }
+  return cleared;
+}
+
+Status AppendToFile(const std::string& path, std::string_view content) {
+  const Result<SystemFile> file = SystemFile::OpenForAppending(path);
+  if (!file) return file.error();
+  return file->Write(content);
+}
+
+bool FileIsThere(const std::string& path) {
+  std::error_code error;
+  return fs::symlink_status(path, error).type() != fs::file_type::not_found;
+}
+
+Status MoveFile(const std::string& from, const std::string& to) {
+  if (FileIsThere(to)) return Error{to, "there is a file of that name already"};
+  std::error_code error;
+  fs::rename(from, to, error);
+  if (error) return Error{from, error.message()};
   return Done{};
 }
 

@@ -26,18 +26,32 @@ std::string FileNameOf(std::string_view path);
 // The path without its last element and the separator before it.
 std::string FolderOf(std::string_view path);
 
-// Whether `path` can be opened for reading as a file.
+// Whether `path` can be opened for reading and is a regular file. Like every function here, it
+// never waits for a pipe or a device in a file's place.
 bool FileReadable(const std::string& path);
 
 // The whole content of a file. Errors: missing, not a file, unreadable, over `max_size` bytes.
 Result<std::string> ReadFile(const std::string& path, std::size_t max_size = kMaxRecordFileSize);
 
 // Replaces the file at `path` (or creates it) with `content`: writes a new file beside it, flushes
-// and renames. On any failure the file at `path` is as it was and nothing is left beside it.
+// it to the disk, renames it and flushes the folder. The new file has the rights of the old one,
+// but none that would keep its owner from reading it. On any failure before the rename the file at
+// `path` is as it was and nothing is left beside it. Error: something else than a file stands
+// there.
 Status ReplaceFile(const std::string& path, std::string_view content);
+
+// Removes the new files that a ReplaceFile in `folder` left behind when it was killed; those that
+// another process is writing stay. Gives their number.
+int ClearLeftovers(const std::string& folder);
 
 // Adds `content` at the end of the file at `path`, creating it when missing.
 Status AppendToFile(const std::string& path, std::string_view content);
+
+// Whether anything stands at `path`, readable or not.
+bool FileIsThere(const std::string& path);
+
+// Gives a file another name in the same folder. Error: something stands there already.
+Status MoveFile(const std::string& from, const std::string& to);
 
 // Deletes a file; a missing one is no error.
 Status DeleteFile(const std::string& path);

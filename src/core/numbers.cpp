@@ -4,7 +4,6 @@
 #include <cfloat>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 
 namespace skerrow {
@@ -80,12 +79,11 @@ double TextToNumber(std::string_view text) {
 std::string FormatFixed(double value, int integer_digits, int decimals) {
   if (!std::isfinite(value)) value = 0.0;
   // 60 decimals tell a tie from its neighbours: a double with a digit there is no tie before it.
+  // The largest double has 309 digits before the point.
   char buffer[400];
-  const int length = std::snprintf(buffer, sizeof buffer, "%.60f", std::fabs(value));
-  std::string digits(buffer, static_cast<std::size_t>(length));
-  for (char& c : digits) {
-    if (c == ',') c = '.';
-  }
+  const auto printed =
+      std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::fixed, 60);
+  std::string digits(buffer, printed.ptr);
   const std::size_t point = digits.find('.');
   const bool up = digits[point + 1 + static_cast<std::size_t>(decimals)] >= '5';
   digits.resize(point + 1 + static_cast<std::size_t>(decimals));

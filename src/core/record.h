@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,6 +14,7 @@
 #include <vector>
 
 #include "core/files.h"
+#include "core/messages.h"
 #include "core/numbers.h"
 #include "core/result.h"
 #include "core/text.h"
@@ -21,7 +24,19 @@
 // check and the documentation come from that table.
 namespace skerrow {
 
-enum class FieldType { kText, kInt16, kBool16, kInt32, kColour, kFloat, kInt16Array, kFloatArray };
+// A text ends at its first NUL or at the blanks that pad it; a raw text keeps every byte, for
+// fields that are only carried along.
+enum class FieldType {
+  kText,
+  kRawText,
+  kInt16,
+  kBool16,
+  kInt32,
+  kColour,
+  kFloat,
+  kInt16Array,
+  kFloatArray
+};
 
 // The name of a field type as documentation and the command line show it.
 std::string FieldTypeName(FieldType type, std::size_t size);
@@ -139,7 +154,9 @@ void DecodeRecord(std::string_view data, const std::array<RecordField<R>, N>& ta
           auto& value = record.*member;
           using V = std::decay_t<decltype(value)>;
           if constexpr (std::is_same_v<V, std::string>) {
-            value = FromAnsi(TrimRight(data.substr(field.offset, field.size)));
+            std::string_view text = data.substr(field.offset, field.size);
+            if (field.type == FieldType::kText) text = text.substr(0, text.find('\0'));
+            value = FromAnsi(TrimRight(text));
           } else if constexpr (std::is_same_v<V, std::int16_t>) {
             value = static_cast<std::int16_t>(bytes::Get16(data, field.offset));
           } else if constexpr (std::is_same_v<V, std::int32_t>) {
@@ -164,24 +181,91 @@ void DecodeRecord(std::string_view data, const std::array<RecordField<R>, N>& ta
 // than the 16-bit record numbers can count is refused by ReadRecords.
 std::int64_t RecordCount(std::size_t file_size, std::size_t record_size);
 
-// All records of `content`. A last record cut short has blanks and zeros where it ends.
+// The name of the first field of `record` that holds a number that is none or infinite; null when
+// all are finite. Such a record is damaged: no reader uses it and no writer writes it.
 template <typename R, std::size_t N>
-Result<std::vector<R>> DecodeRecords(std::string_view content, const std::string& path,
-                                     const std::array<RecordField<R>, N>& table) {
-  const std::size_t size = table.back().offset + table.back().size;
-  const std::int64_t count = RecordCount(content.size(), size);
-  if (count > INT16_MAX) return Error{path, "the file holds too many records"};
-  std::vector<R> records(static_cast<std::size_t>(count));
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    DecodeRecord(content.substr(i * size), table, records[i]);
+const char* DamagedField(const R& record, const std::array<RecordField<R>, N>& table) {
+  for (const auto& field : table) {
+    const bool finite = std::visit(
+        [&](auto member) {
+          const auto& value = record.*member;
+          using V = std::decay_t<decltype(value)>;
+          if constexpr (std::is_same_v<V, float>) {
+            return std::isfinite(value);
+          } else if constexpr (std::is_same_v<V, std::array<float, 12>> ||
+                               std::is_same_v<V, std::array<float, 14>>) {
+            return std::all_of(value.begin(), value.end(),
+                               [](float f) { return std::isfinite(f); });
+          } else {
+            return true;
+          }
+        },
+        field.member);
+    if (!finite) return field.name;
   }
-  return records;
+  return nullptr;
+}
+
+// What a reader left out of a file of records.
+struct LeftOut {
+  std::size_t damaged = 0;      // whole records with a damaged field
+  std::size_t cut_bytes = 0;    // bytes there are of a last record that is cut short
+  std::size_t record_size = 0;  // bytes of a whole one
+
+  bool Any() const { return damaged > 0 || cut_bytes > 0; }
+};
+
+// "path: 2 damaged records are left out" and the like; empty when nothing is.
+std::string LeftOutText(const std::string& path, const LeftOut& left_out);
+
+// Shows that text, when there is any.
+void TellLeftOut(const std::string& path, const LeftOut& left_out, Messages& messages);
+
+// The records of a file by their position in it, which is the number that others know a record by:
+// a damaged one leaves its place empty. One that is cut short at the end of the file has no place.
+template <typename R>
+struct RecordFile {
+  std::vector<std::optional<R>> records;
+  LeftOut left_out;
+
+  // Those that can be used, in file order.
+  std::vector<R> Sound() const {
+    std::vector<R> sound;
+    for (const auto& record : records) {
+      if (record) sound.push_back(*record);
+    }
+    return sound;
+  }
+};
+
+// All records of `content`, the file at `path`. Error: more than a 16-bit number counts.
+template <typename R, std::size_t N>
+Result<RecordFile<R>> DecodeRecords(std::string_view content, const std::string& path,
+                                    const std::array<RecordField<R>, N>& table) {
+  const std::size_t size = table.back().offset + table.back().size;
+  if (RecordCount(content.size(), size) > INT16_MAX) {
+    return Error{path, "the file holds too many records"};
+  }
+  RecordFile<R> file;
+  file.left_out.record_size = size;
+  file.left_out.cut_bytes = content.size() % size;
+  file.records.resize(content.size() / size);
+  for (std::size_t i = 0; i < file.records.size(); ++i) {
+    R record;
+    DecodeRecord(content.substr(i * size, size), table, record);
+    if (DamagedField(record, table) == nullptr) {
+      file.records[i] = std::move(record);
+    } else {
+      ++file.left_out.damaged;
+    }
+  }
+  return file;
 }
 
 // Reads a whole file of records.
 template <typename R, std::size_t N>
-Result<std::vector<R>> ReadRecords(const std::string& path,
-                                   const std::array<RecordField<R>, N>& table) {
+Result<RecordFile<R>> ReadRecords(const std::string& path,
+                                  const std::array<RecordField<R>, N>& table) {
   const Result<std::string> content = ReadFile(path);
   if (!content) return content.error();
   return DecodeRecords(*content, path, table);
@@ -193,6 +277,28 @@ std::string EncodeRecords(std::span<const R> records, const std::array<RecordFie
   std::string out;
   for (const R& record : records) out += EncodeRecord(record, table);
   return out;
+}
+
+// Refuses records that hold a number that is none: such a record could not be read again.
+template <typename R, std::size_t N>
+Status CheckRecords(const std::string& path, std::span<const R> records,
+                    const std::array<RecordField<R>, N>& table) {
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    if (const char* field = DamagedField(records[i], table)) {
+      return Error{path, "nothing is written, the " + std::string(field) + " of record " +
+                             std::to_string(i + 1) + " is no number"};
+    }
+  }
+  return Done{};
+}
+
+// Replaces the file at `path` by a run of records. Errors, with the file as it was: those of
+// CheckRecords and ReplaceFile.
+template <typename R, std::size_t N>
+Status WriteRecords(const std::string& path, std::span<const R> records,
+                    const std::array<RecordField<R>, N>& table) {
+  if (Status sound = CheckRecords(path, records, table); !sound) return sound;
+  return ReplaceFile(path, EncodeRecords(records, table));
 }
 
 // The table as rows of Markdown: offset, size, type, name, meaning.

@@ -99,8 +99,18 @@ LegSolver::Pass LegSolver::CalcLegPass(const LegRequest& leg, float time_step, f
   return pass;
 }
 
+void LegSolver::FindGaps() {
+  for (int i = 1; i <= last_.best_step; ++i) {
+    const std::int32_t diamond = steps_[static_cast<std::size_t>(i)].stream.no_tide;
+    if (diamond < 0) continue;
+    ++gaps_.steps;
+    AddDiamonds({diamond}, gaps_.diamonds);
+  }
+}
+
 LegResult LegSolver::CalcResultOnly(const LegRequest& leg, const LegSettings& settings) {
   fault_ = StreamFault::kNone;
+  gaps_ = {};
   achieved_ = false;
   last_ = {};
   LegResult result;
@@ -120,6 +130,7 @@ LegResult LegSolver::CalcResultOnly(const LegRequest& leg, const LegSettings& se
     last_ = CalcLegPass(leg, time_step, heading);
     heading = last_.new_heading;
   }
+  FindGaps();
   const Step& best = steps_[static_cast<std::size_t>(last_.best_step)];
   const float run = RangeOnly(leg.start, best.track.position);
   result.course_to_steer = heading;
@@ -139,6 +150,7 @@ LegSolution LegSolver::CalcCourseToSteer(const LegRequest& leg, const LegSetting
   solution.result = CalcResultOnly(leg, settings);
   solution.achieved = achieved_;
   solution.fault = fault_;
+  solution.gaps = gaps_;
   solution.no_passes = last_.steps == 0;
   if (solution.no_passes) return solution;
   const auto steps = static_cast<std::size_t>(last_.steps);
@@ -152,6 +164,14 @@ LegSolution LegSolver::CalcCourseToSteer(const LegRequest& leg, const LegSetting
                                 StreamLabel(reader_.state(), step.stream)});
   }
   return solution;
+}
+
+void AddDiamonds(const std::vector<std::int32_t>& more, std::vector<std::int32_t>& diamonds) {
+  for (const std::int32_t diamond : more) {
+    if (std::find(diamonds.begin(), diamonds.end(), diamond) == diamonds.end()) {
+      diamonds.push_back(diamond);
+    }
+  }
 }
 
 void AppendLeg(const LegSolution& leg, std::vector<TrackPoint>& track,

@@ -57,6 +57,13 @@ struct LegSettings {
 };
 LegSettings LegSettingsOf(const AppConfig& config);
 
+// The steps of a track to whose place no stream is known, since the reference port of the nearest
+// diamond had no high water near their time. They are sailed as if there were none.
+struct StreamGaps {
+  int steps = 0;
+  std::vector<std::int32_t> diamonds;  // indices in TideState::diamonds, each once
+};
+
 // Everything a leg leaves behind.
 struct LegSolution {
   LegResult result;
@@ -66,6 +73,7 @@ struct LegSolution {
   std::vector<Position> drift;        // TideDrift: one a step, from the start, to the last step
   bool no_passes = false;             // start and destination are the same
   StreamFault fault = StreamFault::kNone;
+  StreamGaps gaps;  // of `track`
 };
 
 // The workings of a pass, kept between legs so that none allocates. Entry i of an array belongs to
@@ -82,6 +90,8 @@ class LegSolver {
 
   // Equal spring and neap ranges met since the last call of CalcCourseToSteer or CalcResultOnly.
   StreamFault fault() const { return fault_; }
+  // Of the track that the last of these calls found.
+  const StreamGaps& gaps() const { return gaps_; }
   bool achieved() const { return achieved_; }
 
  private:
@@ -95,6 +105,7 @@ class LegSolver {
     int steps = 0;
   };
   Pass CalcLegPass(const LegRequest& leg, float time_step, float heading);
+  void FindGaps();
 
   struct Step {
     TrackPoint track;
@@ -108,8 +119,12 @@ class LegSolver {
   std::vector<Step> steps_ = std::vector<Step>(kMaxSteps + 1);
   Pass last_;
   StreamFault fault_ = StreamFault::kNone;
+  StreamGaps gaps_;
   bool achieved_ = false;
 };
+
+// Adds the diamonds of `more` that `diamonds` does not hold yet.
+void AddDiamonds(const std::vector<std::int32_t>& more, std::vector<std::int32_t>& diamonds);
 
 // Lays a leg's track and streams behind those of the legs before: the track's first point takes
 // the place of the last one's end. `track` and `streams` are RouteTrack and RouteStreams.

@@ -24,6 +24,7 @@ struct Departure {
   DayAndYear arrival_date;
   std::vector<std::int16_t> steps;
   StreamFault fault = StreamFault::kNone;
+  std::vector<std::int32_t> no_tide;  // diamonds
 };
 
 Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points, int hour,
@@ -37,6 +38,7 @@ Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
         {point.At(), point.Next(), point.speed, departure.arrival_hours, departure.arrival_date},
         settings);
     if (solver.fault() != StreamFault::kNone) departure.fault = solver.fault();
+    AddDiamonds(solver.gaps().diamonds, departure.no_tide);
     departure.ground_distance += leg.track_distance;
     departure.total_hours += leg.passage_time;
     departure.steps.push_back(leg.steps);
@@ -133,9 +135,11 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
   passage.optimum_times.clear();
   passage.optimum_start_hour = static_cast<float>(request.slot.first_hour);
   bool fault = false;
+  std::vector<std::int32_t> no_tide;
   int hour = request.slot.first_hour;
   for (const Departure& departure : departures) {
     fault = fault || departure.fault != StreamFault::kNone;
+    AddDiamonds(departure.no_tide, no_tide);
     passage.optimum_times.push_back(departure.total_hours);
     const std::string line = TableLine(departure, hour++, request.date, distance, last_speed);
     lines.emplace_back(" ");
@@ -156,6 +160,7 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
   if (fault) {
     messages.Show(StreamFaultText("CalculateTidalStreams"), MessageIcon::kWarning);
   }
+  ShowNoTide(tides, no_tide, messages);
   passage.result_lines = std::move(lines);
   passage.route_distance = distance;
   passage.route_track.clear();

@@ -14,6 +14,10 @@ namespace {
 constexpr const char* kWarningLine =
     "* WARNING * Unable to achieve destination waypoint, examine results before use * WARNING * ";
 
+constexpr const char* kNoStreamLine =
+    "* WARNING * Part of the route is calculated without a tidal stream, examine results before "
+    "use * WARNING * ";
+
 std::string OneDecimal(float value) { return FormatFixed(value, 1, 1); }
 std::string ThreeDigits(float value) { return FormatFixed(value, 3, 0); }
 
@@ -103,6 +107,13 @@ class Calculation {
       combo_.push_back(ReplaceAll(line, "\t", ""));
       lines_.push_back(std::move(line));
     }
+    if (solution.gaps.steps > 0) {
+      lines_.push_back("No tidal stream at " + std::to_string(solution.gaps.steps) + " of " +
+                       std::to_string(solution.result.steps) + " steps : " +
+                       ReplaceAll(NoTideText(tides_, solution.gaps.diamonds), "\n", ", "));
+      if (lines_[1] != kWarningLine) lines_[1] = kNoStreamLine;
+      AddDiamonds(solution.gaps.diamonds, no_tide_);
+    }
     combo_.emplace_back(" ");
     hours_ = arrival.hours;
     date_ = arrival.date;
@@ -123,6 +134,7 @@ class Calculation {
     if (fault_ != StreamFault::kNone) {
       messages_.Show(StreamFaultText("CalculateTidalStreams"), MessageIcon::kWarning);
     }
+    ShowNoTide(tides_, no_tide_, messages_);
     for (RoutePoint& point : points_) point.calculated = true;
     route.points = std::move(points_);
     const bool moved = lines_[1] == kWarningLine;
@@ -195,6 +207,7 @@ class Calculation {
   float leeway_ = 0.0F;
   float total_ = 0.0F;
   StreamFault fault_ = StreamFault::kNone;
+  std::vector<std::int32_t> no_tide_;  // diamonds
   std::vector<TrackPoint> track_;
   std::vector<StreamSample> streams_;
   std::vector<LegReport> legs_;
@@ -203,6 +216,14 @@ class Calculation {
 };
 
 }  // namespace
+
+void ShowNoTide(const TideState& tides, const std::vector<std::int32_t>& diamonds,
+                Messages& messages) {
+  if (diamonds.empty()) return;
+  messages.Show(
+      "Part of the passage is calculated without a tidal stream:\n" + NoTideText(tides, diamonds),
+      MessageIcon::kWarning);
+}
 
 DepartureTimeRefusal CheckDepartureTime(std::string_view text, float& hours) {
   const std::string trimmed = Trim(text);

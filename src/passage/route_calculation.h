@@ -39,9 +39,14 @@ struct RouteRequest {
 
 enum class RouteOutcome { kDone, kNoRoute, kRefused, kCancelled };
 
+// Shows once, for a calculation, why the diamonds it met gave no stream; nothing for none.
+void ShowNoTide(const TideState& tides, const std::vector<std::int32_t>& diamonds,
+                Messages& messages);
+
 // Calculates the route. A leg that cannot be achieved moves its destination, and the next leg's
-// start, to where its track ended, with a message and a warning line. Whatever is refused or
-// cancelled leaves route and results as they were.
+// start, to where its track ended, with a message and a warning line. A leg with steps whose stream
+// is not known for want of a high water has one line more, and a message names the ports. Whatever
+// is refused or cancelled leaves route and results as they were.
 RouteOutcome CalculateRoute(const RouteRequest& request, const AppConfig& config,
                             const TideState& tides, RouteState& route, PassageState& passage,
                             Messages& messages, Progress& progress);

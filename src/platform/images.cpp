@@ -2,28 +2,35 @@
 
 #include <QBuffer>
 #include <QFile>
-#include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 #include <QString>
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <mutex>
+#include <string_view>
 #include <utility>
 
 #include "core/files.h"
+#include "core/system_file.h"
 
 namespace skerrow {
 namespace {
+
+// The raster formats, by the names that the decoders give them.
+constexpr std::array<std::string_view, 10> kRasterFormats = {"png", "tiff", "tif",  "jpeg", "jpg",
+                                                             "bmp", "gif",  "webp", "ppm",  "pgm"};
 
 // A file that tells how much of it has been read, and that ends early when the reader should stop.
 // It is deliberately no QFile, so that no decoder maps the file and passes by these reports.
 class WatchedFile final : public QIODevice {
  public:
-  WatchedFile(const std::string& path, const DecodeHooks& hooks)
-      : file_(QString::fromStdString(path)), hooks_(hooks) {}
+  WatchedFile(SystemFile source, const DecodeHooks& hooks)
+      : source_(std::move(source)), hooks_(hooks) {}
 
   bool open(OpenMode mode) override {
-    return file_.open(mode) && QIODevice::open(mode | QIODevice::Unbuffered);
+    return file_.open(source_.descriptor(), mode) && QIODevice::open(mode | QIODevice::Unbuffered);
   }
   qint64 size() const override { return file_.size(); }
   bool seek(qint64 position) override { return QIODevice::seek(position) && file_.seek(position); }
@@ -45,6 +52,7 @@ class WatchedFile final : public QIODevice {
   qint64 writeData(const char*, qint64) override { return -1; }
 
  private:
+  SystemFile source_;
   QFile file_;
   const DecodeHooks& hooks_;
   int percent_ = -1;
@@ -55,7 +63,7 @@ class WatchedFile final : public QIODevice {
 void RaiseAllocationLimit() {
   static std::once_flag once;
   std::call_once(once, [] {
-    QImageReader::setAllocationLimit(static_cast<int>(kMaxPictureBytes / (1024 * 1024)));
+    QImageReader::setAllocationLimit(static_cast<int>(kMaxPicturePixels * 4 / (1024 * 1024)));
   });
 }
 
@@ -72,20 +80,38 @@ std::string ReaderReason(const QImageReader& reader, const WatchedFile& file) {
   }
 }
 
-// Opens `file` and checks the size of the picture in it.
-Status CheckPicture(const std::string& path, WatchedFile& file, QImageReader& reader) {
-  if (QFileInfo(QString::fromStdString(path)).isDir()) return Error{path, "this is a folder"};
+// A picture that is open and has passed the checks that need no decoding.
+struct OpenPicture {
+  std::unique_ptr<WatchedFile> file;
+  std::unique_ptr<QImageReader> reader;
+  QSize size;
+};
+
+Result<std::shared_ptr<OpenPicture>> CheckPicture(const std::string& path,
+                                                  const DecodeHooks& hooks) {
+  Result<SystemFile> source = SystemFile::OpenForReading(path);
+  if (!source) return source.error();
+  auto picture = std::make_shared<OpenPicture>();
+  picture->file = std::make_unique<WatchedFile>(std::move(source.value()), hooks);
+  WatchedFile& file = *picture->file;
   if (!file.open(QIODevice::ReadOnly)) return Error{path, file.Reason().toStdString()};
   RaiseAllocationLimit();
+  picture->reader = std::make_unique<QImageReader>();
+  QImageReader& reader = *picture->reader;
   reader.setDecideFormatFromContent(true);
   reader.setDevice(&file);
   if (!reader.canRead()) return Error{path, ReaderReason(reader, file)};
-  const QSize size = reader.size();
-  if (size.isValid() && std::int64_t{size.width()} * size.height() * 4 > kMaxPictureBytes) {
-    return Error{path, "the picture is too large, " + std::to_string(size.width()) + " x " +
-                           std::to_string(size.height()) + " pixels"};
+  const std::string format = reader.format().toStdString();
+  if (std::find(kRasterFormats.begin(), kRasterFormats.end(), format) == kRasterFormats.end()) {
+    return Error{path, "this is no kind of picture that can be opened (" + format + ")"};
   }
-  return Done{};
+  picture->size = reader.size();
+  if (picture->size.isEmpty()) return Error{path, "the picture is damaged"};
+  if (std::int64_t{picture->size.width()} * picture->size.height() > kMaxPicturePixels) {
+    return Error{path, "the picture is too large, " + std::to_string(picture->size.width()) +
+                           " x " + std::to_string(picture->size.height()) + " pixels"};
+  }
+  return picture;
 }
 
 // `image` in one of our two formats, without a second copy of the pixels where that can be.
@@ -164,26 +190,20 @@ std::uint32_t Picture::Pixel(int x, int y) const {
 
 Result<PictureInfo> ReadPictureInfo(const std::string& path) {
   const DecodeHooks no_hooks;
-  WatchedFile file(path, no_hooks);
-  QImageReader reader;
-  const Status status = CheckPicture(path, file, reader);
-  if (!status) return status.error();
-  QSize size = reader.size();
-  const std::string kind = reader.format().toStdString();
-  if (!size.isValid()) size = reader.read().size();
-  if (size.isEmpty()) return Error{path, ReaderReason(reader, file)};
-  return PictureInfo{size.width(), size.height(), kind};
+  const auto picture = CheckPicture(path, no_hooks);
+  if (!picture) return picture.error();
+  const OpenPicture& open = **picture;
+  return PictureInfo{open.size.width(), open.size.height(), open.reader->format().toStdString()};
 }
 
 Result<Picture> DecodePicture(const std::string& path, const DecodeHooks& hooks) {
-  WatchedFile file(path, hooks);
-  QImageReader reader;
-  const Status status = CheckPicture(path, file, reader);
-  if (!status) return status.error();
+  const auto picture = CheckPicture(path, hooks);
+  if (!picture) return picture.error();
+  const OpenPicture& open = **picture;
   QImage image;
-  const bool read = reader.read(&image);
-  if (file.cancelled()) return Error{path, kDecodeCancelled};
-  if (!read || image.isNull()) return Error{path, ReaderReason(reader, file)};
+  const bool read = open.reader->read(&image);
+  if (open.file->cancelled()) return Error{path, kDecodeCancelled};
+  if (!read || image.isNull()) return Error{path, ReaderReason(*open.reader, *open.file)};
   ToOwnFormat(image);
   if (image.isNull()) return Error{path, "there is not enough memory for the picture"};
   return Wrap(std::move(image));

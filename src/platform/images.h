@@ -9,7 +9,9 @@
 
 #include "core/result.h"
 
-// Reading of picture files. A file's kind is told by its content; its name does not matter.
+// Reading of picture files in raster formats. A file's kind is told by its content; its name does
+// not matter. Drawings such as SVG are refused: a hundred bytes of one can ask for any number of
+// pixels.
 namespace skerrow {
 
 // How the pixels of a Picture are stored.
@@ -18,8 +20,10 @@ enum class PixelFormat {
   kRgb32      // four bytes a pixel, 0xffrrggbb in the machine's byte order
 };
 
-// The largest picture that is opened, as it would lie in memory.
-inline constexpr std::int64_t kMaxPictureBytes = std::int64_t{4} * 1024 * 1024 * 1024;
+// The largest picture that is opened, told by its header before anything is decoded: twice the
+// largest sheet there is, 20,000 x 13,000 pixels (an A0 chart at 400 dots an inch). It takes 2 GB
+// of memory in full colour and half a gigabyte with a palette, as charts have.
+inline constexpr std::int64_t kMaxPicturePixels = std::int64_t{512} * 1024 * 1024;
 
 // A decoded picture. The pixels are shared between copies and never change.
 struct Picture {
@@ -53,12 +57,13 @@ struct DecodeHooks {
 // The reason of the error of a decoding that was cancelled.
 inline constexpr char kDecodeCancelled[] = "the opening was cancelled";
 
-// Size and kind of the picture at `path`. Errors: missing, unreadable, no known kind of picture.
+// Size and kind of the picture at `path`. Errors: missing, no file, unreadable, no raster picture,
+// too large.
 Result<PictureInfo> ReadPictureInfo(const std::string& path);
 
 // The picture at `path` in its own depth: palette, grey and black-and-white pictures as
-// kIndexed8, all others as kRgb32, transparent parts on white. Errors: as ReadPictureInfo, too
-// large, damaged, cancelled. May be called from any thread.
+// kIndexed8, all others as kRgb32, transparent parts on white. Errors: as ReadPictureInfo, damaged,
+// cancelled. May be called from any thread.
 Result<Picture> DecodePicture(const std::string& path, const DecodeHooks& hooks = {});
 
 // The pixels of a picture as red, green, blue, 255 bytes, row by row without gaps.

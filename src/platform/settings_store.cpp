@@ -1,11 +1,12 @@
 #include "platform/settings_store.h"
 
-#include <QFileInfo>
 #include <QSettings>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 #include <charconv>
+
+#include "core/files.h"
 
 namespace skerrow {
 namespace {
@@ -13,6 +14,9 @@ namespace {
 QString ToQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+// What a full disk is tried with where there is no file yet.
+constexpr std::size_t kProbeBytes = 4096;
 
 class IniSettingsStore final : public SettingsStore {
  public:
@@ -44,20 +48,53 @@ class IniSettingsStore final : public SettingsStore {
 
   Status Flush() override {
     settings_.sync();
-    if (settings_.status() == QSettings::NoError) return Done{};
-    const QFileInfo file(settings_.fileName());
-    const bool writable = file.exists() ? file.isWritable() : QFileInfo(file.path()).isWritable();
-    return Error{path_, writable ? "the file is not in the form of a settings file"
-                                 : "the file cannot be written"};
+    switch (settings_.status()) {
+      case QSettings::NoError:
+        return Done{};
+      case QSettings::FormatError:
+        return Error{path_, "the file is not in the form of a settings file"};
+      default:
+        return Error{path_, WhyNotWritten()};
+    }
   }
 
  private:
+  // The system's reason, which the settings keep to themselves: that of writing as much beside.
+  std::string WhyNotWritten() const {
+    const Result<std::string> content = ReadFile(path_, kMaxSettingsStoreSize);
+    const std::string beside = path_ + ".try";
+    const Status tried = ReplaceFile(beside, content ? *content : std::string(kProbeBytes, '\0'));
+    (void)DeleteFile(beside);
+    return tried ? "the file cannot be written" : tried.error().reason;
+  }
+
   static QString Name(std::string_view section, std::string_view key) {
     return ToQString(section) + QLatin1Char('/') + ToQString(key);
   }
 
   std::string path_;
   QSettings settings_;
+};
+
+// Stands in for a file that is not to be touched.
+class UnusableSettingsStore final : public SettingsStore {
+ public:
+  explicit UnusableSettingsStore(Error error) : error_(std::move(error)) {}
+  std::string Get(std::string_view section, std::string_view key,
+                  std::string_view fallback) const override {
+    return values_.Get(section, key, fallback);
+  }
+  void Set(std::string_view section, std::string_view key, std::string_view value) override {
+    values_.Set(section, key, value);
+  }
+  void Remove(std::string_view section, std::string_view key) override {
+    values_.Remove(section, key);
+  }
+  Status Flush() override { return error_; }
+
+ private:
+  MemorySettingsStore values_;
+  Error error_;
 };
 
 }  // namespace
@@ -74,6 +111,10 @@ void SettingsStore::SetInt(std::string_view section, std::string_view key, int v
 }
 
 std::unique_ptr<SettingsStore> OpenSettingsStore(const std::string& path) {
+  if (FileIsThere(path)) {
+    const Result<std::string> content = ReadFile(path, kMaxSettingsStoreSize);
+    if (!content) return std::make_unique<UnusableSettingsStore>(content.error());
+  }
   return std::make_unique<IniSettingsStore>(path);
 }
 

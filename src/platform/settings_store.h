@@ -33,7 +33,13 @@ class SettingsStore {
   void SetInt(std::string_view section, std::string_view key, int value);
 };
 
-// The real store, an INI file at `path`. A file that is missing or damaged reads as empty.
+// The largest file of a store that is read. One as the program writes it has a few kilobytes, most
+// of them window places; this is two hundred times that.
+inline constexpr std::size_t kMaxSettingsStoreSize = std::size_t{1024} * 1024;
+
+// The real store, an INI file at `path`. A file that is missing or damaged reads as empty. What is
+// no file, or one too large, reads as empty too, and is left as it is: Flush says why, and the
+// store lasts as long as the object.
 std::unique_ptr<SettingsStore> OpenSettingsStore(const std::string& path);
 
 // The section of the recent files.

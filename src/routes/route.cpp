@@ -5,7 +5,6 @@
 
 #include "core/files.h"
 #include "core/plane_sailing.h"
-#include "routes/waypoint.h"
 
 namespace skerrow {
 namespace {
@@ -13,11 +12,11 @@ namespace {
 constexpr float kHoursOfAYear = 24.0F * 365.0F;
 
 // Why a record cannot be a route point; empty for a good one.
-std::string RecordFault(const RouteRecord& record) {
-  // Written so that a value that is no number fails too.
-  if (!(std::fabs(record.latitude) <= 90.0F)) return "has a latitude beyond 90 degrees";
-  if (!(std::fabs(record.longitude) <= 180.0F)) return "has a longitude beyond 180 degrees";
-  if (!(record.speed >= 0.0F) || !std::isfinite(record.speed)) return "has no valid speed";
+std::string RecordFault(const std::optional<RouteRecord>& record) {
+  if (!record) return "is damaged";
+  if (std::fabs(record->latitude) > 90.0F) return "has a latitude beyond 90 degrees";
+  if (std::fabs(record->longitude) > 180.0F) return "has a longitude beyond 180 degrees";
+  if (record->speed < 0.0F) return "has no valid speed";
   return "";
 }
 
@@ -126,7 +125,13 @@ std::string RoutePath(const Folders& folders, std::string_view file_name) {
 }
 
 Result<std::vector<RouteRecord>> ReadRouteFile(const std::string& path) {
-  return ReadRecords(path, kRouteFields);
+  const Result<RecordFile<RouteRecord>> file = ReadRecords(path, kRouteFields);
+  if (!file) return file.error();
+  return file->Sound();
+}
+
+Status WriteRouteFile(const std::string& path, std::span<const RouteRecord> records) {
+  return WriteRecords(path, records, kRouteFields);
 }
 
 Status SaveRoute(const std::string& path, const RouteState& state, float default_speed) {
@@ -136,18 +141,16 @@ Status SaveRoute(const std::string& path, const RouteState& state, float default
     const float speed = point.speed >= 1.0F ? point.speed : default_speed;
     records.push_back({Trim(point.name), point.latitude, point.longitude, speed});
   }
-  return ReplaceFile(path, EncodeRecords(std::span<const RouteRecord>(records), kRouteFields));
+  return WriteRouteFile(path, records);
 }
 
 Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefaults& defaults,
                  RouteState& state, Messages& messages) {
   if (path.empty()) return Error{"", "Enter a new file name and then click the OK button"};
-  const Result<std::string> content = ReadFile(path);
-  if (!content) return content.error();
-  const Result<std::vector<RouteRecord>> records = DecodeRecords(*content, path, kRouteFields);
-  if (!records) return records.error();
-  for (std::size_t i = 0; i < records->size(); ++i) {
-    const std::string fault = RecordFault((*records)[i]);
+  const Result<RecordFile<RouteRecord>> file = ReadRecords(path, kRouteFields);
+  if (!file) return file.error();
+  for (std::size_t i = 0; i < file->records.size(); ++i) {
+    const std::string fault = RecordFault(file->records[i]);
     if (!fault.empty()) return Error{path, "point " + std::to_string(i + 1) + " " + fault};
   }
 
@@ -155,7 +158,7 @@ Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefault
   Wind last_good = defaults.wind;
   bool missed = false;
   float hours = 0.0F;
-  for (const RouteRecord& record : *records) {
+  for (const RouteRecord& record : file->Sound()) {
     RoutePoint point;
     point.latitude = record.latitude;
     point.longitude = record.longitude;
@@ -176,12 +179,10 @@ Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefault
   }
   RouteChanged(loaded);
   state = std::move(loaded);
-  if (records->empty()) return Error{"", "No entries in this file"};
+  TellLeftOut(path, file->left_out, messages);
+  if (file->records.empty()) return Error{"", "No entries in this file"};
   if (missed) {
     messages.Show("GRIB Wind file data coverage incorrect - using default values");
-  }
-  if (const auto note = OddLengthNote(path, content->size(), kRouteRecordSize)) {
-    messages.Show(*note, MessageIcon::kWarning);
   }
   return Done{};
 }

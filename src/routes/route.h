@@ -122,21 +122,27 @@ void RecomputeWinds(RouteState& state, const RouteDefaults& defaults, Messages& 
 // The path of a route file by its name.
 std::string RoutePath(const Folders& folders, std::string_view file_name);
 
-// The entries of a route file as they stand. Errors: missing, unreadable, too many records.
+// The entries of a route file as they stand, broken ones left out. Errors: missing, unreadable, too
+// many records.
 Result<std::vector<RouteRecord>> ReadRouteFile(const std::string& path);
 
+// Writes entries as the whole of a route file. Error, with the file as it was: an entry with a
+// number that is none, and what stands in the way of writing.
+Status WriteRouteFile(const std::string& path, std::span<const RouteRecord> records);
+
 // Writes the route to `path`. A leg speed under 1.0 is written as `default_speed`. Errors: "No
-// route set-up" for an empty route, and what stands in the way of writing.
+// route set-up" for an empty route, and those of WriteRouteFile.
 Status SaveRoute(const std::string& path, const RouteState& state, float default_speed);
 
 // Whether a load keeps the speeds of the file or gives every leg the program's default.
 enum class RouteSpeeds { kStored, kProgramDefault };
 
 // Replaces the route by that of the file at `path`. Errors, with the route as it was: missing or
-// unreadable file; a point outside 90 degrees of latitude or 180 of longitude; a speed that is
-// negative or no number. A file without entries empties the route and gives "No entries in this
-// file". An empty path gives "Enter a new file name and then click the OK button". Notes about
-// missing wind and about a last record cut short go to `messages`.
+// unreadable file; a point outside 90 degrees of latitude or 180 of longitude; a negative speed; a
+// damaged record, since a route with a point left out leads over what it was laid round. A last
+// record cut short is left out, and a message says so. A file without entries empties the route and
+// gives "No entries in this file". An empty path gives "Enter a new file name and then click the OK
+// button". A note about missing wind goes to `messages`.
 Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefaults& defaults,
                  RouteState& state, Messages& messages);
 

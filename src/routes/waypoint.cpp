@@ -1,8 +1,5 @@
 #include "routes/waypoint.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "core/files.h"
 #include "core/plane_sailing.h"
 
@@ -13,34 +10,28 @@ std::string WaypointPath(const Folders& folders, std::string_view file_name) {
 }
 
 Result<std::vector<Waypoint>> ReadWaypointFile(const std::string& path) {
-  return ReadRecords(path, kWaypointFields);
+  NoMessages nobody;
+  return ReadWaypointFile(path, nobody);
+}
+
+Result<std::vector<Waypoint>> ReadWaypointFile(const std::string& path, Messages& messages) {
+  const Result<RecordFile<Waypoint>> file = ReadRecords(path, kWaypointFields);
+  if (!file) return file.error();
+  TellLeftOut(path, file->left_out, messages);
+  return file->Sound();
 }
 
 Status WriteWaypointFile(const std::string& path, std::span<const Waypoint> waypoints) {
-  return ReplaceFile(path, EncodeRecords(waypoints, kWaypointFields));
-}
-
-std::optional<std::string> OddLengthNote(const std::string& path, std::size_t file_size,
-                                         std::size_t record_size) {
-  if (file_size % record_size == 0) return std::nullopt;
-  return Error{path, "the length of " + std::to_string(file_size) +
-                         " bytes is not a whole number of " + std::to_string(record_size) +
-                         "-byte records; check the last entry"}
-      .Text();
+  return WriteRecords(path, waypoints, kWaypointFields);
 }
 
 Status LoadCurrentWaypoints(const Folders& folders, AppConfig& config, WaypointState& state,
                             Messages& messages) {
   config.waypoint_file = Trim(config.waypoint_file);
-  const std::string path = WaypointPath(folders, config.waypoint_file);
-  const Result<std::string> content = ReadFile(path);
-  if (!content) return content.error();
-  Result<std::vector<Waypoint>> waypoints = DecodeRecords(*content, path, kWaypointFields);
+  Result<std::vector<Waypoint>> waypoints =
+      ReadWaypointFile(WaypointPath(folders, config.waypoint_file), messages);
   if (!waypoints) return waypoints.error();
   state.waypoints = std::move(waypoints.value());
-  if (const auto note = OddLengthNote(path, content->size(), kWaypointSize)) {
-    messages.Show(*note, MessageIcon::kWarning);
-  }
   return Done{};
 }
 
@@ -51,17 +42,18 @@ Status SaveWaypointsAs(const Folders& folders, std::string_view file_name,
 
 Status AppendWaypoint(const Folders& folders, const AppConfig& config, const Waypoint& waypoint) {
   const std::string path = WaypointPath(folders, config.waypoint_file);
+  if (const Status sound = CheckRecords<Waypoint>(path, {&waypoint, 1}, kWaypointFields); !sound) {
+    return sound;
+  }
   std::string content;
-  std::error_code error;
-  if (std::filesystem::exists(path, error)) {
+  if (FileIsThere(path)) {
     Result<std::string> old = ReadFile(path);
     if (!old) return old.error();
     content = std::move(old.value());
   }
-  // The record goes where the count says, also in a file cut short. The whole file is replaced, so
-  // that a full disk cannot leave half a record behind.
-  const auto count = static_cast<std::size_t>(RecordCount(content.size(), kWaypointSize));
-  content.resize(count * kWaypointSize, '\0');
+  // What is left of a record that was cut short goes: filled up, it would be a mark somewhere else.
+  // The whole file is replaced, so that a full disk cannot leave half a record behind.
+  content.resize(content.size() / kWaypointSize * kWaypointSize);
   return ReplaceFile(path, content + EncodeRecord(waypoint, kWaypointFields));
 }
 
@@ -80,8 +72,11 @@ Status CreateSampleWaypoints(const Folders& folders) {
 }
 
 Status EnsureSampleWaypoints(const Folders& folders) {
-  if (FileReadable(WaypointPath(folders, kSampleWaypointFile))) return Done{};
-  return CreateSampleWaypoints(folders);
+  const std::string path = WaypointPath(folders, kSampleWaypointFile);
+  if (!FileIsThere(path)) return CreateSampleWaypoints(folders);
+  // One that is there and cannot be read is the user's all the same.
+  if (const Result<std::string> content = ReadFile(path); !content) return content.error();
+  return Done{};
 }
 
 std::optional<Nearest> NearestWaypoint(std::span<const Waypoint> waypoints, Position position,

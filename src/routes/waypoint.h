@@ -46,17 +46,20 @@ inline constexpr std::string_view kSampleWaypointFile = "Sample.way";
 // The path of a waypoint file by its name.
 std::string WaypointPath(const Folders& folders, std::string_view file_name);
 
-// The marks of a file. Coordinates that are no numbers are kept: the range to such a mark is no
-// number either, so no search finds it, and drawing leaves it out. Errors: missing, unreadable,
-// more records than a 16-bit number counts.
+// The marks of a file, broken records left out. Errors: missing, unreadable, more records than a
+// 16-bit number counts.
 Result<std::vector<Waypoint>> ReadWaypointFile(const std::string& path);
 
-// Writes marks as the whole of a file.
+// The same; a message tells what was left out.
+Result<std::vector<Waypoint>> ReadWaypointFile(const std::string& path, Messages& messages);
+
+// Writes marks as the whole of a file. Error, with the file as it was: a position that is no
+// number, and what stands in the way of writing.
 Status WriteWaypointFile(const std::string& path, std::span<const Waypoint> waypoints);
 
 // Trims the current file name in `config` and loads that file into `state`. On an error the table
-// stays as it was, so that a file lost for a moment does not take the marks off the chart. A file
-// whose length is not a whole number of records is loaded, and a message says so.
+// stays as it was, so that a file lost for a moment does not take the marks off the chart. Broken
+// records are left out, and a message says so.
 Status LoadCurrentWaypoints(const Folders& folders, AppConfig& config, WaypointState& state,
                             Messages& messages);
 
@@ -64,8 +67,9 @@ Status LoadCurrentWaypoints(const Folders& folders, AppConfig& config, WaypointS
 Status SaveWaypointsAs(const Folders& folders, std::string_view file_name,
                        const WaypointState& state);
 
-// Writes one record behind the last of the current file, creating the file when it is missing. The
-// table in memory is not touched. On any failure the file is as it was.
+// Writes one record behind the last whole one of the current file, creating the file when it is
+// missing. The table in memory is not touched. Error, with the file as it was: a position that is
+// no number, and what stands in the way of reading or writing.
 Status AppendWaypoint(const Folders& folders, const AppConfig& config, const Waypoint& waypoint);
 
 // Takes the entry of the table that lies nearest to `position`, the first of equals, out of the
@@ -79,7 +83,8 @@ std::span<const Waypoint> SampleWaypoints();
 // Writes the sample file.
 Status CreateSampleWaypoints(const Folders& folders);
 
-// Creates the sample file if it cannot be opened, as the start of the program does.
+// Creates the sample file if it is missing, as the start of the program does. Error: it cannot be
+// written, or there is one that cannot be read, which stays as it is.
 Status EnsureSampleWaypoints(const Folders& folders);
 
 // An entry of a table and its range in nautical miles.
@@ -92,10 +97,5 @@ struct Nearest {
 // of equals.
 std::optional<Nearest> NearestWaypoint(std::span<const Waypoint> waypoints, Position position,
                                        float limit = 9999.0F);
-
-// The message for a record file whose length is no multiple of `record_size`; nothing for a good
-// one.
-std::optional<std::string> OddLengthNote(const std::string& path, std::size_t file_size,
-                                         std::size_t record_size);
 
 }  // namespace skerrow

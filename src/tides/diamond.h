@@ -57,14 +57,11 @@ static_assert(IsPacked(kDiamondFields, kDiamondSize));
 // The path of a sea area's diamond file.
 std::string DiamondFilePath(const Folders& folders, std::string_view tidal_area);
 
-// Every record of a diamond file.
-Result<std::vector<Diamond>> ReadDiamonds(const std::string& path);
+// The records of a diamond file.
+Result<RecordFile<Diamond>> ReadDiamonds(const std::string& path);
 
-// Whether every number of a diamond is finite; one that is not comes from a damaged file.
-bool IsSound(const Diamond& diamond);
-
-// The sound diamonds that a sea area shows: those above latitude 35 and below 75. This also leaves
-// out an all-zero record.
+// The diamonds that a sea area shows: those above latitude 35 and below 75. This also leaves out an
+// all-zero record.
 std::vector<Diamond> KeepCharted(const std::vector<Diamond>& records);
 
 // The reference ports that `records` name, each once, in order of first appearance.

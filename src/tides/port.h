@@ -93,17 +93,14 @@ int TimeZoneHours(std::string_view letter);
 // The letter of a number of whole hours; "L" outside -11 .. 11.
 std::string TimeZoneLetter(int hours);
 
-// Whether every constant of a port is finite; one that is not comes from a damaged file.
-bool IsSound(const Port& port);
-
 // All ports of an area file in the program's TS folder.
-Result<std::vector<Port>> ReadAreaPorts(const Folders& folders, std::string_view file_name);
+Result<RecordFile<Port>> ReadAreaPorts(const Folders& folders, std::string_view file_name);
 
-// The port at 1-based `position` of an area file.
+// The port at 1-based `position` of an area file. Errors: there is none, or its record is damaged.
 Result<Port> ReadAreaPort(const Folders& folders, std::string_view file_name, int position);
 
 // All reference ports.
-Result<std::vector<Port>> ReadRefPorts(const Folders& folders);
+Result<RecordFile<Port>> ReadRefPorts(const Folders& folders);
 
 // What the chart shows of a tidal port.
 struct PortMarker {
@@ -112,7 +109,9 @@ struct PortMarker {
   float longitude = 0.0F;
 };
 
-// The port marks of an area file; empty when it cannot be read.
-std::vector<PortMarker> LoadPortMarkers(const Folders& folders, std::string_view file_name);
+// The port marks of an area file; empty when it cannot be read. Broken records are left out, and a
+// message says so.
+std::vector<PortMarker> LoadPortMarkers(const Folders& folders, std::string_view file_name,
+                                        Messages& messages);
 
 }  // namespace skerrow

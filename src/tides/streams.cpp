@@ -82,6 +82,15 @@ StreamReading NoStream() {
   return reading;
 }
 
+// The records of a diamond file; whatever is wrong with it is shown behind `operation`.
+std::vector<Diamond> ReadDiamondsAndTell(const std::string& path, const std::string& operation,
+                                         Messages& messages) {
+  const Result<RecordFile<Diamond>> file = ReadDiamonds(path);
+  const std::string trouble = file ? LeftOutText(path, file->left_out) : file.error().Text();
+  if (!trouble.empty()) messages.Show(operation + trouble, MessageIcon::kWarning);
+  return file ? file->Sound() : std::vector<Diamond>();
+}
+
 void ShowProblemOnce(TideState& state, const std::string& problem, Messages& messages) {
   if (problem == state.reported_problem) return;
   state.reported_problem = problem;
@@ -92,20 +101,8 @@ void ShowProblemOnce(TideState& state, const std::string& problem, Messages& mes
 
 void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tidal_area,
                   Messages& messages) {
-  state.diamonds.clear();
-  const Result<std::vector<Diamond>> records = ReadDiamonds(DiamondFilePath(folders, tidal_area));
-  if (records) {
-    state.diamonds = KeepCharted(*records);
-    const auto damaged = std::count_if(records->begin(), records->end(),
-                                       [](const Diamond& diamond) { return !IsSound(diamond); });
-    if (damaged > 0) {
-      messages.Show("LoadDiamondsError " + DiamondFilePath(folders, tidal_area) + ": " +
-                        std::to_string(damaged) + " damaged records are left out",
-                    MessageIcon::kWarning);
-    }
-  } else {
-    messages.Show("LoadDiamondsError " + records.error().Text(), MessageIcon::kWarning);
-  }
+  state.diamonds = KeepCharted(
+      ReadDiamondsAndTell(DiamondFilePath(folders, tidal_area), "LoadDiamondsError ", messages));
   state.labels.clear();
   for (const Diamond& diamond : state.diamonds) state.labels.push_back(DiamondLabel(diamond));
   state.index = std::make_shared<DiamondIndex>(state.diamonds);
@@ -115,49 +112,54 @@ void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tid
 
 void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view file_name,
                     Messages& messages) {
-  state.sl_diamonds.clear();
-  Result<std::vector<Diamond>> records = ReadDiamonds(JoinPath(folders.TidalStreams(), file_name));
-  if (records) {
-    state.sl_diamonds = std::move(records.value());
-  } else {
-    messages.Show("LoadSlDiamondsError " + records.error().Text(), MessageIcon::kWarning);
-  }
+  state.sl_diamonds = ReadDiamondsAndTell(JoinPath(folders.TidalStreams(), file_name),
+                                          "LoadSlDiamondsError ", messages);
 }
 
 void FindRefPorts(TideState& state, const Folders& folders, std::string_view tidal_area) {
-  const Result<std::vector<Diamond>> records = ReadDiamonds(DiamondFilePath(folders, tidal_area));
-  if (!records) return;
-  state.ref_ports = FindRefPorts(*records);
+  const Result<RecordFile<Diamond>> file = ReadDiamonds(DiamondFilePath(folders, tidal_area));
+  if (!file) return;
+  const std::vector<Diamond> records = file->Sound();
+  state.ref_ports = FindRefPorts(records);
+  const std::vector<std::int16_t> charted = FindRefPorts(KeepCharted(records));
+  state.ref_port_charted.clear();
+  for (const std::int16_t port : state.ref_ports) {
+    state.ref_port_charted.push_back(std::find(charted.begin(), charted.end(), port) !=
+                                     charted.end());
+  }
   LinkDiamondsToPorts(state);
 }
 
 void BuildRefPortHeights(TideState& state, const Folders& folders, DayAndYear date,
                          bool summer_time, Messages& messages) {
-  const Result<std::vector<Port>> all = ReadRefPorts(folders);
+  const Result<RecordFile<Port>> file = ReadRefPorts(folders);
   std::vector<std::shared_ptr<const Port>> ports;
   std::string missing;
   state.ref_port_names.clear();
-  for (const std::int16_t number : state.ref_ports) {
-    if (all && number >= 1 && static_cast<std::size_t>(number) <= all->size() &&
-        IsSound((*all)[static_cast<std::size_t>(number - 1)])) {
-      const Port& port = (*all)[static_cast<std::size_t>(number - 1)];
+  for (std::size_t i = 0; i < state.ref_ports.size(); ++i) {
+    const auto number = static_cast<std::size_t>(std::max<std::int16_t>(state.ref_ports[i], 0));
+    if (file && number >= 1 && number <= file->records.size() && file->records[number - 1]) {
+      const Port& port = *file->records[number - 1];
       ports.push_back(std::make_shared<const Port>(port));
       state.ref_port_names.push_back(Trim(port.name));
-    } else {
-      ports.push_back(nullptr);
-      state.ref_port_names.emplace_back();
-      missing += (missing.empty() ? "" : ", ") + std::to_string(number);
+      continue;
     }
+    ports.push_back(nullptr);
+    state.ref_port_names.emplace_back();
+    if (i < state.ref_port_charted.size() && !state.ref_port_charted[i]) continue;
+    missing += (missing.empty() ? "" : ", ") + std::to_string(state.ref_ports[i]);
   }
   std::string problem;
-  if (!all) {
+  if (!file) {
     problem =
-        "The reference ports cannot be read, there are no tidal streams.\n" + all.error().Text();
-  } else if (!missing.empty()) {
-    problem = folders.RefPortFile() +
-              ": the tidal diamonds refer to ports that this file does not "
-              "hold (" +
-              missing + "), they give no tidal stream.";
+        "The reference ports cannot be read, there are no tidal streams.\n" + file.error().Text();
+  } else {
+    problem = LeftOutText(folders.RefPortFile(), file->left_out);
+    if (!missing.empty()) {
+      problem += (problem.empty() ? "" : "\n") + folders.RefPortFile() +
+                 ": the tidal diamonds refer to ports that this file does not hold (" + missing +
+                 "), they give no tidal stream.";
+    }
   }
   ShowProblemOnce(state, problem, messages);
   state.days = TideDays(std::move(ports), summer_time);
@@ -226,6 +228,7 @@ StreamFault StreamReader::CalculateTidalStreams(Position position, float hours, 
   const Diamond& diamond = state_->diamonds[i];
   StreamReading fresh = NoStream();
   if (!TakeTide(Day(date), state_->port_of_diamond[i], hours, fresh)) {
+    fresh.no_tide = nearest;
     reading = fresh;
     return StreamFault::kNone;
   }
@@ -255,6 +258,30 @@ StreamFault StreamReader::CalcDaysStream(const Diamond& diamond, float hours, Da
   fresh.direction = direction;
   reading = fresh;
   return StreamFault::kNone;
+}
+
+std::string NoTideText(const TideState& state, const std::vector<std::int32_t>& diamonds) {
+  std::vector<std::pair<std::int16_t, std::string>> ports;  // number and labels, by first mention
+  for (const std::int32_t diamond : diamonds) {
+    const auto i = static_cast<std::size_t>(diamond);
+    const std::int16_t number = RoundToInt16(state.diamonds[i].ref_port);
+    auto port = std::find_if(ports.begin(), ports.end(),
+                             [&](const auto& entry) { return entry.first == number; });
+    if (port == ports.end()) port = ports.insert(ports.end(), {number, ""});
+    port->second += (port->second.empty() ? "diamond " : "; ") + state.labels[i];
+  }
+  std::string text;
+  for (const auto& [number, labels] : ports) {
+    const int index = IndexOfPort(state, number);
+    const bool known = index >= 0 &&
+                       static_cast<std::size_t>(index) < state.ref_port_names.size() &&
+                       !state.ref_port_names[static_cast<std::size_t>(index)].empty();
+    text += (text.empty() ? "" : "\n") +
+            (known ? "no high water at " + state.ref_port_names[static_cast<std::size_t>(index)]
+                   : "no reference port number " + std::to_string(number)) +
+            " (" + labels + ")";
+  }
+  return text;
 }
 
 std::string StreamFaultText(std::string_view operation) {

@@ -47,6 +47,7 @@ struct TideState {
   std::vector<int> port_of_diamond;  // index in ref_ports, -1 when there is none
 
   std::vector<std::int16_t> ref_ports;      // record numbers in RefPorts.hc
+  std::vector<bool> ref_port_charted;       // whether a diamond that the area shows refers to it
   std::vector<std::string> ref_port_names;  // "" for a port that the file does not hold
   TideDays days;
   std::shared_ptr<const DayTides> loaded = std::make_shared<DayTides>();
@@ -56,11 +57,11 @@ struct TideState {
 };
 
 // Reads the diamonds of a sea area. When the file cannot be read the table is empty and
-// "LoadDiamondsError " with the reason is shown.
+// "LoadDiamondsError " with the reason is shown; so it is when broken records are left out.
 void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tidal_area,
                   Messages& messages);
 
-// Reads a diamond file of the TS folder by its name, every record of it.
+// Reads a diamond file of the TS folder by its name, every record of it that is not broken.
 void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view file_name,
                     Messages& messages);
 
@@ -69,7 +70,8 @@ void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view f
 void FindRefPorts(TideState& state, const Folders& folders, std::string_view tidal_area);
 
 // Reads RefPorts.hc and builds the heights of the reference ports about a day. A missing or broken
-// file, or a port that it does not hold, leaves those ports without a tide and shows one message.
+// file, or a port that it does not hold, leaves those ports without a tide and shows one message; a
+// missing port that no diamond on the chart refers to is no trouble.
 void BuildRefPortHeights(TideState& state, const Folders& folders, DayAndYear date,
                          bool summer_time, Messages& messages);
 
@@ -92,7 +94,10 @@ struct StreamReading {
   std::int16_t dep_slot = 0;
   std::int16_t mins_left = 0;
   float days_range = 0.0F;
-  std::int32_t diamond = -1;  // index in TideState::diamonds; -1 when none is near enough
+  std::int32_t diamond = -1;  // index in TideState::diamonds; -1 when none gives the reading
+  // The nearest diamond when its reference port has no high water to count from, so that nothing
+  // is known of a stream that may well run; -1 otherwise.
+  std::int32_t no_tide = -1;
   // Whether the reading has a source at all, be it "NONE"; false until the first one is taken.
   bool taken = false;
 };
@@ -111,7 +116,8 @@ class StreamReader {
 
   // CalculateTidalStreams: the stream at a position. With no diamonds, or with equal spring and
   // neap ranges at the nearest, `reading` stays as it came in. Where the nearest diamond is more
-  // than 30 nm away, or its reference port has no tide, rate and direction are 0.
+  // than 30 nm away rate and direction are 0; where its reference port has no high water near the
+  // time they are 0 too, and `no_tide` names the diamond.
   StreamFault CalculateTidalStreams(Position position, float hours, DayAndYear date,
                                     StreamReading& reading);
 
@@ -129,6 +135,10 @@ class StreamReader {
   TideDays days_;
   std::shared_ptr<const DayTides> day_;
 };
+
+// Why these diamonds gave no stream: a line for each of their reference ports with the diamonds
+// that refer to it, such as "no high water at Dover (diamond 2045, 7)".
+std::string NoTideText(const TideState& state, const std::vector<std::int32_t>& diamonds);
 
 // The text shown for a fault of `operation`.
 std::string StreamFaultText(std::string_view operation);

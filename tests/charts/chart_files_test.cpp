@@ -141,7 +141,8 @@ TEST_F(ChartFilesTest, RefusalsLeaveTheChartInForce) {
     const std::string path = Chart("bad", Bytes(bad));
     const Status status = OpenChart(path, config_, state_);
     ASSERT_FALSE(status) << row.reason;
-    EXPECT_EQ(status.error().Text(), path + ".cht: " + row.reason);
+    EXPECT_EQ(status.error().Text(), path + ".cht: the chart is not calibrated, " + row.reason);
+    EXPECT_TRUE(IsCalibrated(state_.chart));
     EXPECT_EQ(config_.chart_path, good);
     EXPECT_EQ(state_.history.size(), 1U);
     EXPECT_EQ(state_.chart.top_lat, 51.0F);
@@ -150,9 +151,15 @@ TEST_F(ChartFilesTest, RefusalsLeaveTheChartInForce) {
   EXPECT_EQ(OpenChart(gone, config_, state_).error().Text(),
             "Does not exist in Mod. ReadChartSettings\n" + gone + ".cht");
   EXPECT_EQ(config_.chart_path, good);
-  // A first chart cannot be an empty file: there is no earlier calibration.
+  // An empty file is none of the chart before either.
+  const std::string empty = Chart("empty", "");
+  EXPECT_EQ(OpenChart(empty, config_, state_).error().Text(),
+            empty + ".cht: the chart is not calibrated, the file is empty");
+  EXPECT_EQ(state_.chart.top_lat, 51.0F);
+  // Without a chart before, what a short file does not reach is not there.
   ChartState fresh;
-  EXPECT_FALSE(OpenChart(Chart("empty", ""), config_, fresh));
+  EXPECT_FALSE(OpenChart(Chart("short", Bytes(Channel()).substr(0, 20)), config_, fresh));
+  EXPECT_FALSE(IsCalibrated(fresh.chart));
 }
 
 ChartIndexEntry Entry(const char* key, const char* title, float scale, float low, float high) {
@@ -179,7 +186,7 @@ TEST_F(ChartFilesTest, IndexRecordsAndTheirEnd) {
 
 TEST_F(ChartFilesTest, IndexCutShort) {
   const std::string path = Index({Entry("a", "A", 1, 1, 2)}, std::string(90, 'x'));
-  messages_.Expect(path + ": the last chart of the index is cut short and left out");
+  messages_.Expect(path + ": the last record is left out, it is cut short after 90 of 102 bytes");
   ASSERT_TRUE(LoadChartIndex(folders_, config_, state_, messages_));
   EXPECT_EQ(state_.index.size(), 1U);
 }
@@ -196,14 +203,13 @@ TEST_F(ChartFilesTest, BordersAreOutside) {
 }
 
 TEST_F(ChartFilesTest, ChoiceByPositionAndScale) {
-  const float nan = std::nanf("");
-  state_.index = {Entry("wide", "W", 500000, 48, 52),       Entry("mid", "M", 150000, 49, 51),
+  state_.index = {Entry("wide", "W", 500000, 48, 52), Entry("mid", "M", 150000, 49, 51),
                   Entry("close", "C", 25000, 49.5F, 50.5F), Entry("twin", "T", 25000, 49.5F, 50.5F),
-                  Entry("odd", "O", nan, 48, 52),           Entry("away", "A", 10000, 40, 41)};
+                  Entry("away", "A", 10000, 40, 41)};
   ChartsAtPoint({50, -1}, state_);
   std::string keys;
   for (const ChartIndexEntry& entry : state_.at_point) keys += entry.chart_key + " ";
-  EXPECT_EQ(keys, "close twin mid wide odd ");
+  EXPECT_EQ(keys, "close twin mid wide ");
 
   const struct {
     Position at;

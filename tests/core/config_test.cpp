@@ -1,5 +1,6 @@
 #include "core/config.h"
 
+#include <algorithm>
 #include <bit>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -202,6 +203,7 @@ TEST_F(ConfigTest, EachFieldAloneChangesOnlyItsOwnBytes) {
   }
 }
 
+// Every byte but those of a text behind its first NUL, which are blanked; reserved texts keep all.
 TEST_F(ConfigTest, AnyBytesGoRound) {
   std::string bytes(2956, '\0');
   std::uint32_t state = 12345;
@@ -209,11 +211,21 @@ TEST_F(ConfigTest, AnyBytesGoRound) {
     state = state * 1664525U + 1013904223U;
     c = static_cast<char>(state >> 24);
   }
+  bytes[300] = '\0';   // in ChartPath
+  bytes[1700] = '\0';  // in Reserved1
+  std::string expected = bytes;
+  for (const GoldenRow& row : kGolden) {
+    if (row.kind != 't' || std::string(row.name).starts_with("Reserved")) continue;
+    const std::size_t end = row.offset + row.size;
+    const std::size_t nul = std::min(bytes.find('\0', row.offset), end);
+    expected.replace(nul, end - nul, end - nul, ' ');
+  }
+  ASSERT_NE(expected, bytes);
   folder_.Write("SkerrowHelm/HelmConfigv60.cfg", bytes);
   AppConfig config;
   ASSERT_TRUE(ReadConfig(folders_, config));
   ASSERT_TRUE(SaveConfig(folders_, config));
-  EXPECT_EQ(FileBytes(folders_.ConfigFile()), bytes);
+  EXPECT_EQ(FileBytes(folders_.ConfigFile()), expected);
 }
 
 TEST_F(ConfigTest, ShortFilesKeepTheRestAndLongOnesAreCut) {
@@ -253,6 +265,50 @@ TEST_F(ConfigTest, ToggleKeepsWhatAnotherInstanceStored) {
   ASSERT_TRUE(ReadConfig(folders_, stored));
   EXPECT_EQ(stored.sea_area, "Solent");
   EXPECT_EQ(stored.toolbar_visible, kFalse);
+}
+
+TEST_F(ConfigTest, DefaultsCostNoSettings) {
+  const std::string bak = folder_.File("SkerrowHelm/HelmConfig.bak");
+  const std::string older = folder_.File("SkerrowHelm/HelmConfig-1.bak");
+  const auto store = [&](const std::string& area) {
+    AppConfig config = DefaultConfig("/opt/skerrow");
+    config.sea_area = area;
+    EXPECT_TRUE(SaveConfig(folders_, config));
+    return FileBytes(folders_.ConfigFile());
+  };
+  const auto restore = [&] {
+    const Result<std::string> copy = RestoreDefaultConfig(folders_);
+    EXPECT_TRUE(copy) << (copy ? "" : copy.error().Text());
+    EXPECT_EQ(FileBytes(folders_.ConfigFile()), GoldenFile());
+    return copy ? *copy : "";
+  };
+  EXPECT_EQ(restore(), "");  // there were none
+  const std::string first = store("First");
+  EXPECT_EQ(restore(), bak);
+  EXPECT_EQ(FileBytes(bak), first);
+  EXPECT_EQ(restore(), "");  // the defaults again: the copy stays
+  EXPECT_EQ(FileBytes(bak), first);
+  store("First");
+  EXPECT_EQ(restore(), bak);
+  EXPECT_FALSE(FileIsThere(older));
+  const std::string second = store("Second");
+  EXPECT_EQ(restore(), bak);
+  EXPECT_EQ(FileBytes(bak), second);
+  EXPECT_EQ(FileBytes(older), first);
+  store("Third");
+  EXPECT_EQ(restore(), bak);
+  EXPECT_EQ(FileBytes(older), first);
+  EXPECT_EQ(FileBytes(folder_.File("SkerrowHelm/HelmConfig-2.bak")), second);
+
+  // No copy, no reset.
+  const std::string kept = store("Kept");
+  std::filesystem::permissions(folders_.SettingsData(), std::filesystem::perms(0555));
+  testing::AsPlainUser([&] {
+    const Result<std::string> refused = RestoreDefaultConfig(folders_);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().reason, "Permission denied");
+  });
+  EXPECT_EQ(FileBytes(folders_.ConfigFile()), kept);
 }
 
 TEST_F(ConfigTest, UnwritableSettingsAreTold) {

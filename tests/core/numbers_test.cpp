@@ -1,8 +1,10 @@
 #include "core/numbers.h"
 
+#include <clocale>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <locale>
 #include <random>
 
 namespace skerrow {
@@ -86,6 +88,26 @@ TEST(Numbers, PatternsPadAndRoundHalvesAwayFromZero) {
   EXPECT_EQ(FormatFixed(1e300, 1, 0).size(), 301U);
   // As a double 0.15 lies below the tie.
   EXPECT_EQ(FormatFixed(0.15, 1, 1), "0.1");
+}
+
+// Neither the locale of C nor that of C++ has a say, whatever its decimal mark and its groups.
+TEST(Numbers, NoLocaleChangesATextOrANumber) {
+  class Odd final : public std::numpunct<char> {
+    char do_decimal_point() const override { return '\''; }
+    char do_thousands_sep() const override { return '_'; }
+    std::string do_grouping() const override { return "\1"; }
+  };
+  const std::locale before = std::locale::global(std::locale(std::locale(), new Odd));
+  // Those of C there may be: an Arabic mark, a comma, none.
+  for (const char* name : {"ps_AF.UTF-8", "de_DE.UTF-8", "C"}) {
+    if (std::setlocale(LC_ALL, name) == nullptr) continue;
+    EXPECT_EQ(FormatFixed(-1234567.875, 1, 2), "-1234567.88") << name;
+    EXPECT_EQ(FormatFixed(0.0625, 2, 3), "00.063") << name;
+    EXPECT_EQ(ShortText(1234.5F), "1234.5") << name;
+    EXPECT_EQ(TextToNumber("1234.5"), 1234.5) << name;
+  }
+  std::locale::global(before);
+  std::setlocale(LC_ALL, "C");
 }
 
 TEST(Numbers, ShortTextHasSevenDigitsAtMost) {

@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace skerrow {
 namespace {
@@ -86,7 +88,7 @@ TEST_F(ImagesTest, ErrorsNameTheFileAndTheReason) {
   EXPECT_EQ(DecodePicture(Path("text")).error().Text(),
             Path("text") + ": this is no kind of picture that can be opened");
   EXPECT_EQ(DecodePicture(Path("empty")).error().Text(), Path("empty") + ": the file is empty");
-  EXPECT_EQ(DecodePicture(folder_.path().toStdString()).error().reason, "this is a folder");
+  EXPECT_EQ(DecodePicture(folder_.path().toStdString()).error().reason, "this is not a file");
   EXPECT_EQ(ReadPictureInfo(Path("missing")).error().path, Path("missing"));
   EXPECT_FALSE(ReadPictureInfo(Path("missing")).error().reason.empty());
 
@@ -104,6 +106,24 @@ TEST_F(ImagesTest, ErrorsNameTheFileAndTheReason) {
     }
   }
   EXPECT_GT(refused, 5);
+}
+
+// What would hang, or cost gigabytes, is refused by its kind and its header.
+TEST_F(ImagesTest, PipesDrawingsAndHugeSheetsAreRefusedUndecoded) {
+  alarm(20);
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(DecodePicture(Path("pipe")).error().Text(), Path("pipe") + ": this is not a file");
+  alarm(0);
+  std::ofstream(Path("9999-1.l55"))
+      << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"32768\" height=\"32768\"/>";
+  EXPECT_NE(DecodePicture(Path("9999-1.l55")).error().reason.find("no kind of picture"),
+            std::string::npos);
+  // A grey picture of one byte a pixel, all of them missing: only its header speaks.
+  std::ofstream(Path("sheet")) << "P5 32000 16777 255\n";
+  EXPECT_TRUE(ReadPictureInfo(Path("sheet")).ok());
+  std::ofstream(Path("sheet")) << "P5 32000 16778 255\n";
+  EXPECT_EQ(DecodePicture(Path("sheet")).error().reason,
+            "the picture is too large, 32000 x 16778 pixels");
 }
 
 TEST_F(ImagesTest, ReportsProgressAndStopsWhenAsked) {

@@ -2,9 +2,16 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace skerrow {
 namespace {
@@ -64,6 +71,51 @@ TEST_F(SettingsStoreTest, DamagedOrHandWrittenFilesAreNoTrouble) {
   EXPECT_EQ(store->Get("Window", "Left"), "a, b");
   store->Set("Window", "Left", "3");
   EXPECT_EQ(store->GetInt("Window", "Left", 0), 3);
+}
+
+// What is no file, and one beyond all bounds, is not waited for, not read and not written over.
+TEST_F(SettingsStoreTest, WhatIsNoSettingsFileIsLeftAlone) {
+  alarm(20);
+  ASSERT_EQ(mkfifo(path().c_str(), 0600), 0);
+  const std::string large = folder_.filePath("large.ini").toStdString();
+  std::ofstream(large) << "[a]\nb=c\n";
+  std::filesystem::resize_file(large, std::uintmax_t{2} * 1024 * 1024 * 1024);
+  const std::pair<std::string, std::string> rows[] = {{path(), "this is not a file"},
+                                                      {large, "the file is too large"}};
+  for (const auto& [file, reason] : rows) {
+    const auto store = OpenSettingsStore(file);
+    EXPECT_EQ(store->Get("a", "b", "none"), "none");
+    store->Set("a", "b", "kept");
+    EXPECT_EQ(store->Get("a", "b"), "kept");
+    const Status status = store->Flush();
+    ASSERT_FALSE(status.ok());
+    EXPECT_EQ(status.error().Text(), file + ": " + reason);
+  }
+  EXPECT_TRUE(std::filesystem::is_fifo(path()));
+  EXPECT_EQ(std::filesystem::file_size(large), std::uintmax_t{2} * 1024 * 1024 * 1024);
+  alarm(0);
+}
+
+// A full disk, stood in for by the limit of a process on the size of its files.
+TEST_F(SettingsStoreTest, FlushTellsAFullDisk) {
+  std::ofstream(path()) << "[a]\nb=c\n";
+  const auto store = OpenSettingsStore(path());
+  store->Set("a", "b", "d");
+  rlimit before{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit tight = before;
+  tight.rlim_cur = 4;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
+  const Status status = store->Flush();
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  ASSERT_FALSE(status.ok());
+  EXPECT_EQ(status.error().Text(), path() + ": " + std::strerror(EFBIG));
+  std::ifstream file(path());
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "[a]\nb=c\n");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path().toStdString()), {}),
+            1);
 }
 
 TEST_F(SettingsStoreTest, FlushSaysThatTheFileCannotBeWritten) {

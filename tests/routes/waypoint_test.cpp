@@ -78,16 +78,28 @@ TEST_F(WaypointTest, DamagedFiles) {
   EXPECT_EQ(missing.error().path, Path());
   EXPECT_EQ(state_.waypoints.size(), 1U);
 
-  // A record cut short counts from half its length on; blanks and zeros stand for the rest.
+  // Broken records are left out, whatever is left of them, and told.
   const std::string one = EncodeRecord(Waypoint{"one", 3, 4}, kWaypointFields);
-  for (const auto& [extra, count] : {std::pair{1U, 1U}, {21U, 1U}, {22U, 2U}, {39U, 2U}}) {
-    Store(one + one.substr(0, extra));
-    messages_.Expect(Path() + ": the length of " + std::to_string(43 + extra) +
-                     " bytes is not a whole number of 43-byte records; check the last entry");
+  const std::string two = EncodeRecord(Waypoint{"two", 5, 6}, kWaypointFields);
+  const std::string bad = EncodeRecord(Waypoint{"bad", 3, std::nanf("")}, kWaypointFields);
+  const std::string far = EncodeRecord(Waypoint{"far", HUGE_VALF, 4}, kWaypointFields);
+  const struct {
+    std::string bytes;
+    const char* told;
+  } rows[] = {{one + two + one.substr(0, 1),
+               "the last record is left out, it is cut short after 1 of 43 bytes"},
+              {one + two + one.substr(0, 42),
+               "the last record is left out, it is cut short after 42 of 43 bytes"},
+              {one + bad + two, "1 damaged record is left out"},
+              {far + one + two + bad + "x",
+               "2 damaged records are left out, and the last record is left out, it is cut short "
+               "after 1 of "
+               "43 bytes"}};
+  for (const auto& row : rows) {
+    Store(row.bytes);
+    messages_.Expect(Path() + ": " + row.told);
     ASSERT_TRUE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
-    ASSERT_EQ(state_.waypoints.size(), count);
-    EXPECT_EQ(state_.waypoints[0].name, "one");
-    EXPECT_EQ(state_.waypoints[count - 1].longitude, count == 2 ? 0.0F : 4.0F);
+    ASSERT_EQ(state_.waypoints, (std::vector<Waypoint>{{"one", 3, 4}, {"two", 5, 6}}));
   }
   Store(std::string(43U * 32768U, ' '));
   EXPECT_FALSE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
@@ -101,16 +113,45 @@ TEST_F(WaypointTest, AppendGoesBehindTheLastWholeRecord) {
   EXPECT_EQ(FileBytes(Path()),
             EncodeRecord(first, kWaypointFields) + EncodeRecord(second, kWaypointFields));
   EXPECT_TRUE(state_.waypoints.empty());
-  // Five bytes of a torn record are written over.
-  Store(EncodeRecord(first, kWaypointFields) + "torn!");
-  ASSERT_TRUE(AppendWaypoint(folders_, config_, second));
-  EXPECT_EQ(FileBytes(Path()),
-            EncodeRecord(first, kWaypointFields) + EncodeRecord(second, kWaypointFields));
+  // What is left of a torn record is written over, be it more than half of one.
+  const std::string whole =
+      EncodeRecord(first, kWaypointFields) + EncodeRecord(second, kWaypointFields);
+  for (const std::size_t left : {48U, 80U}) {
+    Store(whole.substr(0, left));
+    ASSERT_TRUE(AppendWaypoint(folders_, config_, second));
+    EXPECT_EQ(FileBytes(Path()), whole);
+  }
+  // A position that is no number reaches no file.
+  const float nan = std::nanf("");
+  for (const Waypoint& bad : {Waypoint{"x", nan, 1}, Waypoint{"x", 1, HUGE_VALF}}) {
+    const Status appended = AppendWaypoint(folders_, config_, bad);
+    ASSERT_FALSE(appended);
+    EXPECT_EQ(appended.error().Text().substr(0, Path().size()), Path());
+    EXPECT_FALSE(WriteWaypointFile(Path(), std::vector<Waypoint>{first, bad}));
+    EXPECT_EQ(FileBytes(Path()), whole);
+  }
   // What cannot be read is not written over.
   std::filesystem::remove(Path());
   std::filesystem::create_directory(Path());
   EXPECT_FALSE(AppendWaypoint(folders_, config_, first));
   EXPECT_TRUE(std::filesystem::is_directory(Path()));
+}
+
+TEST_F(WaypointTest, ReadOnlyDocumentsAreToldAndKept) {
+  state_.waypoints = {{"one", 50, -1}};
+  ASSERT_TRUE(SaveWaypointsAs(folders_, "Mine.way", state_));
+  const std::string before = FileBytes(Path());
+  std::filesystem::permissions(folders_.Waypoints(), std::filesystem::perms(0555));
+  testing::AsPlainUser([&] {
+    for (const Status& status :
+         {SaveWaypointsAs(folders_, "Mine.way", {}), AppendWaypoint(folders_, config_, {"x", 1, 2}),
+          DeleteNearestWaypoint(folders_, config_, state_, {50, -1})}) {
+      ASSERT_FALSE(status);
+      EXPECT_EQ(status.error().Text(), Path() + ": Permission denied");
+    }
+  });
+  EXPECT_EQ(FileBytes(Path()), before);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folders_.Waypoints()), {}), 1);
 }
 
 TEST_F(WaypointTest, DeleteNearestTakesTheEarlierOfEquals) {
@@ -154,6 +195,17 @@ TEST_F(WaypointTest, SampleFile) {
     EXPECT_TRUE(mark.latitude > 48 && mark.latitude < 51) << mark.name;
     EXPECT_TRUE(mark.longitude > -6 && mark.longitude < 2) << mark.name;
   }
+  // One that cannot be read is not replaced, and that is told.
+  const std::string bytes = FileBytes(path);
+  std::filesystem::permissions(path, std::filesystem::perms(0000));
+  std::filesystem::permissions(folders_.Waypoints(), std::filesystem::perms(0777));
+  testing::AsPlainUser([&] {
+    const Status refused = EnsureSampleWaypoints(folders_);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().Text(), path + ": Permission denied");
+  });
+  std::filesystem::permissions(path, std::filesystem::perms(0600));
+  EXPECT_EQ(FileBytes(path), bytes);
   // A user's changes to it stay.
   ASSERT_TRUE(WriteWaypointFile(path, {}));
   ASSERT_TRUE(EnsureSampleWaypoints(folders_));

@@ -5,8 +5,10 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <system_error>
+#include <unistd.h>
 
 namespace skerrow::testing {
 
@@ -47,6 +49,16 @@ class TempFolder {
  private:
   std::filesystem::path path_;
 };
+
+// Calls `work` as a user without special rights: the superuser, who may write everywhere, becomes
+// nobody for the moment.
+template <typename Work>
+void AsPlainUser(Work work) {
+  const bool superuser = geteuid() == 0;
+  if (superuser && seteuid(65534) != 0) throw std::runtime_error("cannot become a plain user");
+  work();
+  if (superuser && seteuid(0) != 0) throw std::runtime_error("cannot become the superuser again");
+}
 
 // The bytes of a file; empty for one that cannot be read.
 inline std::string FileBytes(const std::string& path) {

@@ -78,14 +78,15 @@ struct Agreement {
 TEST(Heights, ComeNearAFullHarmonicPrediction) {
   std::ifstream file(std::string(SKERROW_SOURCE_DIR) + "/tests/fixtures/tides/harmonic.json");
   const nlohmann::json fixture = nlohmann::json::parse(file);
-  const auto ports = ReadAreaPorts(SampleFolders(), "UK.hc");
-  ASSERT_TRUE(ports);
+  const auto area = ReadAreaPorts(SampleFolders(), "UK.hc");
+  ASSERT_TRUE(area);
+  const std::vector<Port> ports = area->Sound();
   const std::vector<std::string> double_high_waters = {"Southampton", "Portsmouth", "Weymouth",
                                                        "Le Havre"};
   std::vector<double> shares;
   for (const auto& entry : fixture["ports"]) {
     const std::string name = entry["name"];
-    const Port* port = FindByName(*ports, name);
+    const Port* port = FindByName(ports, name);
     ASSERT_NE(port, nullptr) << name;
     Agreement agreement;
     for (std::size_t s = 0; s < fixture["spans"].size(); ++s) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 #include <random>
 
 #include "core/plane_sailing.h"
@@ -181,10 +182,17 @@ TEST_F(OneDiamond, EqualRangesLeaveTheReadingAsItWas) {
   EXPECT_TRUE(state_.tidal_streams.empty());
 }
 
-TEST_F(OneDiamond, APortThatNeverTurnsGivesNoStream) {
+TEST_F(OneDiamond, APortThatNeverTurnsGivesNoStreamAndSaysSo) {
   ports_[0] = Port{};
+  ports_[0].name = "Flat";
   Make();
-  EXPECT_EQ(StreamLabel(state_, ReadAt(600)), "NONE");
+  const StreamReading reading = ReadAt(600);
+  EXPECT_EQ(StreamLabel(state_, reading), "NONE");
+  ASSERT_EQ(reading.no_tide, 0);
+  EXPECT_EQ(ReadAt(600, {52.0F, -1.0F}).no_tide, -1);
+  EXPECT_EQ(NoTideText(state_, {0}), "no high water at Flat (diamond 2045, 7)");
+  state_.ref_port_names = {""};
+  EXPECT_EQ(NoTideText(state_, {0, 0}), "no reference port number 1 (diamond 2045, 7; 2045, 7)");
 }
 
 TEST(DiamondIndex, FindsWhatAWalkFinds) {
@@ -317,10 +325,10 @@ TEST(Diamonds, ACleanedCopyLoadsTheSameDiamonds) {
   SaveTidalDiamonds(state, folders, "Area", messages);
   const auto records = ReadDiamonds(folder.File("TS/Area001.l25"));
   ASSERT_TRUE(records);
-  ASSERT_EQ(records->size(), 6U);
-  EXPECT_EQ((*records)[0].latitude, 0.0F);
-  EXPECT_EQ(KeepCharted(*records).size(), 5U);
-  EXPECT_EQ((*records)[5].direction, state.diamonds[5].direction);
+  ASSERT_EQ(records->records.size(), 6U);
+  EXPECT_EQ(records->Sound()[0].latitude, 0.0F);
+  EXPECT_EQ(KeepCharted(records->Sound()).size(), 5U);
+  EXPECT_EQ(records->Sound()[5].direction, state.diamonds[5].direction);
   std::filesystem::remove_all(folder.path() + "/TS");
   messages.Expect(folder.File("TS/Area001.l25") + ": No such file or directory");
   SaveTidalDiamonds(state, folders, "Area", messages);
@@ -368,6 +376,64 @@ TEST(Diamonds, BadFilesAreToldAndLeaveNoHalfTable) {
   EXPECT_EQ(reading.rate, 0.0F);
 }
 
+// Whatever is broken in a file of ports or diamonds is left out and told with the file and the
+// number; what stands in front of it and behind it keeps its place.
+TEST(TideFiles, BrokenRecordsAreLeftOutAndTold) {
+  TempFolder folder;
+  std::filesystem::create_directories(folder.path() + "/TS");
+  const Folders folders{folder.path(), "", ""};
+  std::mt19937 random(4);
+  const float infinity = std::numeric_limits<float>::infinity();
+  std::vector<Port> ports;
+  for (const char* name : {"One", "Two", "Three"}) ports.push_back(RandomPort(random, name));
+  std::vector<Diamond> diamonds = RandomDiamonds(random, 3, 3);
+  const std::string cut = "the last record is left out, it is cut short after ";
+
+  std::vector<Port> damaged_ports = ports;
+  damaged_ports[1].mhm2[5] = std::nanf("");
+  folder.Write("TS/Area.hc",
+               EncodeRecords<Port>(damaged_ports, kPortFields).substr(0, 3 * 197 - 40));
+  RecordingMessages messages;
+  messages.Expect(folder.File("TS/Area.hc") + ": 1 damaged record is left out, and " + cut +
+                  "157 of 197 bytes");
+  const std::vector<PortMarker> markers = LoadPortMarkers(folders, "Area.hc", messages);
+  ASSERT_EQ(markers.size(), 1U);
+  EXPECT_EQ(markers[0].name, "One");
+  for (const auto& [position, good] : {std::pair{1, true}, {2, false}, {3, false}, {4, false}}) {
+    EXPECT_EQ(ReadAreaPort(folders, "Area.hc", position).ok(), good) << position;
+  }
+
+  diamonds[0].neap_rate[13] = infinity;
+  folder.Write("TS/Area.l25",
+               EncodeRecords<Diamond>(diamonds, kDiamondFields).substr(0, 3 * 196 - 1));
+  const std::string told = folder.File("TS/Area.l25") + ": 1 damaged record is left out, and " +
+                           cut + "195 of 196 bytes";
+  TideState state;
+  messages.Expect("LoadDiamondsError " + told);
+  LoadDiamonds(state, folders, "Area", messages);
+  ASSERT_EQ(state.diamonds.size(), 1U);
+  EXPECT_EQ(state.diamonds[0].dia_no, 2.0F);
+  messages.Expect("LoadSlDiamondsError " + told);
+  LoadSlDiamonds(state, folders, "Area.l25", messages);
+  EXPECT_EQ(state.sl_diamonds.size(), 1U);
+  FindRefPorts(state, folders, "Area");
+  EXPECT_EQ(state.ref_ports, std::vector<std::int16_t>{2});
+
+  // The third port keeps its number behind the damaged second one, which has no tide.
+  state.ref_ports = {2, 3};
+  state.ref_port_charted = {true, true};
+  // With area records its name field runs on through the depth, which is four NULs: they end it.
+  folder.Write("RefPorts.hc", EncodeRecords<Port>(damaged_ports, kPortFields));
+  messages.Expect(folder.File("RefPorts.hc") + ": 1 damaged record is left out\n" +
+                  folder.File("RefPorts.hc") +
+                  ": the tidal diamonds refer to ports that this file does not hold (2), they give "
+                  "no tidal stream.");
+  BuildRefPortHeights(state, folders, {10, 2026}, false, messages);
+  EXPECT_EQ(state.ref_port_names, (std::vector<std::string>{"", "Three"}));
+  EXPECT_FALSE(state.loaded->ports[0].known);
+  EXPECT_TRUE(state.loaded->ports[1].known);
+}
+
 TEST(Diamonds, APortThatTheFileLacksGivesNoStreamAndOneMessage) {
   TempFolder folder;
   std::filesystem::create_directories(folder.path() + "/TS");
@@ -375,6 +441,11 @@ TEST(Diamonds, APortThatTheFileLacksGivesNoStreamAndOneMessage) {
   std::vector<Diamond> diamonds = RandomDiamonds(random, 2, 2);
   diamonds[1].ref_port = 50.0F;
   diamonds[1].latitude = diamonds[0].latitude + 0.3F;
+  // The empty first record of a cleaned copy and one off the chart count, and are no trouble.
+  diamonds.insert(diamonds.begin(), Diamond{});
+  diamonds.push_back(diamonds.back());
+  diamonds.back().ref_port = 60.0F;
+  diamonds.back().latitude = 75.0F;
   folder.Write("TS/Area.l25", EncodeRecords<Diamond>(diamonds, kDiamondFields));
   const std::vector<Port> ports = {RandomPort(random, "One")};
   folder.Write("RefPorts.hc", EncodeRecords<Port>(ports, kRefPortFields));
@@ -382,6 +453,7 @@ TEST(Diamonds, APortThatTheFileLacksGivesNoStreamAndOneMessage) {
   TideState state;
   RecordingMessages messages;
   FindRefPorts(state, folders, "Area");
+  EXPECT_EQ(state.ref_ports, (std::vector<std::int16_t>{0, 1, 50, 60}));
   messages.Expect(folder.File("RefPorts.hc") +
                   ": the tidal diamonds refer to ports that this file does not hold (50), they "
                   "give no tidal stream.");
@@ -389,10 +461,10 @@ TEST(Diamonds, APortThatTheFileLacksGivesNoStreamAndOneMessage) {
   LoadDiamonds(state, folders, "Area", messages);
   StreamReader reader(state);
   StreamReading reading;
-  reader.CalculateTidalStreams({diamonds[0].latitude, diamonds[0].longitude}, 5.0F, {10, 2026},
+  reader.CalculateTidalStreams({diamonds[1].latitude, diamonds[1].longitude}, 5.0F, {10, 2026},
                                reading);
   EXPECT_EQ(reading.diamond, 0);
-  reader.CalculateTidalStreams({diamonds[1].latitude, diamonds[1].longitude}, 5.0F, {10, 2026},
+  reader.CalculateTidalStreams({diamonds[2].latitude, diamonds[2].longitude}, 5.0F, {10, 2026},
                                reading);
   EXPECT_EQ(StreamLabel(state, reading), "NONE");
 }

@@ -155,7 +155,7 @@ void FrmChart::LoadAreaData() {
   FindRefPorts(p.tides, p.folders, p.config.tidal_area);
   RebuildTides(p, messages());
   LoadDiamonds(p.tides, p.folders, p.config.tidal_area, messages());
-  p.port_markers = LoadPortMarkers(p.folders, p.config.tidal_port_file);
+  p.port_markers = LoadPortMarkers(p.folders, p.config.tidal_port_file, messages());
 }
 
 void FrmChart::ChangeChart() {

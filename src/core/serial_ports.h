@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace skerrow {
+
+// The serial ports and the network sources that take their place, by numbers counted from 0. Calls
+// return at once; those that give a number are below 0 on failure.
+class SerialPorts {
+ public:
+  // Lines that can be raised, and those that can be read.
+  enum class OutLine { kDtr, kRts };
+  enum class InLine { kDcd, kDsr, kCts, kRi };
+
+  virtual ~SerialPorts() = default;
+
+  // Opens or resets a port with buffers of those sizes [bytes]; above -1 when the port exists and
+  // is free.
+  virtual int Reset(int port, std::size_t receive_size, std::size_t transmit_size) = 0;
+  // Sets the speed by its code: 0 to 9 for 110, 300, 1200, 2400, 4800, 9600, 19200, 38400, 57600
+  // and 115200 baud.
+  virtual int SetBaud(int port, int baud_code) = 0;
+  // No parity, one stop bit, eight data bits.
+  virtual int SetParameters(int port) = 0;
+  // Raises or lowers a line.
+  virtual int SetLine(int port, OutLine line, bool raised) = 0;
+  // 1 set, 0 clear, -1 no such port, -3 not open.
+  virtual int ReadLine(int port, InLine line) = 0;
+  // Takes what has been received, at most `most` bytes; the count, 0 or below for nothing.
+  virtual int Get(int port, std::string& received, std::size_t most) = 0;
+  // Gives bytes to be sent; below 0 when they are not taken.
+  virtual int Put(int port, std::string_view bytes) = 0;
+  // Forgets what waits to be read, or to be sent.
+  virtual int ClearReceived(int port) = 0;
+  virtual int ClearSending(int port) = 0;
+  // Closes a port; one that is not open is no error.
+  virtual void Done(int port) = 0;
+};
+
+}  // namespace skerrow
