@@ -4,7 +4,8 @@
 
 #include "app/program.h"
 #include "core/clock.h"
-#include "support/memory_platform.h"
+#include "platform/settings_store.h"
+#include "support/memory_clipboard.h"
 #include "support/temp_folder.h"
 #include "ui/main/frmChart.h"
 #include "ui/widgets/desktop_messages.h"
@@ -22,7 +23,7 @@ void Measure(const char* what, const Folders& folders) {
   MakeUserFolders(folders);
   DesktopMessages messages;
   testing::MemoryClipboard clipboard;
-  testing::MemorySettingsStore settings;
+  MemorySettingsStore settings;
   QElapsedTimer timer;
   timer.start();
   const auto lap = [&timer] { return static_cast<double>(timer.nsecsElapsed()) / 1e6; };

@@ -68,15 +68,16 @@ std::vector<std::string> ManOverboardLines(const Program& program, std::optional
   const ClockReading now = program.clock->Now();
   const auto seconds =
       std::max<std::int64_t>(0, std::llround((now.Julian() - mob.time.Julian()) * 86400.0));
-  std::vector<std::string> lines = {
-      "At " + HoursToClock(mob.time.Hours()) + ", " + TwoDigits(seconds / 3600) + ":" +
-      TwoDigits(seconds / 60 % 60) + ":" + TwoDigits(seconds % 60) + " ago"};
+  std::vector<std::string> lines = {"At " + HoursToClock(mob.time.Hours()) + ", " +
+                                    TwoDigits(seconds / 3600) + ":" + TwoDigits(seconds / 60 % 60) +
+                                    ":" + TwoDigits(seconds % 60) + " ago"};
   const std::optional<Position> from =
       program.boat.HasPosition() ? std::optional(program.boat.position) : cursor;
   if (from) {
     const RangeAndBearing way = RangeBearing(*from, mob.position);
-    lines.push_back(std::string(program.boat.HasPosition() ? "From the boat " : "From the cursor ") +
-                    FormatFixed(way.range, 1, 2) + "nm @" + FormatFixed(way.bearing, 3, 0) + "°T");
+    lines.push_back(
+        std::string(program.boat.HasPosition() ? "From the boat " : "From the cursor ") +
+        FormatFixed(way.range, 1, 2) + "nm @" + FormatFixed(way.bearing, 3, 0) + "°T");
   }
   return lines;
 }

@@ -118,6 +118,25 @@ std::unique_ptr<SettingsStore> OpenSettingsStore(const std::string& path) {
   return std::make_unique<IniSettingsStore>(path);
 }
 
+std::string MemorySettingsStore::Get(std::string_view section, std::string_view key,
+                                     std::string_view fallback) const {
+  const auto found = values_.find({std::string(section), std::string(key)});
+  return found == values_.end() ? std::string(fallback) : found->second;
+}
+
+void MemorySettingsStore::Set(std::string_view section, std::string_view key,
+                              std::string_view value) {
+  values_[{std::string(section), std::string(key)}] = std::string(value);
+}
+
+void MemorySettingsStore::Remove(std::string_view section, std::string_view key) {
+  if (key.empty()) {
+    std::erase_if(values_, [&](const auto& entry) { return entry.first.first == section; });
+  } else {
+    values_.erase({std::string(section), std::string(key)});
+  }
+}
+
 std::vector<std::string> ReadRecentFiles(const SettingsStore& store, std::size_t limit) {
   std::vector<std::string> files;
   while (files.size() < limit) {

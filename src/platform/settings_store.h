@@ -1,8 +1,10 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/result.h"
@@ -41,6 +43,19 @@ inline constexpr std::size_t kMaxSettingsStoreSize = std::size_t{1024} * 1024;
 // no file, or one too large, reads as empty too, and is left as it is: Flush says why, and the
 // store lasts as long as the object.
 std::unique_ptr<SettingsStore> OpenSettingsStore(const std::string& path);
+
+// A store that lives no longer than the object.
+class MemorySettingsStore final : public SettingsStore {
+ public:
+  std::string Get(std::string_view section, std::string_view key,
+                  std::string_view fallback = {}) const override;
+  void Set(std::string_view section, std::string_view key, std::string_view value) override;
+  void Remove(std::string_view section, std::string_view key) override;
+  Status Flush() override { return Done{}; }
+
+ private:
+  std::map<std::pair<std::string, std::string>, std::string> values_;
+};
 
 // The section of the recent files.
 inline constexpr std::string_view kRecentFilesSection = "MRUFiles";

@@ -8,13 +8,14 @@
 
 #include "app/edits.h"
 #include "app/program.h"
-#include "routes/file_forms.h"
+#include "platform/settings_store.h"
 #include "routes/route.h"
-#include "support/memory_platform.h"
+#include "support/memory_clipboard.h"
 #include "support/recording_messages.h"
 #include "support/still_clock.h"
 #include "support/temp_folder.h"
 #include "ui/desktop.h"
+#include "ui/forms/file_forms.h"
 #include "ui/widgets/theme.h"
 
 namespace skerrow::testing {

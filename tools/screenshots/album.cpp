@@ -9,7 +9,7 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "routes/file_forms.h"
+#include "ui/forms/file_forms.h"
 #include "ui/widgets/theme.h"
 
 namespace screenshots {
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kSettleMs = 150;
 constexpr int kDialogMs = 300;
-constexpr double kPageScale = 1.5;
+constexpr double kPageScale = 1.3;
 const QColor kFrame(0x8d, 0x99, 0xa6);  // without a desktop's frame a window has no edge on paper
 
 }  // namespace

@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 
 #include "platform/settings_store.h"
-#include "routes/route_forms.h"
+#include "ui/forms/route_forms.h"
 #include "ui/icons/icons.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/overlays.h"

@@ -1,9 +1,9 @@
 #include "core/plane_sailing.h"
 #include "core/text.h"
 #include "passage/route_calculation.h"
-#include "routes/file_forms.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmcalcroute.h"
+#include "ui/forms/file_forms.h"
 #include "ui/main/frmChart.h"
 #include "ui/main/readout.h"
 #include "ui/routes/frmLoadWay.h"
@@ -153,9 +153,7 @@ void FrmChart::RouteByWaypointList() {
 
 void FrmChart::CalculateRouteDialog() {
   view_.route_drag_on = false;
-  const RouteState before = program().route;
   FrmCalcRoute(desktop_, this).exec();
-  RememberRouteEdit(program(), messages(), "Route Calculation", before);
   view_.calculation_on_show = !program().passage.route_track.empty();
   DropAnimation();
   Changed(kAllChanged);
@@ -163,9 +161,7 @@ void FrmChart::CalculateRouteDialog() {
 
 void FrmChart::OptimiseDialog() {
   view_.route_drag_on = false;
-  const RouteState before = program().route;
   FrmRouteOptDeparture(desktop_, this).exec();
-  RememberRouteEdit(program(), messages(), "Departure Search", before);
   view_.calculation_on_show = !program().passage.route_track.empty();
   DropAnimation();
   Changed(kAllChanged);

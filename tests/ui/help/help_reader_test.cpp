@@ -18,7 +18,8 @@
 #include <regex>
 #include <set>
 
-#include "support/memory_platform.h"
+#include "platform/settings_store.h"
+#include "support/memory_clipboard.h"
 #include "support/temp_folder.h"
 #include "ui/help/frmPDFReader.h"
 #include "ui/help/help_files.h"

@@ -11,7 +11,7 @@
 
 #include "platform/settings_store.h"
 #include "support/hands.h"
-#include "support/memory_platform.h"
+#include "support/memory_clipboard.h"
 #include "support/recording_messages.h"
 #include "support/still_clock.h"
 #include "support/temp_folder.h"

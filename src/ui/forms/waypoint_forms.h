@@ -8,9 +8,9 @@
 
 #include "core/folders.h"
 #include "core/result.h"
-#include "routes/file_forms.h"
-#include "routes/route_forms.h"
 #include "routes/waypoint_editor.h"
+#include "ui/forms/file_forms.h"
+#include "ui/forms/route_forms.h"
 
 // What the waypoint dialogs check and do.
 namespace skerrow {

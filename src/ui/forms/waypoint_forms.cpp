@@ -1,4 +1,4 @@
-#include "routes/waypoint_forms.h"
+#include "ui/forms/waypoint_forms.h"
 
 #include <array>
 #include <utility>

@@ -1,11 +1,13 @@
+#include "ui/forms/route_forms.h"
+
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "routes/file_forms.h"
-#include "routes/route_forms.h"
-#include "routes/waypoint_forms.h"
+#include "routes/route_rows.h"
 #include "support/recording_messages.h"
 #include "support/temp_folder.h"
+#include "ui/forms/file_forms.h"
+#include "ui/forms/waypoint_forms.h"
 
 namespace skerrow {
 namespace {
@@ -180,32 +182,45 @@ TEST_F(FormTest, RowsOfTheRoute) {
 
 TEST_F(FormTest, EditingALeg) {
   Lay();
+  using enum LegCheck;
+  using enum RouteFormRefusal;
   const LegEntry shown = EntryOfLeg(state_, 1);
   const struct {
     std::string LegEntry::*field;
     const char* text;
-    RouteFormRefusal refusal;
-  } rows[] = {{&LegEntry::start_latitude, "", RouteFormRefusal::kBadLatitude},
-              {&LegEntry::end_latitude, "00.00.00N", RouteFormRefusal::kBadLatitude},
-              {&LegEntry::end_latitude, "91.00.00N", RouteFormRefusal::kBadLatitude},
-              {&LegEntry::start_longitude, "005.12.36", RouteFormRefusal::kBadLongitude},
-              {&LegEntry::end_longitude, "181.00.00W", RouteFormRefusal::kBadLongitude},
-              {&LegEntry::end_longitude, "", RouteFormRefusal::kBadLongitude},
-              {&LegEntry::speed, "-4", RouteFormRefusal::kBadSpeed}};
+    RouteFormRefusal letters;  // as frmRouteEdit checks
+    RouteFormRefusal zero;     // as frmcalcroute does
+  } rows[] = {{&LegEntry::start_latitude, "", kBadLatitude, kBadLatitude},
+              {&LegEntry::end_latitude, "00.00.00N", kBadLatitude, kBadLatitude},
+              {&LegEntry::end_latitude, "91.00.00N", kBadLatitude, kBadLatitude},
+              {&LegEntry::start_longitude, "005.12.36", kBadLongitude, kNone},
+              {&LegEntry::start_longitude, "000.00.00E", kNone, kNone},
+              {&LegEntry::start_longitude, "181.00.00W", kBadLongitude, kBadLongitude},
+              {&LegEntry::end_longitude, "000.00.00E", kNone, kBadLongitude},
+              {&LegEntry::end_longitude, "181.00.00W", kBadLongitude, kBadLongitude},
+              {&LegEntry::end_longitude, "", kBadLongitude, kBadLongitude},
+              {&LegEntry::speed, "-4", kBadSpeed, kBadSpeed}};
   for (const auto& row : rows) {
-    LegEntry entry = shown;
-    entry.*row.field = row.text;
-    entry.start_name = "changed";
-    EXPECT_EQ(EditLeg(state_, 1, entry, defaults_, messages_), row.refusal) << row.text;
-    EXPECT_EQ(state_.points[0].name, "Lizard");
+    for (const LegCheck check : {kLetters, kDestinationZero}) {
+      RouteState state = state_;
+      LegEntry entry = shown;
+      entry.*row.field = row.text;
+      entry.start_name = "changed";
+      const RouteFormRefusal expected = check == kLetters ? row.letters : row.zero;
+      EXPECT_EQ(EditLeg(state, 1, entry, check, defaults_, messages_), expected) << row.text;
+      EXPECT_EQ(state.points[0].name, expected == kNone ? "changed" : "Lizard") << row.text;
+    }
   }
-  EXPECT_EQ(EditLeg(state_, 0, shown, defaults_, messages_), RouteFormRefusal::kNoLegSelected);
-  EXPECT_EQ(EditLeg(state_, 3, shown, defaults_, messages_), RouteFormRefusal::kNoLegSelected);
+  const auto edit = [&](std::size_t leg, const LegEntry& entry) {
+    return EditLeg(state_, leg, entry, kLetters, defaults_, messages_);
+  };
+  EXPECT_EQ(edit(0, shown), kNoLegSelected);
+  EXPECT_EQ(edit(3, shown), kNoLegSelected);
   LegEntry entry = shown;
   entry.end_name = "Prawle";
   entry.end_longitude = "003.43.20W";
   entry.speed = "7.5";
-  EXPECT_EQ(EditLeg(state_, 1, entry, defaults_, messages_), RouteFormRefusal::kNone);
+  EXPECT_EQ(edit(1, entry), kNone);
   EXPECT_EQ(state_.points[0].speed, 7.5F);
   EXPECT_EQ(state_.points[0].At(), (Position{49.94F, -5.206F}));  // untouched, to the bit
   EXPECT_EQ(state_.points[1].latitude, 50.208F);

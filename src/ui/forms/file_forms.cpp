@@ -1,4 +1,4 @@
-#include "routes/file_forms.h"
+#include "ui/forms/file_forms.h"
 
 #include <algorithm>
 #include <array>

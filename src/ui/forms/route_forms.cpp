@@ -1,4 +1,4 @@
-#include "routes/route_forms.h"
+#include "ui/forms/route_forms.h"
 
 #include <array>
 #include <cmath>
@@ -30,66 +30,7 @@ constexpr std::array<RefusalText, 11> kRefusalTexts = {{
     {RouteFormRefusal::kRouteFull, "A route can have at most 100 points - nothing done"},
 }};
 
-constexpr std::string_view kFromMark = "From   :";
-constexpr std::string_view kToMark = "To      :";
-constexpr std::string_view kRangeMark = "Speed : ";
-
-std::string TackText(std::int16_t tack) {
-  if (tack == 1) return " Port Tack";
-  if (tack == 2) return " Starboard Tack";
-  return "";
-}
-
-// The part of a row that holds its position, behind the mark; empty for other rows. A name may
-// hold anything, so the last mark counts.
-std::string_view PositionPart(std::string_view row) {
-  for (const std::string_view mark : {kFromMark, kToMark}) {
-    const std::size_t at = row.rfind(mark);
-    if (at != std::string_view::npos) return row.substr(at + mark.size());
-  }
-  return {};
-}
-
 }  // namespace
-
-std::string PickListText(const WaypointRow& row) {
-  return row.name + "," + row.latitude_text + " : " + row.longitude_text;
-}
-
-std::vector<std::string> LegRows(const RouteState& state, std::size_t leg) {
-  if (leg == 0 || leg >= state.points.size()) return {};
-  const RoutePoint& from = state.points[leg - 1];
-  const RoutePoint& to = state.points[leg];
-  const RangeAndBearing way = RangeBearing(from.At(), to.At());
-  return {
-      from.name + "\t" + std::string(kFromMark) + LatToText(from.latitude) + "," +
-          LongToText(from.longitude),
-      to.name + "\t" + std::string(kToMark) + LatToText(to.latitude) + " , " +
-          LongToText(to.longitude),
-      std::string(kRangeMark) + ShortText(from.speed) +
-          " Kn.  Range = " + FormatFixed(way.range, 1, 1) +
-          "  Bearing = " + FormatFixed(way.bearing, 3, 0) + "\u00b0T" + TackText(from.tack),
-      "",
-  };
-}
-
-std::vector<std::string> RouteRows(const RouteState& state) {
-  std::vector<std::string> rows;
-  for (std::size_t leg = 1; leg < state.points.size(); ++leg) {
-    for (std::string& row : LegRows(state, leg)) rows.push_back(std::move(row));
-  }
-  return rows;
-}
-
-std::vector<std::string> RouteComboRows(const RouteState& state) {
-  if (state.points.size() == 1) {
-    const RoutePoint& only = state.points.front();
-    return {"Start " + LatToText(only.latitude) + " , " + LongToText(only.longitude)};
-  }
-  std::vector<std::string> rows = RouteRows(state);
-  for (std::string& row : rows) row = Trim(ReplaceAll(std::move(row), "\t", " "));
-  return rows;
-}
 
 LegEntry EntryOfLeg(const RouteState& state, std::size_t leg) {
   if (leg == 0 || leg >= state.points.size()) return {};
@@ -134,26 +75,30 @@ bool SpeedKeyAllowed(char key) {
   return (key >= '0' && key <= '9') || key == '.' || static_cast<unsigned char>(key) < 0x20;
 }
 
-RouteFormRefusal EditLeg(RouteState& state, std::size_t leg, const LegEntry& entry,
+RouteFormRefusal EditLeg(RouteState& state, std::size_t leg, const LegEntry& entry, LegCheck check,
                          const RouteDefaults& defaults, Messages& messages) {
   if (leg == 0 || leg >= state.points.size()) return RouteFormRefusal::kNoLegSelected;
   const auto start_latitude = ParseLatitudeEntry(entry.start_latitude);
-  const auto start_longitude = ParseLongitudeEntry(entry.start_longitude);
   const auto end_latitude = ParseLatitudeEntry(entry.end_latitude);
-  const auto end_longitude = ParseLongitudeEntry(entry.end_longitude);
   if (!start_latitude || !end_latitude) return RouteFormRefusal::kBadLatitude;
-  if (!start_longitude || !end_longitude) return RouteFormRefusal::kBadLongitude;
+  const float start_longitude = TextToLong(entry.start_longitude);
+  const float end_longitude = TextToLong(entry.end_longitude);
+  const bool on_earth = std::fabs(start_longitude) <= 180.0F && std::fabs(end_longitude) <= 180.0F;
+  const bool told = check == LegCheck::kLetters ? ParseLongitudeEntry(entry.start_longitude) &&
+                                                      ParseLongitudeEntry(entry.end_longitude)
+                                                : end_longitude != 0.0F;
+  if (!on_earth || !told) return RouteFormRefusal::kBadLongitude;
   const auto speed = static_cast<float>(TextToNumber(entry.speed));
-  if (!(speed >= 0.0F) || !std::isfinite(speed)) return RouteFormRefusal::kBadSpeed;
+  if (!std::isfinite(speed) || speed < 0.0F) return RouteFormRefusal::kBadSpeed;
 
   RoutePoint& from = state.points[leg - 1];
   RoutePoint& to = state.points[leg];
   // A text that was left as it stood keeps the position to its last bit.
   const LegEntry shown = EntryOfLeg(state, leg);
   if (entry.start_latitude != shown.start_latitude) from.latitude = *start_latitude;
-  if (entry.start_longitude != shown.start_longitude) from.longitude = *start_longitude;
+  if (entry.start_longitude != shown.start_longitude) from.longitude = start_longitude;
   if (entry.end_latitude != shown.end_latitude) to.latitude = *end_latitude;
-  if (entry.end_longitude != shown.end_longitude) to.longitude = *end_longitude;
+  if (entry.end_longitude != shown.end_longitude) to.longitude = end_longitude;
   from.name = Trim(entry.start_name);
   to.name = Trim(entry.end_name);
   from.speed = speed;
@@ -180,7 +125,7 @@ RouteFormRefusal InsertWaypointAtLeg(RouteState& state, std::size_t leg,
 RouteFormRefusal DeletePointOfRow(RouteState& state, std::string_view row,
                                   const RouteDefaults& defaults, Messages& messages) {
   if (Trim(row).empty()) return RouteFormRefusal::kNoRowSelected;
-  const std::string_view position = PositionPart(row);
+  const std::string_view position = PositionPartOf(row);
   const std::size_t comma = position.find(',');
   if (comma == std::string_view::npos) return RouteFormRefusal::kRowWithoutLongitude;
   const std::string_view rest = position.substr(comma + 1);

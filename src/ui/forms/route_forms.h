@@ -9,30 +9,11 @@
 #include "core/messages.h"
 #include "routes/route.h"
 #include "routes/route_editing.h"
+#include "routes/route_rows.h"
 #include "routes/waypoint_editor.h"
 
 // What the route dialogs and the route list of the main window show, check and do.
 namespace skerrow {
-
-// "Lizard,49.56.40N : 005.12.36W", as the lists of waypoints to choose from show a row.
-std::string PickListText(const WaypointRow& row);
-
-// The four rows of a leg (from 1): start, end, speed with range and bearing, and a blank.
-//   "Lizard<tab>From   :49.56.40N,005.12.36W"
-//   "Start Point<tab>To      :50.12.48N , 003.37.80W"
-//   "Speed : 5 Kn.  Range = 63.3  Bearing = 075°T"
-// The tack's name stands behind the third row when the leg has one.
-std::vector<std::string> LegRows(const RouteState& state, std::size_t leg);
-
-// The rows of all legs, as `frmRouteEdit` lists them.
-std::vector<std::string> RouteRows(const RouteState& state);
-
-// The rows of the main window's route list: those of RouteRows without tabs; "Start " and the
-// position for a single point; none without a route.
-std::vector<std::string> RouteComboRows(const RouteState& state);
-
-// The leg (from 1) to which row `row` (from 0) of RouteRows belongs.
-constexpr int LegOfRow(int row) { return row / 4 + 1; }
 
 // What the text boxes of a leg hold.
 struct LegEntry {
@@ -78,8 +59,15 @@ std::optional<float> ParseLongitudeEntry(std::string_view text);
 bool PositionKeyAllowed(char key);
 bool SpeedKeyAllowed(char key);
 
-// "Accept Changes to Leg": gives leg `leg` (from 1) the typed ends, names and speed.
-RouteFormRefusal EditLeg(RouteState& state, std::size_t leg, const LegEntry& entry,
+// How the two dialogs that edit a leg check its longitudes.
+enum class LegCheck {
+  kLetters,          // both end in "E" or "W"
+  kDestinationZero,  // that of the destination isn't 0
+};
+
+// Gives leg `leg` (from 1) the typed ends, names and speed. Refused: latitudes of 0, what lies
+// beyond 90 and 180 degrees, longitudes as `check` says, a speed below 0.
+RouteFormRefusal EditLeg(RouteState& state, std::size_t leg, const LegEntry& entry, LegCheck check,
                          const RouteDefaults& defaults, Messages& messages);
 
 // The side of the leg's starting point on which a waypoint goes in.
