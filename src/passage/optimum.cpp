@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "core/numbers.h"
-#include "routes/route_forms.h"
+#include "routes/route_rows.h"
 
 namespace skerrow {
 namespace {
