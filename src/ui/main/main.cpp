@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
   SystemClipboard clipboard;
   LoadProgram(program, messages);
   FrmChart window(program, messages, *settings, clipboard);
+  messages.SetNoticeBoard([&window](std::string_view text) { window.Tell(text); });
   window.show();
   window.Start();
   const QStringList words = QApplication::arguments();
