@@ -2,16 +2,14 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <cerrno>
-#include <csignal>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "support/temp_folder.h"
 
 namespace skerrow {
 namespace {
@@ -41,32 +39,28 @@ TEST_F(SettingsStoreTest, EveryTextComesBackFromTheFile) {
   EXPECT_EQ(store->Get("Other", "0"), "");
 }
 
-// The file and the memory form keep the same rules.
 TEST_F(SettingsStoreTest, NumbersRemovalAndRecentFiles) {
-  MemorySettingsStore memory;
-  const auto file = OpenSettingsStore(path());
-  for (SettingsStore* store : {static_cast<SettingsStore*>(&memory), file.get()}) {
-    store->SetInt("View", "Left", -120);
-    store->Set("View", "Top", "12x");
-    EXPECT_EQ(store->GetInt("View", "Left", 5), -120);
-    EXPECT_EQ(store->GetInt("View", "Top", 5), 5);
-    EXPECT_EQ(store->GetInt("View", "Width", -1), -1);
+  const auto store = OpenSettingsStore(path());
+  store->SetInt("View", "Left", -120);
+  store->Set("View", "Top", "12x");
+  EXPECT_EQ(store->GetInt("View", "Left", 5), -120);
+  EXPECT_EQ(store->GetInt("View", "Top", 5), 5);
+  EXPECT_EQ(store->GetInt("View", "Width", -1), -1);
 
-    WriteRecentFiles(*store, {"a.cht", "b.cht", "c,d.cht"});
-    EXPECT_EQ(ReadRecentFiles(*store), (std::vector<std::string>{"a.cht", "b.cht", "c,d.cht"}));
-    EXPECT_EQ(store->Get(kRecentFilesSection, "1"), "b.cht");
-    WriteRecentFiles(*store, {"z.cht"});
-    EXPECT_EQ(ReadRecentFiles(*store), std::vector<std::string>{"z.cht"});
-    store->Set(kRecentFilesSection, "2", "behind a gap");
-    EXPECT_EQ(ReadRecentFiles(*store).size(), 1U);
-    for (int i = 0; i < 9; ++i) store->Set(kRecentFilesSection, std::to_string(i), "x");
-    EXPECT_EQ(ReadRecentFiles(*store).size(), 6U);
+  WriteRecentFiles(*store, {"a.cht", "b.cht", "c,d.cht"});
+  EXPECT_EQ(ReadRecentFiles(*store), (std::vector<std::string>{"a.cht", "b.cht", "c,d.cht"}));
+  EXPECT_EQ(store->Get(kRecentFilesSection, "1"), "b.cht");
+  WriteRecentFiles(*store, {"z.cht"});
+  EXPECT_EQ(ReadRecentFiles(*store), std::vector<std::string>{"z.cht"});
+  store->Set(kRecentFilesSection, "2", "behind a gap");
+  EXPECT_EQ(ReadRecentFiles(*store).size(), 1U);
+  for (int i = 0; i < 9; ++i) store->Set(kRecentFilesSection, std::to_string(i), "x");
+  EXPECT_EQ(ReadRecentFiles(*store).size(), 6U);
 
-    store->Remove("View", "Left");
-    EXPECT_EQ(store->GetInt("View", "Left", 5), 5);
-    store->Remove("View", "");
-    EXPECT_EQ(store->Get("View", "Top", "gone"), "gone");
-  }
+  store->Remove("View", "Left");
+  EXPECT_EQ(store->GetInt("View", "Left", 5), 5);
+  store->Remove("View", "");
+  EXPECT_EQ(store->Get("View", "Top", "gone"), "gone");
 }
 
 TEST_F(SettingsStoreTest, DamagedOrHandWrittenFilesAreNoTrouble) {
@@ -100,24 +94,16 @@ TEST_F(SettingsStoreTest, WhatIsNoSettingsFileIsLeftAlone) {
   alarm(0);
 }
 
-// A full disk, stood in for by the limit of a process on the size of its files.
 TEST_F(SettingsStoreTest, FlushTellsAFullDisk) {
   std::ofstream(path()) << "[a]\nb=c\n";
   const auto store = OpenSettingsStore(path());
   store->Set("a", "b", "d");
-  rlimit before{};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit tight = before;
-  tight.rlim_cur = 4;
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-  const Status status = store->Flush();
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  ASSERT_FALSE(status.ok());
-  EXPECT_EQ(status.error().Text(), path() + ": " + std::strerror(EFBIG));
-  std::ifstream file(path());
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "[a]\nb=c\n");
+  testing::OnFullDisk(4, [&] {
+    const Status status = store->Flush();
+    ASSERT_FALSE(status.ok());
+    EXPECT_EQ(status.error().Text(), path() + ": File too large");
+  });
+  EXPECT_EQ(testing::FileBytes(path()), "[a]\nb=c\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path().toStdString()), {}),
             1);
 }

@@ -14,9 +14,9 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "platform/settings_store.h"
-#include "routes/file_forms.h"
-#include "routes/route_forms.h"
+#include "routes/route_rows.h"
 #include "ui/dialogs/frmrouteinfo.h"
+#include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/live_overlays.h"
@@ -490,6 +490,15 @@ std::unique_ptr<Progress> FrmChart::StartProgress(const char*) {
 
 void FrmChart::Tell(std::string_view text) { statusBar()->showMessage(ToQt(text), kTellTime); }
 
+void FrmChart::PaintLive(DrawingSurface& surface) {
+  if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
+  const Program& program = desktop_.program;
+  DrawLiveOverlays(surface,
+                   MakeOverlayView(program.charts.chart, viewer_->geometry(), viewer_->geometry(),
+                                   program.config.text_size),
+                   program, view_);
+}
+
 void FrmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) {
   if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
   const Program& program = desktop_.program;
@@ -502,15 +511,6 @@ void FrmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) 
   mob_shown_line_ = line;
   QMetaObject::invokeMethod(
       this, [this] { ShowMob(); }, Qt::QueuedConnection);
-}
-
-void FrmChart::PaintLive(DrawingSurface& surface) {
-  if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
-  const ViewGeometry& geometry = viewer_->geometry();
-  DrawLiveOverlays(surface,
-                   MakeOverlayView(desktop_.program.charts.chart, geometry, geometry,
-                                   desktop_.program.config.text_size),
-                   desktop_.program, view_);
 }
 
 void FrmChart::ShowReadout() {
@@ -575,12 +575,10 @@ void FrmChart::PlaceFloats() {
 void FrmChart::FollowLook() {
   const Theme& theme = ThemeInForce();
   const QString style =
-      QStringLiteral("background: %1; color: %2; border: 1px solid %3; border-radius: 4px;")
+      QStringLiteral("QLabel {background: %1; color: %2; border: 1px solid %3; border-radius: 4px;}")
           .arg(ColourName(theme.readout_back), ColourName(theme.readout_text),
                ColourName(theme.readout_border));
-  for (QLabel* label : {readout_, dividers_, mob_label_, quiet_line_}) {
-    label->setStyleSheet("QLabel {" + style + "}");
-  }
+  for (QLabel* label : {readout_, dividers_, mob_label_, quiet_line_}) label->setStyleSheet(style);
   QPalette colours = QGuiApplication::palette();
   for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button}) {
     colours.setColor(role, theme.readout_back);

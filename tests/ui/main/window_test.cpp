@@ -547,7 +547,7 @@ TEST_F(Window, TheNightViewIsDark) {
   Key(Qt::Key_F9);
   EXPECT_TRUE(window_->view().night);
   EXPECT_EQ(window_->findChild<QComboBox*>("cmbRoute")->palette().color(QPalette::Text),
-            QColor(0, 229, 0));
+            QColor(0, 255, 0));
   QTest::qWait(300);
   const QImage picture = window_->grab().toImage();
   qsizetype bright = 0;

@@ -1,0 +1,220 @@
+#include "fuzz/readers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "charts/chart_files.h"
+#include "charts/chart_view.h"
+#include "core/config.h"
+#include "routes/route_editing.h"
+#include "routes/route_rows.h"
+#include "support/temp_folder.h"
+#include "tides/streams.h"
+#include "wind/wind_config.h"
+
+namespace skerrow {
+namespace {
+
+// Shows nothing and answers Yes.
+class Silent final : public Messages {
+ public:
+  void Show(std::string_view, MessageIcon, std::string_view) override {}
+  bool Ask(std::string_view, std::string_view) override { return true; }
+};
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+// In memory where the system offers it: every input is a file.
+std::filesystem::path FastFolder() {
+  std::error_code error;
+  if (std::filesystem::is_directory("/dev/shm", error)) return "/dev/shm";
+  return std::filesystem::temp_directory_path();
+}
+
+struct Place {
+  Place() : folders{folder.path(), folder.path(), folder.path()} {
+    MakeUserFolders(folders);
+    (void)MakeFolder(folders.Charts());
+    (void)MakeFolder(folders.TidalStreams());
+  }
+  testing::TempFolder folder{FastFolder()};
+  Folders folders;
+  Silent messages;
+};
+
+void Waypoints(Place& place, const std::string& bytes) {
+  AppConfig config;
+  config.waypoint_file = "f.way";
+  place.folder.Write("SkerrowHelm/Waypoints/f.way", bytes);
+  WaypointState state;
+  if (!LoadCurrentWaypoints(place.folders, config, state, place.messages)) return;
+  Require(state.waypoints.size() <= bytes.size() / 43 + 1);
+  NearestWaypoint(state.waypoints, {50, -1});
+  for (const Waypoint& waypoint : state.waypoints) {
+    PickListText(RowOf(waypoint));
+    WaypointOf(RowOf(waypoint));
+  }
+  Require(SaveWaypointsAs(place.folders, "g.way", state).ok());
+  const auto saved = ReadWaypointFile(WaypointPath(place.folders, "g.way"));
+  Require(saved.ok() && *saved == state.waypoints);
+  Require(AppendWaypoint(place.folders, config, {"new", 50, -1}).ok());
+  const auto again = ReadWaypointFile(WaypointPath(place.folders, "f.way"));
+  Require(again.ok() && again->back().name == "new");
+}
+
+void Route(Place& place, const std::string& bytes) {
+  const std::string path = place.folder.Write("f.rte", bytes);
+  RouteState state;
+  RouteDefaults defaults;
+  defaults.constant_wind = false;
+  defaults.departure_day = {365, 2026};
+  defaults.wind_at = [](Position, DayAndYear day, float hours) -> std::optional<Wind> {
+    Require(day.day >= 1 && day.day <= 366 && hours >= 0.0F && hours <= 24.0F);
+    return Wind{5, 5};
+  };
+  if (!LoadRoute(path, RouteSpeeds::kStored, defaults, state, place.messages)) return;
+  for (const RoutePoint& point : state.points) {
+    Require(std::fabs(point.latitude) <= 90 && std::fabs(point.longitude) <= 180);
+    Require(point.speed >= 0 && std::isfinite(point.speed));
+  }
+  Require(std::isfinite(state.distance));
+  RouteRows(state);
+  InsertRoutePoint(state, {50, -1}, defaults, place.messages);
+  DeleteRoutePoint(state, {50, -1}, defaults, place.messages);
+  ReverseRoute(state, defaults, place.messages);
+  (void)SaveRoute(place.folder.File("g.rte"), state, 5.0F);
+}
+
+void Chart(Place& place, const std::string& bytes) {
+  place.folder.Write("Charts/f.cht", bytes);
+  AppConfig config;
+  config.chart_path = ChartPathOf(place.folders, "f");
+  ChartState state;
+  if (!ReadChartSettings(config, state)) return;
+  const ChartView view = MakeChartView(state.chart, 1000, 800);
+  Require(std::isfinite(view.pixels_per_degree) && view.pixels_per_degree != 0.0);
+  view.LatToRow(view.RowToLat(400));
+  ChartIssueText(state.chart.issue);
+}
+
+void Index(Place& place, const std::string& bytes) {
+  place.folder.Write("Charts/f.xrf", bytes);
+  AppConfig config;
+  config.sea_area = "f";
+  ChartState state;
+  if (!LoadChartIndex(place.folders, config, state, place.messages)) return;
+  Require(state.index.size() <= bytes.size() / 102);
+  ChartsAtPoint({50, -1}, state);
+  LargerScaleChart({0, 0}, state);
+  SortChartsByScale(state.index);
+}
+
+void Config(Place& place, const std::string& bytes) {
+  place.folder.Write("SkerrowHelm/HelmConfigv60.cfg", bytes);
+  AppConfig config;
+  Require(ReadConfig(place.folders, config).ok());
+  Require(SaveConfig(place.folders, config).ok());
+  const std::string saved = testing::FileBytes(place.folders.ConfigFile());
+  Require(saved.size() == kAppConfigSize);
+  for (const RecordField<AppConfig>& field : kAppConfigFields) {
+    if (field.offset + field.size > bytes.size()) break;
+    std::string stored = bytes.substr(field.offset, field.size);
+    if (field.type == FieldType::kText) stored.resize(std::min(stored.find('\0'), stored.size()));
+    stored.resize(field.size, ' ');
+    Require(saved.substr(field.offset, field.size) == stored);
+  }
+}
+
+void WindSettings(Place& place, const std::string& bytes) {
+  place.folder.Write("SkerrowHelm/WindConfig.cfg", bytes);
+  const Wind wind = LoadWindConfig(place.folders).Default();
+  Require(!std::isnan(wind.speed) && !std::isnan(wind.direction));
+}
+
+// A port as the curve and the streams use it: the heights of a damaged one must never get there.
+void CheckPort(const Port& port) {
+  Require(DamagedField(port, kPortFields) == nullptr);
+  Require(port.name.find('\0') == std::string::npos);
+  TimeZoneLetter(TimeZoneHours(port.time_zone));
+  PredictHeights(port, 100, 4, 2026, true);
+}
+
+void AreaPorts(Place& place, const std::string& bytes) {
+  place.folder.Write("TS/f.hc", bytes);
+  const auto file = ReadAreaPorts(place.folders, "f.hc");
+  if (!file) return;
+  Require(file->records.size() == bytes.size() / kPortSize);
+  const std::vector<Port> ports = file->Sound();
+  Require(LoadPortMarkers(place.folders, "f.hc", place.messages).size() == ports.size());
+  Require(ports.size() + file->left_out.damaged == file->records.size());
+  if (!ports.empty()) CheckPort(ports.front());
+  Require(!ReadAreaPort(place.folders, "f.hc", static_cast<int>(file->records.size()) + 1).ok());
+}
+
+// The reference ports behind a diamond each, from the file to a stream.
+void RefPorts(Place& place, const std::string& bytes) {
+  place.folder.Write("RefPorts.hc", bytes);
+  TideState state;
+  state.ref_ports = {0, 1, 2, 3};
+  BuildRefPortHeights(state, place.folders, {100, 2026}, false, place.messages);
+  RefreshTideState(state, true, 6.5F, {});
+  for (const RefPortState& port : state.ref_port_states) {
+    Require(port.dep_slot >= -7 && port.dep_slot <= 6 && port.mins_left >= 0);
+    Require(port.tides.size() <= kMaxWaters);
+  }
+}
+
+void Diamonds(Place& place, const std::string& bytes) {
+  place.folder.Write("TS/f.l25", bytes);
+  TideState state;
+  FindRefPorts(state, place.folders, "f");
+  LoadDiamonds(state, place.folders, "f", place.messages);
+  LoadSlDiamonds(state, place.folders, "f.l25", place.messages);
+  Require(state.diamonds.size() <= state.sl_diamonds.size());
+  Require(state.sl_diamonds.size() <= bytes.size() / kDiamondSize);
+  std::error_code error;
+  std::filesystem::copy_file(SKERROW_SOURCE_DIR "/program/RefPorts.hc",
+                             place.folder.File("RefPorts.hc"),
+                             std::filesystem::copy_options::overwrite_existing, error);
+  BuildRefPortHeights(state, place.folders, {100, 2026}, false, place.messages);
+  RefreshTideState(state, true, 6.5F, {});
+  CalculateTidalStreamTable(state, place.messages);
+  StreamReader reader(state);
+  for (const Diamond& diamond : state.diamonds) {
+    Require(diamond.latitude > 35.0F && diamond.latitude < 75.0F);
+    StreamReading reading;
+    reader.CalculateTidalStreams({diamond.latitude, diamond.longitude}, 6.5F, {100, 2026}, reading);
+    StreamLabel(state, reading);
+    if (reading.no_tide >= 0) NoTideText(state, {reading.no_tide});
+  }
+  SaveTidalDiamonds(state, place.folders, "f", place.messages);
+}
+
+using Feeder = void (*)(Place&, const std::string&);
+
+// One folder serves all inputs of a reader.
+template <Feeder kFeed>
+void InItsPlace(const std::string& bytes) {
+  static Place place;
+  kFeed(place, bytes);
+}
+
+}  // namespace
+
+const std::vector<FuzzReader>& FuzzReaders() {
+  static const std::vector<FuzzReader> readers = {
+      {"way", InItsPlace<Waypoints>, 35, 2, 0},     {"rte", InItsPlace<Route>, 35, 3, 0},
+      {"cht", InItsPlace<Chart>, 0, 14, 8},         {"xrf", InItsPlace<Index>, 80, 5, 2},
+      {"config", InItsPlace<Config>, 2432, 0, 524}, {"wind", InItsPlace<WindSettings>, 24, 0, 0},
+      {"hc", InItsPlace<AreaPorts>, 36, 40, 1},     {"refports", InItsPlace<RefPorts>, 40, 39, 1},
+      {"l25", InItsPlace<Diamonds>, 0, 49, 0}};
+  return readers;
+}
+
+}  // namespace skerrow
