@@ -575,7 +575,8 @@ void FrmChart::PlaceFloats() {
 void FrmChart::FollowLook() {
   const Theme& theme = ThemeInForce();
   const QString style =
-      QStringLiteral("QLabel {background: %1; color: %2; border: 1px solid %3; border-radius: 4px;}")
+      QStringLiteral(
+          "QLabel {background: %1; color: %2; border: 1px solid %3; border-radius: 4px;}")
           .arg(ColourName(theme.readout_back), ColourName(theme.readout_text),
                ColourName(theme.readout_border));
   for (QLabel* label : {readout_, dividers_, mob_label_, quiet_line_}) label->setStyleSheet(style);
@@ -590,8 +591,7 @@ void FrmChart::FollowLook() {
   route_details_->setPalette(colours);
   for (const Command* command : AllCommands()) {
     if (command->icon.empty()) continue;
-    action(command->name)
-        ->setIcon(Icon(ToQt(command->icon), view_.night, view_.brightness.level));
+    action(command->name)->setIcon(Icon(ToQt(command->icon), view_.night, view_.brightness.level));
   }
 }
 
