@@ -4,8 +4,8 @@
 
 #include "app/program.h"
 #include "core/clock.h"
-#include "platform/clipboard.h"
 #include "platform/settings_store.h"
+#include "support/memory_clipboard.h"
 #include "support/temp_folder.h"
 #include "ui/main/frmChart.h"
 #include "ui/widgets/desktop_messages.h"
@@ -22,7 +22,7 @@ void Measure(const char* what, const Folders& folders) {
   Program program(folders, clock);
   MakeUserFolders(folders);
   DesktopMessages messages;
-  MemoryClipboard clipboard;
+  testing::MemoryClipboard clipboard;
   MemorySettingsStore settings;
   QElapsedTimer timer;
   timer.start();

@@ -6,6 +6,7 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "passage/route_calculation.h"
 
 namespace skerrow {
 namespace {
@@ -92,9 +93,9 @@ std::string SelectedTimeText(SelectedTimeRefusal refusal) {
     case SelectedTimeRefusal::kNone:
       break;
     case SelectedTimeRefusal::kNoTime:
-      return "Please enter a valid time i.e. 12:35";
+      return DepartureTimeText(DepartureTimeRefusal::kNoTime);
     case SelectedTimeRefusal::kOutOfRange:
-      return "Please enter a valid time";
+      return DepartureTimeText(DepartureTimeRefusal::kOutOfRange);
     case SelectedTimeRefusal::kNoSuchDate:
       return "There is no such date";
   }

@@ -27,24 +27,4 @@ class SystemClipboard final : public Clipboard {
   void SetPicture(const Picture& picture) override;
 };
 
-// A clipboard of its own, for work without a desktop.
-class MemoryClipboard final : public Clipboard {
- public:
-  void SetText(std::string_view text) override {
-    text_ = text;
-    picture_ = {};
-  }
-  std::string Text() const override { return text_; }
-  void SetPicture(const Picture& picture) override {
-    if (picture.empty()) return;
-    text_.clear();
-    picture_ = picture;
-  }
-  const Picture& picture() const { return picture_; }
-
- private:
-  std::string text_;
-  Picture picture_;
-};
-
 }  // namespace skerrow

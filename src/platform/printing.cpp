@@ -21,6 +21,8 @@ namespace {
 
 constexpr double kDefaultTabMm = 20.0;
 constexpr double kFootMm = 7.0;
+constexpr double kColumnGapMm = 5.0;
+constexpr double kBlockGapMm = 3.0;
 
 QFont ToQFont(const PrintFont& font) {
   QFont result = font.family.empty() ? QFont(QStringLiteral("Sans Serif"))
@@ -43,36 +45,106 @@ class PageRun {
         page_(page),
         painter_(painter),
         new_page_(std::move(new_page)) {
-    if (document.page_numbers) page_.setBottom(page_.bottom() - kFootMm * dots_per_mm_);
+    if (document.page_numbers || !document.foot.empty()) {
+      page_.setBottom(page_.bottom() - kFootMm * dots_per_mm_);
+    }
+    width_ = page_.width();
   }
 
   // Gives the number of pages. `page_count` of an earlier run is printed at the foot; 0 for none.
   int Run(int page_count) {
     page_count_ = page_count;
     Foot();
-    for (const PrintItem& item : document_.items) {
-      switch (item.kind) {
-        case PrintItem::Kind::kLine:
-          Line(item);
-          break;
-        case PrintItem::Kind::kPicture:
-          DrawPicture(item);
-          break;
-        case PrintItem::Kind::kNewPage:
-          NextPage();
-          break;
-      }
-    }
+    for (const PrintItem& item : document_.items) Set(item);
     return page_number_;
   }
 
  private:
+  void Set(const PrintItem& item) {
+    switch (item.kind) {
+      case PrintItem::Kind::kLine:
+        Line(item);
+        break;
+      case PrintItem::Kind::kPicture:
+        DrawPicture(item);
+        break;
+      case PrintItem::Kind::kNewPage:
+        NextPage();
+        break;
+      case PrintItem::Kind::kBlocks:
+        Blocks(item);
+        break;
+    }
+  }
+
   void Foot() {
-    if (painter_ == nullptr || !document_.page_numbers || page_count_ < 2) return;
+    if (painter_ == nullptr) return;
+    const QRectF line(page_.left(), page_.bottom(), page_.width(), kFootMm * dots_per_mm_);
     painter_->setFont(ToQFont({{}, 8.0, false}));
-    painter_->drawText(QRectF(page_.left(), page_.bottom(), page_.width(), kFootMm * dots_per_mm_),
-                       Qt::AlignRight | Qt::AlignBottom,
+    painter_->drawText(line, Qt::AlignLeft | Qt::AlignBottom,
+                       QString::fromStdString(document_.foot));
+    if (!document_.page_numbers || (document_.foot.empty() && page_count_ < 2)) return;
+    painter_->drawText(line, Qt::AlignRight | Qt::AlignBottom,
                        QStringLiteral("Page %1 of %2").arg(page_number_).arg(page_count_));
+  }
+
+  // The height of a block in the column in force, set without a page.
+  double HeightOf(const std::vector<PrintItem>& block) {
+    QPainter* painter = std::exchange(painter_, nullptr);
+    const double top = std::exchange(y_, 0.0);
+    measuring_ = true;
+    for (const PrintItem& item : block) Set(item);
+    measuring_ = false;
+    painter_ = painter;
+    return std::exchange(y_, top);
+  }
+
+  double WidthOf(const PrintItem& item) const {
+    const QFont font(ToQFont(item.font), &device_);
+    const QFontMetricsF metrics(font, &device_);
+    double x = 0.0;
+    const QStringList parts = QString::fromStdString(item.text).split(QLatin1Char('\t'));
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+      if (i > 0) x = NextTab(item, x);
+      x += metrics.horizontalAdvance(parts[i]);
+    }
+    return x;
+  }
+
+  void Blocks(const PrintItem& item) {
+    double widest = 0.0;
+    for (const std::vector<PrintItem>& block : item.blocks) {
+      for (const PrintItem& line : block) widest = std::max(widest, WidthOf(line));
+    }
+    const double gap = kColumnGapMm * dots_per_mm_;
+    std::size_t columns = static_cast<std::size_t>(std::max(item.columns, 1));
+    const auto width = [&] {
+      return (page_.width() - static_cast<double>(columns - 1) * gap) /
+             static_cast<double>(columns);
+    };
+    while (columns > 1 && width() < widest) --columns;
+    width_ = width();
+    if (y_ > 0.0) y_ += kBlockGapMm * dots_per_mm_;
+    for (std::size_t first = 0; first < item.blocks.size(); first += columns) {
+      const std::size_t last = std::min(first + columns, item.blocks.size());
+      double height = 0.0;
+      for (std::size_t i = first; i < last; ++i) {
+        height = std::max(height, HeightOf(item.blocks[i]));
+      }
+      Reserve(height);
+      const double top = y_;
+      const int page = page_number_;
+      for (std::size_t i = first; i < last; ++i) {
+        // A block of more than a page has gone on to the next one by itself.
+        if (page_number_ == page) y_ = top;
+        left_ = static_cast<double>(i - first) * (width_ + gap);
+        for (const PrintItem& line : item.blocks[i]) Set(line);
+      }
+      left_ = 0.0;
+      if (page_number_ == page) y_ = top + height;
+      y_ += kBlockGapMm * dots_per_mm_;
+    }
+    width_ = page_.width();
   }
 
   void NextPage() {
@@ -84,7 +156,7 @@ class PageRun {
 
   // Makes sure that `height` fits below what is on the page; what is higher than a page stays.
   void Reserve(double height) {
-    if (y_ > 0.0 && y_ + height > page_.height()) NextPage();
+    if (!measuring_ && y_ > 0.0 && y_ + height > page_.height()) NextPage();
   }
 
   void Line(const PrintItem& item) {
@@ -104,7 +176,7 @@ class PageRun {
     layout.beginLayout();
     bool any = false;
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-      line.setLineWidth(page_.width());
+      line.setLineWidth(width_);
       Reserve(metrics.lineSpacing());
       const QString part = text.mid(line.textStart(), line.textLength());
       DrawText(0.0, part, font, metrics);
@@ -139,7 +211,8 @@ class PageRun {
   void DrawText(double x, const QString& text, const QFont& font, const QFontMetricsF& metrics) {
     if (painter_ == nullptr) return;
     painter_->setFont(font);
-    painter_->drawText(QPointF(page_.left() + x, page_.top() + y_ + metrics.ascent()), text);
+    painter_->drawText(QPointF(page_.left() + left_ + x, page_.top() + y_ + metrics.ascent()),
+                       text);
   }
 
   void DrawPicture(const PrintItem& item) {
@@ -168,6 +241,9 @@ class PageRun {
   QPainter* painter_;
   std::function<void()> new_page_;
   double y_ = 0.0;
+  double left_ = 0.0;   // of the column in force, from the page's left
+  double width_ = 0.0;  // of that column
+  bool measuring_ = false;
   int page_number_ = 1;
   int page_count_ = 0;
 };
@@ -223,6 +299,14 @@ PrintItem PrintPicture(Picture picture, double width_mm) {
 PrintItem PrintNewPage() {
   PrintItem item;
   item.kind = PrintItem::Kind::kNewPage;
+  return item;
+}
+
+PrintItem PrintBlocks(std::vector<std::vector<PrintItem>> blocks, int columns) {
+  PrintItem item;
+  item.kind = PrintItem::Kind::kBlocks;
+  item.blocks = std::move(blocks);
+  item.columns = columns;
   return item;
 }
 

@@ -18,7 +18,7 @@ struct PrintFont {
 
 // One thing after the other down the page.
 struct PrintItem {
-  enum class Kind { kLine, kPicture, kNewPage };
+  enum class Kind { kLine, kPicture, kNewPage, kBlocks };
   Kind kind = Kind::kLine;
   // kLine: UTF-8; each "\t" goes on to the next tab stop. Words that do not fit the width of the
   // page run over to the next line, unless the line has tabs.
@@ -28,18 +28,24 @@ struct PrintItem {
   // kPicture: as wide as the page at most, and never split over two pages.
   Picture picture;
   double width_mm = 0.0;  // 0: the width of the page
+  // kBlocks: lines that belong together. Blocks stand side by side in as many columns as hold their
+  // lines, in reading order, and none is parted by the end of a page that could hold it.
+  std::vector<std::vector<PrintItem>> blocks;
+  int columns = 1;  // at most
 };
 
 PrintItem PrintLine(std::string text, PrintFont font = {}, std::vector<double> tabs_mm = {});
 PrintItem PrintPicture(Picture picture, double width_mm = 0.0);
 PrintItem PrintNewPage();
+PrintItem PrintBlocks(std::vector<std::vector<PrintItem>> blocks, int columns);
 
 // What is printed.
 struct PrintDocument {
   std::string title;  // the name of the job
   bool landscape = false;
   double margin_mm = 15.0;
-  bool page_numbers = true;  // "Page 2 of 3" at the foot, when there is more than one
+  std::string foot;          // at the foot of each page, at its left
+  bool page_numbers = true;  // "Page 2 of 3" at its right, when there is a foot or a second page
   std::vector<PrintItem> items;
 };
 

@@ -11,8 +11,7 @@
 #include "charts/chart_view.h"
 #include "core/config.h"
 #include "routes/route_editing.h"
-#include "routes/route_forms.h"
-#include "routes/waypoint_forms.h"
+#include "routes/route_rows.h"
 #include "support/temp_folder.h"
 #include "tides/streams.h"
 #include "wind/wind_config.h"
@@ -58,7 +57,7 @@ void Waypoints(Place& place, const std::string& bytes) {
   Require(state.waypoints.size() <= bytes.size() / 43 + 1);
   NearestWaypoint(state.waypoints, {50, -1});
   for (const Waypoint& waypoint : state.waypoints) {
-    WaypointEditText(RowOf(waypoint));
+    PickListText(RowOf(waypoint));
     WaypointOf(RowOf(waypoint));
   }
   Require(SaveWaypointsAs(place.folders, "g.way", state).ok());

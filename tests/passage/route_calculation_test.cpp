@@ -181,6 +181,17 @@ TEST_F(RouteCalculation, ChecksTheSpeedsOfEveryPoint) {
   messages_.Expect(
       "Boat speed below 0.5kn between waypoints 3 and 4\nCannot continue - please correct.");
   EXPECT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kRefused);
+  // A search that is refused leaves no earlier search standing.
+  passage_.optimum_times = {1.0F, 2.0F};
+  passage_.calc_mode = 1;
+  OptimumRequest search;
+  search.date = kDate;
+  messages_.Expect(
+      "Boat speed below 0.5kn between waypoints 3 and 4\nCannot continue - please correct.");
+  EXPECT_EQ(SearchDeparture(search, config_, tides_, route_, passage_, messages_, progress_),
+            RouteOutcome::kRefused);
+  EXPECT_TRUE(passage_.optimum_times.empty());
+  EXPECT_EQ(passage_.calc_mode, 0);
   route_.points[2].speed = 0.6F;
   messages_.ExpectQuestion(
       "Boat speed very low between waypoints 3 and 4\nDo you wish to continue?\n(This may cause "

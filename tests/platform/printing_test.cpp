@@ -89,6 +89,42 @@ TEST_F(PrintingTest, PicturesKeepTheirShapeAndStayOnOnePage) {
   EXPECT_NEAR(tall, height * height / 2.0, 2500.0);
 }
 
+// Twelve blocks of ten lines, two abreast: none is parted, and each page has its foot.
+TEST_F(PrintingTest, BlocksStandTwoAbreastAndWhole) {
+  std::vector<std::vector<PrintItem>> blocks;
+  for (int block = 0; block < 12; ++block) {
+    const std::string name = "B" + std::to_string(block);
+    blocks.emplace_back();
+    for (int line = 0; line < 10; ++line) blocks.back().push_back(PrintLine(name + "x"));
+  }
+  PrintDocument document;
+  document.foot = "Footname";
+  document.items = {PrintLine("head"), PrintBlocks(blocks, 2)};
+  ASSERT_EQ(*Print(document, {{}, path()}), 2);
+  QPdfDocument pdf;
+  pdf.load(QString::fromStdString(path()));
+  int whole = 0;
+  for (int page = 0; page < 2; ++page) {
+    const QString text = pdf.getAllText(page).text();
+    EXPECT_EQ(text.count("Footname"), 1) << page;
+    EXPECT_TRUE(text.contains(QString("Page %1 of 2").arg(page + 1)));
+    for (int block = 0; block < 12; ++block) {
+      const auto lines = text.count(QString("B%1x").arg(block));
+      EXPECT_TRUE(lines == 0 || lines == 10) << block << " on page " << page;
+      whole += lines == 10 ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(whole, 12);
+  const QImage page = Pages()[0];
+  EXPECT_GT(Ink(page, {42, 60, 60, 100}), 0.02);
+  EXPECT_GT(Ink(page, {310, 60, 60, 100}), 0.02) << "the second column";
+  // Lines as wide as the page have it for themselves.
+  blocks[3].push_back(PrintLine(std::string(90, 'w')));
+  document.items[1] = PrintBlocks(blocks, 2);
+  ASSERT_TRUE(Print(document, {{}, path()}));
+  EXPECT_EQ(Ink(Pages()[0], {310, 60, 60, 100}), 0.0);
+}
+
 TEST_F(PrintingTest, ErrorsNameWhatIsMissing) {
   PrintDocument document;
   document.items.push_back(PrintLine("x"));

@@ -39,32 +39,28 @@ TEST_F(SettingsStoreTest, EveryTextComesBackFromTheFile) {
   EXPECT_EQ(store->Get("Other", "0"), "");
 }
 
-// The file and the memory form keep the same rules.
 TEST_F(SettingsStoreTest, NumbersRemovalAndRecentFiles) {
-  MemorySettingsStore memory;
-  const auto file = OpenSettingsStore(path());
-  for (SettingsStore* store : {static_cast<SettingsStore*>(&memory), file.get()}) {
-    store->SetInt("View", "Left", -120);
-    store->Set("View", "Top", "12x");
-    EXPECT_EQ(store->GetInt("View", "Left", 5), -120);
-    EXPECT_EQ(store->GetInt("View", "Top", 5), 5);
-    EXPECT_EQ(store->GetInt("View", "Width", -1), -1);
+  const auto store = OpenSettingsStore(path());
+  store->SetInt("View", "Left", -120);
+  store->Set("View", "Top", "12x");
+  EXPECT_EQ(store->GetInt("View", "Left", 5), -120);
+  EXPECT_EQ(store->GetInt("View", "Top", 5), 5);
+  EXPECT_EQ(store->GetInt("View", "Width", -1), -1);
 
-    WriteRecentFiles(*store, {"a.cht", "b.cht", "c,d.cht"});
-    EXPECT_EQ(ReadRecentFiles(*store), (std::vector<std::string>{"a.cht", "b.cht", "c,d.cht"}));
-    EXPECT_EQ(store->Get(kRecentFilesSection, "1"), "b.cht");
-    WriteRecentFiles(*store, {"z.cht"});
-    EXPECT_EQ(ReadRecentFiles(*store), std::vector<std::string>{"z.cht"});
-    store->Set(kRecentFilesSection, "2", "behind a gap");
-    EXPECT_EQ(ReadRecentFiles(*store).size(), 1U);
-    for (int i = 0; i < 9; ++i) store->Set(kRecentFilesSection, std::to_string(i), "x");
-    EXPECT_EQ(ReadRecentFiles(*store).size(), 6U);
+  WriteRecentFiles(*store, {"a.cht", "b.cht", "c,d.cht"});
+  EXPECT_EQ(ReadRecentFiles(*store), (std::vector<std::string>{"a.cht", "b.cht", "c,d.cht"}));
+  EXPECT_EQ(store->Get(kRecentFilesSection, "1"), "b.cht");
+  WriteRecentFiles(*store, {"z.cht"});
+  EXPECT_EQ(ReadRecentFiles(*store), std::vector<std::string>{"z.cht"});
+  store->Set(kRecentFilesSection, "2", "behind a gap");
+  EXPECT_EQ(ReadRecentFiles(*store).size(), 1U);
+  for (int i = 0; i < 9; ++i) store->Set(kRecentFilesSection, std::to_string(i), "x");
+  EXPECT_EQ(ReadRecentFiles(*store).size(), 6U);
 
-    store->Remove("View", "Left");
-    EXPECT_EQ(store->GetInt("View", "Left", 5), 5);
-    store->Remove("View", "");
-    EXPECT_EQ(store->Get("View", "Top", "gone"), "gone");
-  }
+  store->Remove("View", "Left");
+  EXPECT_EQ(store->GetInt("View", "Left", 5), 5);
+  store->Remove("View", "");
+  EXPECT_EQ(store->Get("View", "Top", "gone"), "gone");
 }
 
 TEST_F(SettingsStoreTest, DamagedOrHandWrittenFilesAreNoTrouble) {

@@ -98,7 +98,7 @@ bool InTable(const QTextBlock& block) { return QTextCursor(block).currentTable()
 
 }  // namespace
 
-QString WithPictures(const QString& markdown, const QStringList& folders) {
+QString WithPictures(const QString& markdown, const QStringList& folders, QStringList* missing) {
   static const QRegularExpression picture(QStringLiteral("^!\\[([^\\]]*)\\]\\(([^)]+)\\)\\s*$"));
   QStringList result;
   for (const QString& line : markdown.split(QLatin1Char('\n'))) {
@@ -108,11 +108,15 @@ QString WithPictures(const QString& markdown, const QStringList& folders) {
       continue;
     }
     const QString path = PicturePath(match.captured(2), folders);
-    if (path.isEmpty()) continue;
-    result << QStringLiteral("![](<%1>)").arg(QUrl::fromLocalFile(path).toString());
-    if (!match.captured(1).isEmpty()) {
-      result << QString() << QString::fromUtf8(kCaptionMark) + match.captured(1);
+    if (path.isEmpty()) {
+      *missing << match.captured(2);
+      continue;
     }
+    // The reader of Qt 6.4 drops a picture whose brackets are empty.
+    const QString caption = match.captured(1);
+    const QString words = caption.isEmpty() ? match.captured(2) : caption;
+    result << QStringLiteral("![%1](<%2>)").arg(words, QUrl::fromLocalFile(path).toString());
+    if (!caption.isEmpty()) result << QString() << QString::fromUtf8(kCaptionMark) + caption;
   }
   return result.join(QLatin1Char('\n'));
 }
@@ -138,13 +142,12 @@ QString WithIncludes(const QString& markdown, const QString& folder, QStringList
   return result.join(QLatin1Char('\n'));
 }
 
-HelpDocument::HelpDocument(const QString& markdown, const QStringList& picture_folders) {
+HelpDocument::HelpDocument(const QString& markdown) {
   document_.setDefaultFont(TextFont());
   document_.setDocumentMargin(0.0);
   document_.setIndentWidth(22.0);
   document_.setUseDesignMetrics(true);
-  document_.setMarkdown(WithPictures(markdown, picture_folders),
-                        QTextDocument::MarkdownDialectGitHub);
+  document_.setMarkdown(markdown, QTextDocument::MarkdownDialectGitHub);
   const QTextBlock first = document_.begin();
   if (first.blockFormat().headingLevel() == 1) title_ = first.text();
   document_.setMetaInformation(QTextDocument::DocumentTitle, title_);

@@ -18,9 +18,9 @@ struct Heading {
   double top = 0;  // from the top of the page's text, device pixels
 };
 
-// Takes pictures that are not there out of a Markdown text and puts the caption of the others, the
-// words in their brackets, below them. Pictures are looked for in `folders`.
-QString WithPictures(const QString& markdown, const QStringList& folders);
+// Finds the pictures of a Markdown text in `folders` and puts the caption of each, the words in its
+// brackets, below it. Names in `missing` those that are in none of them.
+QString WithPictures(const QString& markdown, const QStringList& folders, QStringList* missing);
 
 // Puts the documents that lines such as "[include Toolbar]" name, found in `folder`, in the place
 // of the line, their headings one level deeper. Names in `missing` those that cannot be read.
@@ -30,7 +30,7 @@ class HelpDocument {
  public:
   // `markdown` opens with a heading of the first level, the title. A paragraph "[contents]" stands
   // for the list of the headings of the second level with their pages.
-  HelpDocument(const QString& markdown, const QStringList& picture_folders);
+  explicit HelpDocument(const QString& markdown);
 
   const QString& title() const { return title_; }
   // Lays the text out on pages of that size (device pixels) and keeps headings with what follows.

@@ -1,6 +1,5 @@
 // Sets a help document, written in Markdown, as a PDF with numbered pages and an outline.
 //   help-to-pdf OUTPUT.pdf INPUT.md [PICTURE_FOLDER...]
-// Pictures that are in none of the folders are left out.
 
 #include <QAbstractTextDocumentLayout>
 #include <QFile>
@@ -102,13 +101,14 @@ int main(int argc, char** argv) {
     return 1;
   }
   QStringList missing;
-  const QString text = help::WithIncludes(QString::fromUtf8(input.readAll()),
-                                          QFileInfo(input).absolutePath(), &missing);
+  QString text = help::WithIncludes(QString::fromUtf8(input.readAll()),
+                                    QFileInfo(input).absolutePath(), &missing);
+  text = help::WithPictures(text, arguments.mid(3), &missing);
   if (!missing.isEmpty()) {
     errors << "cannot be read: " << missing.join(QLatin1String(", ")) << "\n";
     return 1;
   }
-  help::HelpDocument help(text, arguments.mid(3));
+  help::HelpDocument help(text);
   if (help.title().isEmpty()) {
     errors << arguments[2] << ": does not open with a title\n";
     return 1;

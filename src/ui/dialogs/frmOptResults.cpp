@@ -7,6 +7,7 @@
 #include <QToolBar>
 
 #include "ui/dialogs/frmcalcroute.h"
+#include "ui/forms/report_look.h"
 #include "ui/widgets/print_lines.h"
 #include "ui/widgets/qt_text.h"
 
@@ -104,7 +105,9 @@ void FrmOptResults::CopyImage() {
 }
 
 void FrmOptResults::Print() {
-  PrintLines(desktop(), this, "Optimum Results", list_->lines(), chart_->ToPicture(1000, 480));
+  PrintPages(desktop(), this,
+             ReportPage("Optimum Results", RouteTitle(desktop().program), list_->lines(),
+                        chart_->ToPicture(1000, 480)));
 }
 
 void FrmOptResults::CalculateCourse() {

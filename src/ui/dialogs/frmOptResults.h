@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/widgets/departure_chart.h"
+#include "ui/dialogs/departure_chart.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/text_list.h"
 

@@ -4,6 +4,10 @@
 
 namespace skerrow {
 
+// Opens "Quick Instructions" the first time that it is called, and never again on the same
+// settings.
+void OfferQuickInstructions(Desktop& desktop, QWidget* parent);
+
 // "Quick Instructions": a page on laying, calculating and reading a passage.
 class FrmQuickInstructions : public Dialog {
   Q_OBJECT

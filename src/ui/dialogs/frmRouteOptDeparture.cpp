@@ -5,8 +5,9 @@
 #include <QTimer>
 
 #include "passage/optimum.h"
-#include "routes/route_forms.h"
+#include "routes/route_rows.h"
 #include "ui/dialogs/frmOptResults.h"
+#include "ui/edits.h"
 #include "ui/forms/calc_route_form.h"
 #include "ui/widgets/progress_dialog.h"
 #include "ui/widgets/qt_text.h"
@@ -49,9 +50,10 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
   search->setDefault(true);
   cancel_ = AddButton("cmdrtecancel", tr("Cancel"));
   connect(reverse, &QPushButton::clicked, this, [this] {
-    ReverseCurrentRoute(this->desktop().program, this->desktop().messages);
+    EditRoute(this->desktop(), "Reverse Route", [this](RouteState& route) {
+      ReverseRoute(route, RouteDefaultsOf(this->desktop().program), this->desktop().messages);
+    });
     Load();
-    this->desktop().window.Changed(kRouteChanged | kTimeChanged);
   });
   connect(search, &QPushButton::clicked, this, [this] { Search(); });
   connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);

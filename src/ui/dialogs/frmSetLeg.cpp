@@ -5,7 +5,7 @@
 #include <QGroupBox>
 
 #include "core/numbers.h"
-#include "routes/route_forms.h"
+#include "routes/route_rows.h"
 #include "ui/forms/calc_route_form.h"
 #include "ui/widgets/qt_text.h"
 

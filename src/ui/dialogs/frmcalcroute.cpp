@@ -4,8 +4,9 @@
 #include <QTimer>
 
 #include "core/numbers.h"
-#include "routes/route_forms.h"
+#include "routes/route_rows.h"
 #include "ui/dialogs/frmresults.h"
+#include "ui/edits.h"
 #include "ui/widgets/progress_dialog.h"
 #include "ui/widgets/qt_text.h"
 
@@ -19,14 +20,8 @@ FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
       time_(new TimeEntry(desktop.messages, "rtedeptime", "lsthrs", "lstmins")),
       leeway_on_(Named<QCheckBox>("chkLeeway", tr("Allow for &leeway"))),
       leeway_(new FilteredEdit(KeyFilter::kNumber, desktop.messages, "txtLeeway")),
-      leg_title_(MakeHeading({})),
-      start_name_(Named<QLineEdit>("txtroutestartname")),
-      start_latitude_(MakeLatitudeEdit(desktop.messages, "txtroutestartlat")),
-      start_longitude_(MakeLongitudeEdit(desktop.messages, "txtroutestartlong")),
-      end_name_(Named<QLineEdit>("txtroutedestname")),
-      end_latitude_(MakeLatitudeEdit(desktop.messages, "txtroutedestlat")),
-      end_longitude_(MakeLongitudeEdit(desktop.messages, "txtroutedestlong")),
-      speed_(MakeSpeedEdit(desktop.messages, "txtroutespeed")),
+      leg_box_(
+          new LegBox(desktop.messages, {"&From:", "Appl&y to all Legs", "cmdModify", "&Accept"})),
       gps_box_(new QGroupBox(tr("GPS"))),
       gps_position_(Named<QLabel>("lblGPSPosition")),
       gps_speed_(Named<QLabel>("lblGPSSpeed")),
@@ -40,7 +35,7 @@ FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
   head->addWidget(distance_);
   left->addLayout(head);
   left->addWidget(legs_, 1);
-  left->addWidget(MakeLegBox());
+  left->addWidget(leg_box_);
   columns->addLayout(left, 1);
   columns->addWidget(MakeSideColumn());
   body()->addLayout(columns, 1);
@@ -56,6 +51,16 @@ FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
   connect(legs_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (row >= 0) LoadLeg(static_cast<std::size_t>(LegOfRow(row)));
   });
+  connect(leg_box_, &LegBox::Accepted, this, [this] {
+    Edit("Edit Leg", [this](RouteState& route) {
+      return EditLeg(route, leg_, leg_box_->Entry(), LegCheck::kDestinationZero,
+                     RouteDefaultsOf(this->desktop().program), this->desktop().messages);
+    });
+  });
+  connect(leg_box_, &LegBox::SpeedForAll, this, [this] {
+    Edit("Apply Speed to all Legs",
+         [this](RouteState& route) { return ApplySpeedToAllLegs(route, leg_box_->Speed()); });
+  });
   auto* gps_timer = new QTimer(this);
   connect(gps_timer, &QTimer::timeout, this, [this] { LoadGps(); });
   gps_timer->start(1000);
@@ -64,35 +69,6 @@ FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
   time_->setFocus();
   time_->text_box()->selectAll();
   resize(860, 560);
-}
-
-QWidget* FrmCalcRoute::MakeLegBox() {
-  auto* box = new QGroupBox(tr("Selected leg"));
-  auto* grid = new QGridLayout(box);
-  grid->setHorizontalSpacing(8);
-  for (QLineEdit* name : {start_name_, end_name_}) name->setMaxLength(35);
-  grid->addWidget(leg_title_, 0, 0, 1, 4);
-  grid->addWidget(MakeLabel(tr("&From:"), start_name_), 1, 0);
-  grid->addWidget(start_name_, 1, 1);
-  grid->addWidget(start_latitude_, 1, 2);
-  grid->addWidget(start_longitude_, 1, 3);
-  grid->addWidget(MakeLabel(tr("T&o:"), end_name_), 2, 0);
-  grid->addWidget(end_name_, 2, 1);
-  grid->addWidget(end_latitude_, 2, 2);
-  grid->addWidget(end_longitude_, 2, 3);
-  grid->addWidget(MakeLabel(tr("&Speed:"), speed_), 3, 0);
-  auto* all = Named<QPushButton>("cmdRouteSpeed", tr("Appl&y to all Legs"));
-  all->setToolTip(tr("Gives every leg this speed"));
-  auto* accept = Named<QPushButton>("cmdModify", tr("&Accept"));
-  accept->setToolTip(tr("Writes these values into the leg"));
-  QHBoxLayout* row = MakeRow({speed_, new QLabel(tr("kn")), all});
-  row->addWidget(accept);
-  grid->addLayout(row, 3, 1, 1, 3);
-  grid->setColumnStretch(1, 1);
-  for (QPushButton* button : {all, accept}) button->setAutoDefault(false);
-  connect(all, &QPushButton::clicked, this, [this] { ApplySpeed(); });
-  connect(accept, &QPushButton::clicked, this, [this] { AcceptLegEntry(); });
-  return box;
 }
 
 QWidget* FrmCalcRoute::MakeSideColumn() {
@@ -127,8 +103,10 @@ QWidget* FrmCalcRoute::MakeSideColumn() {
   leeway_rows->addLayout(winds);
   column->addWidget(leeway);
   connect(tack, &QPushButton::clicked, this, [this] {
-    SetTacks(this->desktop().program);
-    Load();
+    Edit("Set Tacks", [this](RouteState& route) {
+      SetTacks(route, this->desktop().program.wind_config.Default().direction);
+      return RouteFormRefusal::kNone;
+    });
   });
 
   auto* gps_rows = new QVBoxLayout(gps_box_);
@@ -139,7 +117,15 @@ QWidget* FrmCalcRoute::MakeSideColumn() {
   gps_rows->addWidget(use_sog_);
   gps_rows->addWidget(use);
   column->addWidget(gps_box_);
-  connect(use, &QPushButton::clicked, this, [this] { UseGps(); });
+  connect(use, &QPushButton::clicked, this, [this] {
+    const std::optional<GpsReading> gps = GpsReadingOf(this->desktop().program);
+    if (!gps) return;
+    Edit("Use GPS for Start", [this, &gps](RouteState& route) {
+      UseGpsForStart(route, *gps, use_sog_->isChecked(), RouteDefaultsOf(this->desktop().program),
+                     this->desktop().messages);
+      return RouteFormRefusal::kNone;
+    });
+  });
   column->addStretch(1);
   return side;
 }
@@ -152,8 +138,10 @@ void FrmCalcRoute::MakeButtons() {
   ok->setDefault(true);
   QPushButton* cancel = AddButton("cmdrtecancel", tr("Cancel"));
   connect(reverse, &QPushButton::clicked, this, [this] {
-    ReverseCurrentRoute(desktop().program, desktop().messages);
-    RouteEdited();
+    Edit("Reverse Route", [this](RouteState& route) {
+      ReverseRoute(route, RouteDefaultsOf(desktop().program), desktop().messages);
+      return RouteFormRefusal::kNone;
+    });
   });
   connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
   connect(ok, &QPushButton::clicked, this, [this] { Calculate(); });
@@ -171,16 +159,8 @@ void FrmCalcRoute::Load() {
 }
 
 void FrmCalcRoute::LoadLeg(std::size_t leg) {
-  const LegEntry entry = EntryOfLeg(desktop().program.route, leg);
   leg_ = leg;
-  leg_title_->setText(tr("Leg %1").arg(leg));
-  start_name_->setText(ToQt(entry.start_name));
-  start_latitude_->SetText(entry.start_latitude);
-  start_longitude_->SetText(entry.start_longitude);
-  end_name_->setText(ToQt(entry.end_name));
-  end_latitude_->SetText(entry.end_latitude);
-  end_longitude_->SetText(entry.end_longitude);
-  speed_->SetText(entry.speed);
+  leg_box_->Show(EntryOfLeg(desktop().program.route, leg), leg);
 }
 
 void FrmCalcRoute::LoadGps() {
@@ -197,41 +177,13 @@ void FrmCalcRoute::LoadGps() {
   }
 }
 
-void FrmCalcRoute::RouteEdited() {
-  Load();
-  desktop().window.Changed(kRouteChanged | kTimeChanged);
-}
-
-void FrmCalcRoute::AcceptLegEntry() {
-  const LegEntry entry = {FromQt(start_name_->text()),
-                          start_latitude_->Text(),
-                          start_longitude_->Text(),
-                          FromQt(end_name_->text()),
-                          end_latitude_->Text(),
-                          end_longitude_->Text(),
-                          speed_->Text()};
-  const LegRefusal refusal = AcceptLeg(desktop().program, leg_, entry, desktop().messages);
-  if (refusal == LegRefusal::kNoLeg) return;
-  if (refusal != LegRefusal::kNone) {
-    Refuse(LegRefusalText(refusal), false,
-           refusal == LegRefusal::kLatitude ? start_latitude_ : end_longitude_);
-    return;
-  }
-  RouteEdited();
-}
-
-void FrmCalcRoute::ApplySpeed() {
-  if (!ApplyRouteSpeed(desktop().program, speed_->Text())) {
-    Refuse(kBadRouteSpeed, false, speed_);
-    return;
-  }
-  RouteEdited();
-}
-
-void FrmCalcRoute::UseGps() {
-  if (const std::optional<GpsReading> gps = GpsReadingOf(desktop().program)) {
-    UseGpsForStart(desktop().program, *gps, use_sog_->isChecked(), desktop().messages);
-    RouteEdited();
+void FrmCalcRoute::Edit(const char* name,
+                        const std::function<RouteFormRefusal(RouteState&)>& edit) {
+  const RouteFormRefusal refusal = EditRoute(desktop(), name, edit);
+  if (refusal == RouteFormRefusal::kNone) {
+    Load();
+  } else if (refusal != RouteFormRefusal::kNoLegSelected) {
+    Refuse(RouteFormText(refusal), false, leg_box_->AtFault(refusal));
   }
 }
 

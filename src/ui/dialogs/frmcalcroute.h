@@ -2,8 +2,9 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QLineEdit>
+#include <functional>
 
+#include "ui/dialogs/leg_box.h"
 #include "ui/forms/calc_route_form.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/field_edits.h"
@@ -22,16 +23,13 @@ class FrmCalcRoute : public Dialog {
   std::size_t leg() const { return leg_; }
 
  private:
-  QWidget* MakeLegBox();
   QWidget* MakeSideColumn();
   void MakeButtons();
   void Load();
   void LoadLeg(std::size_t leg);
   void LoadGps();
-  void RouteEdited();
-  void AcceptLegEntry();
-  void ApplySpeed();
-  void UseGps();
+  // Changes the route as the edit `name` and shows what came of it, or the refusal.
+  void Edit(const char* name, const std::function<RouteFormRefusal(RouteState&)>& edit);
   void Copy();
   void Calculate();
 
@@ -42,14 +40,7 @@ class FrmCalcRoute : public Dialog {
   TimeEntry* time_;
   QCheckBox* leeway_on_;
   FilteredEdit* leeway_;
-  QLabel* leg_title_;
-  QLineEdit* start_name_;
-  FilteredEdit* start_latitude_;
-  FilteredEdit* start_longitude_;
-  QLineEdit* end_name_;
-  FilteredEdit* end_latitude_;
-  FilteredEdit* end_longitude_;
-  FilteredEdit* speed_;
+  LegBox* leg_box_;
   QGroupBox* gps_box_;
   QLabel* gps_position_;
   QLabel* gps_speed_;

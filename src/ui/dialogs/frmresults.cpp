@@ -1,32 +1,38 @@
 #include "ui/dialogs/frmresults.h"
 
 #include <QButtonGroup>
-#include <QGridLayout>
 
 #include "ui/forms/results_form.h"
 
 namespace skerrow {
 
+FrmResults::Choices FrmResults::MakeChoices() {
+  Choices choices = {new QWidget, Named<QRadioButton>("optSummary", "Display Calculation Su&mmary"),
+                     Named<QRadioButton>("optTidalDetails", "Display Calculated &Tidal Data"),
+                     Named<QCheckBox>("chkDisplayAll", "Display &Every Result"),
+                     Named<QCheckBox>("chKTidalStreams", "Display Tidal Stream &ID")};
+  auto* views = new QButtonGroup(choices.box);
+  views->addButton(choices.summary);
+  views->addButton(choices.tidal_details);
+  choices.summary->setChecked(true);
+  auto* row = new QHBoxLayout(choices.box);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(18);
+  for (QWidget* choice : std::initializer_list<QWidget*>{choices.summary, choices.tidal_details,
+                                                         choices.every, choices.stream_id}) {
+    row->addWidget(choice);
+  }
+  row->addStretch(1);
+  return choices;
+}
+
 FrmResults::FrmResults(Desktop& desktop, QWidget* parent)
-    : ReportDialog(desktop, "frmresults", tr("Results"), "lstResults", parent),
-      summary_(Named<QRadioButton>("optSummary", tr("Display Calculation Su&mmary"))),
-      tidal_details_(Named<QRadioButton>("optTidalDetails", tr("Display Calculated &Tidal Data"))),
-      every_(Named<QCheckBox>("chkDisplayAll", tr("Display &Every Result"))),
-      stream_id_(Named<QCheckBox>("chKTidalStreams", tr("Display Tidal Stream &ID"))) {
-  auto* views = new QButtonGroup(this);
-  views->addButton(summary_);
-  views->addButton(tidal_details_);
-  summary_->setChecked(true);
-  auto* choices = new QGridLayout;
-  choices->setHorizontalSpacing(18);
-  choices->addWidget(summary_, 0, 0);
-  choices->addWidget(tidal_details_, 0, 1);
-  choices->addWidget(every_, 0, 2);
-  choices->addWidget(stream_id_, 0, 3);
-  choices->setColumnStretch(4, 1);
-  head()->addLayout(choices);
-  for (QAbstractButton* choice :
-       std::initializer_list<QAbstractButton*>{summary_, tidal_details_, every_, stream_id_}) {
+    : FrmResults(desktop, parent, MakeChoices()) {}
+
+FrmResults::FrmResults(Desktop& desktop, QWidget* parent, const Choices& choices)
+    : ReportDialog(desktop, "frmresults", "Results", "lstResults", parent, choices.box),
+      choices_(choices) {
+  for (QAbstractButton* choice : choices_.box->findChildren<QAbstractButton*>()) {
     connect(choice, &QAbstractButton::toggled, this, [this] { Load(); });
   }
   Load();
@@ -42,11 +48,12 @@ void FrmResults::ShowLast(Desktop& desktop, QWidget* parent) {
 
 void FrmResults::Load() {
   const PassageState& passage = desktop().program.passage;
-  const bool tidal = tidal_details_->isChecked();
-  every_->setEnabled(tidal);
-  stream_id_->setEnabled(tidal);
-  list()->SetLines(tidal ? StreamRows(passage, every_->isChecked(), stream_id_->isChecked())
-                         : passage.result_lines);
+  const bool tidal = choices_.tidal_details->isChecked();
+  choices_.every->setEnabled(tidal);
+  choices_.stream_id->setEnabled(tidal);
+  SetReport(tidal
+                ? StreamRows(passage, choices_.every->isChecked(), choices_.stream_id->isChecked())
+                : passage.result_lines);
 }
 
 void FrmResults::done(int result) {

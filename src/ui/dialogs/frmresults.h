@@ -19,12 +19,20 @@ class FrmResults : public ReportDialog {
   void done(int result) override;
 
  private:
+  // The choices over the list.
+  struct Choices {
+    QWidget* box;
+    QRadioButton* summary;
+    QRadioButton* tidal_details;
+    QCheckBox* every;
+    QCheckBox* stream_id;
+  };
+  static Choices MakeChoices();
+
+  FrmResults(Desktop& desktop, QWidget* parent, const Choices& choices);
   void Load();
 
-  QRadioButton* summary_;
-  QRadioButton* tidal_details_;
-  QCheckBox* every_;
-  QCheckBox* stream_id_;
+  Choices choices_;
 };
 
 }  // namespace skerrow

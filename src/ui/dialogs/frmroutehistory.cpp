@@ -5,7 +5,7 @@ namespace skerrow {
 FrmRouteHistory::FrmRouteHistory(Desktop& desktop, QWidget* parent)
     : ReportDialog(desktop, "frmroutehistory", tr("Calculation History"), "lsthistresults",
                    parent) {
-  list()->SetLines(desktop.program.passage.route_history);
+  SetReport(desktop.program.passage.route_history);
 }
 
 }  // namespace skerrow

@@ -4,7 +4,7 @@ namespace skerrow {
 
 FrmRouteInfo::FrmRouteInfo(Desktop& desktop, QWidget* parent)
     : ReportDialog(desktop, "frmrouteinfo", tr("Route Calculations"), "List1", parent) {
-  list()->SetLines(desktop.program.passage.result_lines);
+  SetReport(desktop.program.passage.result_lines);
 }
 
 }  // namespace skerrow

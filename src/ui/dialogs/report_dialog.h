@@ -14,14 +14,15 @@ class ReportDialog : public Dialog {
   Q_OBJECT
 
  public:
+  // `head` stands over the list; it may be null.
   ReportDialog(Desktop& desktop, const char* name, const QString& title, const char* list_name,
-               QWidget* parent);
+               QWidget* parent, QWidget* head = nullptr);
 
   TextList* list() const { return list_; }
 
  protected:
-  // What stands over the list.
-  QVBoxLayout* head() const { return head_; }
+  // Fills the list, its headings, legs and warnings told apart.
+  void SetReport(const std::vector<std::string>& lines);
   // The heading of the printed page.
   virtual std::string PrintHeading() const { return "Results"; }
   QPushButton* ok_button() const { return ok_; }
@@ -29,7 +30,6 @@ class ReportDialog : public Dialog {
  private:
   void Copy();
 
-  QVBoxLayout* head_;
   TextList* list_;
   QRadioButton* copy_all_;
   QRadioButton* copy_selected_;

@@ -9,7 +9,6 @@
 #include "app/program.h"
 #include "core/progress.h"
 #include "passage/route_calculation.h"
-#include "routes/route_forms.h"
 
 // What the route calculation and departure search dialogs show, check and do.
 namespace skerrow {
@@ -24,29 +23,12 @@ struct CalcRouteTexts {
 };
 CalcRouteTexts CalcRouteTextsOf(const Program& program);
 
-// Why "Accept" refuses a leg.
-enum class LegRefusal { kNone, kLatitude, kLongitude, kNoLeg };
-
-// The text shown for a refusal; empty for none and for no leg.
-std::string_view LegRefusalText(LegRefusal refusal);
-
-// Gives leg `leg` (from 1) the typed ends, names and speed. A latitude of 0 or beyond 90, and a
-// destination longitude of 0 or beyond 180, are refused; the start longitude only beyond 180.
-LegRefusal AcceptLeg(Program& program, std::size_t leg, const LegEntry& entry, Messages& messages);
-
-// Gives every leg the speed; false, with nothing changed, for one of 0. kBadRouteSpeed tells it.
-bool ApplyRouteSpeed(Program& program, std::string_view speed_text);
-inline constexpr std::string_view kBadRouteSpeed = "Must enter a valid speed";
-
-// Turns the route round; a calculation of it is forgotten.
-void ReverseCurrentRoute(Program& program, Messages& messages);
-
 // Whether a wind from `wind_direction` comes over the starboard side of a boat on `course`. Dead
 // ahead and dead astern do not. Degrees.
 bool WindOnStarboard(float wind_direction, float course);
 
-// Sets the tack of each leg from the default wind.
-void SetTacks(Program& program);
+// Sets the tack of each leg from a wind from `wind_direction`, degrees.
+void SetTacks(RouteState& route, float wind_direction);
 
 // The boat as the GPS has it.
 struct GpsReading {
@@ -58,7 +40,8 @@ std::optional<GpsReading> GpsReadingOf(const Program& program);
 
 // Makes the GPS position the start of the route, and its speed that of every point where asked and
 // known.
-void UseGpsForStart(Program& program, const GpsReading& gps, bool use_speed, Messages& messages);
+void UseGpsForStart(RouteState& route, const GpsReading& gps, bool use_speed,
+                    const RouteDefaults& defaults, Messages& messages);
 
 // What "Copy" puts on the clipboard.
 std::string RoutePlanText(std::string_view time, std::string_view date,
@@ -74,7 +57,8 @@ struct CalculationEntry {
 // Checks the time of departure.
 DepartureTimeRefusal CheckCalculation(const CalculationEntry& entry);
 
-// Calculates the route on the day of the selected time.
+// Calculates the route on the day of the selected time. A point that it has to move is an edit of
+// the route, which keeps its results.
 RouteOutcome RunCalculation(Program& program, const CalculationEntry& entry, Messages& messages,
                             Progress& progress);
 

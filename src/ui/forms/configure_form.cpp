@@ -1,11 +1,7 @@
 #include "ui/forms/configure_form.h"
 
-#include <algorithm>
-#include <cmath>
-
+#include "app/edits.h"
 #include "core/numbers.h"
-#include "core/text.h"
-#include "routes/route_editing.h"
 
 namespace skerrow {
 namespace {
@@ -16,167 +12,199 @@ std::vector<std::string> Choices(int first, int last, int step) {
   return choices;
 }
 
-float Number(std::string_view text) { return static_cast<float>(TextToNumber(text)); }
-
-std::int16_t Whole(std::string_view text) { return RoundToInt16(TextToNumber(text)); }
-
-// Sign and number of a variation text such as "4W"; false for one without its letter.
-bool ReadVariation(std::string_view text, float& variation) {
-  const std::string trimmed = Trim(text);
-  if (trimmed.empty() || (trimmed.back() != 'W' && trimmed.back() != 'E')) return false;
-  const float size = Number(trimmed);
-  variation = trimmed.back() == 'W' ? -size : size;
-  if (variation == 0.0F) variation = 0.0F;  // no negative zero in the file
-  return true;
-}
-
-// Steps 1 to 10.
-ConfigureRefusal ApplyCalculation(const ConfigureEntry& entry, AppConfig& config) {
-  if (!ReadVariation(entry.variation, config.variation)) return ConfigureRefusal::kVariation;
-  if (Trim(entry.error_circle).empty()) return ConfigureRefusal::kErrorCircleEmpty;
-  config.error_circle = Number(entry.error_circle);
-  if (config.error_circle == 0.0F) return ConfigureRefusal::kErrorCircleZero;
-  config.slack_threshold = Number(entry.threshold);
-  config.search_circle = std::max(Number(entry.search_circle), 0.01F);
-  config.vessel_speed = Number(entry.boat_speed);
-  if (config.vessel_speed == 0.0F) return ConfigureRefusal::kBoatSpeed;
-  config.summer_time = Bool16(entry.summer_time);
-  config.closest_sailing_angle = Number(entry.closest_sailing_angle);
-  if (config.closest_sailing_angle == 0.0F) return ConfigureRefusal::kClosestSailingAngle;
-  config.hide_stream_id = Bool16(entry.hide_stream_id);
-  config.reserved12 = 0;
-  config.line_width = Number(entry.line_size);
-  if (config.line_width == 0.0F) config.line_width = 1.0F;
-  config.calc_interval = Number(entry.calc_interval);
-  if (!(config.calc_interval >= 1.0F)) return ConfigureRefusal::kCalcInterval;
-  return ConfigureRefusal::kNone;
-}
-
-// Steps 11 to 13.
-ConfigureRefusal ApplyDisplay(const ConfigureEntry& entry, AppConfig& config) {
-  config.use_leeway = entry.use_leeway ? 1 : 0;
-  config.show_wind_over_route = Bool16(entry.show_wind);
-  config.leeway_angle = Number(entry.leeway);
-  config.use_tides = Bool16(entry.use_tides);
-  config.track_colour = config.boat_colour;
-  config.barb_display_text = Bool16(entry.barb_display_text);
-  config.use_manual_wind = Bool16(!entry.use_forecast_wind);
-  config.barb_weight = Whole(entry.barb_weight);
-  if (config.barb_weight == 0) return ConfigureRefusal::kBarbWeight;
-  config.barb_length = Number(entry.barb_length);
-  if (config.barb_length == 0.0F) return ConfigureRefusal::kBarbLength;
-  config.barb_spacing = Whole(entry.barb_spacing);
-  if (config.barb_spacing == 0) return ConfigureRefusal::kBarbSpacing;
-  config.stream_as_shape = Bool16(entry.stream_as_shape);
-  config.stream_line_width = Whole(entry.stream_line_width);
-  if (config.stream_line_width == 0) return ConfigureRefusal::kStreamLineWidth;
-  config.stream_length = Whole(entry.stream_length);
-  config.stream_filled = entry.stream_filled ? 1 : 0;
-  config.font_colour = entry.font_colour;
-  config.stream_colour = entry.stream_colour;
-  config.cog_colour = entry.cog_colour;
-  config.wind_colour = entry.wind_colour;
-  config.text_size = Whole(entry.text_size);
-  return config.text_size == 0 ? ConfigureRefusal::kTextSize : ConfigureRefusal::kNone;
-}
-
-}  // namespace
-
-std::vector<std::string> ThresholdChoices() {
+// "0.0" to "1.0" by tenths, then "1.5" to "5.0" by halves.
+std::vector<std::string> Thresholds() {
   std::vector<std::string> choices;
   for (int tenths = 0; tenths <= 50; tenths += tenths < 10 ? 1 : 5) {
     choices.push_back(FormatFixed(tenths / 10.0, 1, 1));
   }
   return choices;
 }
-std::vector<std::string> TextSizeChoices() { return Choices(8, 22, 2); }
-std::vector<std::string> LineWidthChoices() { return Choices(1, 4, 1); }
-std::vector<std::string> StreamLengthChoices() { return Choices(2, 12, 2); }
-std::vector<std::string> BarbSpacingChoices() { return Choices(2, 16, 2); }
-std::vector<std::string> BarbLengthChoices() { return Choices(10, 50, 5); }
-std::vector<std::string> TrackWidthChoices() { return Choices(1, 3, 1); }
 
-ConfigureEntry ConfigureEntryOf(const AppConfig& config) {
-  ConfigureEntry entry;
-  entry.variation = ShortText(std::fabs(config.variation)) + (config.variation < 0.0F ? "W" : "E");
-  entry.error_circle = ShortText(config.error_circle);
-  entry.threshold = FormatFixed(config.slack_threshold, 1, 1);
-  entry.search_circle = ShortText(config.search_circle);
-  entry.boat_speed = ShortText(config.vessel_speed);
-  entry.summer_time = config.summer_time != 0;
-  entry.closest_sailing_angle = ShortText(config.closest_sailing_angle);
-  entry.hide_stream_id = config.hide_stream_id != 0;
-  entry.line_size = ShortText(config.line_width);
-  entry.calc_interval = ShortText(config.calc_interval);
-  entry.use_leeway = config.use_leeway != 0;
-  entry.show_wind = config.show_wind_over_route != 0;
-  entry.leeway = ShortText(config.leeway_angle);
-  entry.use_tides = config.use_tides != 0;
-  entry.barb_display_text = config.barb_display_text != 0;
-  entry.use_forecast_wind = config.use_manual_wind == 0;
-  entry.barb_weight = std::to_string(config.barb_weight);
-  entry.barb_length = ShortText(config.barb_length);
-  entry.barb_spacing = std::to_string(config.barb_spacing);
-  entry.stream_as_shape = config.stream_as_shape != 0;
-  entry.stream_line_width = std::to_string(config.stream_line_width);
-  entry.stream_length = std::to_string(config.stream_length);
-  entry.stream_filled = config.stream_filled != 0;
-  entry.font_colour = config.font_colour;
-  entry.stream_colour = config.stream_colour;
-  entry.cog_colour = config.cog_colour;
-  entry.wind_colour = config.wind_colour;
-  entry.text_size = std::to_string(config.text_size);
-  return entry;
+std::vector<SettingField> MakeFields() {
+  using C = AppConfig;
+  using K = SettingKind;
+  using R = SettingRule;
+  return {
+      {.control = "Txtvariation",
+       .field = &C::variation,
+       .kind = K::kVariation,
+       .label = "&Variation:",
+       .unit = "°",
+       .tip = "Degrees with W or E behind them: 4W",
+       .filter = KeyFilter::kVariation,
+       .refusal = "Enter a valid for Variation"},
+      {.control = "txtErrorCircle",
+       .field = &C::error_circle,
+       .label = "Course to Steer &Range Alarm:",
+       .unit = "nm",
+       .tip = "A leg that ends farther than this from its destination is reported",
+       .filter = KeyFilter::kQuietNumber,
+       .rule = R::kNotZero,
+       .refusal = "Enter a value greater than 0 for Acceptable Calculation Error Distance",
+       .empty_refusal = "Enter a value for Acceptable Calculation Error Distance",
+       .beep = true},
+      {.control = "cmbThreshold",
+       .field = &C::slack_threshold,
+       .kind = K::kTenths,
+       .label = "Slack &threshold:",
+       .unit = "kn",
+       .tip = "Streams weaker than this count as slack",
+       .choices = Thresholds()},
+      {.control = "txtSearchCircle",
+       .field = &C::search_circle,
+       .label = "Search &circle:",
+       .unit = "nm",
+       .tip = "How near a click must be to a port or diamond; at least 0.01",
+       .rule = R::kRaised,
+       .least = 0.01F},
+      {.control = "Txtboatspeed",
+       .field = &C::vessel_speed,
+       .label = "Vessel spee&d:",
+       .unit = "kn",
+       .rule = R::kNotZero,
+       .refusal = "Enter a value for Vessel Speed",
+       .beep = true},
+      {.control = "optSummerTime",
+       .field = &C::summer_time,
+       .kind = K::kOption,
+       .label = "The PC clock keeps s&ummer time",
+       .other_control = "optDaylightSavings",
+       .other_label = "The PC clock keeps standard time all &year"},
+      {.control = "txtCPAWind",
+       .field = &C::closest_sailing_angle,
+       .label = "Closest sailing an&gle:",
+       .unit = "°",
+       .rule = R::kNotZero,
+       .refusal = "Enter a value for Closest Sailing Angle",
+       .beep = true},
+      {.control = "chkHideStreamId",
+       .field = &C::hide_stream_id,
+       .kind = K::kMark,
+       .label = "H&ide the diamond's number"},
+      {.control = "cmbLineSize",
+       .field = &C::line_width,
+       .label = "&Line width:",
+       .unit = "pixels",
+       .choices = Choices(1, 3, 1),
+       .typed = false,
+       .rule = R::kRaised,
+       .least = 1.0F},
+      {.control = "txtCalcInterval",
+       .field = &C::calc_interval,
+       .label = "Calculation &interval:",
+       .unit = "min",
+       .tip = "Minutes between the steps of a calculation; at least 1",
+       .rule = R::kAtLeast,
+       .least = 1.0F,
+       .refusal = "Enter a value for Calculation Interval",
+       .beep = true},
+      {.control = "chkLeeway",
+       .field = &C::use_leeway,
+       .kind = K::kMarkOne,
+       .label = "Allow for &leeway"},
+      {.control = "chkShowwind",
+       .field = &C::show_wind_over_route,
+       .kind = K::kMark,
+       .label = "Show wind along the r&oute"},
+      {.control = "txtLeeWay", .field = &C::leeway_angle, .label = "Leeway &angle:", .unit = "°"},
+      {.control = "chkUseTides",
+       .field = &C::use_tides,
+       .kind = K::kMark,
+       .label = "Use &tides in calculations"},
+      {.control = "chkBarbDisplayText",
+       .field = &C::barb_display_text,
+       .kind = K::kMark,
+       .label = "Write the speed beside the bar&bs"},
+      {.control = "chkUseSmartMet",
+       .field = &C::use_manual_wind,
+       .kind = K::kMarkClear,
+       .label = "Take the wind from imported &forecasts"},
+      {.control = "cmbBarbWeight",
+       .field = &C::barb_weight,
+       .label = "Line wi&dth:",
+       .unit = "pixels",
+       .choices = Choices(1, 4, 1),
+       .rule = R::kNotZero,
+       .refusal = "Barb line width =0 !!"},
+      {.control = "cmbBarbLength",
+       .field = &C::barb_length,
+       .label = "L&ength:",
+       .unit = "pixels",
+       .choices = Choices(10, 50, 5),
+       .rule = R::kNotZero,
+       .refusal = "Barb length =0 !!"},
+      {.control = "cmbBarbSpacing",
+       .field = &C::barb_spacing,
+       .label = "Spac&ing:",
+       .unit = "pixels",
+       .choices = Choices(2, 16, 2),
+       .rule = R::kNotZero,
+       .refusal = "Barb spacing =0 !!"},
+      {.control = "chkStreamAsShape",
+       .field = &C::stream_as_shape,
+       .kind = K::kMark,
+       .label = "Show streams &as arrow shapes"},
+      {.control = "cmbStreamLineWidth",
+       .field = &C::stream_line_width,
+       .label = "Line wi&dth:",
+       .unit = "pixels",
+       .choices = Choices(1, 4, 1),
+       .rule = R::kNotZero,
+       .refusal = "Tidal Stream line width =0 !!"},
+      {.control = "cmbStreamLength",
+       .field = &C::stream_length,
+       .label = "L&ength:",
+       .unit = "pixels a knot",
+       .choices = Choices(2, 12, 2)},
+      {.control = "chkStreamFilled",
+       .field = &C::stream_filled,
+       .kind = K::kMarkOne,
+       .label = "&Fill the shapes"},
+      {.control = "pctFontCol",
+       .field = &C::font_colour,
+       .kind = K::kColour,
+       .label = "Text colou&r:",
+       .tip = "Colour of the text on the chart"},
+      {.control = "pctTidalStreamCol",
+       .field = &C::stream_colour,
+       .kind = K::kColour,
+       .label = "Colou&r:",
+       .tip = "Colour of the tidal streams"},
+      {.control = "pctCOGCol",
+       .field = &C::cog_colour,
+       .kind = K::kColour,
+       .label = "Course over &ground:",
+       .tip = "Colour of the predicted track"},
+      {.control = "pctWindCol",
+       .field = &C::wind_colour,
+       .kind = K::kColour,
+       .label = "Colou&r:",
+       .tip = "Colour of the wind marks"},
+      {.control = "cmbTextSize",
+       .field = &C::text_size,
+       .label = "Te&xt size:",
+       .unit = "points",
+       .choices = Choices(8, 22, 2),
+       .typed = false,
+       .rule = R::kNotZero,
+       .refusal = "Font Size = 0 !!"},
+  };
 }
 
-std::string_view ConfigureText(ConfigureRefusal refusal) {
-  switch (refusal) {
-    case ConfigureRefusal::kNone:
-      break;
-    case ConfigureRefusal::kVariation:
-      return "Enter a valid for Variation";
-    case ConfigureRefusal::kErrorCircleEmpty:
-      return "Enter a value for Acceptable Calculation Error Distance";
-    case ConfigureRefusal::kErrorCircleZero:
-      return "Enter a value greater than 0 for Acceptable Calculation Error Distance";
-    case ConfigureRefusal::kBoatSpeed:
-      return "Enter a value for Vessel Speed";
-    case ConfigureRefusal::kClosestSailingAngle:
-      return "Enter a value for Closest Sailing Angle";
-    case ConfigureRefusal::kCalcInterval:
-      return "Enter a value for Calculation Interval";
-    case ConfigureRefusal::kBarbWeight:
-      return "Barb line width =0 !!";
-    case ConfigureRefusal::kBarbLength:
-      return "Barb length =0 !!";
-    case ConfigureRefusal::kBarbSpacing:
-      return "Barb spacing =0 !!";
-    case ConfigureRefusal::kStreamLineWidth:
-      return "Tidal Stream line width =0 !!";
-    case ConfigureRefusal::kTextSize:
-      return "Font Size = 0 !!";
+}  // namespace
+
+std::span<const SettingField> ConfigureFields() {
+  static const std::vector<SettingField> fields = MakeFields();
+  return fields;
+}
+
+std::optional<SettingRefusal> TakeConfigure(const SettingTexts& texts, AppConfig& config) {
+  const std::optional<SettingRefusal> refusal = TakeSettings(ConfigureFields(), texts, config);
+  if (!refusal) {
+    config.reserved12 = 0;
+    config.track_colour = config.boat_colour;
   }
-  return "";
-}
-
-bool ConfigureBeeps(ConfigureRefusal refusal) {
-  switch (refusal) {
-    case ConfigureRefusal::kErrorCircleEmpty:
-    case ConfigureRefusal::kErrorCircleZero:
-    case ConfigureRefusal::kBoatSpeed:
-    case ConfigureRefusal::kClosestSailingAngle:
-    case ConfigureRefusal::kCalcInterval:
-      return true;
-    default:
-      return false;
-  }
-}
-
-ConfigureRefusal ApplyConfigureEntry(const ConfigureEntry& entry, AppConfig& config) {
-  AppConfig changed = config;
-  ConfigureRefusal refusal = ApplyCalculation(entry, changed);
-  if (refusal == ConfigureRefusal::kNone) refusal = ApplyDisplay(entry, changed);
-  if (refusal == ConfigureRefusal::kNone) config = std::move(changed);
   return refusal;
 }
 
@@ -187,7 +215,9 @@ Status CommitConfigure(Program& program, const AppConfig& config, Messages& mess
   program.route_speed = config.vessel_speed;
   program.use_leeway = config.use_leeway != 0;
   if (!program.route.points.empty()) {
-    SetAllSpeeds(program.route, config.vessel_speed);
+    EditRoute(program, messages, "Vessel Speed",
+              [&](RouteState& route) { SetAllSpeeds(route, config.vessel_speed); });
+    // Other settings than the speed have a part in the results too.
     ForgetCalculation(program);
   }
   if (summer_time_changed) RebuildTides(program, messages);

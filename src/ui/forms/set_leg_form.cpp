@@ -27,7 +27,7 @@ std::string PlaceText(Position place) {
 
 }  // namespace
 
-std::string_view SetLegText(SetLegRefusal refusal) {
+std::string SetLegText(SetLegRefusal refusal) {
   switch (refusal) {
     case SetLegRefusal::kNone:
     case SetLegRefusal::kDeclined:
@@ -43,9 +43,9 @@ std::string_view SetLegText(SetLegRefusal refusal) {
     case SetLegRefusal::kNoWindSide:
       return "Select windside for Leeway";
     case SetLegRefusal::kNoTime:
-      return "Please enter a valid time i.e. 12:35";
+      return DepartureTimeText(DepartureTimeRefusal::kNoTime);
     case SetLegRefusal::kTimeOutOfRange:
-      return "Please enter a valid time";
+      return DepartureTimeText(DepartureTimeRefusal::kOutOfRange);
   }
   return "";
 }

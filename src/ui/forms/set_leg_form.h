@@ -40,7 +40,7 @@ enum class SetLegRefusal {
 inline constexpr std::string_view kSetLegSpeed = "5.0";
 
 // The text shown for a refusal; empty for kNone and kDeclined.
-std::string_view SetLegText(SetLegRefusal refusal);
+std::string SetLegText(SetLegRefusal refusal);
 
 struct CheckedLeg {
   SetLegRefusal refusal = SetLegRefusal::kNone;

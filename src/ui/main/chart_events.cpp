@@ -7,6 +7,7 @@
 #include "ui/main/menus.h"
 #include "ui/main/mob_controller.h"
 #include "ui/main/route_controller.h"
+#include "ui/overlays/live_overlays.h"
 
 namespace skerrow {
 namespace {
@@ -104,6 +105,7 @@ bool ChartEvents::MouseMoved(const ViewerMouse& mouse) {
               {mouse.buttons.testFlag(Qt::LeftButton), mouse.buttons.testFlag(Qt::RightButton),
                mouse.modifiers.testFlag(Qt::ShiftModifier)});
   if (mouse.buttons == Qt::NoButton) chart_.ChooseSubChart();
+  if (LiveOverlaysShown(desktop_.program, desktop_.view)) viewer_.RedrawLive();
   return false;
 }
 

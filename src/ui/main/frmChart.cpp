@@ -14,11 +14,12 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "platform/settings_store.h"
-#include "routes/file_forms.h"
-#include "routes/route_forms.h"
+#include "routes/route_rows.h"
 #include "ui/dialogs/frmrouteinfo.h"
+#include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
 #include "ui/main/readout.h"
+#include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
 #include "ui/routes/frmLoadWay.h"
 #include "ui/routes/leaving.h"
@@ -133,7 +134,9 @@ FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings
   viewer_->setAccessibleName("Chart");
   setCentralWidget(viewer_);
   viewer_->SetEvents(&events_);
-  viewer_->SetOverlayPainter([this](DrawingSurface& surface) { PaintOverlays(surface); });
+  viewer_->SetOverlayPainter(
+      [this](DrawingSurface& surface, const ViewGeometry& area) { PaintOverlays(surface, area); });
+  viewer_->SetLivePainter([this](DrawingSurface& surface) { PaintLive(surface); });
   viewer_->SetPointer(Qt::CrossCursor);
   if (const QScreen* primary = QGuiApplication::primaryScreen()) {
     view_.display_height = primary->size().height();
@@ -487,11 +490,20 @@ std::unique_ptr<Progress> FrmChart::StartProgress(const char*) {
 
 void FrmChart::Tell(std::string_view text) { statusBar()->showMessage(ToQt(text), kTellTime); }
 
-void FrmChart::PaintOverlays(DrawingSurface& surface) {
+void FrmChart::PaintLive(DrawingSurface& surface) {
+  if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
+  const Program& program = desktop_.program;
+  DrawLiveOverlays(surface,
+                   MakeOverlayView(program.charts.chart, viewer_->geometry(), viewer_->geometry(),
+                                   program.config.text_size),
+                   program, view_);
+}
+
+void FrmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) {
   if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
   const Program& program = desktop_.program;
   const OverlayView seen =
-      MakeOverlayView(program.charts.chart, viewer_->geometry(), program.config.text_size);
+      MakeOverlayView(program.charts.chart, viewer_->geometry(), area, program.config.text_size);
   DrawOverlays(surface, seen, program, view_);
   std::string line = Trim(MobLabelText(seen, program.mob));
   std::erase(line, '\n');
@@ -561,24 +573,25 @@ void FrmChart::PlaceFloats() {
 }
 
 void FrmChart::FollowLook() {
-  const bool night = view_.night;
+  const Theme& theme = ThemeInForce();
   const QString style =
-      night ? "background: #000000; color: #00ff00; border: 1px solid #143014; border-radius: 4px;"
-            : "background: #dfeaff; color: #000000; border: 1px solid #9db2cc; border-radius: 4px;";
-  for (QLabel* label : {readout_, dividers_, mob_label_, quiet_line_}) {
-    label->setStyleSheet("QLabel {" + style + "}");
-  }
+      QStringLiteral("QLabel {background: %1; color: %2; border: 1px solid %3; border-radius: 4px;}")
+          .arg(ColourName(theme.readout_back), ColourName(theme.readout_text),
+               ColourName(theme.readout_border));
+  for (QLabel* label : {readout_, dividers_, mob_label_, quiet_line_}) label->setStyleSheet(style);
   QPalette colours = QGuiApplication::palette();
   for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button}) {
-    colours.setColor(role, night ? QColor(0, 0, 0) : QColor(223, 234, 255));
+    colours.setColor(role, theme.readout_back);
   }
   for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText}) {
-    colours.setColor(role, night ? QColor(0, 255, 0) : QColor(0, 0, 0));
+    colours.setColor(role, theme.readout_text);
   }
   route_combo_->setPalette(colours);
   route_details_->setPalette(colours);
   for (const Command* command : AllCommands()) {
-    if (!command->icon.empty()) action(command->name)->setIcon(Icon(ToQt(command->icon), night));
+    if (command->icon.empty()) continue;
+    action(command->name)
+        ->setIcon(Icon(ToQt(command->icon), view_.night, view_.brightness.level));
   }
 }
 

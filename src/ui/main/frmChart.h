@@ -71,7 +71,8 @@ class FrmChart final : public QMainWindow, public MainWindowPort {
   void MakeStatusBar();
   void FillMenu(std::span<const MenuRow> rows, QWidget* root);
   void ShowPopUp(QPoint at);
-  void PaintOverlays(DrawingSurface& surface);
+  void PaintOverlays(DrawingSurface& surface, const ViewGeometry& area);
+  void PaintLive(DrawingSurface& surface);
   void FollowLook();
 
   // What Changed refreshes.

@@ -41,7 +41,7 @@ void LookController::Apply() {
   const ViewState& view = desktop_.view;
   desktop_.settings.SetInt(kSection, "Night", view.night ? 1 : 0);
   desktop_.settings.SetInt(kSection, "Brightness", view.brightness.level);
-  ApplyTheme(view.night);
+  ApplyTheme(view.night, view.brightness.level);
   viewer_.SetNight(view.night);
   viewer_.SetBrightness(view.brightness.level);
   emit LookChanged();

@@ -8,7 +8,7 @@
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
 #include "core/text.h"
-#include "routes/route_forms.h"
+#include "routes/route_rows.h"
 
 namespace skerrow {
 namespace {

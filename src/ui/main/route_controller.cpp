@@ -188,21 +188,19 @@ void RouteController::KeyboardEdit() {
 }
 
 template <typename Dialog>
-void RouteController::Calculate(const char* name) {
-  Program& program = desktop_.program;
+void RouteController::Calculate() {
+  const Program& program = desktop_.program;
   desktop_.view.route_drag_on = false;
-  const RouteState before = program.route;
   Dialog(desktop_, &window_).exec();
-  RememberRouteEdit(program, desktop_.messages, name, before);
   desktop_.view.calculation_on_show = !program.passage.route_track.empty();
   time_.DropAnimation();
   desktop_.window.Changed(kRouteChanged | kTimeChanged);
   if (program.passage.calc_mode == 1) desktop_.window.Tell(program.passage.route_summary_text);
 }
 
-void RouteController::CalculateDialog() { Calculate<FrmCalcRoute>("Route Calculation"); }
+void RouteController::CalculateDialog() { Calculate<FrmCalcRoute>(); }
 
-void RouteController::OptimiseDialog() { Calculate<FrmRouteOptDeparture>("Departure Search"); }
+void RouteController::OptimiseDialog() { Calculate<FrmRouteOptDeparture>(); }
 
 void RouteController::SettingsDialog() {
   const RouteState before = desktop_.program.route;

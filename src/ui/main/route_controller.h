@@ -76,7 +76,7 @@ class RouteController {
   void ClearMark();
   void ResetModes();
   template <typename Dialog>
-  void Calculate(const char* name);
+  void Calculate();
 
   Desktop& desktop_;
   ChartViewer& viewer_;

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "routes/file_forms.h"
+#include "ui/forms/file_forms.h"
 
 class QLabel;
 

@@ -30,7 +30,7 @@ FrmFileDelete::FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
   body()->addLayout(columns, 1);
   records_->setSelectionMode(QAbstractItemView::NoSelection);
   records_->setFocusPolicy(Qt::NoFocus);
-  QPushButton* ok = AddButton("cmdOK", tr("OK"), tr("Deletes the highlighted file"));
+  QPushButton* ok = AddButton("cmdOK", "&Delete", "Deletes the highlighted file");
   ok->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
   files_->Fill(FolderOfKind(desktop.program.folders, kind), kind);

@@ -14,14 +14,8 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteEdit", tr("Edit Route Points"), parent),
       legs_(new TextList(desktop.clipboard, "List1")),
       distance_(Named<QLabel>("lblroutedist")),
-      leg_box_(new QGroupBox(tr("Selected leg"))),
-      start_name_(Named<QLineEdit>("txtroutestartname")),
-      start_latitude_(MakeLatitudeEdit(desktop.messages, "txtroutestartlat")),
-      start_longitude_(MakeLongitudeEdit(desktop.messages, "txtroutestartlong")),
-      end_name_(Named<QLineEdit>("txtroutedestname")),
-      end_latitude_(MakeLatitudeEdit(desktop.messages, "txtroutedestlat")),
-      end_longitude_(MakeLongitudeEdit(desktop.messages, "txtroutedestlong")),
-      speed_(MakeSpeedEdit(desktop.messages, "txtroutespeed")),
+      leg_box_(new LegBox(desktop.messages, {"Fro&m:", "Appl&y Speed to all Legs", "cmdmodify",
+                                             "&Accept Changes to Leg"})),
       picker_(new WaypointPicker(desktop, "List2", Qt::Vertical)),
       before_(Named<QRadioButton>("optBefore", tr("&Before"))),
       after_(Named<QRadioButton>("optAfter", tr("Af&ter"))) {
@@ -36,7 +30,7 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
   left->addLayout(head);
   left->addWidget(legs_, 1);
   left->addSpacing(4);
-  left->addWidget(MakeLegBox());
+  left->addWidget(leg_box_);
   columns->addLayout(left, 3);
   columns->addWidget(MakeWaypointBox(), 2);
   body()->addLayout(columns, 1);
@@ -50,53 +44,23 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
   connect(remove, &QPushButton::clicked, this, [this] { DeletePoint(); });
   connect(reverse, &QPushButton::clicked, this, [this] { Reverse(); });
   connect(exit, &QPushButton::clicked, this, &QDialog::accept);
+  connect(leg_box_, &LegBox::Accepted, this, [this] { AcceptLegEntry(); });
+  connect(leg_box_, &LegBox::SpeedForAll, this, [this] { ApplySpeed(); });
   connect(legs_, &QListWidget::itemSelectionChanged, this, [this] { LoadLeg(); });
   connect(legs_, &QListWidget::itemDoubleClicked, this, [this] {
     LoadLeg();
-    start_name_->setFocus();
+    leg_box_->first_box()->setFocus();
   });
-  for (QLineEdit* box : {start_name_, end_name_}) box->setMaxLength(35);
   // Enter in a box accepts the leg instead of leaving the dialog.
   auto* enter = new KeyAction(this, Qt::Key_Return, [this] { AcceptLegEntry(); });
-  for (QLineEdit* box : leg_box_->findChildren<QLineEdit*>()) box->installEventFilter(enter);
-  KeyAction::Install(legs_, Qt::Key_Return, [this] { start_name_->setFocus(); });
+  for (QLineEdit* box : leg_box_->boxes()) box->installEventFilter(enter);
+  KeyAction::Install(legs_, Qt::Key_Return, [this] { leg_box_->first_box()->setFocus(); });
   KeyAction::Install(legs_, Qt::Key_Delete, [this] { DeletePoint(); });
   KeyAction::Install(picker_->list(), Qt::Key_Return, [this] { InsertPoint(); });
   Load();
   LoadLeg();
   legs_->setFocus();
   resize(960, 600);
-}
-
-QWidget* FrmRouteEdit::MakeLegBox() {
-  auto* grid = new QGridLayout(leg_box_);
-  grid->setHorizontalSpacing(8);
-  grid->addWidget(MakeLabel(tr("Fro&m:"), start_name_), 0, 0);
-  grid->addWidget(start_name_, 0, 1);
-  grid->addWidget(start_latitude_, 0, 2);
-  grid->addWidget(start_longitude_, 0, 3);
-  grid->addWidget(MakeLabel(tr("T&o:"), end_name_), 1, 0);
-  grid->addWidget(end_name_, 1, 1);
-  grid->addWidget(end_latitude_, 1, 2);
-  grid->addWidget(end_longitude_, 1, 3);
-  grid->addWidget(MakeLabel(tr("&Speed:"), speed_), 2, 0);
-  auto* row = new QHBoxLayout;
-  row->setSpacing(8);
-  row->addWidget(speed_);
-  row->addWidget(new QLabel(tr("kn")));
-  auto* all = Named<QPushButton>("cmdRouteSpeed", tr("Appl&y Speed to all Legs"));
-  all->setToolTip(tr("Gives every leg this speed"));
-  auto* modify = Named<QPushButton>("cmdmodify", tr("&Accept Changes to Leg"));
-  modify->setToolTip(tr("Writes these values into the leg (Enter)"));
-  row->addWidget(all);
-  row->addStretch(1);
-  row->addWidget(modify);
-  grid->addLayout(row, 2, 1, 1, 3);
-  grid->setColumnStretch(1, 1);
-  for (QPushButton* button : {all, modify}) button->setAutoDefault(false);
-  connect(all, &QPushButton::clicked, this, [this] { ApplySpeed(); });
-  connect(modify, &QPushButton::clicked, this, [this] { AcceptLegEntry(); });
-  return leg_box_;
 }
 
 QWidget* FrmRouteEdit::MakeWaypointBox() {
@@ -145,15 +109,7 @@ void FrmRouteEdit::Load() {
 void FrmRouteEdit::LoadLeg() {
   const std::optional<int> row = SelectedRow();
   leg_ = row ? static_cast<std::size_t>(LegOfRow(*row)) : 0;
-  leg_box_->setTitle(leg_ == 0 ? tr("Selected leg") : tr("Selected leg: %1").arg(leg_));
-  const LegEntry entry = EntryOfLeg(desktop().program.route, leg_);
-  start_name_->setText(ToQt(entry.start_name));
-  start_latitude_->SetText(entry.start_latitude);
-  start_longitude_->SetText(entry.start_longitude);
-  end_name_->setText(ToQt(entry.end_name));
-  end_latitude_->SetText(entry.end_latitude);
-  end_longitude_->SetText(entry.end_longitude);
-  speed_->SetText(entry.speed);
+  leg_box_->Show(EntryOfLeg(desktop().program.route, leg_), leg_);
 }
 
 void FrmRouteEdit::Ended(RouteFormRefusal refusal) {
@@ -162,31 +118,17 @@ void FrmRouteEdit::Ended(RouteFormRefusal refusal) {
     LoadLeg();
     return;
   }
-  QWidget* field = legs_;
-  if (refusal == RouteFormRefusal::kBadLatitude) {
-    field = ParseLatitudeEntry(start_latitude_->Text()) ? end_latitude_ : start_latitude_;
-  } else if (refusal == RouteFormRefusal::kBadLongitude) {
-    field = ParseLongitudeEntry(start_longitude_->Text()) ? end_longitude_ : start_longitude_;
-  } else if (refusal == RouteFormRefusal::kBadSpeed) {
-    field = speed_;
-  } else if (refusal == RouteFormRefusal::kNoInsertionSide) {
-    field = before_;
-  } else if (refusal == RouteFormRefusal::kNoWaypointSelected) {
-    field = picker_->list();
-  }
+  QWidget* field = leg_box_->AtFault(refusal);
+  if (field == nullptr) field = legs_;
+  if (refusal == RouteFormRefusal::kNoInsertionSide) field = before_;
+  if (refusal == RouteFormRefusal::kNoWaypointSelected) field = picker_->list();
   Refuse(RouteFormText(refusal), false, field);
 }
 
 void FrmRouteEdit::AcceptLegEntry() {
-  const LegEntry entry = {FromQt(start_name_->text()),
-                          start_latitude_->Text(),
-                          start_longitude_->Text(),
-                          FromQt(end_name_->text()),
-                          end_latitude_->Text(),
-                          end_longitude_->Text(),
-                          speed_->Text()};
-  Ended(EditRoute(desktop(), "Edit Leg", [&](RouteState& route) {
-    return EditLeg(route, leg_, entry, RouteDefaultsOf(desktop().program), desktop().messages);
+  Ended(EditRoute(desktop(), "Edit Leg", [this](RouteState& route) {
+    return EditLeg(route, leg_, leg_box_->Entry(), LegCheck::kLetters,
+                   RouteDefaultsOf(desktop().program), desktop().messages);
   }));
 }
 
@@ -209,8 +151,9 @@ void FrmRouteEdit::DeletePoint() {
 }
 
 void FrmRouteEdit::ApplySpeed() {
-  Ended(EditRoute(desktop(), "Apply Speed to all Legs",
-                  [&](RouteState& route) { return ApplySpeedToAllLegs(route, speed_->Text()); }));
+  Ended(EditRoute(desktop(), "Apply Speed to all Legs", [&](RouteState& route) {
+    return ApplySpeedToAllLegs(route, leg_box_->Speed());
+  }));
 }
 
 void FrmRouteEdit::Reverse() {

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QGroupBox>
-#include <QLineEdit>
 #include <QRadioButton>
 
+#include "ui/dialogs/leg_box.h"
 #include "ui/routes/waypoint_picker.h"
 #include "ui/widgets/dialog.h"
-#include "ui/widgets/field_edits.h"
 #include "ui/widgets/text_list.h"
 
 namespace skerrow {
@@ -20,7 +18,6 @@ class FrmRouteEdit : public Dialog {
   FrmRouteEdit(Desktop& desktop, QWidget* parent);
 
  private:
-  QWidget* MakeLegBox();
   QWidget* MakeWaypointBox();
   void Load();
   void LoadLeg();
@@ -37,14 +34,7 @@ class FrmRouteEdit : public Dialog {
   std::size_t leg_ = 0;  // in the boxes, from 1; 0 for none
   TextList* legs_;
   QLabel* distance_;
-  QGroupBox* leg_box_;
-  QLineEdit* start_name_;
-  FilteredEdit* start_latitude_;
-  FilteredEdit* start_longitude_;
-  QLineEdit* end_name_;
-  FilteredEdit* end_latitude_;
-  FilteredEdit* end_longitude_;
-  FilteredEdit* speed_;
+  LegBox* leg_box_;
   WaypointPicker* picker_;
   QRadioButton* before_;
   QRadioButton* after_;

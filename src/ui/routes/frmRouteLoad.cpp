@@ -1,10 +1,29 @@
 #include "ui/routes/frmRouteLoad.h"
 
+#include "core/files.h"
 #include "ui/edits.h"
 #include "ui/routes/record_rows.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
+
+bool OpenSampleRoute(Desktop& desktop) {
+  const Folders& folders = desktop.program.folders;
+  constexpr const char* kSample = "Sample.rte";
+  Status done = Done{};
+  for (const std::string& name : ListFiles(folders.Samples(), FileKind::kRoute)) {
+    if (!done || ExistingFile(folders.Routes(), FileKind::kRoute, name)) continue;
+    const Result<std::string> content = ReadFile(JoinPath(folders.Samples(), name));
+    done = content ? ReplaceFile(RoutePath(folders, name), *content) : Status(content.error());
+  }
+  if (done) {
+    done = LoadRouteFile(desktop.program, desktop.messages, RoutePath(folders, kSample),
+                         RouteSpeeds::kStored);
+    desktop.window.Changed(kRouteChanged);
+  }
+  if (!done) desktop.messages.Show(done.error().Text(), MessageIcon::kWarning);
+  return done.ok();
+}
 
 FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteLoad", tr("Load Route"), parent),
@@ -35,12 +54,18 @@ FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
   body()->addWidget(use_default_speed_);
   records_->setSelectionMode(QAbstractItemView::NoSelection);
   records_->setFocusPolicy(Qt::NoFocus);
-  QPushButton* ok = AddButton("cmdOK", tr("OK"));
+  sample_ = AddLeftButton("cmdSample", "Open a &sample route",
+                          "Brings the sample routes into the list and opens the first of them");
+  QPushButton* ok = AddButton("cmdOK", "OK");
   ok->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
   files_->Fill(desktop.program.folders.Routes(), FileKind::kRoute);
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
   connect(files_, &QListWidget::itemDoubleClicked, this, [this] { Accept(); });
+  sample_->setVisible(files_->count() == 0);
+  connect(sample_, &QPushButton::clicked, this, [this] {
+    if (OpenSampleRoute(this->desktop())) accept();
+  });
   connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   ShowFile();

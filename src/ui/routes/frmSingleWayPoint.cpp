@@ -5,7 +5,7 @@
 
 #include "app/edits.h"
 #include "core/text.h"
-#include "routes/waypoint_forms.h"
+#include "ui/forms/waypoint_forms.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {

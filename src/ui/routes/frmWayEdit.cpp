@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "ui/forms/report_look.h"
 #include "ui/routes/frmNewWay.h"
 #include "ui/routes/frmwaycopy.h"
 #include "ui/routes/key_action.h"
@@ -264,7 +265,7 @@ void FrmWayEdit::Copy() {
 
 void FrmWayEdit::Print() {
   const std::vector<std::string> lines = entries_->Texts(print_selected_->isChecked());
-  PrintLines(desktop(), this, work_.file_name(), lines);
+  PrintPages(desktop(), this, ReportPage(work_.file_name(), "", lines));
 }
 
 void FrmWayEdit::SaveAndExit() {

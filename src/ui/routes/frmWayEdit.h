@@ -4,7 +4,7 @@
 #include <QRadioButton>
 
 #include "app/waypoint_work.h"
-#include "routes/waypoint_forms.h"
+#include "ui/forms/waypoint_forms.h"
 #include "ui/routes/file_list.h"
 #include "ui/routes/waypoint_list.h"
 #include "ui/widgets/dialog.h"

@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <string>
 
-#include "routes/file_forms.h"
+#include "ui/forms/file_forms.h"
 #include "ui/routes/file_list.h"
 #include "ui/widgets/dialog.h"
 

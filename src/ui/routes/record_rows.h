@@ -5,7 +5,7 @@
 
 #include "core/folders.h"
 #include "core/result.h"
-#include "routes/file_forms.h"
+#include "ui/forms/file_forms.h"
 
 namespace skerrow {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "routes/waypoint_forms.h"
+#include "ui/forms/waypoint_forms.h"
 
 namespace skerrow {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "core/messages.h"
-#include "ui/forms/key_filters.h"
+#include "ui/widgets/key_filters.h"
 
 // The typed fields that several dialogs have in common.
 namespace skerrow {

@@ -3,10 +3,10 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <optional>
 
-#include "platform/printing.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/qt_text.h"
 
@@ -34,17 +34,22 @@ class PrintChoice final : public Dialog {
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   }
 
-  std::optional<PrintTarget> Ask(const std::string& heading) {
+  std::optional<PrintTarget> Ask(const std::string& title) {
     if (exec() != QDialog::Accepted) return std::nullopt;
     PrintTarget target;
     target.printer = FromQt(printers_->currentData().toString());
     desktop().settings.Set(kPrintSection, kPrinterKey, target.printer);
     if (!target.printer.empty()) return target;
-    QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    const QString file = QFileDialog::getSaveFileName(
-        parentWidget(), QObject::tr("Print to a PDF file"),
-        folder.filePath(ToQt(heading) + QStringLiteral(".pdf")), QObject::tr("PDF files (*.pdf)"));
+    QString folder = ToQt(desktop().settings.Get(kPrintSection, kPrintFolderKey));
+    if (!QFileInfo(folder).isDir()) {
+      folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    }
+    const QString name = ToQt(title).replace(QLatin1Char('/'), QLatin1Char('-'));
+    const QString file =
+        QFileDialog::getSaveFileName(parentWidget(), "Print to a PDF file",
+                                     QDir(folder).filePath(name + ".pdf"), "PDF files (*.pdf)");
     if (file.isEmpty()) return std::nullopt;
+    desktop().settings.Set(kPrintSection, kPrintFolderKey, FromQt(QFileInfo(file).absolutePath()));
     target.pdf_file = FromQt(file);
     return target;
   }
@@ -55,22 +60,10 @@ class PrintChoice final : public Dialog {
 
 }  // namespace
 
-void PrintLines(Desktop& desktop, QWidget* parent, const std::string& heading,
-                const std::vector<std::string>& lines, const Picture& picture) {
+void PrintPages(Desktop& desktop, QWidget* parent, const PrintDocument& document) {
   PrintChoice choice(desktop, parent);
-  const std::optional<PrintTarget> target = choice.Ask(heading);
+  const std::optional<PrintTarget> target = choice.Ask(document.title);
   if (!target) return;
-  PrintDocument document;
-  document.title = heading;
-  document.items.push_back(PrintLine(heading, {"", 14.0, true}));
-  document.items.push_back(PrintLine(" "));
-  if (!picture.empty()) {
-    document.items.push_back(PrintPicture(picture));
-    document.items.push_back(PrintLine(" "));
-  }
-  for (const std::string& line : lines) {
-    document.items.push_back(PrintLine(line, {"", 9.0, false}, {30, 62, 94, 122, 152}));
-  }
   if (const Result<int> printed = Print(document, *target); !printed) {
     desktop.messages.Show(printed.error().Text(), MessageIcon::kWarning);
   }

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "platform/images.h"
+#include "platform/printing.h"
 #include "ui/desktop.h"
 
 class QWidget;
@@ -14,9 +11,9 @@ namespace skerrow {
 inline constexpr const char* kPrintSection = "Print";
 inline constexpr const char* kPrinterKey = "Printer";
 
-// Asks for a printer or a PDF file and prints `lines` under `heading`; a picture that is not empty
-// stands above them. What goes wrong is shown.
-void PrintLines(Desktop& desktop, QWidget* parent, const std::string& heading,
-                const std::vector<std::string>& lines, const Picture& picture = {});
+inline constexpr const char* kPrintFolderKey = "Folder";  // of the last PDF file
+
+// Asks for a printer or a PDF file and prints the document. What goes wrong is shown.
+void PrintPages(Desktop& desktop, QWidget* parent, const PrintDocument& document);
 
 }  // namespace skerrow

@@ -8,12 +8,15 @@
 #include <algorithm>
 
 #include "ui/widgets/qt_text.h"
+#include "ui/widgets/theme.h"
 
 namespace skerrow {
 namespace {
 
 constexpr int kMargin = 6;
 constexpr int kColumnGap = 18;
+constexpr int kRoomAbove = 9;
+constexpr int kNumberGap = 10;
 
 // The columns of a row. Tabs in a run count as one: some rows pad short names with a second.
 QStringList ColumnsIn(QString text) {
@@ -34,14 +37,25 @@ class ColumnDelegate final : public QStyledItemDelegate {
     const QString text = row.text;
     row.text.clear();
     QApplication::style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, list_);
+    const RowLook look = list_->LookOf(index.row());
     const bool selected = row.state & QStyle::State_Selected;
-    painter->setPen(row.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
-    painter->setFont(row.font);
+    QColor ink = row.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    if (!selected && look.dim) ink = ThemeInForce().dim_text;
+    if (!selected && look.warning) ink = ThemeInForce().warning;
+    QFont font = row.font;
+    font.setBold(look.bold);
+    painter->setFont(font);
+    QRect room = row.rect.adjusted(kMargin, look.room_above ? kRoomAbove : 0, 0, 0);
+    if (look.number > 0) {
+      painter->setPen(selected ? ink : ThemeInForce().accent);
+      painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter, QString::number(look.number));
+    }
+    painter->setPen(ink);
     const QStringList parts = ColumnsIn(text);
     const std::vector<int>& edges = list_->ColumnsOf(static_cast<std::size_t>(parts.size() - 1));
     for (qsizetype i = 0; i < parts.size(); ++i) {
-      const int left = row.rect.left() + kMargin + edges[static_cast<std::size_t>(i)];
-      painter->drawText(QRect(left, row.rect.top(), 4000, row.rect.height()),
+      const int left = room.left() + list_->margin() + edges[static_cast<std::size_t>(i)];
+      painter->drawText(QRect(left, room.top(), 4000, room.height()),
                         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, parts[i]);
     }
   }
@@ -50,7 +64,8 @@ class ColumnDelegate final : public QStyledItemDelegate {
     const QStringList parts = ColumnsIn(index.data().toString());
     const std::vector<int>& edges = list_->ColumnsOf(static_cast<std::size_t>(parts.size() - 1));
     const int width = edges.back() + option.fontMetrics.horizontalAdvance(parts.back());
-    return {width + 2 * kMargin, option.fontMetrics.height() + 4};
+    const int above = list_->LookOf(index.row()).room_above ? kRoomAbove : 0;
+    return {width + list_->margin() + 2 * kMargin, option.fontMetrics.height() + 4 + above};
   }
 
  private:
@@ -77,23 +92,40 @@ TextList::TextList(Clipboard& clipboard, const char* name, QWidget* parent)
   MeasureColumns();
 }
 
-void TextList::SetLines(const std::vector<std::string>& lines) {
+void TextList::SetLines(const std::vector<std::string>& lines, std::vector<RowLook> looks) {
   lines_ = lines;
+  looks_ = std::move(looks);
   MeasureColumns();
   clear();
   for (const std::string& line : lines) addItem(ToQt(line));
 }
 
+RowLook TextList::LookOf(int row) const {
+  const auto index = static_cast<std::size_t>(row);
+  return index < looks_.size() ? looks_[index] : RowLook{};
+}
+
+QFontMetrics TextList::MetricsOf(int row) const {
+  QFont row_font = font();
+  row_font.setBold(LookOf(row).bold);
+  return QFontMetrics(row_font, this);
+}
+
 void TextList::MeasureColumns() {
+  margin_ = 0;
   std::vector<std::vector<int>> widths(1);
-  for (const std::string& line : lines_) {
-    const QStringList parts = ColumnsIn(ToQt(line));
+  for (std::size_t row = 0; row < lines_.size(); ++row) {
+    const QFontMetrics metrics = MetricsOf(static_cast<int>(row));
+    if (const int number = LookOf(static_cast<int>(row)).number; number > 0) {
+      margin_ = std::max(margin_, metrics.horizontalAdvance(QString::number(number)) + kNumberGap);
+    }
+    const QStringList parts = ColumnsIn(ToQt(lines_[row]));
     const auto tabs = static_cast<std::size_t>(parts.size() - 1);
     if (widths.size() <= tabs) widths.resize(tabs + 1);
     widths[tabs].resize(tabs, 0);
     for (std::size_t i = 0; i < tabs; ++i) {
       const QString& part = parts[static_cast<qsizetype>(i)];
-      widths[tabs][i] = std::max(widths[tabs][i], fontMetrics().horizontalAdvance(part));
+      widths[tabs][i] = std::max(widths[tabs][i], metrics.horizontalAdvance(part));
     }
   }
   columns_.clear();

@@ -11,6 +11,15 @@ namespace skerrow {
 // Lines joined for the clipboard, each ended by a line break but the last.
 std::string JoinLines(const std::vector<std::string>& lines);
 
+// What makes a row stand out from the others; its text stays as it is.
+struct RowLook {
+  bool bold = false;
+  bool dim = false;
+  bool warning = false;
+  bool room_above = false;
+  int number = 0;  // shown before the row, in a margin of its own; 0 for none
+};
+
 // A list of report lines. Columns separated by tabs, one or several, line up over all rows that
 // have as many; what is copied keeps the tabs. Ctrl+C copies the selected rows.
 class TextList : public QListWidget {
@@ -19,7 +28,11 @@ class TextList : public QListWidget {
  public:
   TextList(Clipboard& clipboard, const char* name, QWidget* parent = nullptr);
 
-  void SetLines(const std::vector<std::string>& lines);
+  // `looks` has one entry for each line, or none at all.
+  void SetLines(const std::vector<std::string>& lines, std::vector<RowLook> looks = {});
+  RowLook LookOf(int row) const;
+  // The width of the margin that the numbers stand in; 0 without numbers.
+  int margin() const { return margin_; }
   const std::vector<std::string>& lines() const { return lines_; }
   // The selected lines from the top down.
   std::vector<std::string> SelectedLines() const;
@@ -38,9 +51,12 @@ class TextList : public QListWidget {
 
  private:
   void MeasureColumns();
+  QFontMetrics MetricsOf(int row) const;
 
   Clipboard& clipboard_;
   std::vector<std::string> lines_;
+  std::vector<RowLook> looks_;
+  int margin_ = 0;
   std::vector<std::vector<int>> columns_;  // by the number of tabs
 };
 

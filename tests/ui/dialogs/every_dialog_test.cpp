@@ -1,20 +1,17 @@
-#include <QAction>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
+// Opens every dialog: published names, keys, a size for small screens, and a way out by Esc that
+// leaves everything as it was.
+
+#include <QAbstractButton>
+#include <QLabel>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTest>
-#include <QTimer>
-#include <functional>
-#include <gtest/gtest.h>
-#include <memory>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <sstream>
 
-#include "core/files.h"
-#include "platform/images.h"
-#include "tests/ui/dialogs/dialog_fixture.h"
+#include "support/hands.h"
+#include "support/sample_desk.h"
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmLoadChart.h"
@@ -27,147 +24,225 @@
 #include "ui/dialogs/frmroutehistory.h"
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/dialogs/frmtimdat.h"
-#include "ui/widgets/date_services.h"
-#include "ui/widgets/theme.h"
+#include "ui/routes/frmFileDelete.h"
+#include "ui/routes/frmLoadWay.h"
+#include "ui/routes/frmNewWay.h"
+#include "ui/routes/frmRouteEdit.h"
+#include "ui/routes/frmRouteLoad.h"
+#include "ui/routes/frmRouteSave.h"
+#include "ui/routes/frmRouteWayPoints.h"
+#include "ui/routes/frmSingleWayPoint.h"
+#include "ui/routes/frmWayEdit.h"
+#include "ui/routes/frmWayFileLocate.h"
+#include "ui/routes/frmWaySave.h"
+#include "ui/routes/frmwaycopy.h"
+#include "ui/routes/frmwayimport.h"
+#include "ui/routes/leaving.h"
 
-namespace skerrow {
+namespace skerrow::testing {
 namespace {
 
-struct DialogRow {
+using Opened = std::unique_ptr<QDialog>;
+
+struct Row {
   const char* name;
   const char* title;
   const char* default_button;
-  const char* controls;  // published names, by blanks
-  std::function<std::unique_ptr<QDialog>(SampleDesk&)> open;
+  const char* tab_order;  // published names, by blanks, from the first on
+  const char* also;       // what Tab doesn't reach
+  Opened (*open)(Desktop&);
 };
 
+void PrintTo(const Row& row, std::ostream* out) { *out << row.title; }
+
 template <typename Form>
-std::unique_ptr<QDialog> Open(SampleDesk& desk) {
-  return std::make_unique<Form>(desk.desktop, nullptr);
+Opened Open(Desktop& desktop) {
+  return std::make_unique<Form>(desktop, nullptr);
+}
+template <typename Form, FileKind kind>
+Opened OpenKind(Desktop& desktop) {
+  return std::make_unique<Form>(desktop, kind, nullptr);
 }
 
-const std::vector<DialogRow>& Dialogs() {
-  static const std::vector<DialogRow> rows = {
-      {"frmcalcroute", "Route Calculation", "Cmdrteok",
-       "rtedeptime lsthrs lstmins chkLeeway txtLeeway List1 lblroutedist cmdModify cmdRouteSpeed "
-       "txtroutespeed cmdreverse cmdUseGPS chkUseSOG cmdCopy cmdWind cmdTack Cmdrteok cmdrtecancel",
-       Open<FrmCalcRoute>},
-      {"frmresults", "Results", "cmdOK",
-       "lstResults optSummary optTidalDetails chkDisplayAll chKTidalStreams cmdClipboardCopy "
-       "Option1 Option2 cmdresultsprint",
-       Open<FrmResults>},
-      {"frmrouteinfo", "Route Calculations", "cmdOK", "List1", Open<FrmRouteInfo>},
-      {"frmroutehistory", "Calculation History", "cmdOK", "lsthistresults", Open<FrmRouteHistory>},
-      {"frmRouteOptDeparture", "Optimise Departure", "cmdOptimise",
-       "List1 Option1 Option2 Option3 Option4 Option5 cmdOptimise cmdreverse cmdrtecancel "
-       "ProgressBar1 lblProgress",
-       Open<FrmRouteOptDeparture>},
-      {"frmOptResults", "Optimum Results", "cmdClose", "pctResults pctScale lstResults lblCursor",
-       Open<FrmOptResults>},
-      {"frmSetLeg", "Single Leg Set-up", "cmdCalculate",
-       "Txtboatspeed optPort optStarboard txtLeeWay", Open<FrmSetLeg>},
-      {"frmtimdat", "Date and Time", "cmdOK", "Predictedday", Open<FrmTimDat>},
-      {"frmLoadChart", "Select Chart", "cmdOK",
-       "lstAreas List1 cmbScale txtScale txtSearch cmdSearch lblChartNumber GdViewer1",
-       Open<FrmLoadChart>},
-      {"frmQuickInstructions", "Quick Instructions", "cmdOK", "", Open<FrmQuickInstructions>},
-      {"frmConfigure", "General Settings", "cmdOK",
-       "cmbThreshold cmbTextSize cmbStreamLineWidth cmbBarbWeight cmbStreamLength cmbBarbSpacing "
-       "cmbBarbLength cmbLineSize Txtvariation txtErrorCircle txtSearchCircle Txtboatspeed "
-       "optSummerTime optDaylightSavings txtCPAWind chkHideStreamId txtCalcInterval chkLeeway "
-       "chkShowwind txtLeeWay chkUseTides chkBarbDisplayText chkUseSmartMet chkStreamAsShape "
-       "chkStreamFilled pctFontCol pctTidalStreamCol pctCOGCol pctWindCol",
-       [](SampleDesk& desk) -> std::unique_ptr<QDialog> {
-         return std::make_unique<FrmConfigure>(desk.desktop, nullptr, nullptr);
-       }},
-      {"Frmdisclaimer", "Skerrow Helm (v6.0.0.1)", "cmdCCok", "cmdCCok cmddecline",
-       [](SampleDesk& desk) -> std::unique_ptr<QDialog> {
-         return std::make_unique<Frmdisclaimer>(desk.program, desk.messages);
-       }},
-  };
-  return rows;
-}
+const Row kRows[] = {
+    {"frmcalcroute", "Route Calculation", "Cmdrteok",
+     "List1 txtroutestartname txtroutestartlat txtroutestartlong txtroutedestname txtroutedestlat "
+     "txtroutedestlong txtroutespeed cmdRouteSpeed cmdModify rtedeptime lsthrs lstmins chkLeeway "
+     "cmdTack cmdreverse cmdCopy Cmdrteok cmdrtecancel",
+     "lblroutedist chkUseSOG cmdUseGPS cmdWind", Open<FrmCalcRoute>},
+    {"frmresults", "Results", "cmdOK",
+     "optSummary lstResults Option1 Option2 cmdClipboardCopy cmdresultsprint cmdOK",
+     "optTidalDetails chkDisplayAll chKTidalStreams", Open<FrmResults>},
+    {"frmrouteinfo", "Route Calculations", "cmdOK",
+     "List1 Option1 Option2 cmdClipboardCopy cmdresultsprint cmdOK", "", Open<FrmRouteInfo>},
+    {"frmroutehistory", "Calculation History", "cmdOK",
+     "lsthistresults Option1 Option2 cmdClipboardCopy cmdresultsprint cmdOK", "",
+     Open<FrmRouteHistory>},
+    {"frmRouteOptDeparture", "Optimise Departure", "cmdOptimise",
+     "List1 Option5 cmdreverse cmdOptimise cmdrtecancel", "ProgressBar1 lblProgress",
+     Open<FrmRouteOptDeparture>},
+    {"frmOptResults", "Optimum Results", "cmdClose", "pctResults lstResults cmdClose",
+     "pctScale lblCursor", Open<FrmOptResults>},
+    {"frmSetLeg", "Single Leg Set-up", "cmdCalculate",
+     "txtstartlat txtstartlong txtdestlat txtdestlong optFillStart optFillDest Txtboatspeed "
+     "txtTime lsthrs lstmins chkLeeway txtLeeWay optPort optStarboard lstWaypoints lstResults "
+     "cmdCalculate cmdCancel",
+     "txtLeeWay optPort optStarboard", Open<FrmSetLeg>},
+    {"frmtimdat", "Date and Time", "cmdOK",
+     "txtTime lsthrs lstmins lstDay lstMonth lstYear cmdOK cmdCancel", "Predictedday",
+     Open<FrmTimDat>},
+    {"frmLoadChart", "Select Chart", "cmdOK",
+     "lstAreas cmbScale txtScale txtSearch cmdSearch List1 cmdOK cmdCancel",
+     "lblChartNumber GdViewer1", Open<FrmLoadChart>},
+    {"frmQuickInstructions", "Quick Instructions", "cmdOK", "txtInstructions cmdOK", "",
+     Open<FrmQuickInstructions>},
+    {"frmConfigure", "General Settings", "cmdOK",
+     "Txtboatspeed Txtvariation txtCPAWind chkLeeway txtLeeWay txtCalcInterval txtErrorCircle "
+     "txtSearchCircle chkUseTides optSummerTime optDaylightSavings cmdOK cmdCancel",
+     "cmbThreshold cmbTextSize cmbStreamLineWidth cmbBarbWeight cmbStreamLength cmbBarbSpacing "
+     "cmbBarbLength cmbLineSize chkHideStreamId chkShowwind chkBarbDisplayText chkUseSmartMet "
+     "chkStreamAsShape chkStreamFilled pctFontCol pctTidalStreamCol pctCOGCol pctWindCol",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<FrmConfigure>(desktop, nullptr, nullptr);
+     }},
+    {"Frmdisclaimer", "Skerrow Helm (v6.0.0.1)", "cmdCCok", "List1 cmdCCok cmddecline", "",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<Frmdisclaimer>(desktop.program, desktop.messages);
+     }},
+    {"frmRouteLoad", "Load Route", "cmdOK", "fillist chkUseDefaultSpeed cmdOK cmdCancel", "",
+     Open<FrmRouteLoad>},
+    {"frmRouteSave", "Save Route", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
+     Open<FrmRouteSave>},
+    {"frmWaySave", "Save Waypoints", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
+     Open<FrmWaySave>},
+    {"frmNewWay", "New Waypoint File", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
+     Open<FrmNewWay>},
+    {"frmLoadWay", "Load Waypoint File", "cmdOK", "fillist cmdOK cmdCancel", "", Open<FrmLoadWay>},
+    {"frmWayDelete", "Delete Waypoint File", "cmdOK", "fillist cmdOK cmdCancel", "List1",
+     OpenKind<FrmFileDelete, FileKind::kWaypoint>},
+    {"frmRouteDelete", "Delete Route File", "cmdOK", "fillist cmdOK cmdCancel", "List1",
+     OpenKind<FrmFileDelete, FileKind::kRoute>},
+    {"frmwayimport", "Import Skerrow Waypoint files from floppy or external storage", "cmdOK",
+     "txtFolder cmdBrowse fillist cmdSelectAll cmdOK cmdCancel", "",
+     OpenKind<FrmWayImport, FileKind::kWaypoint>},
+    {"frmwayimport", "Import Skerrow Route files from floppy or external storage", "cmdOK",
+     "txtFolder cmdBrowse fillist cmdSelectAll cmdOK cmdCancel", "",
+     OpenKind<FrmWayImport, FileKind::kRoute>},
+    {"frmRouteWayPoints", "Route by Waypoint List", "cmdOK",
+     "fillist List1 cmdAdd List2 cmdDelete cmdOK cmdCancel", "", Open<FrmRouteWayPoints>},
+    {"frmRouteEdit", "Edit Route Points", "cmdExit",
+     "List1 txtroutestartname txtroutestartlat txtroutestartlong txtroutedestname txtroutedestlat "
+     "txtroutedestlong txtroutespeed cmdRouteSpeed cmdmodify fillist List2 optBefore optAfter "
+     "cmdInsert cmdDelete cmdreverse cmdExit",
+     "", Open<FrmRouteEdit>},
+    {"frmWayEdit", "Select a File to Edit", "cmdSave",
+     "fillist cmdCreateNew cmdCopy cmdPrint optAll optSelected List1 txtWayName txtWayLat "
+     "txtWayLong cmdAdd cmdInsert cmdChange cmdDelete cmdSave cmdCancel",
+     "labelnoofpoints", Open<FrmWayEdit>},
+    {"frmwaycopy", "Copy Waypoints", "cmdSave", "fillist List1 List2 txtFileName cmdSave cmdCancel",
+     "", Open<FrmWayCopy>},
+    {"frmWayFileLocate", "Locate a waypoint", "cmdOK", "fillist List1 cmdOK cmdCancel", "",
+     Open<FrmWayFileLocate>},
+    {"frmSingleWayPoint", "Waypoint Entry", "cmdOK",
+     "txtWayName txtWayLat txtWayLong cmdOK cmdCancel", "",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<FrmSingleWayPoint>(desktop, std::nullopt, nullptr);
+     }},
+    {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<FrmUnsaved>(desktop, "Unsaved.", nullptr);
+     }},
+};
 
-// What a dialog that is left by Esc must not have touched.
-std::string StateOf(const SampleDesk& desk) {
-  const Program& program = desk.program;
-  std::string state = EncodeRecord(program.config, kAppConfigFields);
-  for (const RoutePoint& point : program.route.points) {
-    state += point.name + std::to_string(point.latitude) + std::to_string(point.speed);
+// The names of what Tab reaches, from the first widget of the dialog on.
+std::string TabOrder(QDialog& dialog) {
+  std::ostringstream order;
+  for (QWidget* at = dialog.nextInFocusChain(); at != &dialog; at = at->nextInFocusChain()) {
+    const bool reached = (at->focusPolicy() & Qt::TabFocus) && at->isVisibleTo(&dialog) &&
+                         at->isEnabled() && at->window() == &dialog && at->focusProxy() == nullptr;
+    if (!reached || at->objectName().isEmpty() || at->objectName().startsWith("qt_")) continue;
+    order << (order.tellp() > 0 ? " " : "") << at->objectName().toStdString();
   }
-  state += std::to_string(program.selected_time.hours) + program.charts.chart.file.spare3;
-  if (const Result<std::string> stored = ReadFile(program.folders.ConfigFile())) state += *stored;
-  return state;
+  return order.str();
 }
 
-void ExpectMnemonicsOnce(const QDialog& form) {
-  std::map<QChar, QString> mnemonics;
+// No mnemonic stands twice on what is seen at once.
+void ExpectMnemonicsOnce(const QDialog& dialog) {
+  std::set<QString> mnemonics;
   const auto take = [&mnemonics](const QString& text) {
-    const qsizetype mark = text.indexOf('&');
-    if (mark < 0 || mark + 1 >= text.size()) return;
-    const QChar letter = text.at(mark + 1).toLower();
-    EXPECT_TRUE(mnemonics.try_emplace(letter, text).second)
-        << text.toStdString() << " and " << mnemonics[letter].toStdString();
+    const QKeySequence key = QKeySequence::mnemonic(text);
+    if (!key.isEmpty()) {
+      EXPECT_TRUE(mnemonics.insert(key.toString()).second) << text.toStdString();
+    }
   };
-  for (const QAbstractButton* b : form.findChildren<QAbstractButton*>()) {
-    if (b->isVisible()) take(b->text());
+  for (const auto* button : dialog.findChildren<QAbstractButton*>()) {
+    if (button->isVisible()) take(button->text());
   }
-  for (const QLabel* label : form.findChildren<QLabel*>()) {
+  for (const auto* label : dialog.findChildren<QLabel*>()) {
     if (label->isVisible() && label->buddy() != nullptr) take(label->text());
   }
-  for (const QTabBar* tabs : form.findChildren<QTabBar*>()) {
+  for (const auto* tabs : dialog.findChildren<QTabBar*>()) {
     for (int tab = 0; tab < tabs->count(); ++tab) take(tabs->tabText(tab));
   }
 }
 
-class EveryDialog : public testing::TestWithParam<DialogRow> {};
+// All files below the user's folders with their bytes.
+std::map<std::string, std::string> FilesBelow(const Folders& folders) {
+  std::map<std::string, std::string> files;
+  for (const std::string& root : {folders.documents, folders.settings}) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+      if (entry.is_regular_file()) files[entry.path().string()] = FileBytes(entry.path().string());
+    }
+  }
+  return files;
+}
+
+class EveryDialog : public SampleDesk, public ::testing::WithParamInterface<Row> {};
 
 TEST_P(EveryDialog, OpensAsPublishedAndEscChangesNothing) {
-  const DialogRow& row = GetParam();
-  SampleDesk desk;
-  ASSERT_TRUE(desk.LoadSampleRoute());
-  const std::string before = StateOf(desk);
-  const std::unique_ptr<QDialog> form = row.open(desk);
-  form->show();
-  QTest::qWait(10);
+  const Row& row = GetParam();
+  ImportSamples();
+  LoadSample();
+  const auto files = FilesBelow(program.folders);
+  const auto route = RouteContent(program.route);
+  const auto waypoints = program.waypoints.waypoints;
+  const std::string config = EncodeRecord(program.config, kAppConfigFields);
+  const float hours = program.selected_time.hours;
+  const Opened form = row.open(desktop);
+  Show(*form);
   EXPECT_EQ(form->objectName(), row.name);
   EXPECT_EQ(form->windowTitle(), row.title);
-  for (const QString& name : QString(row.controls).split(' ', Qt::SkipEmptyParts)) {
+  EXPECT_EQ(TabOrder(*form), row.tab_order);
+  for (const QString& name : QString(row.also).split(' ', Qt::SkipEmptyParts)) {
     EXPECT_NE(form->findChild<QWidget*>(name), nullptr) << name.toStdString();
   }
-  auto* button = form->findChild<QPushButton*>(row.default_button);
-  ASSERT_NE(button, nullptr);
-  EXPECT_TRUE(button->isDefault());
+  for (const auto* button : form->findChildren<QPushButton*>()) {
+    EXPECT_EQ(button->isDefault(), button->objectName() == QString(row.default_button))
+        << button->objectName().toStdString();
+    EXPECT_FALSE(button->autoDefault() && !button->isDefault());
+  }
   EXPECT_LE(form->width(), 1280);
   EXPECT_LE(form->height(), 720 - 48) << "title bar and panel";
-
-  // Tab comes round to where it started and reaches the default button on the way.
-  QWidget* first = form->focusWidget();
-  ASSERT_NE(first, nullptr);
-  bool reached = first == button;
-  QWidget* at = first;
-  for (int i = 0; i < 200 && (i == 0 || at != first); ++i) {
-    QTest::keyClick(at, Qt::Key_Tab);
-    at = form->focusWidget();
-    reached = reached || at == button;
-  }
-  EXPECT_EQ(at, first);
-  EXPECT_TRUE(reached || !button->isEnabled());
-
-  // No mnemonic stands twice on what is seen at once, whatever page is on top.
   auto* pages = form->findChild<QTabWidget*>();
   for (int page = 0; page < (pages == nullptr ? 1 : pages->count()); ++page) {
     if (pages != nullptr) pages->setCurrentIndex(page);
     ExpectMnemonicsOnce(*form);
   }
+
   QTest::keyClick(form.get(), Qt::Key_Escape);
   EXPECT_FALSE(form->isVisible());
-  EXPECT_EQ(StateOf(desk), before);
-  EXPECT_TRUE(desk.messages.shown.empty());
+  EXPECT_EQ(form->result(), QDialog::Rejected);
+  EXPECT_EQ(FilesBelow(program.folders), files);
+  EXPECT_EQ(RouteContent(program.route), route);
+  EXPECT_EQ(program.waypoints.waypoints, waypoints);
+  EXPECT_EQ(EncodeRecord(program.config, kAppConfigFields), config);
+  EXPECT_EQ(program.selected_time.hours, hours);
+  EXPECT_FALSE(program.edits.history.CanUndo());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, EveryDialog, testing::ValuesIn(Dialogs()),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Dialogs, EveryDialog, ::testing::ValuesIn(kRows), [](const auto& test) {
+  return std::string(test.param.name) + std::to_string(test.index);
+});
 
 // The part of a picture that is brighter than a surface may be at night; letters may.
 double BrightPart(const QImage& image) {
@@ -178,189 +253,22 @@ double BrightPart(const QImage& image) {
   return static_cast<double>(bright) / (image.width() * image.height());
 }
 
-TEST(NightLook, LeavesNoBrightSurface) {
-  SampleDesk desk;
-  ASSERT_TRUE(desk.LoadSampleRoute());
+class NightLook : public SampleDesk {};
+
+TEST_F(NightLook, LeavesNoBrightSurface) {
+  LoadSample();
   ApplyTheme(true);
-  for (const DialogRow& row : Dialogs()) {
-    const std::unique_ptr<QDialog> form = row.open(desk);
-    form->show();
-    QTest::qWait(10);
+  for (const Row& row : kRows) {
+    const Opened form = row.open(desktop);
+    Show(*form);
     EXPECT_LT(BrightPart(form->grab().toImage()), 0.05) << row.name;
   }
-  FrmConfigure settings(desk.desktop, nullptr, nullptr);
-  settings.show();
-  double colours = 1.0;
-  QTimer::singleShot(100, [&colours] {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) return;
-    colours = BrightPart(dialog->grab().toImage());
-    dialog->reject();
-  });
-  settings.findChild<QPushButton*>("pctWindCol")->click();
-  EXPECT_LT(colours, 0.05);
+  FrmConfigure form(desktop, nullptr, nullptr);
+  Show(form);
+  WithNextDialog([](QDialog& colours) { EXPECT_LT(BrightPart(colours.grab().toImage()), 0.05); });
+  Find<QPushButton>(form, "pctWindCol")->click();
   ApplyTheme(false);
 }
 
-TEST(DateDialog, SetsTheTimeAndRefusesInItsWords) {
-  SampleDesk desk;
-  FrmTimDat form(desk.desktop, nullptr);
-  form.show();
-  auto* time = form.findChild<QLineEdit*>("txtTime");
-  auto* ok = form.findChild<QPushButton*>("cmdOK");
-  const auto try_time = [&](const char* text) {
-    desk.messages = {};
-    time->selectAll();
-    QTest::keyClicks(time, text);
-    QTest::mouseClick(ok, Qt::LeftButton);
-  };
-  try_time("930");
-  EXPECT_EQ(desk.messages.shown.at(0), "Please enter a valid time i.e. 12:35");
-  try_time("24:00");
-  EXPECT_EQ(desk.messages.shown.at(0), "Please enter a valid time");
-  EXPECT_EQ(desk.messages.beeps, 1);
-  // 31 June: a warning beside the lists, a beep, no message.
-  form.findChild<QComboBox*>("lstDay")->setCurrentIndex(30);
-  try_time("10:30");
-  EXPECT_TRUE(desk.messages.shown.empty());
-  EXPECT_EQ(desk.messages.beeps, 1);
-  EXPECT_TRUE(form.isVisible());
-  EXPECT_TRUE(form.findChild<QLabel*>("Predictedday")->text().endsWith("is not a date"));
-  EXPECT_FALSE(desk.program.selected_time.override_);
-  form.findChild<QComboBox*>("lstDay")->setCurrentIndex(19);
-  try_time("10:60");  // minutes of exactly 60 pass
-  EXPECT_FALSE(form.isVisible());
-  EXPECT_TRUE(desk.program.selected_time.override_);
-  EXPECT_FLOAT_EQ(desk.program.selected_time.hours, 11.0F);
-  EXPECT_EQ(desk.program.selected_time.day_of_month, 20);
-}
-
-TEST(SettingsDialog, FiltersKeysAndShowsTheFieldAtFault) {
-  SampleDesk desk;
-  int tools = 0;
-  FrmConfigure form(
-      desk.desktop, [&tools] { ++tools; }, nullptr);
-  form.show();
-  auto* variation = form.findChild<QLineEdit*>("Txtvariation");
-  variation->selectAll();
-  QTest::keyClicks(variation, "x6e-");
-  EXPECT_EQ(variation->text(), "6E");
-  EXPECT_EQ(desk.messages.beeps, 2);
-  auto* error = form.findChild<QLineEdit*>("txtErrorCircle");
-  error->selectAll();
-  QTest::keyClicks(error, "z2");
-  EXPECT_EQ(error->text(), "2");
-  EXPECT_EQ(desk.messages.beeps, 2) << "this one drops keys in silence";
-  EXPECT_FALSE(form.findChild<QComboBox*>("cmbLineSize")->isEditable());
-  EXPECT_FALSE(form.findChild<QComboBox*>("cmbTextSize")->isEditable());
-
-  auto* ok = form.findChild<QPushButton*>("cmdOK");
-  auto* barb = form.findChild<QComboBox*>("cmbBarbLength");
-  barb->setEditText("0");
-  QTest::mouseClick(ok, Qt::LeftButton);
-  EXPECT_EQ(desk.messages.shown.at(0), "Barb length =0 !!");
-  EXPECT_TRUE(barb->isVisible()) << "its page has come to the front";
-  barb->setEditText("25");
-  QTest::mouseDClick(&form, Qt::LeftButton, {}, QPoint(4, form.height() - 6));
-  EXPECT_EQ(tools, 1);
-  QTest::mouseClick(ok, Qt::LeftButton);
-  EXPECT_FALSE(form.isVisible());
-  AppConfig stored;
-  ASSERT_TRUE(ReadConfig(desk.program.folders, stored).ok());
-  EXPECT_FLOAT_EQ(stored.variation, 6.0F);
-  EXPECT_FLOAT_EQ(stored.error_circle, 2.0F);
-  EXPECT_FLOAT_EQ(stored.barb_length, 25.0F);
-}
-
-TEST(PicturePreview, DecodesBesideTheWindowAndShowsTheLastOneAskedFor) {
-  SampleDesk desk;
-  const auto file = [&desk](const char* name) {
-    return JoinPath(desk.program.folders.documents, name);
-  };
-  const auto write = [&](const char* name, int side, std::uint32_t colour) {
-    const std::size_t count = static_cast<std::size_t>(side) * static_cast<std::size_t>(side);
-    const std::string path = file(name);
-    EXPECT_TRUE(
-        WritePng(path, PictureFromRgb32(side, side, std::vector<std::uint32_t>(count, colour))));
-    return path;
-  };
-  const std::string large = write("large.png", 6000, 0xff0000ff);
-  const std::string small = write("small.png", 40, 0xff00ff00);
-  PicturePreview preview("preview");
-  preview.resize(300, 300);
-  preview.show();
-  const auto middle = [&] { return preview.grab().toImage().pixelColor(150, 150); };
-  preview.Open(large);
-  EXPECT_TRUE(preview.opening() && preview.empty()) << "the call did not wait for the picture";
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.opening(); }, 20000));
-  EXPECT_EQ(middle(), QColor(Qt::blue));
-  preview.Open(large);
-  preview.Open(small);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.opening(); }, 20000));
-  QTest::qWait(300);
-  EXPECT_EQ(middle(), QColor(Qt::green));
-  preview.Open(file("missing.png"));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.opening(); }, 20000));
-  EXPECT_TRUE(preview.empty());
-}
-
-TEST(ChartDialog, FiltersSearchesAndChooses) {
-  SampleDesk desk;
-  FrmLoadChart form(desk.desktop, nullptr);
-  form.show();
-  auto* list = form.findChild<QListWidget*>("List1");
-  auto* preview = form.findChild<PicturePreview*>("GdViewer1");
-  ASSERT_EQ(list->count(), 4);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !preview->empty(); }));
-  auto* search = form.findChild<QLineEdit*>("txtSearch");
-  QTest::keyClicks(search, "islands");
-  EXPECT_EQ(list->currentItem()->text(), "Channel Islands");
-  const QString key = form.findChild<QLabel*>("lblChartNumber")->text();
-  const QPoint row = list->visualItemRect(list->currentItem()).center();
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row);
-  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, row);
-  EXPECT_FALSE(form.isVisible());
-  EXPECT_TRUE(desk.program.config.chart_path.ends_with("/" + key.toStdString()));
-
-  FrmLoadChart none(desk.desktop, nullptr);
-  none.show();
-  auto* scale = none.findChild<QLineEdit*>("txtScale");
-  scale->setFocus();
-  scale->selectAll();
-  QTest::keyClicks(scale, "9000000");
-  EXPECT_EQ(none.findChild<QListWidget*>("List1")->count(), 0);
-  EXPECT_TRUE(none.findChild<PicturePreview*>("GdViewer1")->empty());
-  EXPECT_FALSE(none.findChild<QPushButton*>("cmdOK")->isEnabled());
-}
-
-TEST(StartForm, AcceptsDeclinesAndRestoresDefaults) {
-  SampleDesk desk;
-  desk.program.charts.history = {"x"};
-  AppConfig changed = desk.program.config;
-  changed.vessel_speed = 9.0F;
-  ASSERT_TRUE(SaveConfig(desk.program.folders, changed).ok());
-  Frmdisclaimer form(desk.program, desk.messages);
-  form.show();
-  form.findChild<QAction*>("mnuRestoreDefaults")->trigger();
-  EXPECT_TRUE(form.isVisible());
-  AppConfig stored;
-  ASSERT_TRUE(ReadConfig(desk.program.folders, stored).ok());
-  EXPECT_FLOAT_EQ(stored.vessel_speed, 5.0F);
-  QTest::mouseClick(form.findChild<QPushButton*>("cmdCCok"), Qt::LeftButton);
-  EXPECT_EQ(form.result(), QDialog::Accepted);
-  EXPECT_TRUE(desk.program.charts.history.empty());
-}
-
-TEST(StartForm, EndsOnAMachineWhoseDatesItCannotRead) {
-  struct NoDates final : DateServices {
-    std::string ShortToday() const override { return "7 May"; }
-    std::string AbbreviatedWeekday(std::string_view) const override { return ""; }
-  };
-  SampleDesk desk;
-  EXPECT_FALSE(Frmdisclaimer::Prepare(desk.program, NoDates(), desk.messages));
-  EXPECT_EQ(desk.messages.shown.at(0), DateOrderFailureText());
-  EXPECT_TRUE(Frmdisclaimer::Prepare(desk.program, LocaleDateServices(), desk.messages));
-}
-
 }  // namespace
-}  // namespace skerrow
+}  // namespace skerrow::testing

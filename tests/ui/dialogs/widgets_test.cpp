@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-#include "tests/ui/dialogs/dialog_fixture.h"
+#include "support/sample_desk.h"
 #include "ui/dialogs/frmtimdat.h"
 #include "ui/widgets/date_services.h"
 #include "ui/widgets/desktop_messages.h"
@@ -14,8 +14,10 @@
 #include "ui/widgets/progress_dialog.h"
 #include "ui/widgets/text_list.h"
 
-namespace skerrow {
+namespace skerrow::testing {
 namespace {
+
+class DialogTestOnDesk : public SampleDesk {};
 
 QDialog* ProgressWindow() {
   for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -121,27 +123,26 @@ TEST(DesktopMessagesTest, ShowsUnderTheProgramsTitleAndTakesEscForNo) {
   EXPECT_TRUE(messages.Ask("Really?"));
 }
 
-TEST(DialogTest, OpensAtTheSizeItWasLeftAt) {
-  SampleDesk desk;
+TEST_F(DialogTestOnDesk, OpensAtTheSizeItWasLeftAt) {
   {
-    FrmTimDat form(desk.desktop, nullptr);
+    FrmTimDat form(desktop, nullptr);
     form.show();
     form.resize(form.width() + 120, form.height() + 60);
     form.reject();
-    EXPECT_EQ(desk.settings.Get("Windows", "frmtimdat"),
+    EXPECT_EQ(settings.Get("Windows", "frmtimdat"),
               std::to_string(form.width()) + "x" + std::to_string(form.height()));
   }
-  const std::string kept = desk.settings.Get("Windows", "frmtimdat");
-  FrmTimDat form(desk.desktop, nullptr);
+  const std::string kept = settings.Get("Windows", "frmtimdat");
+  FrmTimDat form(desktop, nullptr);
   form.show();
   EXPECT_EQ(std::to_string(form.width()) + "x" + std::to_string(form.height()), kept);
   // A stored size beyond the screen is brought back onto it.
-  desk.settings.Set("Windows", "frmtimdat", "9000x9000");
-  FrmTimDat large(desk.desktop, nullptr);
+  settings.Set("Windows", "frmtimdat", "9000x9000");
+  FrmTimDat large(desktop, nullptr);
   large.show();
   EXPECT_LT(large.width(), 9000);
-  desk.settings.Set("Windows", "frmtimdat", "x-1");
-  FrmTimDat odd(desk.desktop, nullptr);
+  settings.Set("Windows", "frmtimdat", "x-1");
+  FrmTimDat odd(desktop, nullptr);
   odd.show();
   EXPECT_GT(odd.width(), 100);
 }
@@ -161,4 +162,4 @@ TEST(WidenedDateFormat, KeepsTheOrderOfTheLocale) {
 }
 
 }  // namespace
-}  // namespace skerrow
+}  // namespace skerrow::testing

@@ -1,81 +1,86 @@
 #include "ui/forms/calc_route_form.h"
 
+#include <QCheckBox>
 #include <gtest/gtest.h>
 
+#include "app/edits.h"
+#include "app/recovery.h"
 #include "passage/optimum.h"
-#include "tests/ui/dialogs/dialog_fixture.h"
+#include "support/hands.h"
+#include "support/sample_desk.h"
+#include "ui/dialogs/frmcalcroute.h"
 
-namespace skerrow {
+namespace skerrow::testing {
 namespace {
 
-class CalcRouteForm : public testing::Test {
+class CalcRouteForm : public SampleDesk {
  protected:
-  void SetUp() override { ASSERT_TRUE(desk.LoadSampleRoute()); }
+  void SetUp() override { LoadSample(); }
 
-  std::vector<RoutePoint>& points() { return desk.program.route.points; }
-
-  SampleDesk desk;
+  std::vector<RoutePoint>& points() { return program.route.points; }
 };
 
 TEST_F(CalcRouteForm, DepartureFollowsTheClockUntilTheUserHasSetATime) {
-  desk.program.selected_time.hours = 15.5F;
-  EXPECT_EQ(CalcRouteTextsOf(desk.program).time, "09:30");
-  desk.program.selected_time.override_ = true;
-  EXPECT_EQ(CalcRouteTextsOf(desk.program).time, "15:30");
+  program.selected_time.hours = 15.5F;
+  EXPECT_EQ(CalcRouteTextsOf(program).time, "09:30");
+  program.selected_time.override_ = true;
+  EXPECT_EQ(CalcRouteTextsOf(program).time, "15:30");
 }
 
-TEST_F(CalcRouteForm, LegEntriesAreCheckedInOrderAndRefusedWhole) {
-  const LegEntry good = {"Start", "50.30.00N", "001.10.00W", "End", "50.00.00N", "001.20.00W", "6"};
-  struct Row {
-    const char* what;
-    void (*spoil)(LegEntry&);
-    LegRefusal refusal;
-  };
-  const Row rows[] = {
-      {"start latitude", [](LegEntry& e) { e.start_latitude = "00.00.00N"; },
-       LegRefusal::kLatitude},
-      {"no latitude", [](LegEntry& e) { e.start_latitude = ""; }, LegRefusal::kLatitude},
-      {"end latitude", [](LegEntry& e) { e.end_latitude = "0"; }, LegRefusal::kLatitude},
-      {"end longitude", [](LegEntry& e) { e.end_longitude = "000.00.00E"; },
-       LegRefusal::kLongitude},
-      {"latitude first", [](LegEntry& e) { e.end_latitude = e.end_longitude = ""; },
-       LegRefusal::kLatitude},
-      {"beyond the pole", [](LegEntry& e) { e.end_latitude = "91.00.00N"; }, LegRefusal::kLatitude},
-      {"beyond 180", [](LegEntry& e) { e.start_longitude = "181.00.00W"; }, LegRefusal::kLongitude},
-  };
-  const RoutePoint before = points()[1];
-  for (const Row& row : rows) {
-    LegEntry entry = good;
-    row.spoil(entry);
-    EXPECT_EQ(AcceptLeg(desk.program, 2, entry, desk.messages), row.refusal) << row.what;
-    EXPECT_EQ(points()[1].At(), before.At()) << row.what;
-    EXPECT_EQ(points()[1].name, before.name) << row.what;
+// A control stored in its neighbour would come back at another place.
+TEST_F(CalcRouteForm, EveryBoxOfALegHasItsPlace) {
+  FrmCalcRoute form(desktop, nullptr);
+  Show(form);
+  ClickRow(form, "List1", 5);
+  for (const auto& [box, text] : {std::pair{"txtroutestartname", "First"},
+                                  {"txtroutestartlat", "50.31.00N"},
+                                  {"txtroutestartlong", "001.12.00W"},
+                                  {"txtroutedestname", "Second"},
+                                  {"txtroutedestlat", "50.03.00N"},
+                                  {"txtroutedestlong", "001.24.00E"},
+                                  {"txtroutespeed", "6.25"}}) {
+    Type(form, box, text);
   }
-  EXPECT_EQ(LegRefusalText(LegRefusal::kLatitude), "Error - Latitude entry");
-  EXPECT_EQ(LegRefusalText(LegRefusal::kLongitude), "Error - Longitude entry");
-  EXPECT_EQ(AcceptLeg(desk.program, points().size(), good, desk.messages), LegRefusal::kNoLeg);
-}
-
-TEST_F(CalcRouteForm, AnAcceptedLegMovesItsNeighboursWithIt) {
-  LegEntry entry = {"Start", "50.30.00N", "000.00.00E", "End", "50.00.00N", "001.20.00W", "6.5"};
-  // The start longitude of 0 is not an error.
-  ASSERT_EQ(AcceptLeg(desk.program, 2, entry, desk.messages), LegRefusal::kNone);
+  const std::vector<RoutePoint> before = points();
+  Click(form, "cmdModify");
+  EXPECT_EQ(points()[1].name + points()[2].name, "FirstSecond");
+  EXPECT_NEAR(points()[1].latitude, 50.0 + 31.0 / 60.0, 1e-5);
+  EXPECT_NEAR(points()[1].longitude, -1.2, 1e-5);
+  EXPECT_NEAR(points()[2].latitude, 50.05, 1e-5);
+  EXPECT_NEAR(points()[2].longitude, 1.4, 1e-5);
+  EXPECT_EQ(points()[1].speed, 6.25F);
+  EXPECT_EQ(points()[2].speed, before[2].speed);
   EXPECT_EQ(points()[0].Next(), points()[1].At());
-  EXPECT_EQ(points()[1].Next(), points()[2].At());
-  EXPECT_EQ(points()[2].name, "End");
-  EXPECT_FLOAT_EQ(points()[1].speed, 6.5F);
-  EXPECT_FLOAT_EQ(points()[1].longitude, 0.0F);
-  EXPECT_FLOAT_EQ(desk.program.route.distance, RouteLengthOf(points()));
+  EXPECT_EQ(points()[3].At(), before[3].At());
+  EXPECT_FLOAT_EQ(program.route.distance, RouteLengthOf(points()));
+  const LegEntry shown = EntryOfLeg(program.route, 2);
+  for (const auto& [box, text] : {std::pair{"txtroutestartname", shown.start_name},
+                                  {"txtroutestartlat", shown.start_latitude},
+                                  {"txtroutestartlong", shown.start_longitude},
+                                  {"txtroutedestname", shown.end_name},
+                                  {"txtroutedestlat", shown.end_latitude},
+                                  {"txtroutedestlong", shown.end_longitude},
+                                  {"txtroutespeed", shown.speed}}) {
+    EXPECT_EQ(Find<QLineEdit>(form, box)->text().toStdString(), text) << box;
+  }
+  // The session has it: it can be taken back, and would come back after a bad end.
+  EXPECT_EQ(program.edits.history.UndoName(), "Edit Leg");
+  EXPECT_TRUE(FindRouteRecovery(program.folders));
+  EXPECT_TRUE(UndoRouteEdit(program, messages));
+  EXPECT_EQ(points()[1].name, before[1].name);
 }
 
-TEST_F(CalcRouteForm, ASpeedOfNothingChangesNothing) {
-  const float before = points()[0].speed;
-  for (const char* text : {"0", "", "0.0", "kn"}) {
-    EXPECT_FALSE(ApplyRouteSpeed(desk.program, text)) << text;
-    EXPECT_FLOAT_EQ(points()[0].speed, before);
-  }
-  EXPECT_TRUE(ApplyRouteSpeed(desk.program, "7.2"));
-  for (const RoutePoint& point : points()) EXPECT_FLOAT_EQ(point.speed, 7.2F);
+TEST_F(CalcRouteForm, OptionsReachTheCalculation) {
+  FrmCalcRoute form(desktop, nullptr);
+  Show(form);
+  Type(form, "rtedeptime", "07:45");
+  Find<QCheckBox>(form, "chkLeeway")->setChecked(true);
+  Type(form, "txtLeeway", "8.5");
+  std::string lines;
+  WithNextDialog([&](QDialog&) { lines = JoinLines(program.passage.result_lines); });
+  Click(form, "Cmdrteok");
+  EXPECT_NE(lines.find("Departing 07:45,"), std::string::npos);
+  EXPECT_NE(lines.find("(Leeway of 8.5\u00b0 and a variation of 4W"), std::string::npos) << lines;
 }
 
 TEST(WindSide, IsStarboardBetweenAheadAndAsternClockwise) {
@@ -93,26 +98,26 @@ TEST(WindSide, IsStarboardBetweenAheadAndAsternClockwise) {
 
 TEST_F(CalcRouteForm, TacksComeFromTheDefaultWind) {
   // All legs run south; a wind from 290 comes over their starboard side, one from 090 over port.
-  SetTacks(desk.program);
+  SetTacks(program.route, program.wind_config.Default().direction);
   EXPECT_EQ(points()[0].tack, 2);
-  desk.program.wind_config.default_direction = "090";
-  SetTacks(desk.program);
+  program.wind_config.default_direction = "090";
+  SetTacks(program.route, program.wind_config.Default().direction);
   for (std::size_t i = 0; i + 1 < points().size(); ++i) EXPECT_EQ(points()[i].tack, 1) << i;
 }
 
 TEST_F(CalcRouteForm, TheGpsMovesTheStartOnlyWhileItReceives) {
-  desk.program.boat.position.latitude = 50.7F;
-  desk.program.boat.position.longitude = -1.5F;
-  EXPECT_FALSE(GpsReadingOf(desk.program));
-  desk.program.gps_enabled = true;
-  const auto gps = GpsReadingOf(desk.program);
+  program.boat.position.latitude = 50.7F;
+  program.boat.position.longitude = -1.5F;
+  EXPECT_FALSE(GpsReadingOf(program));
+  program.gps_enabled = true;
+  const auto gps = GpsReadingOf(program);
   ASSERT_TRUE(gps);
-  UseGpsForStart(desk.program, {gps->position, 4.5F}, true, desk.messages);
+  UseGpsForStart(program.route, {gps->position, 4.5F}, true, RouteDefaultsOf(program), messages);
   EXPECT_EQ(points()[0].At(), (Position{50.7F, -1.5F}));
   EXPECT_EQ(points()[0].name, "");
   for (const RoutePoint& point : points()) EXPECT_FLOAT_EQ(point.speed, 4.5F);
-  desk.program.boat.position.latitude = 0.0F;
-  EXPECT_FALSE(GpsReadingOf(desk.program));
+  program.boat.position.latitude = 0.0F;
+  EXPECT_FALSE(GpsReadingOf(program));
 }
 
 TEST_F(CalcRouteForm, ThePlanForTheClipboardHoldsTimeDateAndLegs) {
@@ -122,14 +127,13 @@ TEST_F(CalcRouteForm, ThePlanForTheClipboardHoldsTimeDateAndLegs) {
 
 TEST_F(CalcRouteForm, ASearchLeavesNoCalculatedRoute) {
   NoProgress progress;
-  ASSERT_EQ(RunCalculation(desk.program, {"06:00", false, ""}, desk.messages, progress),
-            RouteOutcome::kDone);
+  ASSERT_EQ(RunCalculation(program, {"06:00", false, ""}, messages, progress), RouteOutcome::kDone);
   EXPECT_TRUE(points()[0].calculated);
-  ASSERT_EQ(RunDepartureSearch(desk.program, 1, desk.messages, progress), RouteOutcome::kDone);
-  EXPECT_EQ(desk.program.passage.optimum_times.size(), 8U);
-  EXPECT_EQ(desk.program.passage.calc_mode, 0);
+  ASSERT_EQ(RunDepartureSearch(program, 1, messages, progress), RouteOutcome::kDone);
+  EXPECT_EQ(program.passage.optimum_times.size(), 8U);
+  EXPECT_EQ(program.passage.calc_mode, 0);
   EXPECT_FALSE(points()[0].calculated);
 }
 
 }  // namespace
-}  // namespace skerrow
+}  // namespace skerrow::testing

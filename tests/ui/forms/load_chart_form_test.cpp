@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/ui/dialogs/dialog_fixture.h"
+#include "support/sample_desk.h"
 #include "ui/forms/date_form.h"
 
-namespace skerrow {
+namespace skerrow::testing {
 namespace {
+
+class LoadChartFormOnDesk : public SampleDesk {};
 
 std::vector<ChartIndexEntry> ThreeCharts() {
   ChartIndexEntry small{"1-1", "English Channel ", 1250000.0F, 0, 0, 0, 0, "", ""};
@@ -34,10 +36,8 @@ TEST(LoadChartForm, SearchesOnFromTheCurrentRowAndRound) {
   EXPECT_FALSE(FindChartRow({}, "a", -1));
 }
 
-TEST(LoadChartForm, AChoiceIsStoredAndAFailedOneChangesNothing) {
-  SampleDesk desk;
-  EXPECT_EQ(SeaAreas(desk.program.folders), std::vector<std::string>{"Sample Chart"});
-  Program& program = desk.program;
+TEST_F(LoadChartFormOnDesk, AChoiceIsStoredAndAFailedOneChangesNothing) {
+  EXPECT_EQ(SeaAreas(program.folders), std::vector<std::string>{"Sample Chart"});
   const std::string before = program.config.chart_path;
   EXPECT_FALSE(
       ChooseChart(program.folders, {"Sample Chart", "no-such", 0}, program.config, program.charts)
@@ -65,4 +65,4 @@ TEST(DateForm, OffersTheYearsAndJoinsInTheMachinesOrder) {
 }
 
 }  // namespace
-}  // namespace skerrow
+}  // namespace skerrow::testing

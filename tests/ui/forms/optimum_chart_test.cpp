@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/ui/dialogs/dialog_fixture.h"
+#include "support/sample_desk.h"
 
-namespace skerrow {
+namespace skerrow::testing {
 namespace {
+
+class SelectDepartureOnDesk : public SampleDesk {};
 
 TEST(OptimumChart, MarksTheEarliestOfEqualTimes) {
   const OptimumChart chart({5.0F, 6.5F, 4.0F, 6.5F, 4.0F}, 6.0F);
@@ -49,14 +51,13 @@ TEST(OptimumChart, KeepsItsLabelsInside) {
   }
 }
 
-TEST(SelectDeparture, MovesTheTimeAndKeepsTheDay) {
-  SampleDesk desk;
-  const DayAndYear day = desk.program.selected_time.Day();
-  SelectDeparture(desk.program, 19.0F, desk.messages);
-  EXPECT_TRUE(desk.program.selected_time.override_);
-  EXPECT_FLOAT_EQ(desk.program.selected_time.hours, 19.0F);
-  EXPECT_EQ(desk.program.selected_time.Day(), day);
+TEST_F(SelectDepartureOnDesk, MovesTheTimeAndKeepsTheDay) {
+  const DayAndYear day = program.selected_time.Day();
+  SelectDeparture(program, 19.0F, messages);
+  EXPECT_TRUE(program.selected_time.override_);
+  EXPECT_FLOAT_EQ(program.selected_time.hours, 19.0F);
+  EXPECT_EQ(program.selected_time.Day(), day);
 }
 
 }  // namespace
-}  // namespace skerrow
+}  // namespace skerrow::testing

@@ -2,30 +2,23 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
 #include <QScrollBar>
 #include <QTest>
-#include <QTimer>
-#include <deque>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
 
-#include "platform/clipboard.h"
 #include "platform/settings_store.h"
+#include "support/hands.h"
+#include "support/memory_clipboard.h"
 #include "support/recording_messages.h"
+#include "support/still_clock.h"
 #include "support/temp_folder.h"
 #include "ui/main/frmChart.h"
 #include "ui/widgets/theme.h"
 
 namespace skerrow::testing {
-
-class StillClock final : public Clock {
- public:
-  ClockReading Now() const override { return now; }
-  ClockReading now{2026, 12, 5, 6, 30, 20};
-};
 
 // The main window on the sample installation, with user folders of its own.
 class MainWindowTest : public ::testing::Test {
@@ -76,9 +69,8 @@ class MainWindowTest : public ::testing::Test {
   }
 
   // Works on the next modal windows, one after the other, as they open.
-  void OnDialog(std::function<void(QWidget*)> work) {
-    dialogs_.push_back(std::move(work));
-    if (dialogs_.size() == 1) WaitForDialog();
+  static void OnDialog(std::function<void(QWidget*)> work) {
+    WithNextDialog([work = std::move(work)](QDialog& dialog) { work(&dialog); });
   }
 
   static void Click(QWidget* window, const char* name) {
@@ -110,23 +102,6 @@ class MainWindowTest : public ::testing::Test {
   std::unique_ptr<SettingsStore> settings_;
   MemoryClipboard clipboard_;
   std::unique_ptr<FrmChart> window_;
-
- private:
-  void WaitForDialog() {
-    QTimer::singleShot(20, qApp, [this] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      if (dialog == nullptr || dialog == last_dialog_) return WaitForDialog();
-      last_dialog_ = dialog;
-      const std::function<void(QWidget*)> work = std::move(dialogs_.front());
-      dialogs_.pop_front();
-      if (!dialogs_.empty()) WaitForDialog();
-      work(dialog);
-      if (last_dialog_ == dialog) last_dialog_ = nullptr;
-    });
-  }
-
-  std::deque<std::function<void(QWidget*)>> dialogs_;
-  QWidget* last_dialog_ = nullptr;
 };
 
 }  // namespace skerrow::testing

@@ -4,7 +4,8 @@
 #include <cmath>
 
 #include "core/plane_sailing.h"
-#include "tests/ui/routes/route_bench.h"
+#include "support/hands.h"
+#include "support/sample_desk.h"
 #include "ui/edits.h"
 #include "ui/routes/frmRouteEdit.h"
 #include "ui/routes/frmSingleWayPoint.h"
@@ -15,7 +16,10 @@
 namespace skerrow::testing {
 namespace {
 
-class EditingDialogs : public RouteBench {};
+class EditingDialogs : public SampleDesk {
+ protected:
+  void SetUp() override { ImportSamples(); }
+};
 
 TEST_F(EditingDialogs, LegTakesTypedValues) {
   LoadSample();
@@ -117,21 +121,21 @@ TEST_F(EditingDialogs, PointsAreInsertedDeletedAndTurnedRound) {
 TEST_F(EditingDialogs, KeysInsertAndDeleteAskFirst) {
   LoadSample();
   const Position near_second = {50.59F, -1.66F};
-  messages.ExpectQuestion("Insert a route point?", false);
+  messages.ExpectQuestion("Insert a route point?", false, "Insert Point");
   EXPECT_FALSE(AskInsertRoutePoint(program, messages, near_second));
-  messages.ExpectQuestion("Delete a route point?", true);
+  messages.ExpectQuestion("Delete a route point?", true, "Delete Route Point");
   EXPECT_TRUE(AskDeleteRoutePoint(program, messages, near_second));
   EXPECT_EQ(program.route.points[1].name, "Mid Channel North");
-  messages.ExpectQuestion("Insert a route point?", true);
+  messages.ExpectQuestion("Insert a route point?", true, "Insert Point");
   EXPECT_TRUE(AskInsertRoutePoint(program, messages, near_second));
   EXPECT_EQ(program.route.points[1].At(), near_second);
   ClearRoute(program.route);
-  messages.ExpectQuestion("Insert a route point?", true);
+  messages.ExpectQuestion("Insert a route point?", true, "Insert Point");
   messages.Expect("You need to have entered at least 2 points - nothing done");
   EXPECT_FALSE(AskInsertRoutePoint(program, messages, near_second));
 
   const std::size_t count = program.waypoints.waypoints.size();
-  messages.ExpectQuestion("Delete the waypoint?", true);
+  messages.ExpectQuestion("Delete the waypoint?", true, "Delete Waypoint");
   EXPECT_TRUE(AskDeleteWaypoint(program, messages, program.waypoints.waypoints[2].At()));
   EXPECT_EQ(program.waypoints.waypoints.size(), count - 1);
   EXPECT_EQ(program.waypoints.waypoints[2].name, "Bridge Buoy(Needles)");

@@ -3,7 +3,8 @@
 #include <QCheckBox>
 
 #include "core/files.h"
-#include "tests/ui/routes/route_bench.h"
+#include "support/hands.h"
+#include "support/sample_desk.h"
 #include "ui/edits.h"
 #include "ui/routes/frmFileDelete.h"
 #include "ui/routes/frmLoadWay.h"
@@ -19,7 +20,10 @@ namespace {
 
 constexpr const char* kOverwrite = "File already exists - continue and overwrite the contents?";
 
-class FileDialogs : public RouteBench {};
+class FileDialogs : public SampleDesk {
+ protected:
+  void SetUp() override { ImportSamples(); }
+};
 
 TEST_F(FileDialogs, RouteIsSavedClearedAndLoadedAgain) {
   LoadSample();
@@ -67,6 +71,28 @@ TEST_F(FileDialogs, TickedBoxLoadsTheProgramsSpeed) {
   Click(form, "cmdOK");
   ASSERT_EQ(program.route.points.size(), 6U);
   for (const RoutePoint& point : program.route.points) EXPECT_EQ(point.speed, 7.5F);
+}
+
+TEST_F(FileDialogs, EmptyListOffersTheSampleRoute) {
+  {
+    FrmRouteLoad full(desktop, nullptr);
+    Show(full);
+    EXPECT_FALSE(Find(full, "cmdSample")->isVisible());
+  }
+  std::filesystem::remove_all(program.folders.Routes());
+  MakeUserFolders(program.folders);
+  FrmRouteLoad form(desktop, nullptr);
+  Show(form);
+  Click(form, "cmdSample");
+  EXPECT_EQ(form.result(), QDialog::Accepted);
+  EXPECT_EQ(program.route.points.size(), 6U);
+  EXPECT_EQ(program.route.points[0].speed, 5.5F);
+  EXPECT_FALSE(RouteUnsaved(program));
+  EXPECT_EQ(ListFiles(program.folders.Routes(), FileKind::kRoute).size(), 3U);
+  // The user's own route of that name stays his.
+  ASSERT_TRUE(ReplaceFile(RouteFile("Sample.rte"), FileBytes(RouteFile("Portland Bill.rte"))));
+  EXPECT_TRUE(OpenSampleRoute(desktop));
+  EXPECT_EQ(FileBytes(RouteFile("Sample.rte")), FileBytes(RouteFile("Portland Bill.rte")));
 }
 
 TEST_F(FileDialogs, EmptyRouteFileTakesTheRouteAwayAndDamagedOneDoesNot) {
@@ -165,7 +191,7 @@ TEST_F(FileDialogs, WaypointsAreSavedAndAnotherFileBecomesCurrent) {
   EXPECT_EQ(program.config.waypoint_file, "Moved.way");
   EXPECT_EQ(program.waypoints.waypoints[0].At(), (Position{50.5F, -2.0F}));
   EXPECT_NE(FileBytes(program.folders.ConfigFile()).find("Moved.way"), std::string::npos);
-  EXPECT_EQ(window().changes, 2);
+  EXPECT_EQ(window.changes, 2);
 }
 
 TEST_F(FileDialogs, WaypointFileOfAnotherFolderIsBroughtInBeforeItIsInUse) {
@@ -295,7 +321,7 @@ TEST_F(FileDialogs, RouteIsMadeOfWaypoints) {
   EXPECT_EQ(program.route.points[1].name, "Berry Head");
   EXPECT_EQ(program.route.points[1].speed, program.config.vessel_speed);
   EXPECT_TRUE(RouteUnsaved(program));
-  EXPECT_EQ(window().changed, kRouteChanged);
+  EXPECT_EQ(window.changed, kRouteChanged);
 }
 
 }  // namespace

@@ -3,7 +3,8 @@
 #include "app/recovery.h"
 
 #include "app/waypoint_work.h"
-#include "tests/ui/routes/route_bench.h"
+#include "support/hands.h"
+#include "support/sample_desk.h"
 #include "ui/edits.h"
 #include "ui/routes/frmWayEdit.h"
 #include "ui/routes/leaving.h"
@@ -11,8 +12,9 @@
 namespace skerrow::testing {
 namespace {
 
-class UnsavedWork : public RouteBench {
+class UnsavedWork : public SampleDesk {
  protected:
+  void SetUp() override { ImportSamples(); }
   void Add(Position at) {
     EditRoute(desktop, "Add Route Point", [&](RouteState& route) {
       return AddRoutePoint(route, at, std::nullopt, RouteDefaultsOf(program), messages);

@@ -1,0 +1,196 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+
+#include "album.h"
+#include "app/recovery.h"
+#include "core/progress.h"
+#include "routes/waypoint.h"
+#include "ui/dialogs/Frmdisclaimer.h"
+#include "ui/dialogs/frmConfigure.h"
+#include "ui/dialogs/frmLoadChart.h"
+#include "ui/dialogs/frmOptResults.h"
+#include "ui/dialogs/frmQuickInstructions.h"
+#include "ui/dialogs/frmRouteOptDeparture.h"
+#include "ui/dialogs/frmSetLeg.h"
+#include "ui/dialogs/frmcalcroute.h"
+#include "ui/dialogs/frmresults.h"
+#include "ui/dialogs/frmroutehistory.h"
+#include "ui/dialogs/frmrouteinfo.h"
+#include "ui/dialogs/frmtimdat.h"
+#include "ui/forms/calc_route_form.h"
+#include "ui/forms/report_look.h"
+#include "ui/help/frmPDFReader.h"
+#include "ui/routes/frmFileDelete.h"
+#include "ui/routes/frmLoadWay.h"
+#include "ui/routes/frmNewWay.h"
+#include "ui/routes/frmRouteEdit.h"
+#include "ui/routes/frmRouteLoad.h"
+#include "ui/routes/frmRouteSave.h"
+#include "ui/routes/frmRouteWayPoints.h"
+#include "ui/routes/frmSingleWayPoint.h"
+#include "ui/routes/frmWayEdit.h"
+#include "ui/routes/frmWayFileLocate.h"
+#include "ui/routes/frmWaySave.h"
+#include "ui/routes/frmwaycopy.h"
+#include "ui/routes/frmwayimport.h"
+#include "ui/routes/leaving.h"
+#include "ui/widgets/desktop_messages.h"
+
+namespace screenshots {
+namespace {
+
+using namespace skerrow;  // NOLINT: this file is a part of a program
+
+void Select(QDialog& dialog, const char* list_name, int row) {
+  dialog.findChild<QListWidget*>(list_name)->setCurrentRow(row);
+}
+
+void Fill(QDialog& dialog, const char* box, const char* text) {
+  dialog.findChild<QLineEdit*>(box)->setText(text);
+}
+
+void KeepPassage(const Album& album, Studio& studio) {
+  Desktop desktop = studio.desktop();
+  Program& program = studio.program;
+  NoProgress progress;
+  Frmdisclaimer start(program, studio.messages);
+  album.Keep(start, "Frmdisclaimer");
+  FrmRouteOptDeparture search(desktop, nullptr);
+  album.Keep(search, "frmRouteOptDeparture");
+  RunDepartureSearch(program, 4, studio.messages, progress);
+  FrmOptResults departures(desktop, nullptr);
+  album.Keep(departures, "frmOptResults");
+  SetTacks(program.route, program.wind_config.Default().direction);
+  FrmCalcRoute calculation(desktop, nullptr);
+  album.Keep(calculation, "frmcalcroute");
+  RunCalculation(program, {"09:30", true, "5"}, studio.messages, progress);
+  FrmResults results(desktop, nullptr);
+  album.Keep(results, "frmresults");
+  results.findChild<QRadioButton*>("optTidalDetails")->setChecked(true);
+  results.findChild<QCheckBox*>("chKTidalStreams")->setChecked(true);
+  album.Keep(results, "frmresults-streams");
+  album.KeepPage(ReportPage("Results", RouteTitle(program), program.passage.result_lines),
+                 "results-page");
+  FrmRouteInfo info(desktop, nullptr);
+  album.Keep(info, "frmrouteinfo");
+  FrmRouteHistory history(desktop, nullptr);
+  album.Keep(history, "frmroutehistory");
+  FrmTimDat time(desktop, nullptr);
+  album.Keep(time, "frmtimdat");
+  FrmSetLeg leg(desktop, nullptr);
+  auto* marks = leg.findChild<QListWidget*>("lstWaypoints");
+  emit marks->itemDoubleClicked(marks->item(0));
+  emit marks->itemDoubleClicked(marks->item(5));
+  leg.findChild<QRadioButton*>("optPort")->setChecked(true);
+  leg.findChild<QPushButton*>("cmdCalculate")->click();
+  album.Keep(leg, "frmSetLeg");
+}
+
+void KeepSettings(const Album& album, Studio& studio) {
+  Desktop desktop = studio.desktop();
+  FrmConfigure settings(desktop, {}, nullptr);
+  auto* pages = settings.findChild<QTabWidget*>();
+  for (int page = 0; page < pages->count(); ++page) {
+    pages->setCurrentIndex(page);
+    album.Keep(settings, QString("frmConfigure-%1").arg(page + 1));
+  }
+  album.KeepNext("colour");
+  settings.findChild<QPushButton*>("pctTidalStreamCol")->click();
+  FrmLoadChart charts(desktop, nullptr);
+  album.Keep(charts, "frmLoadChart");
+  DesktopMessages messages;
+  album.KeepNext("message");
+  messages.Ask(
+      "Boat speed very low between waypoints 1 and 2\nDo you wish to continue?\n"
+      "(This may cause problems)",
+      kProgramTitle);
+  FrmQuickInstructions instructions(desktop, nullptr);
+  album.Keep(instructions, "frmQuickInstructions");
+}
+
+void KeepRoutes(const Album& album, Studio& studio) {
+  Desktop desktop = studio.desktop();
+  FrmRouteLoad load(desktop, nullptr);
+  Select(load, "fillist", 2);
+  album.Keep(load, "frmRouteLoad");
+  FrmRouteSave save(desktop, nullptr);
+  Fill(save, "txtFileName", "Cowes to Alderney");
+  album.Keep(save, "frmRouteSave");
+  FrmFileDelete route_delete(desktop, FileKind::kRoute, nullptr);
+  Select(route_delete, "fillist", 1);
+  album.Keep(route_delete, "frmRouteDelete");
+  FrmRouteEdit edit(desktop, nullptr);
+  Select(edit, "List1", 4);
+  Select(edit, "List2", 2);
+  album.Keep(edit, "frmRouteEdit");
+  FrmRouteWayPoints make(desktop, nullptr);
+  for (const int row : {3, 6, 27, 43}) {
+    Select(make, "List1", row);
+    make.findChild<QPushButton*>("cmdAdd")->click();
+  }
+  album.Keep(make, "frmRouteWayPoints");
+  FrmWayImport import_routes(desktop, FileKind::kRoute, nullptr);
+  Select(import_routes, "fillist", 0);
+  album.Keep(import_routes, "frmwayimport");
+  FrmUnsaved unsaved(desktop, "The route has changes that are in no route file.", nullptr);
+  album.Keep(unsaved, "frmUnsaved");
+}
+
+void KeepWaypoints(const Album& album, Studio& studio) {
+  Desktop desktop = studio.desktop();
+  const Folders& folders = studio.program.folders;
+  (void)WriteWaypointFile(WaypointPath(folders, "Solent.way"), SampleWaypoints().subspan(3, 9));
+  (void)WriteWaypointFile(WaypointPath(folders, "Default.way"), {});
+  FrmWaySave save(desktop, nullptr);
+  album.Keep(save, "frmWaySave");
+  FrmNewWay create(desktop, nullptr);
+  album.Keep(create, "frmNewWay");
+  FrmLoadWay load(desktop, nullptr);
+  Select(load, "fillist", 2);
+  album.Keep(load, "frmLoadWay");
+  FrmFileDelete remove(desktop, FileKind::kWaypoint, nullptr);
+  Select(remove, "fillist", 1);
+  album.Keep(remove, "frmWayDelete");
+  FrmWayEdit edit(desktop, nullptr);
+  Select(edit, "List1", 4);
+  Fill(edit, "txtWayName", "Nab Tower");
+  Fill(edit, "txtWayLat", "50.40.08N");
+  Fill(edit, "txtWayLong", "000.57.15W");
+  album.Keep(edit, "frmWayEdit");
+  FrmWayCopy copy(desktop, nullptr);
+  Fill(copy, "txtFileName", "Brittany");
+  Select(copy, "List1", 5);
+  emit copy.findChild<QListWidget*>("List1")->itemClicked(nullptr);
+  album.Keep(copy, "frmwaycopy");
+  FrmWayFileLocate locate(desktop, nullptr);
+  Select(locate, "List1", 11);
+  album.Keep(locate, "frmWayFileLocate");
+  FrmSingleWayPoint single(desktop, Position{50.5804F, -1.9601F}, nullptr);
+  Fill(single, "txtWayName", "Anvil Point");
+  album.Keep(single, "frmMouseInput");
+  FrmWayImport send(desktop, FileKind::kWaypoint, nullptr, FrmWayImport::Direction::kExport);
+  album.Keep(send, "frmwayexport");
+  album.KeepNext("frmWaypointName");
+  EnterWaypointByMouse(desktop, {50.5804F, -1.9601F}, nullptr);
+  (void)KeepRoute(folders, studio.program.route);
+  (void)WriteWaypointFile(WaypointRecoveryPath(folders, "Solent.way"),
+                          SampleWaypoints().subspan(3, 11));
+  album.KeepNext("frmRecovery");
+  OfferRecovery(desktop, nullptr);
+}
+
+}  // namespace
+
+void KeepDialogs(const Album& album, Studio& studio) {
+  KeepPassage(album, studio);
+  KeepSettings(album, studio);
+  KeepRoutes(album, studio);
+  KeepWaypoints(album, studio);
+}
+
+}  // namespace screenshots
