@@ -224,19 +224,6 @@ TEST_F(Started, CommsTicksTakeTurnsAndOverrideTheSetTime) {
   EXPECT_GT(program_.gps_text.lost, 0U);
 }
 
-// A record at the first tick and then whenever the interval of the settings has gone by.
-TEST_F(Started, TheLogKeepsItsInterval) {
-  Start();
-  program_.config.log_interval = 40;
-  const std::pair<int, int> rows[] = {{0, 1}, {39, 1}, {41, 2}, {80, 2}, {82, 3}};
-  for (const auto& [seconds, records] : rows) {
-    clock_.now.minute = 30 + seconds / 60;
-    clock_.now.second = seconds % 60;
-    for (int i = 0; i < 30; ++i) CommsTick(program_, window_, instruments_);
-    EXPECT_EQ(instruments_.log_records, records) << seconds;
-  }
-}
-
 // The clock of summer time runs an hour ahead of the tide, in the heights and in what follows.
 TEST_F(Started, SummerTimeMovesTheTides) {
   Start();
