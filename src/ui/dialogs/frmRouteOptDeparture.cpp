@@ -15,16 +15,17 @@
 namespace skerrow {
 
 FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmRouteOptDeparture", tr("Optimise Departure"), parent),
+    : Dialog(desktop, "frmRouteOptDeparture", "Optimise Departure", parent),
       legs_(new TextList(desktop.clipboard, "List1")),
       bar_(Named<QProgressBar>("ProgressBar1")),
       progress_(Named<QLabel>("lblProgress")) {
-  body()->addWidget(MakeHint(tr("The route is calculated for every whole hour of the slot on %1.")
-                                 .arg(ToQt(DateText(desktop.program.selected_time.Day())))));
+  body()->addWidget(
+      MakeHint(QString("The route is calculated for every whole hour of the slot on %1.")
+                   .arg(ToQt(DateText(desktop.program.selected_time.Day())))));
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   columns->addWidget(legs_, 1);
-  auto* box = new QGroupBox(tr("Departure between"));
+  auto* box = new QGroupBox("Departure between");
   auto* rows = new QVBoxLayout(box);
   constexpr const char* kNames[] = {"Option1", "Option2", "Option3", "Option4", "Option5"};
   for (std::size_t i = 0; i < slots_.size(); ++i) {
@@ -44,11 +45,10 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
   body()->addLayout(progress);
   bar_->hide();
 
-  QPushButton* reverse =
-      AddLeftButton("cmdreverse", tr("&Reverse Route"), tr("Turns the route round"));
-  QPushButton* search = AddButton("cmdOptimise", tr("&Calculate Optimise"));
+  QPushButton* reverse = AddLeftButton("cmdreverse", "&Reverse Route", "Turns the route round");
+  QPushButton* search = AddButton("cmdOptimise", "&Calculate Optimise");
   search->setDefault(true);
-  cancel_ = AddButton("cmdrtecancel", tr("Cancel"));
+  cancel_ = AddButton("cmdrtecancel", "Cancel");
   connect(reverse, &QPushButton::clicked, this, [this] {
     EditRoute(this->desktop(), "Reverse Route", [this](RouteState& route) {
       ReverseRoute(route, RouteDefaultsOf(this->desktop().program), this->desktop().messages);

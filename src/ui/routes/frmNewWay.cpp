@@ -3,7 +3,7 @@
 namespace skerrow {
 
 FrmNewWay::FrmNewWay(Desktop& desktop, QWidget* parent, NameEntry entry)
-    : NameDialog(desktop, "frmNewWay", tr("New Waypoint File"), entry, parent),
+    : NameDialog(desktop, "frmNewWay", "New Waypoint File", entry, parent),
       make_current_(entry == NameEntry::kNewWaypointFile) {}
 
 Status FrmNewWay::Write(const std::string& file_name) {

@@ -11,21 +11,21 @@
 namespace skerrow {
 
 FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmRouteEdit", tr("Edit Route Points"), parent),
+    : Dialog(desktop, "frmRouteEdit", "Edit Route Points", parent),
       legs_(new TextList(desktop.clipboard, "List1")),
       distance_(Named<QLabel>("lblroutedist")),
       leg_box_(new LegBox(desktop.messages, {"Fro&m:", "Appl&y Speed to all Legs", "cmdmodify",
                                              "&Accept Changes to Leg"})),
       picker_(new WaypointPicker(desktop, "List2", Qt::Vertical)),
-      before_(Named<QRadioButton>("optBefore", tr("&Before"))),
-      after_(Named<QRadioButton>("optAfter", tr("Af&ter"))) {
+      before_(Named<QRadioButton>("optBefore", "&Before")),
+      after_(Named<QRadioButton>("optAfter", "Af&ter")) {
   legs_->setSelectionMode(QAbstractItemView::SingleSelection);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   auto* left = new QVBoxLayout;
   left->setSpacing(4);
   auto* head = new QHBoxLayout;
-  head->addWidget(MakeLabel(tr("&Legs of the route"), legs_), 1);
+  head->addWidget(MakeLabel("&Legs of the route", legs_), 1);
   head->addWidget(distance_);
   left->addLayout(head);
   left->addWidget(legs_, 1);
@@ -35,11 +35,10 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
   columns->addWidget(MakeWaypointBox(), 2);
   body()->addLayout(columns, 1);
 
-  QPushButton* remove = AddLeftButton("cmdDelete", tr("&Delete Selected Point"),
-                                      tr("Takes the point of the highlighted row out"));
-  QPushButton* reverse =
-      AddLeftButton("cmdreverse", tr("&Reverse Route"), tr("Turns the route round"));
-  QPushButton* exit = AddButton("cmdExit", tr("E&xit"));
+  QPushButton* remove = AddLeftButton("cmdDelete", "&Delete Selected Point",
+                                      "Takes the point of the highlighted row out");
+  QPushButton* reverse = AddLeftButton("cmdreverse", "&Reverse Route", "Turns the route round");
+  QPushButton* exit = AddButton("cmdExit", "E&xit");
   exit->setDefault(true);
   connect(remove, &QPushButton::clicked, this, [this] { DeletePoint(); });
   connect(reverse, &QPushButton::clicked, this, [this] { Reverse(); });
@@ -69,16 +68,16 @@ QWidget* FrmRouteEdit::MakeWaypointBox() {
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(8);
   rows->addWidget(picker_, 1);
-  auto* box = new QGroupBox(tr("Insert the selected waypoint"));
+  auto* box = new QGroupBox("Insert the selected waypoint");
   auto* lines = new QVBoxLayout(box);
   auto* sides = new QHBoxLayout;
   sides->setSpacing(8);
   sides->addWidget(before_);
   sides->addWidget(after_);
-  sides->addWidget(new QLabel(tr("the start of the selected leg")));
+  sides->addWidget(new QLabel("the start of the selected leg"));
   sides->addStretch(1);
   lines->addLayout(sides);
-  auto* insert = Named<QPushButton>("cmdInsert", tr("&Insert Selected Point"));
+  auto* insert = Named<QPushButton>("cmdInsert", "&Insert Selected Point");
   insert->setAutoDefault(false);
   lines->addWidget(insert);
   rows->addWidget(box);

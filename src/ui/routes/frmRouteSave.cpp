@@ -5,7 +5,7 @@
 namespace skerrow {
 
 FrmRouteSave::FrmRouteSave(Desktop& desktop, QWidget* parent)
-    : NameDialog(desktop, "frmRouteSave", tr("Save Route"), NameEntry::kRouteSave, parent) {}
+    : NameDialog(desktop, "frmRouteSave", "Save Route", NameEntry::kRouteSave, parent) {}
 
 bool FrmRouteSave::Ready() {
   if (!desktop().program.route.points.empty()) return true;

@@ -25,7 +25,7 @@ QPushButton* MakeButton(const char* name, const QString& text, const QString& ti
 }  // namespace
 
 FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file)
-    : Dialog(desktop, "frmWayEdit", tr("Select a File to Edit"), parent),
+    : Dialog(desktop, "frmWayEdit", "Select a File to Edit", parent),
       work_(desktop.program.folders),
       files_(new FileList),
       entries_(new WaypointList("List1", WaypointEditText)),
@@ -33,8 +33,8 @@ FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kep
       name_(Named<QLineEdit>("txtWayName")),
       latitude_(MakeLatitudeEdit(desktop.messages, "txtWayLat")),
       longitude_(MakeLongitudeEdit(desktop.messages, "txtWayLong")),
-      print_all_(Named<QRadioButton>("optAll", tr("A&ll"))),
-      print_selected_(Named<QRadioButton>("optSelected", tr("Selecte&d"))) {
+      print_all_(Named<QRadioButton>("optAll", "A&ll")),
+      print_selected_(Named<QRadioButton>("optSelected", "Selecte&d")) {
   entries_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   name_->setMaxLength(35);
   auto* columns = new QHBoxLayout;
@@ -62,13 +62,11 @@ QWidget* FrmWayEdit::MakeFileColumn() {
   auto* rows = new QVBoxLayout(column);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(6);
-  rows->addWidget(MakeLabel(tr("Waypoint &files"), files_));
+  rows->addWidget(MakeLabel("Waypoint &files", files_));
   rows->addWidget(files_, 1);
-  QPushButton* create =
-      MakeButton("cmdCreateNew", tr("Create &New"), tr("Makes an empty waypoint file"));
-  QPushButton* copy =
-      MakeButton("cmdCopy", tr("Cop&y"), tr("Makes a file from waypoints of others"));
-  QPushButton* print = MakeButton("cmdPrint", tr("&Print"), tr("Prints the rows of the list"));
+  QPushButton* create = MakeButton("cmdCreateNew", "Create &New", "Makes an empty waypoint file");
+  QPushButton* copy = MakeButton("cmdCopy", "Cop&y", "Makes a file from waypoints of others");
+  QPushButton* print = MakeButton("cmdPrint", "&Print", "Prints the rows of the list");
   auto* choices = new QHBoxLayout;
   choices->setSpacing(12);
   choices->addWidget(print_all_);
@@ -89,7 +87,7 @@ QWidget* FrmWayEdit::MakeEntryColumn() {
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(6);
   auto* head = new QHBoxLayout;
-  head->addWidget(MakeLabel(tr("Ent&ries"), entries_), 1);
+  head->addWidget(MakeLabel("Ent&ries", entries_), 1);
   head->addWidget(count_);
   rows->addLayout(head);
   rows->addWidget(entries_, 1);
@@ -98,28 +96,26 @@ QWidget* FrmWayEdit::MakeEntryColumn() {
 }
 
 QWidget* FrmWayEdit::MakeEntryBox() {
-  auto* box = new QGroupBox(tr("Entry"));
+  auto* box = new QGroupBox("Entry");
   auto* grid = new QGridLayout(box);
   grid->setHorizontalSpacing(8);
-  grid->addWidget(MakeLabel(tr("Na&me"), name_), 0, 0);
-  grid->addWidget(MakeLabel(tr("Lat&itude"), latitude_), 0, 1);
-  grid->addWidget(MakeLabel(tr("Lon&gitude"), longitude_), 0, 2);
+  grid->addWidget(MakeLabel("Na&me", name_), 0, 0);
+  grid->addWidget(MakeLabel("Lat&itude", latitude_), 0, 1);
+  grid->addWidget(MakeLabel("Lon&gitude", longitude_), 0, 2);
   grid->addWidget(name_, 1, 0);
   grid->addWidget(latitude_, 1, 1);
   grid->addWidget(longitude_, 1, 2);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
-  QPushButton* add = MakeButton("cmdAdd", tr("&Add New Point"),
-                                tr("Puts the entry at the end of the list (Enter)"));
+  QPushButton* add =
+      MakeButton("cmdAdd", "&Add New Point", "Puts the entry at the end of the list (Enter)");
   QPushButton* insert =
-      MakeButton("cmdInsert", tr("Ins&ert Entry"), tr("Puts the entry before the highlighted row"));
-  QPushButton* change =
-      MakeButton("cmdChange", tr("&Change Entry"), tr("Replaces the highlighted row"));
-  QPushButton* remove =
-      MakeButton("cmdDelete", tr("Dele&te Entry"), tr("Removes the highlighted row"));
+      MakeButton("cmdInsert", "Ins&ert Entry", "Puts the entry before the highlighted row");
+  QPushButton* change = MakeButton("cmdChange", "&Change Entry", "Replaces the highlighted row");
+  QPushButton* remove = MakeButton("cmdDelete", "Dele&te Entry", "Removes the highlighted row");
   for (QPushButton* button : {add, insert, change, remove}) buttons->addWidget(button, 1);
   grid->addLayout(buttons, 2, 0, 1, 3);
-  QLabel* hint = MakeHint(tr("Double-click a row to bring it into the boxes."));
+  QLabel* hint = MakeHint("Double-click a row to bring it into the boxes.");
   grid->addWidget(hint, 3, 0, 1, 3);
   grid->setColumnStretch(0, 1);
   connect(add, &QPushButton::clicked, this, [this] { AddPoint(); });
@@ -132,9 +128,9 @@ QWidget* FrmWayEdit::MakeEntryBox() {
 }
 
 void FrmWayEdit::MakeButtons() {
-  QPushButton* save = AddButton("cmdSave", tr("&Save && Exit"));
+  QPushButton* save = AddButton("cmdSave", "&Save && Exit");
   save->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(save, &QPushButton::clicked, this, [this] { SaveAndExit(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -169,7 +165,7 @@ void FrmWayEdit::Refresh(std::size_t select) {
   entries_->SetRows(work_.rows());
   entries_->SelectIndex(select);
   if (entries_->currentItem() != nullptr) entries_->scrollToItem(entries_->currentItem());
-  count_->setText(tr("%1 waypoints").arg(work_.rows().size()));
+  count_->setText(QString("%1 waypoints").arg(work_.rows().size()));
 }
 
 CheckedWaypoint FrmWayEdit::Entry() const {

@@ -5,7 +5,7 @@
 namespace skerrow {
 
 FrmWaySave::FrmWaySave(Desktop& desktop, QWidget* parent)
-    : NameDialog(desktop, "frmWaySave", tr("Save Waypoints"), NameEntry::kWaypointSave, parent) {}
+    : NameDialog(desktop, "frmWaySave", "Save Waypoints", NameEntry::kWaypointSave, parent) {}
 
 Status FrmWaySave::Write(const std::string& file_name) {
   Program& program = desktop().program;

@@ -16,9 +16,8 @@ constexpr std::string_view kFoldersSection = "Folders";
 
 QString TitleOf(FileKind kind, FrmWayImport::Direction direction) {
   if (direction == FrmWayImport::Direction::kImport) return ToQt(ImportTitle(kind));
-  return kind == FileKind::kWaypoint
-             ? QObject::tr("Export Skerrow Waypoint files to external storage")
-             : QObject::tr("Export Skerrow Route files to external storage");
+  return kind == FileKind::kWaypoint ? "Export Skerrow Waypoint files to external storage"
+                                     : "Export Skerrow Route files to external storage";
 }
 
 // The key that the folder last used is stored under.
@@ -60,30 +59,30 @@ FrmWayImport::FrmWayImport(Desktop& desktop, FileKind kind, QWidget* parent, Dir
       folder_(Named<QLineEdit>("txtFolder")),
       files_(new FileList),
       chosen_(Named<QLabel>("lblChosen")) {
-  body()->addWidget(MakeLabel(
-      importing() ? tr("&Copy from the folder:") : tr("&Copy into the folder:"), folder_));
+  body()->addWidget(
+      MakeLabel(importing() ? "&Copy from the folder:" : "&Copy into the folder:", folder_));
   auto* place = new QHBoxLayout;
-  auto* browse = Named<QPushButton>("cmdBrowse", tr("&Browse..."));
+  auto* browse = Named<QPushButton>("cmdBrowse", "&Browse...");
   browse->setAutoDefault(false);
   place->addWidget(folder_, 1);
   place->addWidget(browse);
   body()->addLayout(place);
   const QString filter = QStringLiteral("*") + ToQt(ExtensionOf(kind));
-  body()->addWidget(MakeLabel(tr("&Files (%1):").arg(filter), files_));
+  body()->addWidget(MakeLabel(QString("&Files (%1):").arg(filter), files_));
   body()->addWidget(files_, 1);
   body()->addWidget(chosen_);
   files_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  QPushButton* all = AddLeftButton("cmdSelectAll", tr("Select &All"));
-  QPushButton* ok = AddButton("cmdOK", tr("OK"), tr("Copies the selected files"));
+  QPushButton* all = AddLeftButton("cmdSelectAll", "Select &All");
+  QPushButton* ok = AddButton("cmdOK", "OK", "Copies the selected files");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(browse, &QPushButton::clicked, this, [this] { Browse(); });
   connect(all, &QPushButton::clicked, files_, &QListWidget::selectAll);
   connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] {
     const auto count = files_->selectedItems().size();
-    chosen_->setText(tr("%1 of %2 files selected").arg(count).arg(files_->count()));
+    chosen_->setText(QString("%1 of %2 files selected").arg(count).arg(files_->count()));
   });
   folder_->setText(QDir::toNativeSeparators(ToQt(FirstFolder())));
   if (importing()) connect(folder_, &QLineEdit::textChanged, this, [this] { FillList(); });
@@ -113,8 +112,8 @@ void FrmWayImport::FillList() {
                            : FolderOfKind(desktop().program.folders, kind_),
                kind_);
   chosen_->setText(files_->count() == 0
-                       ? tr("There are no such files in this folder.")
-                       : tr("%1 of %2 files selected").arg(0).arg(files_->count()));
+                       ? "There are no such files in this folder."
+                       : QString("%1 of %2 files selected").arg(0).arg(files_->count()));
 }
 
 void FrmWayImport::Accept() {
