@@ -1,12 +1,15 @@
 // Times a full paint of the overlays on a picture of 1920 x 1080, the chart itself excluded: 2,000
 // waypoints, a route of 100 points and tracks of 10,000 points. Prints the median of each overlay
-// and of the whole, with everything in view and zoomed in.
+// and of the whole, with everything in view and zoomed in; then frames of the viewer, with all of
+// it and with nothing: a drag, a move of the mouse, and a redraw.
 //   overlay_bench
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QThread>
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -16,7 +19,9 @@
 #include <vector>
 
 #include "ui/drawing/qt_surface.h"
+#include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
+#include "ui/viewer/chart_viewer.h"
 
 namespace {
 
@@ -27,6 +32,7 @@ constexpr int kViewHeight = 1080;
 constexpr int kImageWidth = 8000;
 constexpr int kImageHeight = 6000;
 constexpr int kPaints = 31;
+constexpr int kFrames = 200;
 constexpr int kWaypoints = 2000;
 constexpr std::size_t kRoutePoints = 100;
 constexpr int kTrackPoints = 10000;
@@ -130,6 +136,7 @@ void Fill(Program& program, ViewState& state) {
 // Median time of a paint onto a fresh picture [ms].
 double TimePaint(QImage& picture, const std::function<void(DrawingSurface&)>& paint) {
   std::vector<double> times;
+  static TextPictures texts;
   for (int i = 0; i < kPaints; ++i) {
     picture.fill(Qt::white);
     QPainter painter(&picture);
@@ -137,7 +144,7 @@ double TimePaint(QImage& picture, const std::function<void(DrawingSurface&)>& pa
     QElapsedTimer timer;
     timer.start();
     {
-      QtSurface surface(painter, QSizeF(kViewWidth, kViewHeight));
+      QtSurface surface(painter, QSizeF(kViewWidth, kViewHeight), {}, &texts);
       paint(surface);
     }
     times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
@@ -168,6 +175,85 @@ void Report(const char* title, const OverlayView& view, const Program& program,
   std::printf("%-22s %10.3f\n%-22s %10.3f\n", "sum of the rows", sum, "full paint", whole);
 }
 
+struct Frames {
+  double median = 0.0;
+  double mean = 0.0;
+  double worst = 0.0;
+};
+
+// The time of a frame [ms], one each 8 ms, as a screen asks for them.
+Frames TimeFrames(ChartViewer& viewer, const std::function<void(int)>& move) {
+  viewer.viewport()->repaint();
+  while (!viewer.Refined()) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+  std::vector<double> times;
+  for (int frame = 0; frame < kFrames; ++frame) {
+    QElapsedTimer timer;
+    timer.start();
+    QCoreApplication::processEvents();
+    move(frame);
+    viewer.viewport()->repaint();
+    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    while (timer.elapsed() < 8) QThread::usleep(200);
+  }
+  std::sort(times.begin(), times.end());
+  double sum = 0.0;
+  for (const double time : times) sum += time;
+  return {times[kFrames / 2], sum / kFrames, times.back()};
+}
+
+// A drag and a move of the mouse over a chart with nothing on it and with everything.
+void ReportFrames(const Program& program, ViewState state) {
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(kImageWidth) * kImageHeight);
+  std::uint32_t random = 1;
+  for (std::uint32_t& pixel : pixels) pixel = 0xff000000U | (random = random * 1664525U + 7U) >> 8;
+  const auto image =
+      std::make_shared<ChartImage>(PictureFromRgb32(kImageWidth, kImageHeight, std::move(pixels)));
+  image->BuildLevels();
+  ChartViewer viewer;
+  viewer.show();
+  viewer.resize(QSize(kViewWidth, kViewHeight) + viewer.size() - viewer.viewport()->size());
+  viewer.ShowImage(image);
+  state.dividers_on = false;
+  state.calculation_on_show = false;
+  state.route_entry_on = true;
+  state.mouse_mode = MouseMode::kRouteCreation;
+  std::printf("\n%-28s %10s %10s %10s\n", "frames of the window", "median ms", "mean ms", "worst");
+  for (const double zoom : {0.25, 0.5}) {
+    for (const bool filled : {false, true}) {
+      viewer.SetOverlayPainter([&](DrawingSurface& surface, const ViewGeometry& area) {
+        if (!filled) return;
+        DrawOverlays(surface, MakeOverlayView(program.charts.chart, viewer.geometry(), area, 12),
+                     program, state);
+      });
+      viewer.SetLivePainter([&](DrawingSurface& surface) {
+        if (!filled) return;
+        DrawLiveOverlays(
+            surface,
+            MakeOverlayView(program.charts.chart, viewer.geometry(), viewer.geometry(), 12),
+            program, state);
+      });
+      viewer.SetZoom(zoom);
+      viewer.SetScrollPosition({100.0, 100.0});
+      QMouseEvent enter(QEvent::MouseMove, {500, 400}, {500, 400}, Qt::NoButton, Qt::NoButton, {});
+      QApplication::sendEvent(viewer.viewport(), &enter);
+      const std::string title = std::to_string(static_cast<int>(zoom * 100.0)) + " %, " +
+                                (filled ? "everything" : "nothing") + ", ";
+      const auto print = [&](const char* what, const Frames& frames) {
+        std::printf("%-28s %10.3f %10.3f %10.3f\n", (title + what).c_str(), frames.median,
+                    frames.mean, frames.worst);
+      };
+      print("drag", TimeFrames(viewer, [&](int frame) {
+              viewer.PanBy({frame < kFrames / 2 ? 9.0 : -9.0, frame % 40 < 20 ? 4.0 : -4.0});
+            }));
+      print("mouse move", TimeFrames(viewer, [&](int frame) {
+              state.cursor = {50.5F, -2.0F + 0.001F * static_cast<float>(frame)};
+              viewer.RedrawLive();
+            }));
+      print("redraw", TimeFrames(viewer, [&](int) { viewer.Redraw(); }));
+    }
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -184,9 +270,10 @@ int main(int argc, char** argv) {
   geometry.SetImageSize(kImageWidth, kImageHeight);
   geometry.SetViewSize(kViewWidth, kViewHeight, 1.0);
   geometry.FitAll();
-  Report("whole chart in view", MakeOverlayView(program.charts.chart, geometry, 12), program,
-         state);
+  Report("whole chart in view", MakeOverlayView(program.charts.chart, geometry, geometry, 12),
+         program, state);
   geometry.SetZoom(1.0);
-  Report("at 100 %", MakeOverlayView(program.charts.chart, geometry, 12), program, state);
+  Report("at 100 %", MakeOverlayView(program.charts.chart, geometry, geometry, 12), program, state);
+  ReportFrames(program, state);
   return 0;
 }

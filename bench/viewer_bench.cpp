@@ -13,7 +13,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -27,7 +26,8 @@ using skerrow::ChartViewer;
 
 constexpr int kViewWidth = 1920;
 constexpr int kViewHeight = 1080;
-constexpr int kFrames = 41;
+constexpr int kFrames = 15;  // of a pan
+constexpr int kRounds = 5;
 
 // Land, depth tints, a grid and speckle in place of soundings: nothing that compresses to nothing.
 QImage MakeChart(int width, int height, QImage::Format format) {
@@ -72,19 +72,6 @@ class PlainView final : public QWidget {
 double Median(std::vector<double> times) {
   std::nth_element(times.begin(), times.begin() + static_cast<long>(times.size() / 2), times.end());
   return times[times.size() / 2];
-}
-
-// The median time of a frame [ms]; the view moves a little before each one.
-double TimeFrames(QWidget& widget, const std::function<void(int)>& move) {
-  std::vector<double> times;
-  for (int i = 0; i < kFrames; ++i) {
-    QElapsedTimer timer;
-    timer.start();
-    move(i);
-    widget.repaint();
-    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-  }
-  return Median(times);
 }
 
 void WaitRefined(const ChartViewer& viewer) {
@@ -137,14 +124,28 @@ void CompareZooms(ChartViewer& viewer, const char* name) {
       viewer.viewport()->repaint();
     }
     WaitRefined(viewer);
-    const double warm = TimeFrames(*viewer.viewport(), move);
+    // Short pans in turn, so that whatever else the machine does falls on all three.
     plain.zoom = zoom;
-    double straight[2] = {};
-    for (const bool smooth : {false, true}) {
-      plain.smooth = smooth;
-      straight[smooth] =
-          TimeFrames(plain, [&](int frame) { plain.scroll = start + QPointF(Pan(frame), 0); });
+    std::vector<double> times[3];
+    for (int round = 0; round < kRounds; ++round) {
+      for (int kind = 0; kind < 3; ++kind) {
+        plain.smooth = kind == 2;
+        for (int frame = 0; frame < kFrames; ++frame) {
+          QElapsedTimer step;
+          step.start();
+          if (kind == 0) {
+            move(frame);
+            viewer.viewport()->repaint();
+          } else {
+            plain.scroll = start + QPointF(Pan(frame), 0);
+            plain.repaint();
+          }
+          times[kind].push_back(static_cast<double>(step.nsecsElapsed()) / 1e6);
+        }
+      }
     }
+    const double warm = Median(times[0]);
+    const double straight[2] = {Median(times[1]), Median(times[2])};
     std::printf("%-8s %4.0f%% %10.2f %10.1f %10.3f %10.2f %10.2f %10.0f\n", "", zoom * 100.0, first,
                 refined, warm, straight[1] / warm, straight[0] / warm, start.x());
   }

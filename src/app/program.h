@@ -39,7 +39,7 @@ struct TimerState {
   int repaint_divider = 0;
   int phase = 1;  // turned over at the start of each tick: 0 reads the GPS, 1 the AIS
   int cycle = 0;
-  double next_log_time = 0.0;  // Julian date
+  bool in_comms_tick = false;
 };
 
 struct Program {
@@ -74,6 +74,8 @@ struct Program {
   BoatState boat;
   TrackState tracks;
   AisState ais;
+  ReceivedText gps_text;
+  ReceivedText ais_text;
   ManOverboard mob;
   Animation animation;
   TimerState timers;
@@ -122,7 +124,7 @@ struct SelectedTimeEntry {
   int year = 2000;
 };
 
-// The fixed words of a refusal.
+// The words of a refusal.
 std::string SelectedTimeText(SelectedTimeRefusal refusal);
 
 // Makes a typed time the selected one: the calculated track goes, the tides follow.

@@ -20,12 +20,12 @@ bool MinutePassed(Program& program) {
   return true;
 }
 
-void FollowTimeAndFix(Program& program, TimerWindow& window, TimerInstruments& instruments) {
+void FollowTimeAndFix(Program& program, TimerWindow& window) {
   FollowClock(program);
   if (MinutePassed(program)) Timer1Routine(program);
-  if (const std::optional<WaitingFix> fix = instruments.NewFix();
+  if (const std::optional<WaitingFix>& fix = program.boat.new_fix;
       fix && fix->date_text.size() > 5 && fix->time_text.size() > 5) {
-    instruments.AppendTrackPoint(*fix);
+    program.tracks.live.push_back({fix->position, ""});
   }
   if (!program.timers.first_pass_done) {
     if (BoatToCentre(program)) window.LocatePoint(program.boat.position);
@@ -37,16 +37,29 @@ void FollowTimeAndFix(Program& program, TimerWindow& window, TimerInstruments& i
   }
 }
 
-void RepaintNowAndThen(Program& program, TimerWindow& window, const TimerInstruments& instruments) {
+void RepaintNowAndThen(Program& program, TimerWindow& window) {
   program.timers.cycle = 0;
   if (++program.timers.repaint_divider > 2) {
     program.timers.repaint_divider = 1;
     if (!window.Minimised()) window.Repaint();
   }
-  if (!instruments.NewFix() || !BoatToCentre(program)) return;
+  if (!program.boat.new_fix || !BoatToCentre(program)) return;
   const std::optional<VisibleChart> visible = window.Visible();
   if (visible && !InMiddleThird(*visible, program.boat.position))
     window.LocatePoint(program.boat.position);
+}
+
+// Adds what a port has received, a block of it, to the text that waits to be decoded. What does not
+// fit is lost from the front and counted.
+void ReadBlock(SerialPorts& ports, int port, ReceivedText& text) {
+  constexpr std::size_t kBlock = 1024;
+  std::string block;
+  if (ports.Get(port, block, kBlock) <= 0) return;
+  text.waiting += block;
+  if (text.waiting.size() <= kMostWaitingText) return;
+  const std::size_t lost = text.waiting.size() - kMostWaitingText;
+  text.waiting.erase(0, lost);
+  text.lost += lost;
 }
 
 }  // namespace
@@ -59,30 +72,24 @@ void Timer1Tick(Program& program, bool comms_running, TimerWindow& window) {
   if (!window.Minimised()) window.Repaint();
 }
 
-void CommsTick(Program& program, TimerWindow& window, TimerInstruments& instruments) {
+void CommsTick(Program& program, TimerWindow& window, SerialPorts& ports) {
   TimerState& timers = program.timers;
+  if (timers.in_comms_tick) return;
+  timers.in_comms_tick = true;
   const bool first_pass = !timers.first_pass_done;
   timers.phase = 1 - timers.phase;
   window.ServeEvents();
   if (timers.phase == 0) {
-    if (program.gps_enabled && program.config.gps_through_ais == 0) instruments.FeedGps();
+    if (program.gps_enabled && program.config.gps_through_ais == 0) {
+      ReadBlock(ports, program.config.gps_port, program.gps_text);
+    }
   } else if (program.ais_enabled) {
-    instruments.FeedAis();
+    ReadBlock(ports, program.config.ais_port, program.ais_text);
   }
-  if (timers.cycle == 1 || first_pass) FollowTimeAndFix(program, window, instruments);
-  if (program.ais_enabled && instruments.NewFix()) instruments.ComputeClosestApproaches();
-  if (timers.cycle > kCyclesBetweenChecks) RepaintNowAndThen(program, window, instruments);
+  if (timers.cycle == 1 || first_pass) FollowTimeAndFix(program, window);
+  if (timers.cycle > kCyclesBetweenChecks) RepaintNowAndThen(program, window);
   ++timers.cycle;
-  if (program.clock_julian > timers.next_log_time || first_pass) {
-    instruments.WriteLogRecord();
-    timers.next_log_time = program.clock_julian + program.config.log_interval / 86400.0;
-  }
-}
-
-void ReplayTick(Program& program, TimerWindow& window, TimerInstruments& instruments) {
-  if (!program.replay_active) return;
-  window.ServeEvents();
-  instruments.ReplayNextLine();
+  timers.in_comms_tick = false;
 }
 
 bool AnimateTick(Program& program, TimerWindow& window) {

@@ -4,9 +4,10 @@
 #include <string>
 
 #include "app/program.h"
+#include "core/serial_ports.h"
 
-// The work of the four timers, as plain functions. What they need of the window and of the
-// instruments comes through two interfaces.
+// The work of the timers, as plain functions. What they need of the window comes through an
+// interface, and ports are those passed in.
 namespace skerrow {
 
 // Intervals in milliseconds. The replay's is set in its dialog.
@@ -34,32 +35,14 @@ class TimerWindow {
   virtual std::optional<VisibleChart> Visible() const = 0;
 };
 
-// The instruments, as the timers see them.
-class TimerInstruments {
- public:
-  virtual ~TimerInstruments() = default;
-  // Reads a block from a port and passes it to the assembly of its lines.
-  virtual void FeedGps() = 0;
-  virtual void FeedAis() = 0;
-  // The fix that waits to be used; looking does not take it away.
-  virtual std::optional<WaitingFix> NewFix() const = 0;
-  virtual void AppendTrackPoint(const WaitingFix& fix) = 0;
-  virtual void ComputeClosestApproaches() = 0;
-  // Writes a log record and clears the marks of the sentences seen.
-  virtual void WriteLogRecord() = 0;
-  // Feeds the next line of the replay file to the decoders.
-  virtual void ReplayNextLine() = 0;
-};
-
 // A second of the clock: once a minute the selected time follows it, unless the user has set the
 // time, reception is on (`comms_running`) or a log is replayed.
 void Timer1Tick(Program& program, bool comms_running, TimerWindow& window);
 
-// A tick of the reception, 75 ms. The caller keeps it from overlapping itself.
-void CommsTick(Program& program, TimerWindow& window, TimerInstruments& instruments);
-
-// A line of a replay.
-void ReplayTick(Program& program, TimerWindow& window, TimerInstruments& instruments);
+// A tick of the reception, 75 ms: a block from the port whose turn it is goes to the text that
+// waits for the decoders, the time follows the clock, a fix becomes a track point and the boat is
+// kept in view. A tick that begins while another serves events does nothing.
+void CommsTick(Program& program, TimerWindow& window, SerialPorts& ports);
 
 // Three points of the calculated track, forward or back. False when the animation has stopped.
 bool AnimateTick(Program& program, TimerWindow& window);

@@ -4,7 +4,18 @@
 #include <charconv>
 #include <cmath>
 
+#include <nlohmann/json.hpp>
+
 namespace skerrow::cli {
+
+Answer::Answer() : json_(std::make_unique<Json>()) {}
+Answer::~Answer() = default;
+Answer::Answer(Answer&& other) noexcept = default;
+Answer& Answer::operator=(Answer&& other) noexcept = default;
+
+std::string Answer::Printed(bool as_json) const {
+  return as_json ? json_->dump(-1, ' ', false, Json::error_handler_t::replace) + "\n" : text;
+}
 
 Json Number(float value) {
   if (!std::isfinite(value)) return nullptr;

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include "core/calendar.h"
 #include "core/position.h"
@@ -15,10 +16,23 @@ namespace skerrow::cli {
 
 using Json = nlohmann::ordered_json;
 
-// Both forms of an answer; the options decide which is printed.
-struct Answer {
-  Json json;
+// Both forms of an answer; the options decide which is printed. Files that build the first one
+// include the JSON library themselves.
+class Answer {
+ public:
+  Answer();
+  ~Answer();
+  Answer(Answer&& other) noexcept;
+  Answer& operator=(Answer&& other) noexcept;
+
+  Json& json() { return *json_; }
+  // What is printed: the JSON form in one line, or the text.
+  std::string Printed(bool as_json) const;
+
   std::string text;
+
+ private:
+  std::unique_ptr<Json> json_;
 };
 
 // A single-precision value as the shortest number that reads back to the same 32 bits; null when

@@ -7,8 +7,10 @@
 #include "cli/answer.h"
 #include "cli/session.h"
 
-// The commands of the command-line program. Each takes what the user typed, as typed, and gives
-// its answer or its failure; wrong usage gives exit status 2.
+// The commands of the command-line program. Each takes words of its own, as they were typed, and
+// gives its answer or its failure. A word that cannot be understood is wrong usage, with exit
+// status 2; a file that cannot be read or a route that cannot be calculated is a failure, with
+// exit status 1. Dates are "2026-12-05", times "06:30" or "6.5"; empty ones take the clock's.
 namespace skerrow::cli {
 
 using Outcome = std::variant<Answer, Failure>;
@@ -18,54 +20,120 @@ Failure Failed(const Error& error);
 // Something typed that cannot be understood.
 Failure WrongUsage(const Error& error);
 
-Outcome ConfigShow(Session& session);
-Outcome ConfigInit(Session& session);
-Outcome ConfigSet(Session& session, const std::string& field, const std::string& value);
+// For commands that take no words.
+struct NoWords {};
 
-Outcome ShowPosition(const std::string& latitude, const std::string& longitude);
-// `place` holds latitude, longitude, latitude, longitude.
-Outcome ShowRange(const std::vector<std::string>& place);
-// `words` holds latitude, longitude, bearing, miles.
-Outcome ShowMove(const std::vector<std::string>& words);
+// Every setting with its place in the file, type and value.
+Outcome ConfigShow(Session& session, const NoWords& words);
 
-Outcome ListWaypoints(Session& session, const std::string& file);
-Outcome ShowRoute(Session& session, const std::string& file);
+// Writes the default settings over the stored ones and shows them.
+Outcome ConfigInit(Session& session, const NoWords& words);
 
-Outcome ListCharts(Session& session);
-// `convert` is "LAT,LONG" or empty.
-Outcome ShowChart(Session& session, const std::string& key, const std::string& convert);
-Outcome FindCharts(Session& session, const std::string& latitude, const std::string& longitude);
+struct SetWords {
+  std::string field;  // published name of the setting
+  std::string value;
+};
+// Changes one stored setting and shows all.
+Outcome ConfigSet(Session& session, const SetWords& words);
 
-Outcome ShowConstituents(Session& session, const std::string& date);
-Outcome ShowTide(Session& session, const std::string& port, const std::string& date,
-                 const std::string& file);
-Outcome ShowRefPorts(Session& session, const std::string& date, const std::string& time);
-Outcome ShowStream(Session& session, const std::string& latitude, const std::string& longitude,
-                   const std::string& date, const std::string& time);
-Outcome ShowStreams(Session& session, const std::string& date, const std::string& time);
+struct PositionWords {
+  std::string latitude;   // "50.30.25N" or signed degrees
+  std::string longitude;  // "001.20.00W" or signed degrees
+};
+// A position in degrees and in both text forms.
+Outcome ShowPosition(Session& session, const PositionWords& words);
+
+struct RangeWords {
+  std::vector<std::string> place;  // latitude, longitude, latitude, longitude
+};
+// Range and bearing from the first position to the second by plane sailing.
+Outcome ShowRange(Session& session, const RangeWords& words);
+
+struct MoveWords {
+  std::vector<std::string> words;  // latitude, longitude, degrees true, nautical miles
+};
+// A position moved along a bearing.
+Outcome ShowMove(Session& session, const MoveWords& words);
+
+struct WaypointsWords {
+  std::string file;  // a path, or a name in the waypoints folder; empty takes the current file
+};
+// The marks of a waypoint file. Asking for the current one makes the sample file when missing.
+Outcome ListWaypoints(Session& session, const WaypointsWords& words);
+
+struct RouteWords {
+  std::string file;  // a path, or a name in the folders of routes and samples
+};
+// The points, legs and drawn track of a route file.
+Outcome ShowRoute(Session& session, const RouteWords& words);
+
+// The charts of the sea area.
+Outcome ListCharts(Session& session, const NoWords& words);
+
+struct ChartWords {
+  std::string key;      // such as "9999-1"
+  std::string convert;  // "LAT,LONG" to convert to column and row, or empty
+};
+// The calibration of a chart and what follows from it.
+Outcome ShowChart(Session& session, const ChartWords& words);
+
+// The charts at a position, the most detailed first.
+Outcome FindCharts(Session& session, const PositionWords& words);
+
+struct DayWords {
+  std::string date;
+};
+// Phase and amplitude factor of the four groups of constituents at 0 h of a day.
+Outcome ShowConstituents(Session& session, const DayWords& words);
+
+struct TideWords {
+  std::string port;  // record number, or the name or the only beginning of one
+  std::string date;
+  std::string file;  // constants file; empty takes that of the settings
+};
+// High and low waters and the curve of a port for a day, metres above chart datum.
+Outcome ShowTide(Session& session, const TideWords& words);
+
+struct WhenWords {
+  std::string date;
+  std::string time;
+};
+// The state of the tide at each reference port; without a time, that of midnight.
+Outcome ShowRefPorts(Session& session, const WhenWords& words);
+
+struct StreamWords {
+  PositionWords place;
+  WhenWords when;
+};
+// The stream at a place and time, or the reason why none is known there.
+Outcome ShowStream(Session& session, const StreamWords& words);
+
+// The stream at every diamond of the sea area, as the chart shows it.
+Outcome ShowStreams(Session& session, const WhenWords& words);
 
 struct LegWords {
   std::vector<std::string> place;  // latitude, longitude, latitude, longitude
-  std::string speed;
-  std::string date;
-  std::string time;
+  std::string speed;               // through the water, knots, above 0.5
+  WhenWords when;
 };
+// The course to steer for one leg, with its track, streams and drift.
 Outcome SolveLeg(Session& session, const LegWords& words);
 
 struct PlanWords {
-  std::string file;  // empty takes the sample route
-  std::string date;
-  std::string time;
-  std::string leeway;              // empty takes the setting
-  std::vector<std::string> tacks;  // "N=port", "N=starboard"
+  std::string file;  // as RouteWords; empty takes the sample route
+  WhenWords when;
+  std::string leeway;              // degrees, 0 to 90; empty takes the setting
+  std::vector<std::string> tacks;  // "N=port", "N=starboard" or "N=none" for leg N
 };
+// The passage plan of a route.
 Outcome PlanRoute(Session& session, const PlanWords& words);
 
 struct OptimumWords {
-  std::string file;
+  std::string file;  // as PlanWords
   std::string date;
-  std::string slot;  // 1 to 5
+  std::string slot;  // 1 to 5: night, morning, afternoon, evening, the whole day
 };
+// Passage time and distances for a departure at each hour of a slot.
 Outcome FindDeparture(Session& session, const OptimumWords& words);
 
 }  // namespace skerrow::cli

@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "charts/chart_files.h"
 #include "charts/chart_view.h"
 #include "cli/arguments.h"
@@ -25,10 +27,10 @@ Json EntryJson(const ChartIndexEntry& entry) {
 
 Answer EntriesAnswer(const std::vector<ChartIndexEntry>& entries) {
   Answer answer;
-  answer.json = Json::array();
+  answer.json() = Json::array();
   TextTable table({"Chart", ">Scale 1:", "South", "West", "North", "East", "Title"});
   for (const ChartIndexEntry& entry : entries) {
-    answer.json.push_back(EntryJson(entry));
+    answer.json().push_back(EntryJson(entry));
     table.Add({entry.chart_key, FormatFixed(entry.scale, 1, 0), LatToText(entry.lower_lat),
                LongToText(entry.lower_lon), LatToText(entry.upper_lat), LongToText(entry.upper_lon),
                entry.title});
@@ -78,11 +80,11 @@ Json ChartJson(const ChartRecord& chart) {
 
 }  // namespace
 
-Outcome ListWaypoints(Session& session, const std::string& file) {
+Outcome ListWaypoints(Session& session, const WaypointsWords& words) {
   Program& program = session.program;
   std::string path = WaypointPath(program.folders, program.config.waypoint_file);
-  if (!file.empty()) {
-    path = Session::FindFile(file, {program.folders.Waypoints()});
+  if (!words.file.empty()) {
+    path = Session::FindFile(words.file, {program.folders.Waypoints()});
   } else {
     // The first start makes the sample marks; asking for the current ones counts as one.
     MakeUserFolders(program.folders);
@@ -102,15 +104,15 @@ Outcome ListWaypoints(Session& session, const std::string& file) {
                     {"longitude", Number(waypoint.longitude)}});
     table.Add({name, LatToText(waypoint.latitude), LongToText(waypoint.longitude)});
   }
-  answer.json = {{"waypoints", list}};
+  answer.json() = {{"waypoints", list}};
   answer.text = table.Text();
   return answer;
 }
 
-Outcome ShowRoute(Session& session, const std::string& file) {
+Outcome ShowRoute(Session& session, const RouteWords& words) {
   Program& program = session.program;
   const std::string path =
-      Session::FindFile(file, {program.folders.Routes(), program.folders.Samples()});
+      Session::FindFile(words.file, {program.folders.Routes(), program.folders.Samples()});
   const Status loaded = LoadRoute(path, RouteSpeeds::kStored, RouteDefaultsOf(program),
                                   program.route, session.messages);
   if (!loaded) return Failed(loaded.error());
@@ -138,29 +140,30 @@ Outcome ShowRoute(Session& session, const std::string& file) {
   }
   for (const Position& place : program.route.track) track.push_back(Place(place));
   const float length = RouteLengthOf(route);
-  answer.json = {{"points", points}, {"legs", legs}, {"length", Number(length)}, {"track", track}};
+  answer.json() = {
+      {"points", points}, {"legs", legs}, {"length", Number(length)}, {"track", track}};
   answer.text = table.Text() + "Length " + FormatFixed(length, 1, 1) + " nm\n";
   return answer;
 }
 
-Outcome ListCharts(Session& session) {
+Outcome ListCharts(Session& session, const NoWords&) {
   if (auto failure = LoadIndex(session)) return *failure;
   return EntriesAnswer(session.program.charts.index);
 }
 
-Outcome ShowChart(Session& session, const std::string& key, const std::string& convert) {
+Outcome ShowChart(Session& session, const ChartWords& words) {
   Program& program = session.program;
   const Status opened =
-      OpenChart(ChartPathOf(program.folders, key), program.config, program.charts);
+      OpenChart(ChartPathOf(program.folders, words.key), program.config, program.charts);
   if (!opened) return Failed(opened.error());
   const ChartRecord& chart = program.charts.chart;
   Answer answer;
-  answer.json = ChartJson(chart);
-  for (const auto& [name, value] : answer.json.items()) {
+  answer.json() = ChartJson(chart);
+  for (const auto& [name, value] : answer.json().items()) {
     answer.text +=
         name + std::string(12 - std::min<std::size_t>(name.size(), 11), ' ') + value.dump() + "\n";
   }
-  if (!convert.empty()) {
+  if (const std::string& convert = words.convert; !convert.empty()) {
     const std::size_t comma = convert.find(',');
     if (comma == std::string::npos) {
       return WrongUsage({"", "--convert takes LAT,LONG, not \"" + convert + "\""});
@@ -172,8 +175,8 @@ Outcome ShowChart(Session& session, const std::string& key, const std::string& c
                                          static_cast<std::int32_t>(chart.file.height));
     const std::int32_t column = view.LongToCol(place->longitude);
     const std::int32_t row = view.LatToRow(place->latitude);
-    answer.json["column"] = column;
-    answer.json["row"] = row;
+    answer.json()["column"] = column;
+    answer.json()["row"] = row;
     answer.text += LatToText(place->latitude) + "  " + LongToText(place->longitude) +
                    " lies at column " + std::to_string(column) + ", row " + std::to_string(row) +
                    "\n";
@@ -181,8 +184,8 @@ Outcome ShowChart(Session& session, const std::string& key, const std::string& c
   return answer;
 }
 
-Outcome FindCharts(Session& session, const std::string& latitude, const std::string& longitude) {
-  const Result<Position> place = ParsePosition(latitude, longitude);
+Outcome FindCharts(Session& session, const PositionWords& words) {
+  const Result<Position> place = ParsePosition(words.latitude, words.longitude);
   if (!place) return WrongUsage(place.error());
   if (auto failure = LoadIndex(session)) return *failure;
   ChartsAtPoint(*place, session.program.charts);

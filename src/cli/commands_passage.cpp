@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <optional>
 
+#include <nlohmann/json.hpp>
+
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "core/numbers.h"
@@ -127,6 +129,16 @@ std::string OptimumText(const PassageState& passage) {
   return ReportText(head) + "\n" + (table ? table->Text() : "") + ReportText(rest);
 }
 
+// An angle that the dialog takes, which has no sign; one beyond a right angle is a slip of the
+// hand.
+Result<float> ParseLeeway(std::string_view text) {
+  const Result<float> leeway = ParseNumber(text, "leeway");
+  if (leeway && !(*leeway >= 0.0F && *leeway <= 90.0F)) {
+    return Error{"", "\"" + Trim(text) + "\" is no leeway (0 to 90 degrees)"};
+  }
+  return leeway;
+}
+
 Failure NotCalculated(const Session& session) {
   const auto& texts = session.messages.texts();
   return {kFailed, texts.empty() ? "the route could not be calculated" : ""};
@@ -142,9 +154,9 @@ Outcome SolveLeg(Session& session, const LegWords& words) {
   const Result<float> speed = ParseNumber(words.speed, "speed");
   if (!speed) return WrongUsage(speed.error());
   const ClockReading now = session.program.clock->Now();
-  const Result<DayAndYear> date = ParseDate(words.date, now);
+  const Result<DayAndYear> date = ParseDate(words.when.date, now);
   if (!date) return WrongUsage(date.error());
-  const Result<float> hours = ParseTime(words.time, now);
+  const Result<float> hours = ParseTime(words.when.time, now);
   if (!hours) return WrongUsage(hours.error());
   if (*speed <= 0.5F) {
     return Failed({"", "Boat below 0.5kn, Cannot continue - please correct."});
@@ -159,13 +171,13 @@ Outcome SolveLeg(Session& session, const LegWords& words) {
   }
   ShowNoTide(session.program.tides, leg.gaps.diamonds, session.messages);
   Answer answer;
-  answer.json = LegJson(leg.result, leg.achieved);
-  answer.json["track"] = TrackJson(leg.track);
-  answer.json["streams"] = StreamsJson(leg.streams);
-  answer.json["drift"] = Json::array();
+  answer.json() = LegJson(leg.result, leg.achieved);
+  answer.json()["track"] = TrackJson(leg.track);
+  answer.json()["streams"] = StreamsJson(leg.streams);
+  answer.json()["drift"] = Json::array();
   for (std::size_t i = 0; i < leg.drift.size() && i <= static_cast<std::size_t>(leg.result.steps);
        ++i) {
-    answer.json["drift"].push_back(Place(leg.drift[i]));
+    answer.json()["drift"].push_back(Place(leg.drift[i]));
   }
   const LegResult& result = leg.result;
   const LaterTime arrival = AddHours(*date, *hours, result.passage_time);
@@ -186,14 +198,14 @@ Outcome SolveLeg(Session& session, const LegWords& words) {
 Outcome PlanRoute(Session& session, const PlanWords& words) {
   Program& program = session.program;
   const ClockReading now = program.clock->Now();
-  const Result<DayAndYear> date = ParseDate(words.date, now);
+  const Result<DayAndYear> date = ParseDate(words.when.date, now);
   if (!date) return WrongUsage(date.error());
-  const Result<float> hours = ParseTime(words.time, now);
+  const Result<float> hours = ParseTime(words.when.time, now);
   if (!hours) return WrongUsage(hours.error());
   RouteRequest request{*hours, *date, program.config.use_leeway != 0,
                        ShortText(program.config.leeway_angle)};
   if (!words.leeway.empty()) {
-    const Result<float> leeway = ParseNumber(words.leeway, "leeway");
+    const Result<float> leeway = ParseLeeway(words.leeway);
     if (!leeway) return WrongUsage(leeway.error());
     request.use_leeway = true;
     request.leeway_text = ShortText(*leeway);
@@ -217,14 +229,14 @@ Outcome PlanRoute(Session& session, const PlanWords& words) {
     entry["arrival"] = Moment(leg.arrival_hours, leg.arrival_date);
     legs.push_back(std::move(entry));
   }
-  answer.json = {{"lines", passage.result_lines},
-                 {"summary", passage.route_summary_text},
-                 {"distance", Number(passage.route_distance)},
-                 {"hours", Number(passage.route_hours)},
-                 {"legs", legs},
-                 {"track", TrackJson(passage.route_track)},
-                 {"streams", StreamsJson(passage.route_streams)},
-                 {"messages", session.messages.texts()}};
+  answer.json() = {{"lines", passage.result_lines},
+                   {"summary", passage.route_summary_text},
+                   {"distance", Number(passage.route_distance)},
+                   {"hours", Number(passage.route_hours)},
+                   {"legs", legs},
+                   {"track", TrackJson(passage.route_track)},
+                   {"streams", StreamsJson(passage.route_streams)},
+                   {"messages", session.messages.texts()}};
   answer.text = ReportText(passage.result_lines);
   return answer;
 }
@@ -249,9 +261,9 @@ Outcome FindDeparture(Session& session, const OptimumWords& words) {
   Answer answer;
   Json times = Json::array();
   for (const float time : passage.optimum_times) times.push_back(Number(time));
-  answer.json = {{"startHour", Number(passage.optimum_start_hour)},
-                 {"times", times},
-                 {"lines", passage.result_lines}};
+  answer.json() = {{"startHour", Number(passage.optimum_start_hour)},
+                   {"times", times},
+                   {"lines", passage.result_lines}};
   answer.text = OptimumText(passage);
   return answer;
 }

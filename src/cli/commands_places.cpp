@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "core/config.h"
@@ -37,7 +39,7 @@ Answer ConfigAnswer(const AppConfig& config) {
     table.Add({std::to_string(field.offset), std::to_string(field.size), type, field.name,
                value.is_string() ? value.get<std::string>() : value.dump()});
   }
-  answer.json = {{"fields", fields}};
+  answer.json() = {{"fields", fields}};
   answer.text = table.Text();
   return answer;
 }
@@ -47,9 +49,11 @@ Answer ConfigAnswer(const AppConfig& config) {
 Failure Failed(const Error& error) { return {kFailed, error.Text()}; }
 Failure WrongUsage(const Error& error) { return {kWrongUsage, error.Text()}; }
 
-Outcome ConfigShow(Session& session) { return ConfigAnswer(session.program.config); }
+Outcome ConfigShow(Session& session, const NoWords&) {
+  return ConfigAnswer(session.program.config);
+}
 
-Outcome ConfigInit(Session& session) {
+Outcome ConfigInit(Session& session, const NoWords&) {
   MakeUserFolders(session.program.folders);
   const AppConfig defaults = DefaultConfig(session.program.folders.program);
   if (const Status saved = SaveConfig(session.program.folders, defaults); !saved) {
@@ -58,51 +62,52 @@ Outcome ConfigInit(Session& session) {
   return ConfigAnswer(defaults);
 }
 
-Outcome ConfigSet(Session& session, const std::string& field, const std::string& value) {
+Outcome ConfigSet(Session& session, const SetWords& words) {
   AppConfig trial = session.program.config;
-  if (const Status fits = SetConfigField(trial, field, value); !fits) {
+  if (const Status fits = SetConfigField(trial, words.field, words.value); !fits) {
     return WrongUsage(fits.error());
   }
   MakeUserFolders(session.program.folders);
   AppConfig stored = DefaultConfig(session.program.folders.program);
   const Status saved = ReloadThenSave(session.program.folders, stored, [&](AppConfig& config) {
-    (void)SetConfigField(config, field, value);
+    (void)SetConfigField(config, words.field, words.value);
   });
   if (!saved) return Failed(saved.error());
   return ConfigAnswer(stored);
 }
 
-Outcome ShowPosition(const std::string& latitude, const std::string& longitude) {
-  const Result<Position> place = ParsePosition(latitude, longitude);
+Outcome ShowPosition(Session&, const PositionWords& words) {
+  const Result<Position> place = ParsePosition(words.latitude, words.longitude);
   if (!place) return WrongUsage(place.error());
   const std::string lat = LatToText(place->latitude);
   const std::string lon = LongToText(place->longitude);
   const std::string lat3 = LatToText3(place->latitude);
   const std::string lon3 = LongToText3(place->longitude);
   Answer answer;
-  answer.json = {{"latitude", Number(place->latitude)},
-                 {"longitude", Number(place->longitude)},
-                 {"text", {lat, lon}},
-                 {"text3", {lat3, lon3}}};
+  answer.json() = {{"latitude", Number(place->latitude)},
+                   {"longitude", Number(place->longitude)},
+                   {"text", {lat, lon}},
+                   {"text3", {lat3, lon3}}};
   answer.text = lat + "  " + lon + "\n" + lat3 + "  " + lon3 + "\n" +
                 FormatFixed(place->latitude, 1, 6) + "°  " + FormatFixed(place->longitude, 1, 6) +
                 "°\n";
   return answer;
 }
 
-Outcome ShowRange(const std::vector<std::string>& place) {
-  const Result<Position> from = ParsePosition(place.at(0), place.at(1));
+Outcome ShowRange(Session&, const RangeWords& words) {
+  const Result<Position> from = ParsePosition(words.place.at(0), words.place.at(1));
   if (!from) return WrongUsage(from.error());
-  const Result<Position> to = ParsePosition(place.at(2), place.at(3));
+  const Result<Position> to = ParsePosition(words.place.at(2), words.place.at(3));
   if (!to) return WrongUsage(to.error());
   const RangeAndBearing way = RangeBearing(*from, *to);
   Answer answer;
-  answer.json = {{"range", Number(way.range)}, {"bearing", Number(way.bearing)}};
+  answer.json() = {{"range", Number(way.range)}, {"bearing", Number(way.bearing)}};
   answer.text = FormatFixed(way.range, 1, 2) + " nm  " + FormatFixed(way.bearing, 3, 0) + "°T\n";
   return answer;
 }
 
-Outcome ShowMove(const std::vector<std::string>& words) {
+Outcome ShowMove(Session&, const MoveWords& typed) {
+  const std::vector<std::string>& words = typed.words;
   const Result<Position> from = ParsePosition(words.at(0), words.at(1));
   if (!from) return WrongUsage(from.error());
   const Result<float> bearing = ParseNumber(words.at(2), "bearing");
@@ -111,7 +116,7 @@ Outcome ShowMove(const std::vector<std::string>& words) {
   if (!miles) return WrongUsage(miles.error());
   const Position to = MoveByMiles(*from, Resolve(*bearing, *miles));
   Answer answer;
-  answer.json = {{"latitude", Number(to.latitude)}, {"longitude", Number(to.longitude)}};
+  answer.json() = {{"latitude", Number(to.latitude)}, {"longitude", Number(to.longitude)}};
   answer.text = LatToText(to.latitude) + "  " + LongToText(to.longitude) + "\n";
   return answer;
 }

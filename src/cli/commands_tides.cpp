@@ -1,5 +1,7 @@
 #include <algorithm>
 
+#include <nlohmann/json.hpp>
+
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "core/numbers.h"
@@ -63,26 +65,26 @@ struct When {
   float hours = 0.0F;
 };
 
-Result<When> ParseWhen(Session& session, const std::string& date, const std::string& time) {
+Result<When> ParseWhen(Session& session, const WhenWords& words) {
   const ClockReading now = session.program.clock->Now();
-  const Result<DayAndYear> day = ParseDate(date, now);
+  const Result<DayAndYear> day = ParseDate(words.date, now);
   if (!day) return day.error();
-  const Result<float> hours = ParseTime(time, now);
+  const Result<float> hours = ParseTime(words.time, now);
   if (!hours) return hours.error();
   return When{*day, *hours};
 }
 
 }  // namespace
 
-Outcome ShowConstituents(Session& session, const std::string& date) {
-  const Result<DayAndYear> day = ParseDate(date, session.program.clock->Now());
+Outcome ShowConstituents(Session& session, const DayWords& words) {
+  const Result<DayAndYear> day = ParseDate(words.date, session.program.clock->Now());
   if (!day) return WrongUsage(day.error());
   const DayConstituents values = CalcDayConstituents(day->year, day->day);
   Answer answer;
   TextTable table({"Group", ">Phase", ">Factor"});
   const auto add = [&](const std::string& name, const GroupValue& value) {
-    answer.json["V" + name] = Number(value.v);
-    answer.json["F" + name] = Number(value.f);
+    answer.json()["V" + name] = Number(value.v);
+    answer.json()["F" + name] = Number(value.f);
     table.Add({name, FormatFixed(value.v, 1, 0) + "°", FormatFixed(value.f, 1, 4)});
   };
   add("M2", values.m2);
@@ -93,21 +95,20 @@ Outcome ShowConstituents(Session& session, const std::string& date) {
   return answer;
 }
 
-Outcome ShowTide(Session& session, const std::string& port, const std::string& date,
-                 const std::string& file) {
+Outcome ShowTide(Session& session, const TideWords& words) {
   Program& program = session.program;
-  const Result<DayAndYear> day = ParseDate(date, program.clock->Now());
+  const Result<DayAndYear> day = ParseDate(words.date, program.clock->Now());
   if (!day) return WrongUsage(day.error());
   const std::string path =
-      Session::FindFile(file.empty() ? Trim(program.config.tidal_port_file) : file,
+      Session::FindFile(words.file.empty() ? Trim(program.config.tidal_port_file) : words.file,
                         {program.folders.TidalStreams(), program.folders.program});
   const Result<RecordFile<Port>> ports = ReadRecords(path, kPortFields);
   if (!ports) return Failed(ports.error());
-  const int number = FindPort(ports->records, port);
+  const int number = FindPort(ports->records, words.port);
   if (number == 0) {
     // Why there is none may be that its record is one of those left out.
     const std::string left_out = LeftOutText("", ports->left_out);
-    return Failed({path, "there is no port \"" + port + "\"" +
+    return Failed({path, "there is no port \"" + words.port + "\"" +
                              (left_out.empty() ? "" : " (" + left_out + ")")});
   }
   const std::optional<Port>& record = ports->records[static_cast<std::size_t>(number - 1)];
@@ -127,20 +128,20 @@ Outcome ShowTide(Session& session, const std::string& port, const std::string& d
     table.Add(
         {water.high ? "High water" : "Low water", HoursToClock(water.hours), Metres(water.height)});
   }
-  answer.json = {{"port", number},
-                 {"name", Trim(found.name)},
-                 {"curve", CurveJson(tide.curve)},
-                 {"layers",
-                  {{"M2", LayerJson(tide.layer_m2)},
-                   {"S2", LayerJson(tide.layer_s2)},
-                   {"K1", LayerJson(tide.layer_k1)},
-                   {"O1", LayerJson(tide.layer_o1)},
-                   {"F4", LayerJson(tide.layer_f4)},
-                   {"F6", LayerJson(tide.layer_f6)},
-                   {"Z0", LayerJson(tide.layer_z0)}}},
-                 {"meanLevel", Number(tide.mean_level)},
-                 {"waters", waters},
-                 {"range", Number(tide.range)}};
+  answer.json() = {{"port", number},
+                   {"name", Trim(found.name)},
+                   {"curve", CurveJson(tide.curve)},
+                   {"layers",
+                    {{"M2", LayerJson(tide.layer_m2)},
+                     {"S2", LayerJson(tide.layer_s2)},
+                     {"K1", LayerJson(tide.layer_k1)},
+                     {"O1", LayerJson(tide.layer_o1)},
+                     {"F4", LayerJson(tide.layer_f4)},
+                     {"F6", LayerJson(tide.layer_f6)},
+                     {"Z0", LayerJson(tide.layer_z0)}}},
+                   {"meanLevel", Number(tide.mean_level)},
+                   {"waters", waters},
+                   {"range", Number(tide.range)}};
   answer.text = Trim(found.name) + ", " + DateText(*day) + ", " + kLocalAppearance +
                 (program.config.summer_time != 0 ? ", summer time" : "") + "\n" + table.Text() +
                 "Mean level " + Metres(tide.mean_level) + ", range " + Metres(tide.range) + "\n";
@@ -154,15 +155,16 @@ Outcome ShowTide(Session& session, const std::string& port, const std::string& d
   return answer;
 }
 
-Outcome ShowRefPorts(Session& session, const std::string& date, const std::string& time) {
+Outcome ShowRefPorts(Session& session, const WhenWords& words) {
   Program& program = session.program;
   // Without a time the state of the tide is that of midnight.
-  const Result<When> when = ParseWhen(session, date, time.empty() ? "00:00" : time);
+  const Result<When> when =
+      ParseWhen(session, {words.date, words.time.empty() ? "00:00" : words.time});
   if (!when) return WrongUsage(when.error());
   session.LoadTides(when->date);
   const int minute = MinuteOfDay(when->hours);
   Answer answer;
-  answer.json = Json::array();
+  answer.json() = Json::array();
   for (std::size_t p = 0; p < program.tides.loaded->ports.size(); ++p) {
     const PortTides& port = program.tides.loaded->ports[p];
     if (!port.known) continue;
@@ -181,7 +183,7 @@ Outcome ShowRefPorts(Session& session, const std::string& date, const std::strin
     const TidePhase phase = port.phase[static_cast<std::size_t>(minute)];
     const bool tide = port.HasTide(minute);
     const std::string& name = program.tides.ref_port_names[p];
-    answer.json.push_back(
+    answer.json().push_back(
         {{"number", program.tides.ref_ports[p]},
          {"name", name},
          {"heights", heights},
@@ -202,11 +204,10 @@ Outcome ShowRefPorts(Session& session, const std::string& date, const std::strin
   return answer;
 }
 
-Outcome ShowStream(Session& session, const std::string& latitude, const std::string& longitude,
-                   const std::string& date, const std::string& time) {
-  const Result<Position> place = ParsePosition(latitude, longitude);
+Outcome ShowStream(Session& session, const StreamWords& words) {
+  const Result<Position> place = ParsePosition(words.place.latitude, words.place.longitude);
   if (!place) return WrongUsage(place.error());
-  const Result<When> when = ParseWhen(session, date, time);
+  const Result<When> when = ParseWhen(session, words.when);
   if (!when) return WrongUsage(when.error());
   session.LoadTides(when->date);
   StreamReader reader(session.program.tides);
@@ -218,12 +219,12 @@ Outcome ShowStream(Session& session, const std::string& latitude, const std::str
   const std::string label = StreamLabel(session.program.tides, reading);
   const bool found = reading.diamond >= 0;
   Answer answer;
-  answer.json = {{"rate", Number(reading.rate)},
-                 {"direction", Number(reading.direction)},
-                 {"slot", reading.dep_slot},
-                 {"minutesLeft", found ? Json(reading.mins_left) : Json(nullptr)},
-                 {"daysRange", found ? Number(reading.days_range) : Json(nullptr)},
-                 {"label", label.empty() ? kNoDiamondLabel : label}};
+  answer.json() = {{"rate", Number(reading.rate)},
+                   {"direction", Number(reading.direction)},
+                   {"slot", reading.dep_slot},
+                   {"minutesLeft", found ? Json(reading.mins_left) : Json(nullptr)},
+                   {"daysRange", found ? Number(reading.days_range) : Json(nullptr)},
+                   {"label", label.empty() ? kNoDiamondLabel : label}};
   if (found) {
     answer.text = StreamText(reading.rate, reading.direction) + ", diamond " + label +
                   ", hour slot " + std::to_string(reading.dep_slot) + ", Mins left in Slot " +
@@ -241,22 +242,22 @@ Outcome ShowStream(Session& session, const std::string& latitude, const std::str
   return answer;
 }
 
-Outcome ShowStreams(Session& session, const std::string& date, const std::string& time) {
+Outcome ShowStreams(Session& session, const WhenWords& words) {
   Program& program = session.program;
-  const Result<When> when = ParseWhen(session, date, time);
+  const Result<When> when = ParseWhen(session, words);
   if (!when) return WrongUsage(when.error());
   session.LoadTides(when->date);
   RefreshTideState(program.tides, true, when->hours, program.clock->Now());
   CalculateTidalStreamTable(program.tides, session.messages);
   Answer answer;
-  answer.json = Json::array();
+  answer.json() = Json::array();
   TextTable table({"Diamond", "Latitude", "Longitude", ">Stream"});
   for (const TidalStream& stream : program.tides.tidal_streams) {
-    answer.json.push_back({{"ref", stream.ref},
-                           {"latitude", Number(static_cast<float>(stream.latitude))},
-                           {"longitude", Number(static_cast<float>(stream.longitude))},
-                           {"direction", Number(stream.direction)},
-                           {"rate", Number(stream.rate)}});
+    answer.json().push_back({{"ref", stream.ref},
+                             {"latitude", Number(static_cast<float>(stream.latitude))},
+                             {"longitude", Number(static_cast<float>(stream.longitude))},
+                             {"direction", Number(stream.direction)},
+                             {"rate", Number(stream.rate)}});
     table.Add({stream.ref, LatToText(static_cast<float>(stream.latitude)),
                LongToText(static_cast<float>(stream.longitude)),
                StreamText(stream.rate, stream.direction)});

@@ -22,6 +22,10 @@ class Messages {
   // Asks a question with Yes and No; true for Yes.
   virtual bool Ask(std::string_view text, std::string_view title = kProgramTitle) = 0;
 
+  // Tells something that interrupts nobody: in the status bar of the desktop, and each text at most
+  // once a minute. Whatever goes wrong in a timer's tick is told so.
+  virtual void Notice(std::string_view) {}
+
   // The short sound that goes with a refused entry.
   virtual void Beep() {}
 };

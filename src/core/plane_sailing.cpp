@@ -84,7 +84,8 @@ float DegToRad(float degrees) { return static_cast<float>(degrees * kPi / 180.0)
 float NormaliseAngle(float degrees) {
   if (!std::isfinite(degrees)) return 0.0F;
   if (degrees == 360.0F) return 0.0F;
-  // A huge angle is brought near by its remainder first; below the limit the steps are as told.
+  // A huge angle is brought near by its remainder first, since a turn taken from it may be lost in
+  // rounding; below the limit each turn is taken off by itself, whose rounding the results have.
   constexpr float kStepLimit = 360000.0F;
   if (std::fabs(degrees) > kStepLimit) degrees = std::fmod(degrees, 360.0F);
   if (degrees < 0.0F) {

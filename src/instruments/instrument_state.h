@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +18,13 @@ struct WaitingFix {
   std::string date_text;
   std::string time_text;
 };
+
+// What a port has sent and no decoder has taken yet.
+struct ReceivedText {
+  std::string waiting;
+  std::size_t lost = 0;  // bytes that found no room
+};
+inline constexpr std::size_t kMostWaitingText = 65536;
 
 // The boat by its latest fix.
 struct BoatState {

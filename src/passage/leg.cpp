@@ -128,6 +128,8 @@ LegResult LegSolver::CalcResultOnly(const LegRequest& leg, const LegSettings& se
   float heading = direct.bearing;
   for (int i = 0; i < kPasses; ++i) {
     last_ = CalcLegPass(leg, time_step, heading);
+    // A pass depends on its heading alone: on the same one those to come only repeat it.
+    if (last_.new_heading == heading) break;
     heading = last_.new_heading;
   }
   FindGaps();

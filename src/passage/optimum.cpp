@@ -117,7 +117,12 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
                              TideState& tides, RouteState& route, PassageState& passage,
                              Messages& messages, Progress& progress) {
   if (route.points.size() < 2) return RouteOutcome::kNoRoute;
-  if (!CheckLegSpeeds(route.points, messages)) return RouteOutcome::kRefused;
+  if (!CheckLegSpeeds(route.points, messages)) {
+    // A search that is refused has no result, and the one before stands no more.
+    passage.optimum_times.clear();
+    passage.calc_mode = 0;
+    return RouteOutcome::kRefused;
+  }
   if (!progress.Step(5)) return RouteOutcome::kCancelled;
   // Built before the threads start, so that all share it.
   (void)tides.days.Get(request.date);

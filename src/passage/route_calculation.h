@@ -23,7 +23,7 @@ enum class DepartureTimeRefusal { kNone, kNoTime, kOutOfRange };
 // "0905", "9:5", "". Refused as out of range: "24:00", "12:60", "-1:00".
 DepartureTimeRefusal CheckDepartureTime(std::string_view text, float& hours);
 
-// The fixed words of a refusal; empty for none.
+// The words of a refusal; empty for none.
 std::string DepartureTimeText(DepartureTimeRefusal refusal);
 
 // Checks the speed of every point, the last one too: 0.5 knots or less is refused with a message,

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "app/program.h"
 #include "core/messages.h"
@@ -31,6 +32,8 @@ class MainWindowPort {
   virtual void Changed(std::uint32_t what) = 0;
   // The progress bar of the main window, shown while the object lives; its key cancels.
   virtual std::unique_ptr<Progress> StartProgress(const char* what) = 0;
+  // Says something in the status bar for a while.
+  virtual void Tell(std::string_view) {}
 };
 
 struct Desktop {

@@ -24,12 +24,15 @@ class Window final : public TimerWindow {
  public:
   bool Minimised() const override { return minimised; }
   void Repaint() override { ++repaints; }
-  void ServeEvents() override {}
+  void ServeEvents() override {
+    if (on_events) on_events();
+  }
   void ShowReadout() override { ++readouts; }
   void ShowEta(const std::string& text) override { eta = text; }
   void LocatePoint(Position position) override { located.push_back(position); }
   std::optional<VisibleChart> Visible() const override { return visible; }
 
+  std::function<void()> on_events;
   bool minimised = false;
   int repaints = 0;
   int readouts = 0;
@@ -38,22 +41,24 @@ class Window final : public TimerWindow {
   std::optional<VisibleChart> visible;
 };
 
-class Instruments final : public TimerInstruments {
+// Ports that always have a letter of their own to tell.
+class Ports final : public SerialPorts {
  public:
-  void FeedGps() override { fed += 'G'; }
-  void FeedAis() override { fed += 'A'; }
-  std::optional<WaitingFix> NewFix() const override { return fix; }
-  void AppendTrackPoint(const WaitingFix&) override { ++track_points; }
-  void ComputeClosestApproaches() override { ++approaches; }
-  void WriteLogRecord() override { ++log_records; }
-  void ReplayNextLine() override { ++replayed; }
+  int Reset(int, std::size_t, std::size_t) override { return 0; }
+  int SetBaud(int, int) override { return 0; }
+  int SetParameters(int) override { return 0; }
+  int SetLine(int, OutLine, bool) override { return 0; }
+  int ReadLine(int, InLine) override { return 0; }
+  int Get(int port, std::string& received, std::size_t most) override {
+    received.assign(std::min(most, each), port == 0 ? 'G' : 'A');
+    return static_cast<int>(received.size());
+  }
+  int Put(int, std::string_view) override { return 0; }
+  int ClearReceived(int) override { return 0; }
+  int ClearSending(int) override { return 0; }
+  void Done(int) override {}
 
-  std::string fed;
-  std::optional<WaitingFix> fix;
-  int track_points = 0;
-  int approaches = 0;
-  int log_records = 0;
-  int replayed = 0;
+  std::size_t each = 1;
 };
 
 // A program on the sample installation with user folders of its own.
@@ -75,7 +80,7 @@ class Started : public ::testing::Test {
   Program program_;
   RecordingMessages messages_;
   Window window_;
-  Instruments instruments_;
+  Ports ports_;
 };
 
 TEST_F(Started, FirstStartStandsOnTheSampleChart) {
@@ -189,31 +194,66 @@ TEST_F(Started, CommsTicksTakeTurnsAndOverrideTheSetTime) {
   program_.gps_enabled = program_.ais_enabled = true;
   program_.config.gps_centre = kTrue;
   program_.boat.position = {50.0F, -1.0F};
-  instruments_.fix = WaitingFix{{50.0F, -1.0F}, 5.0F, 90.0F, "051226", "063020"};
+  program_.boat.new_fix = WaitingFix{{50.0F, -1.0F}, 5.0F, 90.0F, "051226", "063020"};
   program_.selected_time.override_ = true;
   program_.selected_time.hours = 1.0F;
-  CommsTick(program_, window_, instruments_);
+  // A tick that comes up while another serves events does nothing.
+  window_.on_events = [this] { CommsTick(program_, window_, ports_); };
+  CommsTick(program_, window_, ports_);
+  window_.on_events = nullptr;
   EXPECT_EQ(program_.selected_time.hours, 6.5F);
-  EXPECT_EQ(instruments_.fed, "G");
-  EXPECT_EQ(instruments_.track_points, 1);
-  EXPECT_EQ(instruments_.log_records, 1);
+  EXPECT_EQ(program_.gps_text.waiting, "G");
+  EXPECT_EQ(program_.ais_text.waiting, "");
+  EXPECT_EQ(program_.tracks.live.size(), 1U);
   ASSERT_EQ(window_.located.size(), 1U);
-  for (int i = 0; i < 5; ++i) CommsTick(program_, window_, instruments_);
-  EXPECT_EQ(instruments_.fed, "GAGAGA");
-  EXPECT_EQ(instruments_.log_records, 1);
+  for (int i = 0; i < 5; ++i) CommsTick(program_, window_, ports_);
+  EXPECT_EQ(program_.gps_text.waiting, "GGG");
+  EXPECT_EQ(program_.ais_text.waiting, "AAA");
   // The boat is centred again only when it has left the middle third.
   window_.visible = VisibleChart{49.0F, 51.0F, -2.0F, 0.0F};
-  for (int i = 0; i < 100; ++i) CommsTick(program_, window_, instruments_);
+  for (int i = 0; i < 100; ++i) CommsTick(program_, window_, ports_);
   EXPECT_EQ(window_.located.size(), 1U);
   EXPECT_GE(window_.repaints, 1);
   window_.visible = VisibleChart{49.0F, 51.0F, -4.0F, -0.5F};
-  for (int i = 0; i < 30; ++i) CommsTick(program_, window_, instruments_);
+  for (int i = 0; i < 30; ++i) CommsTick(program_, window_, ports_);
   EXPECT_GE(window_.located.size(), 2U);
-  EXPECT_GT(instruments_.approaches, 0);
+  // Text that nobody takes is bounded, and what is lost is counted.
+  ports_.each = 5000;
+  for (int i = 0; i < 200; ++i) CommsTick(program_, window_, ports_);
+  EXPECT_EQ(program_.gps_text.waiting.size(), kMostWaitingText);
+  EXPECT_GT(program_.gps_text.lost, 0U);
+}
 
-  program_.replay_active = true;
-  ReplayTick(program_, window_, instruments_);
-  EXPECT_EQ(instruments_.replayed, 1);
+// A record at the first tick and then whenever the interval of the settings has gone by.
+TEST_F(Started, TheLogKeepsItsInterval) {
+  Start();
+  program_.config.log_interval = 40;
+  const std::pair<int, int> rows[] = {{0, 1}, {39, 1}, {41, 2}, {80, 2}, {82, 3}};
+  for (const auto& [seconds, records] : rows) {
+    clock_.now.minute = 30 + seconds / 60;
+    clock_.now.second = seconds % 60;
+    for (int i = 0; i < 30; ++i) CommsTick(program_, window_, instruments_);
+    EXPECT_EQ(instruments_.log_records, records) << seconds;
+  }
+}
+
+// The clock of summer time runs an hour ahead of the tide, in the heights and in what follows.
+TEST_F(Started, SummerTimeMovesTheTides) {
+  Start();
+  program_.selected_time.override_ = true;
+  program_.selected_time.hours = 6.5F;
+  RebuildTides(program_, messages_);
+  const RefPortState standard = program_.tides.ref_port_states.front();
+  const float height = program_.tides.loaded->ports.front().heights[145];
+  program_.config.summer_time = kTrue;
+  program_.selected_time.hours = 7.5F;
+  RebuildTides(program_, messages_);
+  const RefPortState summer = program_.tides.ref_port_states.front();
+  EXPECT_EQ(standard.hw_time, "08:20");
+  EXPECT_EQ(summer.hw_time, "09:20");
+  EXPECT_EQ(summer.dep_slot, standard.dep_slot);
+  EXPECT_EQ(summer.mins_left, standard.mins_left);
+  EXPECT_EQ(program_.tides.loaded->ports.front().heights[151], height);
 }
 
 TEST_F(Started, TheTidesRollByHalfHoursThroughMidnight) {

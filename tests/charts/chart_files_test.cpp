@@ -72,7 +72,16 @@ TEST_F(ChartFilesTest, WorksTheCalibrationOut) {
   EXPECT_NEAR(chart.merc_span, 0.0543155985, 3e-7);
   EXPECT_EQ(chart.scale, 500000.0F);
   EXPECT_EQ(state_.history, std::vector<std::string>{config_.chart_path});
-  EXPECT_EQ(ChartIssueText(chart.issue), "Chart issued 5/1200");
+}
+
+// The fraction counts in ten-thousandths, as near as a single holds it.
+TEST(ChartIssue, WholePartAndFraction) {
+  const std::pair<float, const char*> rows[] = {{5.12F, "5/1200"}, {12.2003F, "12/2003"},
+                                                {0.5F, "0/5000"},  {7.0F, "7/0"},
+                                                {NAN, "0/0"},      {1.00004F, "1/0"}};
+  for (const auto& [issue, text] : rows) {
+    EXPECT_EQ(ChartIssueText(issue), std::string("Chart issued ") + text);
+  }
 }
 
 TEST_F(ChartFilesTest, PlacesOfTheFields) {

@@ -16,6 +16,7 @@
 #include "core/config.h"
 #include "record-tables/record_tables.h"
 #include "routes/route.h"
+#include "routes/waypoint.h"
 #include "support/temp_folder.h"
 
 namespace skerrow::cli {
@@ -96,8 +97,11 @@ TEST_F(CommandLine, TellsWrongUsageFromFailure) {
   ExpectError("optimum --date 2026-12-05 --slot 6", 2, "slot");
   ExpectError("chart show 1234-5", 1, "Does not exist in Mod. ReadChartSettings");
   ExpectError("leg 50 -1 50 -1.5 --speed 0.5 --date 2026-12-05 --time 6", 1, "Boat below 0.5kn");
-  EXPECT_EQ(Run("sail").status, 2);
-  EXPECT_EQ(Run("position 50").status, 2);
+  ExpectError("sail", 2, "subcommand");
+  ExpectError("position 50", 2, "LONG is required");
+  for (const char* leeway : {"-1", "90.1", "nan", "five"}) {
+    ExpectError(std::string("plan --leeway ") + leeway, 2, "leeway");
+  }
   EXPECT_EQ(Run("--help").status, 0);
 }
 
@@ -176,6 +180,27 @@ TEST_F(CommandLine, TidesAndStreams) {
   EXPECT_GE(streams.size(), 48U);
 }
 
+// An hour later on the clock, everything is as it was on standard time.
+TEST_F(CommandLine, SummerTimeIsAnHourAhead) {
+  const std::string summer = "--set SummerTime=-1 ";
+  const auto tide = Json("tide dover --date 2026-12-05");
+  const auto later = Json(summer + "tide dover --date 2026-12-05");
+  for (const std::size_t entry : {0U, 60U, 138U}) {
+    EXPECT_EQ(later["curve"][entry + 6][1], tide["curve"][entry][1]);
+  }
+  EXPECT_NEAR(later["waters"][0]["hours"].get<double>(),
+              tide["waters"][0]["hours"].get<double>() + 1, 1e-5);
+  EXPECT_NE(Run(summer + "tide dover --date 2026-12-05").out.find(", summer time"),
+            std::string::npos);
+  const std::string place = "stream 50.30.00N 001.20.00W --date 2026-12-05 --time ";
+  EXPECT_EQ(Json(summer + place + "07:30"), Json(place + "06:30"));
+  EXPECT_EQ(Json(summer + "streams --date 2026-12-05 --time 07:30"),
+            Json("streams --date 2026-12-05 --time 06:30"));
+  const auto plan = Json("plan --date 2026-12-05 --time 06:30");
+  const auto plan_later = Json(summer + "plan --date 2026-12-05 --time 07:30");
+  EXPECT_NEAR(plan_later["hours"].get<double>(), plan["hours"].get<double>(), 1e-3);
+}
+
 TEST_F(CommandLine, PlansTheSampleRoutes) {
   for (const std::string file : {"", "'Portland Bill.rte'", "'Round Alderney.rte'"}) {
     const auto plan = Json("plan " + file + " --date 2026-12-05 --time 06:30");
@@ -239,6 +264,35 @@ TEST_F(CommandLine, FirstStartMakesTheSampleWaypoints) {
   EXPECT_EQ(json["waypoints"][0]["name"], "Anvil Point");
   EXPECT_EQ(std::filesystem::file_size(user_.File("documents/SkerrowHelm/Waypoints/Sample.way")),
             46U * 43U);
+}
+
+// What is left out of a file, and why no stream is known, is told in one line.
+TEST_F(CommandLine, TellsWhatAFileLacks) {
+  const std::string program = user_.File("program");
+  std::filesystem::copy(std::string(SKERROW_SOURCE_DIR) + "/program", program,
+                        std::filesystem::copy_options::recursive);
+  std::vector<Waypoint> marks = {{"A", 50, -1}, {"B", std::nanf(""), -1}, {"C", 51, -1}};
+  user_.Write("nan.way", EncodeRecords<Waypoint>(marks, kWaypointFields));
+  const Ran listed = Run("--json waypoints " + user_.File("nan.way"));
+  EXPECT_EQ(listed.json()["waypoints"].size(), 2U);
+  EXPECT_EQ(listed.err,
+            "skerrow-cli: " + user_.File("nan.way") + ": 1 damaged record is left out\n");
+
+  const std::string area = FileBytes(program + "/TS/UK.hc");
+  std::ofstream(program + "/TS/UK.hc", std::ios::binary) << area.substr(0, area.size() - 40);
+  ExpectError("--program " + program + " tide 'Saint Nazaire' --date 2026-12-05", 1,
+              "(the last record is left out, it is cut short after 157 of 197 bytes)");
+
+  const std::string stream = " stream 50.5 -1.33 --date 2026-12-05 --time 6";
+  EXPECT_EQ(Run(stream).err, "");
+  std::filesystem::remove(program + "/RefPorts.hc");
+  const Ran none = Run("--program " + program + stream);
+  EXPECT_EQ(none.out.rfind("no tidal stream is known: no reference port number ", 0), 0U)
+      << none.out;
+  EXPECT_NE(none.err.find("RefPorts.hc: the file does not exist"), std::string::npos);
+  std::filesystem::remove(program + "/TS/Sample Chart.l25");
+  EXPECT_EQ(Run("--program " + program + stream).out,
+            "no tidal stream is known: there are no tidal diamonds\n");
 }
 
 // Damaged files for every reader that the commands use: told, and never a crash.

@@ -4,7 +4,6 @@
 #include <ctime>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -156,21 +155,14 @@ TEST(Files, ReadOnlyFolderKeepsItsFile) {
   EXPECT_EQ(folder.EntryCount(), 1U);
 }
 
-// A disk that fills up while the file is written: stood in for by the process's file size limit.
 TEST(Files, FullDiskKeepsTheOldFile) {
   const TempFolder folder;
   const std::string path = folder.Write("kept", "old");
-  rlimit before{};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit tight = before;
-  tight.rlim_cur = 50000;
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-  const Status replaced = ReplaceFile(path, std::string(100000, 'x'));
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  ASSERT_FALSE(replaced);
-  EXPECT_EQ(replaced.error().path, path);
+  testing::OnFullDisk(50000, [&] {
+    const Status replaced = ReplaceFile(path, std::string(100000, 'x'));
+    ASSERT_FALSE(replaced);
+    EXPECT_EQ(replaced.error().Text(), path + ": File too large");
+  });
   EXPECT_EQ(FileBytes(path), "old");
   EXPECT_EQ(folder.EntryCount(), 1U);
 }

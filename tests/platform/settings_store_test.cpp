@@ -2,16 +2,14 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <cerrno>
-#include <csignal>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "support/temp_folder.h"
 
 namespace skerrow {
 namespace {
@@ -96,24 +94,16 @@ TEST_F(SettingsStoreTest, WhatIsNoSettingsFileIsLeftAlone) {
   alarm(0);
 }
 
-// A full disk, stood in for by the limit of a process on the size of its files.
 TEST_F(SettingsStoreTest, FlushTellsAFullDisk) {
   std::ofstream(path()) << "[a]\nb=c\n";
   const auto store = OpenSettingsStore(path());
   store->Set("a", "b", "d");
-  rlimit before{};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit tight = before;
-  tight.rlim_cur = 4;
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-  const Status status = store->Flush();
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  ASSERT_FALSE(status.ok());
-  EXPECT_EQ(status.error().Text(), path() + ": " + std::strerror(EFBIG));
-  std::ifstream file(path());
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "[a]\nb=c\n");
+  testing::OnFullDisk(4, [&] {
+    const Status status = store->Flush();
+    ASSERT_FALSE(status.ok());
+    EXPECT_EQ(status.error().Text(), path() + ": File too large");
+  });
+  EXPECT_EQ(testing::FileBytes(path()), "[a]\nb=c\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path().toStdString()), {}),
             1);
 }

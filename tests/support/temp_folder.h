@@ -1,12 +1,14 @@
 #pragma once
 
 #include <atomic>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <sys/resource.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -58,6 +60,21 @@ void AsPlainUser(Work work) {
   if (superuser && seteuid(65534) != 0) throw std::runtime_error("cannot become a plain user");
   work();
   if (superuser && seteuid(0) != 0) throw std::runtime_error("cannot become the superuser again");
+}
+
+// Calls `work` on a disk that is full after `bytes` of any file, stood in for by the limit of a
+// process on the size of its files.
+template <typename Work>
+void OnFullDisk(rlim_t bytes, Work work) {
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  rlimit tight = before;
+  tight.rlim_cur = bytes;
+  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+  if (setrlimit(RLIMIT_FSIZE, &tight) != 0) throw std::runtime_error("cannot limit file sizes");
+  work();
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
 }
 
 // The bytes of a file; empty for one that cannot be read.

@@ -70,23 +70,6 @@ TEST(Constituents, AgreeWithTheSkyOverManyYears) {
   }
 }
 
-TEST(Constituents, StepFromOneMidnightToTheNext) {
-  // Day 0 is the last day of the year before by the formula, which runs on without a wrap.
-  for (const int year : {1990, 1991, 1992, 1999, 2000, 2001, 2026}) {
-    for (int day = 0; day <= DaysInYear(year); ++day) {
-      const DayConstituents a = CalcDayConstituents(year, day);
-      const DayConstituents b = CalcDayConstituents(year, day + 1);
-      // M2 falls back 24.4 degrees a day on the sun, O1 12.7 degrees on the day itself; the
-      // other members of the groups swing that by some degrees.
-      EXPECT_LT(Apart(a.m2.v - b.m2.v, -24.4), 10.0) << year << " " << day;
-      EXPECT_LT(Apart(a.s2.v, b.s2.v), 3.0) << year << " " << day;
-      EXPECT_EQ(a.m2.v, std::floor(a.m2.v));
-      EXPECT_GE(a.o1.v, 0.0F);
-      EXPECT_LT(a.o1.v, 360.0F);
-    }
-  }
-}
-
 TEST(Constituents, YearsJoinWithoutAJump) {
   for (int year = 1985; year < 2035; ++year) {
     const DayConstituents last = CalcDayConstituents(year, DaysInYear(year) + 1);

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "ui/drawing/qt_surface.h"
-#include "ui/drawing/recording_surface.h"
 
 namespace skerrow {
 namespace {
@@ -16,90 +15,34 @@ namespace {
 constexpr std::int32_t kRed = 0x0000ff;
 constexpr std::int32_t kBlue = 0xff0000;
 
-TEST(RecordingSurface, WritesEachCallDown) {
-  RecordingSurface surface(100.0, 50.0);
-  surface.SetPen(2, kRed);
-  surface.SetPen(0, 0x563412, LineStyle::kDash);
-  surface.SetFill(kBlue);
-  surface.SetFill(std::nullopt);
-  surface.Line({10.0, 20.0}, {30.004, -0.001});
-  const std::vector<SurfacePoint> points = {{1.0, 1.0}, {2.0, 2.5}, {3.0, 1.0}};
-  surface.Polyline(points);
-  surface.Polygon(points);
-  surface.Ring({10.0, 10.0}, 6.0);
-  surface.Ellipse({10.0, 10.0}, 1.0, 6.0);
-  surface.Arc({10.0, 10.0}, 6.0, 90.0, 45.0);
-  TextStyle style;
-  surface.Text({12.0, 14.0}, "Start", 0, style);
-  style = {9, false, "Mono", AlignX::kRight, AlignY::kBaseline, 0xffffff};
-  surface.Text({1.0, 2.0}, "a \"b\"\nc\\", kRed, style);
-  surface.PushClip({0.0, 0.0, 100.0, 50.0});
-  surface.PopClip();
-  EXPECT_EQ(surface.Text(),
-            "pen 2 solid 255,0,0\n"
-            "pen 1 dash 18,52,86\n"
-            "fill 0,0,255\n"
-            "fill none\n"
-            "line 10.00,20.00 30.00,0.00\n"
-            "polyline 1.00,1.00 2.00,2.50 3.00,1.00\n"
-            "polygon 1.00,1.00 2.00,2.50 3.00,1.00\n"
-            "ring 10.00,10.00 r 6.00\n"
-            "ellipse 10.00,10.00 rx 1.00 ry 6.00\n"
-            "arc 10.00,10.00 r 6.00 from 90.00 by 45.00\n"
-            "text 12.00,14.00 left top 12 bold 0,0,0 \"Start\"\n"
-            "text 1.00,2.00 right baseline 9 plain \"Mono\" 255,0,0 on 255,255,255 "
-            "\"a \\\"b\\\"\\nc\\\\\"\n"
-            "clip 0.00,0.00 100.00x50.00\n"
-            "unclip\n");
-}
-
-// What neither form draws.
-template <typename Surface>
-void DrawNothing(Surface& surface) {
-  const double nan = std::numeric_limits<double>::quiet_NaN();
-  const double inf = std::numeric_limits<double>::infinity();
-  const std::vector<SurfacePoint> one = {{1.0, 1.0}};
-  const std::vector<SurfacePoint> bad = {{1.0, 1.0}, {nan, 2.0}, {3.0, 3.0}};
-  surface.Line({nan, 0.0}, {1.0, 1.0});
-  surface.Polyline(one);
-  surface.Polyline(bad);
-  surface.Polygon(bad);
-  surface.Ring({5.0, 5.0}, -1.0);
-  surface.Ring({5.0, 5.0}, inf);
-  surface.Ellipse({inf, 5.0}, 1.0, 1.0);
-  surface.Arc({5.0, 5.0}, 2.0, nan, 10.0);
-  surface.Text({5.0, 5.0}, "", 0, {});
-  surface.Text({5.0, nan}, "x", 0, {});
-  DrawArrow(surface, {2.0, 2.0}, {2.0, 2.0}, 5.0, kRed);
-}
-
 QImage Paper() {
   QImage image(120, 80, QImage::Format_RGB32);
   image.fill(Qt::white);
   return image;
 }
 
-TEST(Surfaces, BadShapesDrawNothing) {
-  RecordingSurface record;
-  DrawNothing(record);
-  EXPECT_EQ(record.Text(), "");
+TEST(QtSurface, BadShapesDrawNothing) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double inf = std::numeric_limits<double>::infinity();
+  const std::vector<SurfacePoint> one = {{1.0, 1.0}};
+  const std::vector<SurfacePoint> bad = {{1.0, 1.0}, {nan, 2.0}, {3.0, 3.0}};
   QImage image = Paper();
   {
     QPainter painter(&image);
     QtSurface surface(painter, image.size());
-    DrawNothing(surface);
+    surface.Line({nan, 0.0}, {1.0, 1.0});
+    surface.Polyline(one);
+    surface.Polyline(bad);
+    surface.Polygon(bad);
+    surface.Ring({5.0, 5.0}, -1.0);
+    surface.Ring({5.0, 5.0}, inf);
+    surface.Ellipse({inf, 5.0}, 1.0, 1.0);
+    surface.Arc({5.0, 5.0}, 2.0, nan, 10.0);
+    surface.Text({5.0, 5.0}, "", 0, {});
+    surface.Text({5.0, nan}, "x", 0, {});
+    DrawArrow(surface, {2.0, 2.0}, {2.0, 2.0}, 5.0, kRed);
   }
   EXPECT_EQ(image, Paper());
-}
-
-TEST(DrawArrow, LineHeadAndHollowAgain) {
-  RecordingSurface surface;
-  DrawArrow(surface, {0.0, 10.0}, {100.0, 10.0}, 10.0, kRed);
-  EXPECT_EQ(surface.Text(),
-            "line 0.00,10.00 100.00,10.00\n"
-            "fill 255,0,0\n"
-            "polygon 100.00,10.00 90.00,14.00 90.00,6.00\n"
-            "fill none\n");
 }
 
 TEST(QtSurface, ShapesStandWhereTheyShould) {
@@ -198,18 +141,52 @@ TEST(QtSurface, TextStandsByItsAlignment) {
   EXPECT_NEAR(middle.bottom(), 39, 1);
 }
 
-TEST(NightColour, InkIsLightPaperDarkNothingBright) {
+// The rim lies about the letters, takes the ground's colour in the look, and stays out of the
+// print.
+TEST(QtSurface, TextHasARim) {
+  QImage image = Paper();
+  image.fill(qRgb(0, 120, 0));
+  QPainter painter(&image);
+  QtSurface surface(painter, image.size());
+  TextStyle style;
+  style.size_pt = 20;
+  style.halo = 0xffffff;
+  surface.Text({20.0, 20.0}, "I", 0, style);
+  int from = -1;
+  int to = -1;
+  for (int x = 0; x < image.width(); ++x) {
+    if (qGray(image.pixel(x, 36)) < 20) (from < 0 ? from : to) = x;
+  }
+  ASSERT_GT(from, 0);
+  EXPECT_GT(qBlue(image.pixel(from - 2, 36)), 150);
+  EXPECT_GT(qBlue(image.pixel(to + 2, 36)), 150);
+  EXPECT_EQ(image.pixel(from - 5, 36), qRgb(0, 120, 0));
+}
+
+TEST(ShownColour, InkIsLightPaperDarkAndNothingAboveTheCeiling) {
   const auto luma = [](std::int32_t colour) {
     return 0.299 * (colour & 0xff) + 0.587 * ((colour >> 8) & 0xff) +
            0.114 * ((colour >> 16) & 0xff);
   };
+  const Look night{true, 100};
   for (const std::int32_t ink : {0x000000, kRed, kBlue, 0x595900, 0xff00ff, 0x008000}) {
-    EXPECT_GT(luma(NightColour(ink)), 60.0) << ink;
-    EXPECT_LT(luma(NightColour(ink)), 200.0) << ink;
+    EXPECT_GT(luma(ShownColour(ink, night)), 60.0) << ink;
+    EXPECT_EQ(ShownColour(ink, {}), ink);
   }
-  EXPECT_LT(luma(NightColour(0xffffff)), 10.0);
+  EXPECT_LT(luma(ShownColour(0xffffff, night)), 10.0);
   // Red stays red.
-  EXPECT_GT(NightColour(kRed) & 0xff, 2 * ((NightColour(kRed) >> 8) & 0xff) - 40);
+  EXPECT_GT(ShownColour(kRed, night) & 0xff, 2 * ((ShownColour(kRed, night) >> 8) & 0xff) - 40);
+  std::mt19937 random(4);
+  for (int i = 0; i < 2000; ++i) {
+    const auto colour = static_cast<std::int32_t>(random() & 0xffffffU);
+    for (const int level : {10, 40, 100}) {
+      for (int shift = 0; shift < 24; shift += 8) {
+        ASSERT_LE((ShownColour(colour, {true, level}) >> shift) & 0xff, 165 * level / 100)
+            << colour;
+        ASSERT_LE((ShownColour(colour, {false, level}) >> shift) & 0xff, 255 * level / 100);
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -3,7 +3,9 @@
 import csv
 import math
 import os
+import re
 import sys
+import unicodedata
 
 import cairo
 from PIL import Image
@@ -42,12 +44,51 @@ PLANS = (
 )
 
 
+# Whether a name is left off the sheets where the program writes it itself:
+# those of the tidal ports and of the sample waypoints. The signs stay but for
+# a port's, which has a mark of the program's own.
+LEAVE_TO_PROGRAM = True
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+
+
 def load_names(number):
-    path = os.path.join(os.path.dirname(os.path.abspath(__file__)),
-                        "names.csv")
-    with open(path, encoding="utf-8") as stream:
+    with open(os.path.join(HERE, "names.csv"), encoding="utf-8") as stream:
         return [row for row in csv.DictReader(stream)
                 if str(number) in row["charts"].split()]
+
+
+def plain(name):
+    """A name as it is compared: no accents, blanks or signs, "st" for saint."""
+    letters = unicodedata.normalize("NFKD", name).lower()
+    return re.sub("[^a-z0-9]", "", letters).replace("saint", "st")
+
+
+def load_program_names():
+    """(name, latitude, longitude) of what the program names on the chart."""
+    with open(os.path.join(HERE, "ports.csv"), encoding="utf-8") as stream:
+        found = [(row["name"], row["latitude"], row["longitude"])
+                 for row in csv.DictReader(stream)]
+    source = os.path.join(HERE, "..", "..", "src", "routes",
+                          "waypoint_sample.cpp")
+    with open(source, encoding="utf-8") as stream:
+        found += re.findall(r'\{"([^"]+)", (-?[\d.]+)F, (-?[\d.]+)F\}',
+                            stream.read())
+    return [(plain(name), float(latitude), float(longitude))
+            for name, latitude, longitude in found]
+
+
+def left_to_program(row, names):
+    """Whether the program names the place of a row: under the same name within
+    six miles, or a buoy within half a mile under whatever name."""
+    latitude, longitude = float(row["latitude"]), float(row["longitude"])
+    for name, lat, lon in names:
+        miles = 60 * math.hypot(lat - latitude, (lon - longitude)
+                                * math.cos(math.radians(latitude)))
+        if miles < (6 if name == plain(row["name"]) else
+                    0.5 if row["kind"] in ("buoy", "vessel") else 0):
+            return True
+    return False
 
 
 # --- signs ------------------------------------------------------------------
@@ -229,12 +270,16 @@ def draw_names(sheet):
                               float(row["angle"]), size * spread, colour,
                               italic=kind != "land", halo=kind != "land")
     draw_diamonds(sheet)
+    others = load_program_names() if LEAVE_TO_PROGRAM else []
     for row in rows:
+        if row["kind"] == "port" and left_to_program(row, others):
+            continue
         if row["kind"] in signs:
             draw_sign(sheet, row["kind"], *sign_point(sheet, row))
     order = {"isle": 0, "port": 1, "light": 2, "vessel": 3, "buoy": 4,
              "head": 5}
-    placed = sorted((row for row in rows if row["kind"] in order),
+    placed = sorted((row for row in rows if row["kind"] in order
+                     and not left_to_program(row, others)),
                     key=lambda row: (-float(row["size"]), order[row["kind"]]))
     return [row["name"] for row in placed if not place_name(sheet, row)]
 

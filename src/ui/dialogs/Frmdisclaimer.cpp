@@ -34,8 +34,8 @@ class Banner final : public QWidget {
     sky.setColorAt(0, theme.night ? theme.button : QColor(0x0d, 0x2b, 0x4e));
     sky.setColorAt(1, theme.night ? theme.base : QColor(0x1f, 0x6a, 0xa5));
     painter.fillRect(rect(), sky);
-    PaintTide(painter, 0.62, 9.0, theme.night ? theme.border : QColor(255, 255, 255, 60));
-    PaintTide(painter, 0.74, 7.0, theme.night ? theme.accent : QColor(255, 255, 255, 100));
+    PaintTide(painter, 0.87, 4.5, theme.night ? theme.border : QColor(255, 255, 255, 60));
+    PaintTide(painter, 0.93, 3.5, theme.night ? theme.accent : QColor(255, 255, 255, 100));
     painter.setPen(theme.night ? theme.text : QColor(Qt::white));
     QFont title = font();
     title.setPointSizeF(title.pointSizeF() * 1.9);

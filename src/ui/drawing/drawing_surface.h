@@ -39,10 +39,11 @@ enum class AlignY { kTop, kMiddle, kBaseline, kBottom };
 struct TextStyle {
   int size_pt = 12;
   bool bold = true;
-  std::string family;  // empty: the desktop's own
+  std::string family;  // empty: the chart's own, Arial or what has its widths
   AlignX align_x = AlignX::kLeft;
   AlignY align_y = AlignY::kTop;
   std::optional<std::int32_t> background;  // nothing: what is behind shows through
+  std::optional<std::int32_t> halo;        // a rim about the letters
 };
 
 // The surface. Colours are those of the records: red in the lowest byte, then green, then blue.
@@ -90,9 +91,5 @@ void DrawArrow(DrawingSurface& surface, SurfacePoint from, SurfacePoint to, doub
 
 // An upright cross with arms of `arm` pixels.
 void DrawCross(DrawingSurface& surface, SurfacePoint centre, double arm);
-
-// The colour that stands for `colour` in the night view: dark colours turn light, light ones dark,
-// the hue stays, and nothing gets bright.
-std::int32_t NightColour(std::int32_t colour);
 
 }  // namespace skerrow

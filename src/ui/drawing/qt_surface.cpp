@@ -1,10 +1,10 @@
 #include "ui/drawing/qt_surface.h"
 
-#include <QFont>
 #include <QFontMetricsF>
+#include <QImage>
+#include <QPaintEngine>
 #include <QPolygonF>
 #include <QString>
-#include <QStringList>
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -23,11 +23,13 @@ QString ToQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QFont FontOf(const TextStyle& style, const QFont& base) {
-  QFont font = style.family.empty() ? base : QFont(QString::fromStdString(style.family));
-  font.setPointSize(std::max(style.size_pt, 1));
-  font.setWeight(style.bold ? QFont::Bold : QFont::Normal);
-  return font;
+// Whether a painter works on pixels of the density that texts are laid out for, upright and
+// unscaled.
+bool OnScreen(const QPainter& painter) {
+  static const int density = QImage(1, 1, QImage::Format_RGB32).logicalDpiY();
+  return painter.paintEngine()->type() == QPaintEngine::Raster &&
+         painter.device()->logicalDpiY() == density &&
+         painter.transform().type() <= QTransform::TxTranslate;
 }
 
 // Cuts the segment a..b to `rect`; false when nothing of it is left.
@@ -57,8 +59,19 @@ bool CutToRect(const QRectF& rect, SurfacePoint& a, SurfacePoint& b) {
 
 }  // namespace
 
-QtSurface::QtSurface(QPainter& painter, QSizeF size, bool night)
-    : painter_(painter), size_(size), night_(night) {
+QColor Dimmed(const QColor& colour, const Look& look) {
+  const int share = std::clamp(look.brightness, 10, 100);
+  return QColor(colour.red() * share / 100, colour.green() * share / 100,
+                colour.blue() * share / 100);
+}
+
+QtSurface::QtSurface(QPainter& painter, QSizeF size, Look look, TextPictures* texts)
+    : painter_(painter),
+      size_(size),
+      look_(look),
+      screen_(OnScreen(painter)),
+      ratio_(painter.device()->devicePixelRatioF()),
+      texts_(texts != nullptr ? *texts : own_texts_) {
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
   pen_.setCapStyle(Qt::RoundCap);
@@ -75,7 +88,7 @@ QtSurface::~QtSurface() {
 SurfaceRect QtSurface::Bounds() const { return {0.0, 0.0, size_.width(), size_.height()}; }
 
 QColor QtSurface::Colour(std::int32_t colour) const {
-  const std::int32_t shown = night_ ? NightColour(colour) : colour;
+  const std::int32_t shown = ShownColour(colour, look_);
   return QColor(shown & 0xff, (shown >> 8) & 0xff, (shown >> 16) & 0xff);
 }
 
@@ -188,41 +201,41 @@ void QtSurface::Arc(SurfacePoint centre, double radius, double start_deg, double
 }
 
 SurfaceRect QtSurface::TextExtent(std::string_view text, const TextStyle& style) const {
-  const QFontMetricsF metrics(FontOf(style, painter_.font()), painter_.device());
-  const QStringList rows = ToQString(text).split(QLatin1Char('\n'));
-  double width = 0.0;
-  for (const QString& row : rows) width = std::max(width, metrics.horizontalAdvance(row));
-  return {0.0, 0.0, width,
-          metrics.height() + metrics.lineSpacing() * static_cast<double>(rows.size() - 1)};
+  const QSizeF room =
+      screen_ ? texts_.Extent(text, style)
+              : TextRoom(ToQString(text), QFontMetricsF(FontOf(style), painter_.device()));
+  return {0.0, 0.0, room.width(), room.height()};
 }
 
 void QtSurface::Text(SurfacePoint at, std::string_view text, std::int32_t colour,
                      const TextStyle& style) {
   if (!Finite(at) || text.empty()) return;
   const SurfaceRect extent = TextExtent(text, style);
-  const QFont base = painter_.font();
-  const QFont font = FontOf(style, base);
-  const QFontMetricsF metrics(font, painter_.device());
   const double across = style.align_x == AlignX::kLeft     ? 0.0
                         : style.align_x == AlignX::kCentre ? 0.5
                                                            : 1.0;
-  const double down = style.align_y == AlignY::kTop        ? 0.0
-                      : style.align_y == AlignY::kMiddle   ? extent.height / 2.0
-                      : style.align_y == AlignY::kBaseline ? metrics.ascent()
-                                                           : extent.height;
+  double down = style.align_y == AlignY::kTop      ? 0.0
+                : style.align_y == AlignY::kMiddle ? extent.height / 2.0
+                                                   : extent.height;
+  if (style.align_y == AlignY::kBaseline) {
+    down = QFontMetricsF(FontOf(style), painter_.device()).ascent();
+  }
   const QRectF box(at.x - across * extent.width, at.y - down, extent.width, extent.height);
   if (!box.intersects(QRectF(QPointF(0.0, 0.0), size_))) return;
   if (style.background) painter_.fillRect(box, Colour(*style.background));
-  painter_.setFont(font);
-  painter_.setPen(Colour(colour));
-  double baseline = box.top() + metrics.ascent();
-  for (const QString& row : ToQString(text).split(QLatin1Char('\n'))) {
-    const double spare = extent.width - metrics.horizontalAdvance(row);
-    painter_.drawText(QPointF(box.left() + across * spare, baseline), row);
-    baseline += metrics.lineSpacing();
+  const QColor rim = style.halo ? Colour(*style.halo) : QColor();
+  if (screen_) {
+    const QImage& picture = texts_.Picture(text, style, Colour(colour), rim, ratio_);
+    const auto whole = [this](double place) {
+      return std::round((place - TextPictures::kBorder) * ratio_) / ratio_;
+    };
+    painter_.drawImage(QPointF(whole(box.left()), whole(box.top())), picture);
+    return;
   }
-  painter_.setFont(base);
-  painter_.setPen(pen_);
+  painter_.save();
+  painter_.setFont(FontOf(style));
+  WriteText(painter_, box, ToQString(text), style.align_x, Colour(colour), rim);
+  painter_.restore();
 }
 
 void QtSurface::PushClip(SurfaceRect rect) {

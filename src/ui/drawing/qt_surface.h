@@ -6,16 +6,21 @@
 #include <QSizeF>
 
 #include "ui/drawing/drawing_surface.h"
+#include "ui/drawing/look.h"
+#include "ui/drawing/text_pictures.h"
 
 namespace skerrow {
+
+// A colour at the brightness of a look.
+QColor Dimmed(const QColor& colour, const Look& look);
 
 // The surface over a painter: a widget, a picture or a printed page. The painter's state comes
 // back at the end of the object's life.
 class QtSurface final : public DrawingSurface {
  public:
-  // `size` is that of the surface in the painter's coordinates. With `night` all colours pass
-  // through NightColour.
-  QtSurface(QPainter& painter, QSizeF size, bool night = false);
+  // `size` is that of the surface in the painter's coordinates. All colours pass through
+  // ShownColour. Texts are kept in `texts` from one surface to the next; null: for this one only.
+  QtSurface(QPainter& painter, QSizeF size, Look look = {}, TextPictures* texts = nullptr);
   ~QtSurface() override;
   QtSurface(const QtSurface&) = delete;
   QtSurface& operator=(const QtSurface&) = delete;
@@ -45,7 +50,12 @@ class QtSurface final : public DrawingSurface {
 
   QPainter& painter_;
   QSizeF size_;
-  bool night_;
+  Look look_;
+  // Whether texts can be copied from pictures, and the screen pixels in one of the surface's.
+  bool screen_;
+  double ratio_;
+  mutable TextPictures own_texts_;
+  TextPictures& texts_;
   QPen pen_;
   QBrush fill_;
   QRectF reach_;  // what a line must touch to be seen

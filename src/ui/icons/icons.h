@@ -7,9 +7,13 @@
 namespace skerrow {
 
 // The icon of a name, such as "zoomin"; names are those of the files in svg/. It is drawn from its
-// lines at whatever size and density it is asked for, light on dark with `night`, and faint when
-// its button is disabled. An unknown name gives the null icon.
-QIcon Icon(const QString& name, bool night = false);
+// lines at whatever size and density it is asked for: dark by day, in the reds of the night view
+// with `night`, at a brightness of 10 to 100 percent; faint when its button is disabled; light in
+// the chosen row of a menu (QIcon::Active). An unknown name gives the null icon.
+QIcon Icon(const QString& name, bool night = false, int brightness = 100);
+
+// The program's own icon for windows and the task bar, sharp at every size.
+QIcon ApplicationIcon();
 
 // All names, sorted.
 QStringList IconNames();

@@ -9,6 +9,7 @@ namespace skerrow {
 
 void ChartMouse::Move(Position place, MouseButtons buttons) {
   view_.cursor = place;
+  view_.dividers_fresh = false;
   if (!buttons.left && !buttons.right && !view_.dividers_on) host_.ShowCursorReadout();
   if (view_.snap_to_waypoint) FollowSnap();
   if (view_.route_drag_on) {
@@ -90,7 +91,10 @@ bool ChartMouse::Release() {
     host_.RouteEdited("Drag Route Point", *std::exchange(before_drag_, std::nullopt));
   }
   view_.drag_armed = false;
-  if (view_.marked_kind == MarkedKind::kWaypoint) view_.marked_point_on = false;
+  if (view_.marked_kind == MarkedKind::kWaypoint) {
+    view_.marked_point_on = false;
+    host_.WaypointMoved();
+  }
   view_.marked_kind = MarkedKind::kNothing;
   host_.ModeChanged();
   return true;

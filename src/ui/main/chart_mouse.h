@@ -27,6 +27,8 @@ class ChartMouseHost {
   virtual void RouteMoving() = 0;
   // The edit `name` of the route, which was `before`, is complete.
   virtual void RouteEdited(const char* name, RouteState before) = 0;
+  // A waypoint of the table has been dragged to another place.
+  virtual void WaypointMoved() = 0;
   // A click in the waypoint mode: asks for a name and lays the waypoint, or leaves the mode.
   virtual void EnterWaypoint(Position place) = 0;
 };

@@ -5,16 +5,22 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QPainter>
-#include <QPushButton>
+#include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
-#include <QVBoxLayout>
 
+#include "app/edits.h"
+#include "app/timers.h"
+#include "core/files.h"
+#include "core/text.h"
 #include "platform/settings_store.h"
-#include "ui/forms/route_forms.h"
+#include "routes/route_rows.h"
+#include "ui/dialogs/frmrouteinfo.h"
 #include "ui/icons/icons.h"
 #include "ui/main/readout.h"
+#include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
+#include "ui/routes/frmLoadWay.h"
 #include "ui/routes/leaving.h"
 #include "ui/widgets/qt_text.h"
 #include "ui/widgets/theme.h"
@@ -24,7 +30,8 @@ namespace {
 
 constexpr int kFloatMargin = 12;
 constexpr int kOverviewSide = 190;
-constexpr int kKeepViewDelay = 500;  // ms
+constexpr int kTellTime = 15 * 1000;  // ms that a line stands in the status bar
+constexpr int kLinesOfALeg = 4;       // rows of the route list
 
 // A line of text that ends in an ellipsis where the room does.
 class ElidedLabel final : public QLabel {
@@ -40,16 +47,50 @@ class ElidedLabel final : public QLabel {
   }
 };
 
+// A list of the toolbar that gives the keyboard back to the chart when it has been used, and whose
+// drop-down is as wide as its rows where the screen has room.
+class ToolbarCombo final : public QComboBox {
+ public:
+  ToolbarCombo(QWidget* back_to, QWidget* parent) : QComboBox(parent), back_to_(back_to) {}
+
+  void showPopup() override {
+    int widest = width();
+    for (int row = 0; row < count(); ++row) {
+      widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(row)) + 48);
+    }
+    const int room = screen() != nullptr ? screen()->availableGeometry().width() - 16 : widest;
+    view()->setMinimumWidth(std::min(widest, room));
+    QComboBox::showPopup();
+    open_ = true;
+    // The drop-down opens at the left edge of the box, which may leave it over the screen's edge.
+    QWidget* popup = view()->window();
+    if (screen() != nullptr && popup != window()) {
+      const QRect all = screen()->availableGeometry();
+      QPoint at = popup->pos();
+      at.setX(std::max(all.left(), std::min(at.x(), all.right() - popup->width())));
+      popup->move(at);
+    }
+  }
+  void hidePopup() override {
+    QComboBox::hidePopup();
+    if (std::exchange(open_, false) && back_to_ != nullptr) back_to_->setFocus();
+  }
+
+ private:
+  QPointer<QWidget> back_to_;
+  bool open_ = false;
+};
+
 }  // namespace
 
 // The progress bar of the status bar. Each step serves events, so that the window answers; Esc
 // stops the work at its next step.
 class FrmChart::ProgressOnBar final : public Progress {
  public:
-  explicit ProgressOnBar(FrmChart& window) : window_(window) {
+  explicit ProgressOnBar(FrmChart& window) : window_(window), was_busy_(window.view_.busy) {
     window_.progress_->setValue(0);
     window_.progress_->show();
-    window_.busy_ = true;
+    window_.view_.busy = true;
     stop_ = new QAction(&window_);
     stop_->setShortcut(Qt::Key_Escape);
     window_.addAction(stop_);
@@ -57,7 +98,7 @@ class FrmChart::ProgressOnBar final : public Progress {
   }
   ~ProgressOnBar() override {
     window_.progress_->hide();
-    window_.busy_ = false;
+    window_.view_.busy = was_busy_;
     delete stop_;
   }
   bool Step(double percent) override {
@@ -69,22 +110,32 @@ class FrmChart::ProgressOnBar final : public Progress {
  private:
   FrmChart& window_;
   QAction* stop_;
+  bool was_busy_;
   bool cancelled_ = false;
 };
 
 FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings,
                    Clipboard& clipboard)
-    : desktop_{program, messages, settings, clipboard, *this, view_},
-      mouse_(program, view_, messages, *this),
-      viewer_(new ChartViewer(this)) {
+    : viewer_(new ChartViewer(this)),
+      desktop_{program, messages, settings, clipboard, *this, view_},
+      chart_(desktop_, *viewer_, *this),
+      time_(desktop_, *viewer_, chart_, *this),
+      mob_(desktop_),
+      look_(desktop_, *viewer_),
+      route_(desktop_, *viewer_, chart_, time_, mob_, *this),
+      events_(desktop_, *viewer_, chart_, route_, mob_),
+      context_{desktop_, program, messages, view_, *this, *viewer_,
+               chart_,   route_,  time_,    mob_,  look_, events_.mouse()} {
   setObjectName("frmChart");
   setWindowTitle(kProgramName);
   viewer_->setObjectName("oGdViewer");
   viewer_->setFocusPolicy(Qt::StrongFocus);
   viewer_->setAccessibleName("Chart");
   setCentralWidget(viewer_);
-  viewer_->SetEvents(this);
-  viewer_->SetOverlayPainter([this](DrawingSurface& surface) { PaintOverlays(surface); });
+  viewer_->SetEvents(&events_);
+  viewer_->SetOverlayPainter(
+      [this](DrawingSurface& surface, const ViewGeometry& area) { PaintOverlays(surface, area); });
+  viewer_->SetLivePainter([this](DrawingSurface& surface) { PaintLive(surface); });
   viewer_->SetPointer(Qt::CrossCursor);
   if (const QScreen* primary = QGuiApplication::primaryScreen()) {
     view_.display_height = primary->size().height();
@@ -94,34 +145,13 @@ FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings
   MakeToolbars();
   MakeReadouts();
   MakeStatusBar();
-  // The view is kept as it changes, but not for each step of a drag.
-  keep_view_timer_.setSingleShot(true);
-  keep_view_timer_.setInterval(kKeepViewDelay);
-  connect(&keep_view_timer_, &QTimer::timeout, this, [this] {
-    if (!busy_) SaveView();
-  });
-  connect(viewer_, &ChartViewer::ViewChanged, this, [this] {
-    overview_->update();
-    keep_view_timer_.start();
-  });
-  connect(viewer_, &ChartViewer::SelectionMade, this, [this] {
-    viewer_->ZoomToSelection();
-    ToggleRectangle();
-  });
-  timer1_.setInterval(kTimer1Interval);
-  connect(&timer1_, &QTimer::timeout, this, [this] {
-    if (busy_) return;
-    const float hours = this->program().selected_time.hours;
-    Timer1Tick(this->program(), false, *this);
-    if (hours != this->program().selected_time.hours) UpdateCaption();
-  });
-  animate_timer_.setInterval(kAnimateInterval);
-  connect(&animate_timer_, &QTimer::timeout, this, [this] {
-    if (busy_) return;
-    if (!AnimateTick(this->program(), *this)) animate_timer_.stop();
-    UpdateCaption();
-    UpdateActions();
-  });
+  connect(viewer_, &ChartViewer::ViewChanged, overview_, qOverload<>(&QWidget::update));
+  connect(&events_, &ChartEvents::CursorMoved, this, [this] { ShowReadout(); });
+  connect(&events_, &ChartEvents::MenuWanted, this, [this](QPoint at) { ShowPopUp(at); });
+  connect(&events_, &ChartEvents::CommandWanted, this,
+          [this](const QString& name) { RunCommand(name.toStdString()); });
+  connect(&look_, &LookController::LookChanged, this, [this] { FollowLook(); });
+  connect(&time_, &TimeController::Second, this, [this] { ShowMob(); });
   resize(1240, 800);
 }
 
@@ -134,7 +164,7 @@ QAction* FrmChart::action(std::string_view name) const {
 
 void FrmChart::RunCommand(std::string_view name) {
   QAction* found = action(name);
-  if (found != nullptr && found->isEnabled() && !busy_) found->trigger();
+  if (found != nullptr && found->isEnabled() && !view_.busy) found->trigger();
 }
 
 void FrmChart::MakeActions() {
@@ -149,8 +179,10 @@ void FrmChart::MakeActions() {
     made->setStatusTip(tip);
     if (command->checked != nullptr) made->setCheckable(true);
     connect(made, &QAction::triggered, this, [this, command] {
-      if (command->run != nullptr && !busy_) command->run(*this);
-      UpdateActions();
+      if (command->run != nullptr && !view_.busy) command->run(context_);
+      Changed(0);
+      // The chart has the keyboard again, whatever was clicked.
+      if (isActiveWindow()) viewer_->setFocus();
     });
     actions_.emplace(command->name, made);
   }
@@ -158,7 +190,8 @@ void FrmChart::MakeActions() {
   action("mnuUndo")->setShortcut(QKeySequence::Undo);
   action("mnuRedo")->setShortcut(QKeySequence("Ctrl+Shift+Z"));
   action("mnuLoadExistRoute")->setShortcut(QKeySequence::Open);
-  action("mnuRouteSave")->setShortcut(QKeySequence::Save);
+  action("mnuSaveRoute")->setShortcut(QKeySequence::Save);
+  action("mnuSaveCurrentRoute")->setShortcut(QKeySequence("Ctrl+Shift+S"));
   action("mnuexit")->setShortcut(QKeySequence::Quit);
   action("mnuHelpManual")->setShortcut(QKeySequence::HelpContents);
 }
@@ -194,7 +227,9 @@ void FrmChart::MakeMenus() {
   pop_up_ = new QMenu(this);
   pop_up_->setObjectName("mnuPopUP");
   FillMenu(PopUpRows(), pop_up_);
-  named_menus_.at("mnuTools")->menuAction()->setVisible(false);
+  for (const char* hidden : {"mnuTools", "mnuPosition", "mnuExportDiskFiles", "mnuTextFromDisk"}) {
+    named_menus_.at(hidden)->menuAction()->setVisible(false);
+  }
 }
 
 void FrmChart::MakeToolbars() {
@@ -217,24 +252,23 @@ void FrmChart::MakeToolbars() {
   toolbar_ = fill("tbToolBar", "Program", ToolbarRows());
   addToolBarBreak();
   view_toolbar_ = fill("tbToolBarView", "Chart", ViewToolbarRows());
-  auto* spacer = new QWidget(this);
-  spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-  view_toolbar_->addWidget(spacer);
-  route_combo_ = new QComboBox(this);
+  route_details_ = new QToolButton(this);
+  route_details_->setObjectName("lblRouteDetails");
+  route_details_->setText("Route Details");
+  route_details_->setToolTip("The report of the last calculation");
+  route_details_->setFocusPolicy(Qt::NoFocus);
+  connect(route_details_, &QToolButton::clicked, this,
+          [this] { FrmRouteInfo(desktop_, this).exec(); });
+  route_combo_ = new ToolbarCombo(viewer_, this);
   route_combo_->setObjectName("cmbRoute");
   route_combo_->setToolTip("The legs of the route, or of the last calculation");
+  route_combo_->setAccessibleName("Legs of the route");
   route_combo_->setMinimumWidth(260);
+  route_combo_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   route_combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  route_combo_->view()->setMinimumWidth(520);
-  route_combo_place_ = view_toolbar_->addWidget(route_combo_);
-  RefreshIcons();
-}
-
-void FrmChart::RefreshIcons() {
-  for (const Command* command : AllCommands()) {
-    if (!command->icon.empty())
-      action(command->name)->setIcon(Icon(ToQt(command->icon), view_.night));
-  }
+  connect(route_combo_, &QComboBox::activated, this, [this] { viewer_->setFocus(); });
+  route_list_places_ = {view_toolbar_->addWidget(route_details_),
+                        view_toolbar_->addWidget(route_combo_)};
 }
 
 void FrmChart::MakeReadouts() {
@@ -248,7 +282,15 @@ void FrmChart::MakeReadouts() {
   };
   readout_ = label("Picture1");
   dividers_ = label("txtDividers");
+  quiet_line_ = label("lblQuietLine");
   mob_label_ = label("lblMOB");
+  // A double click on it opens the prediction of the drift.
+  mob_label_->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+  mob_label_->installEventFilter(this);
+  QFont large = mob_label_->font();
+  large.setPointSizeF(large.pointSizeF() * 1.9);
+  large.setBold(true);
+  mob_label_->setFont(large);
   overview_ = new ChartOverview(*viewer_, viewer_->viewport());
   overview_->setObjectName("Gdviewer2");
   overview_->setToolTip("The whole chart; click or drag to move the view");
@@ -276,11 +318,7 @@ void FrmChart::MakeStatusBar() {
 }
 
 void FrmChart::Start() {
-  recent_ = ReadRecentFiles(desktop_.settings, kMaxRecentCharts);
-  FillRecentMenu();
-  SetNight(false);
-  toolbar_->setVisible(program().config.toolbar_visible != 0);
-  view_toolbar_->setVisible(program().config.toolbar_visible != 0);
+  look_.Start();
   const QByteArray geometry =
       QByteArray::fromHex(QByteArray::fromStdString(desktop_.settings.Get("Windows", "frmChart")));
   if (geometry.isEmpty() || !restoreGeometry(geometry)) {
@@ -289,28 +327,50 @@ void FrmChart::Start() {
       resize(std::min(1360, room.width() * 9 / 10), std::min(880, room.height() * 9 / 10));
     }
   }
-  desktop_.settings.Set("Software/Skerrow", "InstallPath", FolderOf(program().folders.program));
-  DrawChart();
+  desktop_.settings.Set("Software/Skerrow", "InstallPath",
+                        FolderOf(desktop_.program.folders.program));
+  chart_.Start();
   view_.mouse_mode = MouseMode::kRouteCreation;
   Changed(kAllChanged);
-  timer1_.start();
+  time_.Start();
   viewer_->setFocus();
   OfferRecovery(desktop_, this);
 }
 
+void FrmChart::OpenFile(const std::string& path) {
+  const std::string kind = ToLowerAscii(path.substr(std::min(path.size(), path.rfind('.'))));
+  if (kind == ".rte") {
+    route_.LoadFile(path);
+  } else if (kind == ".way") {
+    route_.WithWaypoints([&] {
+      const Status opened = OpenWaypointFile(desktop_, path);
+      if (!opened) {
+        desktop_.messages.Show(opened.error().Text(), MessageIcon::kWarning, kProgramTitle);
+      }
+    });
+  } else if (kind == ".cht" || kind == ".l55") {
+    chart_.OpenStored(path.substr(0, path.rfind('.')) + ".cht");
+  } else {
+    desktop_.messages.Show(path + ": this is no route, waypoint or chart file",
+                           MessageIcon::kWarning, kProgramTitle);
+  }
+  Changed(kAllChanged);
+}
+
 std::uint32_t FrmChart::NeedsMet() const {
-  const Program& p = program();
+  const Program& p = desktop_.program;
   const std::size_t points = p.route.points.size();
   std::uint32_t met = 0;
   if (points >= 1) met |= kNeedsPoint;
   if (points >= 2) met |= kNeedsRoute;
   if (points >= 3) met |= kNeedsThreePoints;
   if (!p.passage.route_track.empty()) met |= kNeedsTrack;
-  if (program().edits.history.CanUndo()) met |= kNeedsUndo;
-  if (program().edits.history.CanRedo()) met |= kNeedsRedo;
+  if (p.edits.history.CanUndo()) met |= kNeedsUndo;
+  if (p.edits.history.CanRedo()) met |= kNeedsRedo;
   if (p.config.show_streams == 1.0F) met |= kNeedsStreams;
   if (view_.tools_shown) met |= kNeedsTools;
-  if (program().mob.on) met |= kNeedsMob;
+  if (p.mob.on) met |= kNeedsMob;
+  if (chart_.HasPlaces()) met |= kNeedsPlaces;
   return met;
 }
 
@@ -318,17 +378,22 @@ void FrmChart::UpdateActions() {
   const std::uint32_t met = NeedsMet();
   for (const Command* command : AllCommands()) {
     QAction* known = action(command->name);
-    known->setEnabled(command->run != nullptr && (command->needs & ~met) == 0);
-    if (command->checked != nullptr) known->setChecked(command->checked(*this));
-    if (command->shown != nullptr) known->setVisible(command->shown(*this));
+    if (met != needs_shown_) {
+      known->setEnabled(command->run != nullptr && (command->needs & ~met) == 0);
+    }
+    if (command->checked != nullptr) known->setChecked(command->checked(context_));
+    if (command->shown != nullptr) known->setVisible(command->shown(context_));
   }
+  needs_shown_ = met;
   const auto named = [](const std::string& edit, const char* verb) {
     return edit.empty() ? QString(verb) : QString(verb) + " " + ToQt(edit);
   };
-  action("mnuUndo")->setText(named(program().edits.history.UndoName(), "&Undo"));
-  action("mnuRedo")->setText(named(program().edits.history.RedoName(), "&Redo"));
+  const RouteHistory& history = desktop_.program.edits.history;
+  action("mnuUndo")->setText(named(history.UndoName(), "&Undo"));
+  action("mnuRedo")->setText(named(history.RedoName(), "&Redo"));
+  action("tbMob")->setText(ToQt(mob_.MenuText()));
   named_menus_.at("mnuTools")->menuAction()->setVisible(view_.tools_shown);
-  const bool one_input = program().config.gps_through_ais != 0;
+  const bool one_input = desktop_.program.config.gps_through_ais != 0;
   named_menus_.at("mnuGPS")->menuAction()->setVisible(!one_input);
   named_menus_.at("mnuAIS")->setTitle(one_input ? "&AIS/GPS" : "&AIS");
   action("mnuAISEnable")->setToolTip(one_input ? "Enable GPS/AIS reception" : "AIS Enable");
@@ -336,111 +401,215 @@ void FrmChart::UpdateActions() {
 
 void FrmChart::FillRecentMenu() {
   QMenu* menu = named_menus_.at("mnuRecent");
+  const std::vector<std::string>& recent = chart_.recent();
   menu->clear();
-  for (const std::string& path : recent_) {
+  for (const std::string& path : recent) {
     QAction* entry = menu->addAction(ToQt(path));
     entry->setObjectName("mnuMRU");
-    connect(entry, &QAction::triggered, this, [this, path] { OpenRecentChart(path); });
+    connect(entry, &QAction::triggered, this, [this, path] { chart_.OpenStored(path); });
   }
-  menu->menuAction()->setVisible(!recent_.empty());
+  menu->menuAction()->setVisible(!recent.empty());
 }
 
-void FrmChart::Repaint() { viewer_->Redraw(); }
-
 void FrmChart::UpdateCaption() {
-  if (program().replay_active) return;
-  const RouteState& route = program().route;
-  const bool listed = !route.points.empty() && SameRoute(route, listed_route_);
-  setWindowTitle(
-      ToQt(CaptionText(program(), listed ? ListedRouteText(route) : RouteStatusText(route))));
+  const Program& program = desktop_.program;
+  if (program.replay_active) return;
+  const RouteState& route = program.route;
+  std::string tail = route_.Listed() ? ListedRouteText(route) : RouteStatusText(route);
+  if (!route.points.empty()) tail += RouteNameText(program);
+  setWindowTitle(ToQt(CaptionText(program, tail)));
 }
 
 void FrmChart::UpdateStatusBar() {
-  const std::array<std::string, 5> texts = StatusPanels(program(), view_, eta_);
+  const std::array<std::string, 5> texts = StatusPanels(desktop_.program, view_);
   for (std::size_t i = 0; i < panels_.size(); ++i) {
     panels_[i]->setText(ToQt(texts[i]));
     panels_[i]->setToolTip(ToQt(texts[i]));
   }
+  // A line that is longer than its share takes room from panels that have it to spare.
+  constexpr int kShares[] = {30, 25, 15, 10, 20};
+  const int room = statusBar()->width();
+  for (std::size_t i = 0; i < panels_.size(); ++i) {
+    const int wanted = panels_[i]->fontMetrics().horizontalAdvance(panels_[i]->text()) + 16;
+    panels_[i]->setMinimumWidth(wanted > room * kShares[i] / 100 ? std::min(wanted, room * 2 / 5)
+                                                                 : 0);
+  }
 }
 
 void FrmChart::UpdateRouteCombo() {
-  const PassageState& passage = program().passage;
+  const Program& program = desktop_.program;
+  const PassageState& passage = program.passage;
   const bool calculated = passage.calc_mode == 1 && !passage.route_combo.empty();
   const std::vector<std::string> rows =
-      calculated ? passage.route_combo : RouteComboRows(program().route);
+      calculated ? passage.route_combo : RouteComboRows(program.route);
+  QStringList texts;
+  for (const std::string& row : rows) texts << ToQt(row);
   route_combo_->clear();
-  for (const std::string& row : rows) route_combo_->addItem(ToQt(row));
-  route_combo_place_->setVisible(!rows.empty());
-  if (calculated) route_combo_->setToolTip(ToQt(passage.route_combo_text));
+  route_combo_->addItems(texts);
+  if (!calculated && program.route.selected_leg > 0) {
+    route_combo_->setCurrentIndex((program.route.selected_leg - 1) * kLinesOfALeg);
+  }
+  for (QAction* place : route_list_places_) place->setVisible(!rows.empty());
+  route_details_->setEnabled(!passage.result_lines.empty());
+  if (calculated) {
+    route_combo_->setToolTip(ToQt(passage.route_combo_text));
+    route_details_->setToolTip(ToQt(passage.route_summary_text));
+  }
 }
 
 void FrmChart::Changed(std::uint32_t what) {
-  if (program().passage.route_track.empty()) {
+  const Program& program = desktop_.program;
+  if (program.passage.route_track.empty() && (what & kRouteChanged) != 0) {
     // What ran along the track goes with it.
     view_.calculation_on_show = false;
-    DropAnimation();
+    time_.DropAnimation();
   }
   UpdateActions();
+  if (what == 0) return;
   if ((what & kRouteChanged) != 0) UpdateRouteCombo();
-  UpdateStatusBar();
-  UpdateCaption();
+  if ((what & kSettingsChanged) != 0) {
+    FillRecentMenu();
+    const bool visible = program.config.toolbar_visible != 0;
+    toolbar_->setVisible(visible);
+    view_toolbar_->setVisible(visible);
+  }
+  if (what != kTargetsChanged) {
+    UpdateStatusBar();
+    UpdateCaption();
+  }
   ShowReadout();
-  Repaint();
+  ShowMob();
+  PlaceFloats();
+  viewer_->Redraw();
 }
 
 std::unique_ptr<Progress> FrmChart::StartProgress(const char*) {
   return std::make_unique<ProgressOnBar>(*this);
 }
 
-void FrmChart::ServeEvents() { QCoreApplication::processEvents(); }
+void FrmChart::Tell(std::string_view text) { statusBar()->showMessage(ToQt(text), kTellTime); }
+
+void FrmChart::PaintLive(DrawingSurface& surface) {
+  if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
+  const Program& program = desktop_.program;
+  DrawLiveOverlays(surface,
+                   MakeOverlayView(program.charts.chart, viewer_->geometry(), viewer_->geometry(),
+                                   program.config.text_size),
+                   program, view_);
+}
+
+void FrmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) {
+  if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
+  const Program& program = desktop_.program;
+  const OverlayView seen =
+      MakeOverlayView(program.charts.chart, viewer_->geometry(), area, program.config.text_size);
+  DrawOverlays(surface, seen, program, view_);
+  std::string line = Trim(MobLabelText(seen, program.mob));
+  std::erase(line, '\n');
+  if (line == mob_shown_line_) return;
+  mob_shown_line_ = line;
+  QMetaObject::invokeMethod(
+      this, [this] { ShowMob(); }, Qt::QueuedConnection);
+}
 
 void FrmChart::ShowReadout() {
   // Before the mouse has been over the chart there is no cursor to tell of.
-  const bool on_chart = viewer_->image_height() > 0 && view_.cursor != Position{};
+  const bool on_chart = chart_.HasPlaces() && view_.cursor != Position{};
   readout_->setVisible(on_chart);
-  if (!on_chart) return;
-  QStringList rows;
-  for (const std::string& row : CursorReadout(view_, LatToText3(view_.cursor.latitude),
-                                              LongToText3(view_.cursor.longitude))) {
-    rows << ToQt(row);
+  if (on_chart) {
+    QStringList rows;
+    for (const std::string& row : CursorReadout(view_, LatToText3(view_.cursor.latitude),
+                                                LongToText3(view_.cursor.longitude))) {
+      rows << ToQt(row);
+    }
+    readout_->setText(rows.join('\n'));
+    readout_->adjustSize();
   }
-  readout_->setText(rows.join('\n'));
-  PlaceFloats();
-}
-
-void FrmChart::ShowEta(const std::string& text) {
-  eta_ = text;
-  UpdateStatusBar();
-}
-
-void FrmChart::ShowDividersText() {
   dividers_->setVisible(view_.dividers_on);
-  if (!view_.dividers_on) return;
-  dividers_->setText(ToQt(DividersText(view_)));
-  dividers_->adjustSize();
-  const QPoint cursor = viewer_->viewport()->mapFromGlobal(QCursor::pos());
-  QPoint at = cursor + QPoint(18, 18);
-  const QSize room = viewer_->viewport()->size();
-  at.setX(std::clamp(at.x(), 0, std::max(0, room.width() - dividers_->width())));
-  at.setY(std::clamp(at.y(), 0, std::max(0, room.height() - dividers_->height())));
-  dividers_->move(at);
+  if (view_.dividers_on) {
+    dividers_->setText(ToQt(DividersText(view_)));
+    dividers_->adjustSize();
+    const QPoint cursor = viewer_->viewport()->mapFromGlobal(QCursor::pos());
+    QPoint at = cursor + QPoint(18, 18);
+    const QSize room = viewer_->viewport()->size();
+    at.setX(std::clamp(at.x(), 0, std::max(0, room.width() - dividers_->width())));
+    at.setY(std::clamp(at.y(), 0, std::max(0, room.height() - dividers_->height())));
+    dividers_->move(at);
+  }
+  if (desktop_.program.mob.on) ShowMob();
 }
 
-// The readout stands in the upper left corner, the overview in the lower right one.
+void FrmChart::ShowMob() {
+  const QString text = ToQt(mob_.LabelText(mob_shown_line_));
+  if (mob_label_->text() != text) {
+    mob_label_->setText(text);
+    mob_label_->adjustSize();
+  }
+  mob_label_->setVisible(!text.isEmpty());
+  mob_label_->move(kFloatMargin,
+                   (readout_->isVisible() ? readout_->geometry().bottom() : 0) + kFloatMargin);
+}
+
+// The readout stands in the upper left corner, the overview in the lower right one, and the quiet
+// line at the lower edge.
 void FrmChart::PlaceFloats() {
-  readout_->adjustSize();
+  const QSize room = viewer_->viewport()->size();
   readout_->move(kFloatMargin, kFloatMargin);
-  mob_label_->adjustSize();
-  mob_label_->move(kFloatMargin, readout_->geometry().bottom() + kFloatMargin);
   overview_->setVisible(view_.thumbnail_visible && viewer_->image_height() > 0);
   overview_->resize(overview_->SizeForSide(kOverviewSide));
-  const QSize room = viewer_->viewport()->size();
   overview_->move(room.width() - overview_->width() - kFloatMargin,
                   room.height() - overview_->height() - kFloatMargin);
+  std::string line = chart_.MissingCalibration();
+  if (line.empty() && chart_.HasPlaces() && desktop_.program.route.points.empty()) {
+    line = "Shift + click lays a route";
+  }
+  quiet_line_->setText(ToQt(line));
+  quiet_line_->setVisible(!line.empty());
+  quiet_line_->adjustSize();
+  quiet_line_->move((room.width() - quiet_line_->width()) / 2,
+                    room.height() - quiet_line_->height() - kFloatMargin);
+  ShowMob();
+}
+
+void FrmChart::FollowLook() {
+  const Theme& theme = ThemeInForce();
+  const QString style =
+      QStringLiteral("QLabel {background: %1; color: %2; border: 1px solid %3; border-radius: 4px;}")
+          .arg(ColourName(theme.readout_back), ColourName(theme.readout_text),
+               ColourName(theme.readout_border));
+  for (QLabel* label : {readout_, dividers_, mob_label_, quiet_line_}) label->setStyleSheet(style);
+  QPalette colours = QGuiApplication::palette();
+  for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button}) {
+    colours.setColor(role, theme.readout_back);
+  }
+  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText}) {
+    colours.setColor(role, theme.readout_text);
+  }
+  route_combo_->setPalette(colours);
+  route_details_->setPalette(colours);
+  for (const Command* command : AllCommands()) {
+    if (command->icon.empty()) continue;
+    action(command->name)
+        ->setIcon(Icon(ToQt(command->icon), view_.night, view_.brightness.level));
+  }
+}
+
+void FrmChart::ShowPopUp(QPoint at) {
+  UpdateActions();
+  pop_up_->popup(at);
+}
+
+bool FrmChart::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == mob_label_ && event->type() == QEvent::MouseButtonDblClick) {
+    RunCommand("mnuCalcMOB");
+    return true;
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void FrmChart::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
+  UpdateStatusBar();
   PlaceFloats();
 }
 
@@ -448,36 +617,21 @@ void FrmChart::resizeEvent(QResizeEvent* event) {
 void FrmChart::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
   const bool by_key = event->reason() == QContextMenuEvent::Keyboard;
-  if (busy_ || (!by_key && viewer_->QWidget::geometry().contains(event->pos()))) return;
-  view_.last_click = view_.cursor;
+  if (view_.busy || (!by_key && viewer_->QWidget::geometry().contains(event->pos()))) return;
+  if (chart_.HasPlaces()) view_.last_click = view_.cursor;
   ShowPopUp(event->globalPos());
 }
 
-void FrmChart::SetPointer(Pointer pointer) {
-  switch (pointer) {
-    case Pointer::kCross:
-      return viewer_->SetPointer(Qt::CrossCursor);
-    case Pointer::kMove:
-      return viewer_->SetPointer(Qt::ClosedHandCursor);
-    case Pointer::kHand:
-      return viewer_->SetPointer(Qt::OpenHandCursor);
-    case Pointer::kPointing:
-      return viewer_->SetPointer(Qt::PointingHandCursor);
-  }
-}
-
 void FrmChart::closeEvent(QCloseEvent* event) {
-  if (busy_ || (!chart_lost_ && !MayExit(desktop_, this))) {
+  if (view_.busy || (!chart_.lost() && !MayExit(desktop_, this))) {
     event->ignore();
     return;
   }
-  timer1_.stop();
-  animate_timer_.stop();
-  SaveView();
-  WriteRecentFiles(desktop_.settings, recent_);
+  time_.Stop();
+  chart_.Stop();
   desktop_.settings.Set("Windows", "frmChart", saveGeometry().toHex().toStdString());
   if (const Status flushed = desktop_.settings.Flush(); !flushed) {
-    messages().Show(flushed.error().Text(), MessageIcon::kWarning, kProgramTitle);
+    desktop_.messages.Show(flushed.error().Text(), MessageIcon::kWarning, kProgramTitle);
   }
   event->accept();
 }

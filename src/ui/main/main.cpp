@@ -6,6 +6,7 @@
 #include "platform/settings_store.h"
 #include "platform/standard_folders.h"
 #include "ui/dialogs/Frmdisclaimer.h"
+#include "ui/icons/icons.h"
 #include "ui/main/frmChart.h"
 #include "ui/widgets/date_services.h"
 #include "ui/widgets/desktop_messages.h"
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("Skerrow Helm");
   ApplyTheme(false);
+  QApplication::setWindowIcon(ApplicationIcon());
 
   const auto folder = [](const char* variable, const std::string& otherwise) {
     const std::string value = qEnvironmentVariable(variable).toStdString();
@@ -36,6 +38,7 @@ int main(int argc, char** argv) {
   SystemClipboard clipboard;
   LoadProgram(program, messages);
   FrmChart window(program, messages, *settings, clipboard);
+  messages.SetNoticeBoard([&window](std::string_view text) { window.Tell(text); });
   window.show();
   window.Start();
   const QStringList words = QApplication::arguments();

@@ -28,13 +28,20 @@ struct ToolbarRow {
 std::span<const ToolbarRow> ToolbarRows();
 std::span<const ToolbarRow> ViewToolbarRows();
 
+// What Shift does with a key: nothing to its command, or it leaves the key to the viewer's own
+// scrolling.
+enum class ShiftKey { kIgnored, kScrolls };
+
 // What a key does in the chart.
 struct KeyRow {
   int key = 0;  // the published key code
   std::string_view command;
+  ShiftKey shift = ShiftKey::kIgnored;
 };
 
-// The keys that run a command; pan keys, Enter and Esc are handled by the window itself.
 std::span<const KeyRow> KeyRows();
+
+// The commands that a double click on the chart tries, one after the other.
+std::span<const std::string_view> DoubleClickRows();
 
 }  // namespace skerrow

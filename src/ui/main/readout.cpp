@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/edits.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
@@ -13,6 +14,7 @@ namespace skerrow {
 namespace {
 
 std::string ModeText(const ViewState& view) {
+  if (view.mob_pending) return "Click where the person went over (Esc cancels)";
   if (view.route_drag_on) return "Mode = Route Drag; RIGHT Mouse hold & drag";
   if (view.dividers_on) return "Mode = Dividers (Shift + Click sets zero point)";
   if (view.mouse_mode == MouseMode::kRouteCreation) {
@@ -30,12 +32,6 @@ std::string ModeText(const ViewState& view) {
 std::string BaseName(std::string_view path) {
   std::string name = FileNameOf(Trim(path));
   return name.substr(0, name.find('.'));
-}
-
-std::string IssueText(float issue) {
-  const double whole = WholePart(issue);
-  return "Chart issued " + FormatFixed(whole, 1, 0) + "/" +
-         FormatFixed((issue - whole) * 10000.0, 1, 0);
 }
 
 }  // namespace
@@ -57,14 +53,19 @@ std::string ListedRouteText(const RouteState& route) {
   return "Route distance = " + FormatFixed(route.distance, 1, 1) + "nm.";
 }
 
-std::array<std::string, 5> StatusPanels(const Program& program, const ViewState& view,
-                                        const std::string& eta) {
+std::string RouteNameText(const Program& program) {
+  const std::string& path = program.edits.route_path;
+  const std::string name = path.empty() ? "Unnamed" : BaseName(path);
+  return "  -  " + name + (RouteUnsaved(program) ? "*" : "");
+}
+
+std::array<std::string, 5> StatusPanels(const Program& program, const ViewState& view) {
   const float distance = program.route.points.size() > 1 ? program.route.distance : 0.0F;
   return {ModeText(view),
           "Chart in use = " + ChartTitleOf(program.charts, program.config.chart_path),
-          eta.empty() ? "Waypoints = " + BaseName(program.config.waypoint_file) : eta,
+          view.eta.empty() ? "Waypoints = " + BaseName(program.config.waypoint_file) : view.eta,
           distance > 0.0F ? "Route= " + FormatFixed(distance, 1, 1) + "nm" : "",
-          IssueText(program.charts.chart.issue)};
+          ChartIssueText(program.charts.chart.issue)};
 }
 
 std::vector<std::string> CursorReadout(const ViewState& view, const std::string& latitude,
@@ -88,28 +89,10 @@ std::vector<std::string> CursorReadout(const ViewState& view, const std::string&
 }
 
 std::string DividersText(const ViewState& view) {
+  if (view.dividers_fresh) return "No reference pt";
   if (!view.zero_point) return "Shift + Click - Ref. point";
   const RangeAndBearing way = RangeBearing(*view.zero_point, view.cursor);
   return "Range " + FormatFixed(way.range, 1, 1) + "nm @" + FormatFixed(way.bearing, 3, 0) + "°T";
-}
-
-void AddRecentChart(std::vector<std::string>& recent, const std::string& path) {
-  std::erase(recent, path);
-  recent.insert(recent.begin(), path);
-  if (recent.size() > kMaxRecentCharts) recent.resize(kMaxRecentCharts);
-}
-
-void ApplyRecentChart(AppConfig& config, const std::string& cht_path) {
-  config.chart_folder = FolderOf(cht_path);
-  config.chart_file_name = FileNameOf(cht_path);
-  const std::size_t dot = cht_path.rfind('.');
-  config.chart_path = cht_path.substr(0, dot);
-  // Charts that lie in a folder of their own below Charts/ belong to the sea area of its name.
-  const std::string native = NativePath(config.chart_folder);
-  const std::size_t charts = native.rfind("/Charts/");
-  if (charts == std::string::npos) return;
-  config.sea_area = native.substr(charts + std::string_view("/Charts/").size());
-  config.tidal_area = config.sea_area;
 }
 
 std::string RouteText(const RouteState& route) {

@@ -21,10 +21,13 @@ std::string RouteStatusText(const RouteState& route);
 // The tail of the title for a route just made from the waypoint list: "Route distance = 12.3nm.".
 std::string ListedRouteText(const RouteState& route);
 
-// The five panels of the status bar. `eta` stands in panel 3 in place of the waypoint file while a
-// track is animated.
-std::array<std::string, 5> StatusPanels(const Program& program, const ViewState& view,
-                                        const std::string& eta);
+// Behind the title: the name of the route's file, with an asterisk while what it holds is not
+// saved. A route of no file is "Unnamed".
+std::string RouteNameText(const Program& program);
+
+// The five panels of the status bar. The time along the track stands in panel 3 in place of the
+// waypoint file while a track is animated.
+std::array<std::string, 5> StatusPanels(const Program& program, const ViewState& view);
 
 // The rows of the readout box: "Cursor", the position, and a range where there is a point to take
 // it from. `latitude` and `longitude` are the texts of the cursor.
@@ -33,13 +36,6 @@ std::vector<std::string> CursorReadout(const ViewState& view, const std::string&
 
 // What floats beside the cursor while the dividers are on.
 std::string DividersText(const ViewState& view);
-
-// The list of recent charts, newest first, at most six paths without doubles.
-inline constexpr std::size_t kMaxRecentCharts = 6;
-void AddRecentChart(std::vector<std::string>& recent, const std::string& path);
-
-// Makes the chart of a stored ".cht" path the one of the settings.
-void ApplyRecentChart(AppConfig& config, const std::string& cht_path);
 
 // The route's legs as text for the clipboard.
 std::string RouteText(const RouteState& route);

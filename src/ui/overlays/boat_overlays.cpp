@@ -68,7 +68,17 @@ void DrawTrack(DrawingSurface& surface, const OverlayView& view, const Program& 
     const std::optional<SurfacePoint> at = view.Place(point.position);
     if (!at) continue;
     if (view.Seen(*at, kCommentRadius)) surface.Ring(*at, kCommentRadius);
-    DrawLabel(surface, view, *at, kCommentRadius, point.comment, program.config.font_colour);
+  }
+}
+
+void NameTrack(LabelList& names, const OverlayView& view, const Program& program,
+               const PlotTrack& track) {
+  for (const PlotPoint& point : track) {
+    if (point.comment.empty()) continue;
+    if (const std::optional<SurfacePoint> at = view.Place(point.position)) {
+      names.labels.push_back({point.comment, *at, kCommentRadius, program.config.font_colour,
+                              LabelRank::kRemark, LabelSide::kRight});
+    }
   }
 }
 
@@ -125,9 +135,19 @@ void DrawLiveTrack(DrawingSurface& surface, const OverlayView& view, const Progr
   DrawTrack(surface, view, program, program.tracks.live);
 }
 
+void NameLiveTrack(LabelList& names, const OverlayView& view, const Program& program,
+                   const ViewState&) {
+  NameTrack(names, view, program, program.tracks.live);
+}
+
 void DrawHistoricalTracks(DrawingSurface& surface, const OverlayView& view, const Program& program,
                           const ViewState&) {
   for (const PlotTrack& track : program.tracks.historical) DrawTrack(surface, view, program, track);
+}
+
+void NameHistoricalTracks(LabelList& names, const OverlayView& view, const Program& program,
+                          const ViewState&) {
+  for (const PlotTrack& track : program.tracks.historical) NameTrack(names, view, program, track);
 }
 
 }  // namespace skerrow

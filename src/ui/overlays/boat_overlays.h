@@ -22,5 +22,10 @@ void DrawLiveTrack(DrawingSurface& surface, const OverlayView& view, const Progr
                    const ViewState& state);
 void DrawHistoricalTracks(DrawingSurface& surface, const OverlayView& view, const Program& program,
                           const ViewState& state);
+// The remarks made on them.
+void NameLiveTrack(LabelList& names, const OverlayView& view, const Program& program,
+                   const ViewState& state);
+void NameHistoricalTracks(LabelList& names, const OverlayView& view, const Program& program,
+                          const ViewState& state);
 
 }  // namespace skerrow

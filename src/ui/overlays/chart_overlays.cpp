@@ -14,6 +14,15 @@ std::array<SurfacePoint, 4> CornersOf(const OverlayView& view, const ChartIndexE
           view.ToView({chart.lower_lat, chart.lower_lon})};
 }
 
+std::optional<SurfacePoint> PlaceOf(const OverlayView& view, const PortMarker& port) {
+  const Position position{port.latitude, port.longitude};
+  if (!view.InChart(position) || !view.chart.OnImage(view.chart.LongToCol(position.longitude),
+                                                     view.chart.LatToRow(position.latitude))) {
+    return std::nullopt;
+  }
+  return view.ToView(position);
+}
+
 }  // namespace
 
 void DrawChartBoundaries(DrawingSurface& surface, const OverlayView& view, const Program& program,
@@ -26,17 +35,21 @@ void DrawChartBoundaries(DrawingSurface& surface, const OverlayView& view, const
   }
 }
 
-void DrawCandidateChart(DrawingSurface& surface, const OverlayView& view, const Program& program,
+void DrawCandidateChart(DrawingSurface& surface, const OverlayView& view, const Program&,
                         const ViewState& state) {
   if (!state.candidate_chart) return;
   const std::array<SurfacePoint, 4> corners = CornersOf(view, *state.candidate_chart);
   surface.SetFill(std::nullopt);
   surface.SetPen(2, kBlue, LineStyle::kDash);
   surface.Polygon(corners);
-  TextStyle style;
-  style.size_pt = view.text_size;
-  surface.Text({corners[0].x + 6.0, corners[0].y + 4.0}, state.candidate_chart->title,
-               program.config.font_colour, style);
+}
+
+void NameCandidateChart(LabelList& names, const OverlayView& view, const Program& program,
+                        const ViewState& state) {
+  if (!state.candidate_chart) return;
+  const SurfacePoint corner = CornersOf(view, *state.candidate_chart)[0];
+  names.fixed.push_back(
+      {state.candidate_chart->title, {corner.x + 6.0, corner.y + 4.0}, program.config.font_colour});
 }
 
 void DrawPorts(DrawingSurface& surface, const OverlayView& view, const Program& program,
@@ -44,18 +57,20 @@ void DrawPorts(DrawingSurface& surface, const OverlayView& view, const Program& 
   if (program.port_markers.empty()) return;
   surface.SetPen(1, kBlack);
   for (const PortMarker& port : program.port_markers) {
-    const Position position{port.latitude, port.longitude};
-    if (!view.InChart(position)) continue;
-    if (!view.chart.OnImage(view.chart.LongToCol(position.longitude),
-                            view.chart.LatToRow(position.latitude))) {
-      continue;
-    }
-    const SurfacePoint at = view.ToView(position);
-    if (view.Seen(at, kHalfPortSymbol)) DrawPortSymbol(surface, at);
-    DrawLabel(surface, view, at, kHalfPortSymbol, port.name, program.config.font_colour,
-              LabelSide::kLeft);
+    const std::optional<SurfacePoint> at = PlaceOf(view, port);
+    if (at && view.Seen(*at, kHalfPortSymbol)) DrawPortSymbol(surface, *at);
   }
   surface.SetFill(std::nullopt);
+}
+
+void NamePorts(LabelList& names, const OverlayView& view, const Program& program,
+               const ViewState&) {
+  for (const PortMarker& port : program.port_markers) {
+    if (const std::optional<SurfacePoint> at = PlaceOf(view, port)) {
+      names.labels.push_back({port.name, *at, kHalfPortSymbol, program.config.font_colour,
+                              LabelRank::kPort, LabelSide::kLeft});
+    }
+  }
 }
 
 void DrawPortSymbol(DrawingSurface& surface, SurfacePoint at) {

@@ -12,9 +12,13 @@ void DrawChartBoundaries(DrawingSurface& surface, const OverlayView& view, const
 // The outline and title of the chart that the chart chooser would open.
 void DrawCandidateChart(DrawingSurface& surface, const OverlayView& view, const Program& program,
                         const ViewState& state);
+void NameCandidateChart(LabelList& names, const OverlayView& view, const Program& program,
+                        const ViewState& state);
 
-// The tidal ports with their names.
+// The tidal ports.
 void DrawPorts(DrawingSurface& surface, const OverlayView& view, const Program& program,
+               const ViewState& state);
+void NamePorts(LabelList& names, const OverlayView& view, const Program& program,
                const ViewState& state);
 
 // A grey diamond with two lines across it, in the pen that is set.

@@ -8,13 +8,19 @@ namespace skerrow {
 // With both points the line with range and bearing, with one its reference ring.
 void DrawDividers(DrawingSurface& surface, const OverlayView& view, const Program& program,
                   const ViewState& state);
+void NameDividers(LabelList& names, const OverlayView& view, const Program& program,
+                  const ViewState& state);
 
 // The current waypoints: a ring about a slim upright ellipse, and the name.
 void DrawWaypoints(DrawingSurface& surface, const OverlayView& view, const Program& program,
                    const ViewState& state);
+void NameWaypoints(LabelList& names, const OverlayView& view, const Program& program,
+                   const ViewState& state);
 
-// The red ring and black cross where somebody went overboard.
+// Where somebody went overboard: a red ring about a black cross, and a heavy ring about both.
 void DrawMob(DrawingSurface& surface, const OverlayView& view, const Program& program,
+             const ViewState& state);
+void NameMob(LabelList& names, const OverlayView& view, const Program& program,
              const ViewState& state);
 
 // The ring about the point marked by the user.

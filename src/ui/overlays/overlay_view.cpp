@@ -3,14 +3,6 @@
 #include "core/numbers.h"
 
 namespace skerrow {
-namespace {
-
-constexpr double kLabelGap = 4.0;
-// Upper bound of a letter's width and a line's height in the size of the text.
-constexpr double kLetterRoom = 1.5;
-
-}  // namespace
-
 SurfacePoint OverlayView::ToView(Position position) const {
   const ViewPoint point = geometry.ToView({static_cast<double>(chart.LongToCol(position.longitude)),
                                            static_cast<double>(chart.LatToRow(position.latitude))});
@@ -27,21 +19,21 @@ bool OverlayView::Seen(SurfacePoint at, double reach) const {
          at.y <= geometry.view_height() + reach;
 }
 
-OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& geometry, int text_size) {
+OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& shown,
+                            const ViewGeometry& area, int text_size) {
   OverlayView view;
-  view.chart = MakeChartView(chart, geometry.image_width(), geometry.image_height());
-  view.geometry = geometry;
+  view.chart = MakeChartView(chart, shown.image_width(), shown.image_height());
+  view.geometry = area;
   view.top_lat = chart.top_lat;
   view.bottom_lat = chart.bottom_lat;
   view.west_lon = chart.west_lon;
   view.east_lon = chart.east_lon;
-  const ImageRect seen = geometry.VisibleRect();
+  const ImageRect seen = shown.VisibleRect();
   view.view_north = view.chart.RowToLat(seen.top);
   view.view_south = view.chart.RowToLat(seen.top + seen.height);
   view.view_west = view.chart.ColToLong(seen.left);
   view.view_east = view.chart.ColToLong(seen.left + seen.width);
-  view.marker_radius =
-      MarkerRadius(geometry.view_width(), geometry.image_width(), geometry.image_height());
+  view.marker_radius = MarkerRadius(shown.view_width(), shown.image_width(), shown.image_height());
   view.text_size = text_size;
   return view;
 }
@@ -51,25 +43,6 @@ int MarkerRadius(double view_width, int image_width, int image_height) {
   const auto base = static_cast<double>(RoundToInteger(view_width * 3.0 / 1000.0));
   const double shape = static_cast<double>(image_height) / image_width;
   return static_cast<int>(RoundToInteger(base / shape));
-}
-
-void DrawLabel(DrawingSurface& surface, const OverlayView& view, SurfacePoint at, double radius,
-               std::string_view text, std::int32_t colour, LabelSide side) {
-  if (text.empty()) return;
-  const double room = kLetterRoom * view.text_size;
-  const double width = room * static_cast<double>(text.size());
-  const bool right = side == LabelSide::kRight;
-  const double x = right ? at.x + radius + kLabelGap : at.x - radius - kLabelGap;
-  const double left = right ? x : x - width;
-  if (left > view.geometry.view_width() || left + width < 0.0 || at.y < -room ||
-      at.y > view.geometry.view_height() + room) {
-    return;
-  }
-  TextStyle style;
-  style.size_pt = view.text_size;
-  style.align_x = right ? AlignX::kLeft : AlignX::kRight;
-  style.align_y = AlignY::kMiddle;
-  surface.Text({x, at.y}, text, colour, style);
 }
 
 void DrawCircle(DrawingSurface& surface, const OverlayView& view, Position at, double radius,

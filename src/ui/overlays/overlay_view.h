@@ -1,8 +1,8 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <optional>
-#include <string_view>
 #include <vector>
 
 #include "charts/chart_files.h"
@@ -17,12 +17,14 @@ namespace skerrow {
 inline constexpr std::int32_t kRed = Rgb(255, 0, 0);
 inline constexpr std::int32_t kBlue = Rgb(0, 0, 255);
 inline constexpr std::int32_t kBlack = Rgb(0, 0, 0);
+// The ground under letters and lines that must stand out: paper.
+inline constexpr std::int32_t kGround = Rgb(255, 255, 255);
 inline constexpr std::int32_t kLightGrey = Rgb(192, 192, 192);
 
 // The chart as it stands in the view during one paint.
 struct OverlayView {
   ChartView chart;
-  ViewGeometry geometry;
+  ViewGeometry geometry;  // of what is drawn on
   // The chart's borders, degrees.
   float top_lat = 0.0F;
   float bottom_lat = 0.0F;
@@ -51,25 +53,25 @@ struct OverlayView {
   bool Seen(SurfacePoint at, double reach) const;
 };
 
-// The view of a chart. `geometry` knows the picture's size, the zoom and the scroll position.
-OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& geometry, int text_size);
+// The view of a chart. `shown` knows the picture's size, the zoom and the scroll position; `area`
+// is what is drawn on, the view itself or more.
+OverlayView MakeOverlayView(const ChartRecord& chart, const ViewGeometry& shown,
+                            const ViewGeometry& area, int text_size);
 
 // Base radius of ring marks for a view and a picture of that size; 0 without a picture.
 int MarkerRadius(double view_width, int image_width, int image_height);
-
-enum class LabelSide { kRight, kLeft };
-
-// A text beside a mark of that radius. Names of waypoints and route points stand on the right, what
-// may share their place on the left.
-void DrawLabel(DrawingSurface& surface, const OverlayView& view, SurfacePoint at, double radius,
-               std::string_view text, std::int32_t colour, LabelSide side = LabelSide::kRight);
 
 // A ring at a place. Outside the chart, and off the screen, nothing.
 void DrawCircle(DrawingSurface& surface, const OverlayView& view, Position at, double radius,
                 std::int32_t colour);
 
+// Whether two places of a line can be told from each other.
+inline bool Apart(SurfacePoint a, SurfacePoint b) {
+  return std::abs(a.x - b.x) >= 0.5 || std::abs(a.y - b.y) >= 0.5;
+}
+
 // Joins places in a row: a line from each to the next wherever both lie inside the chart. `at(i)`
-// gives place i of `count`.
+// gives place i of `count`. Places within half a pixel of each other count as one.
 template <typename At>
 void DrawRuns(DrawingSurface& surface, const OverlayView& view, std::size_t count, const At& at) {
   std::vector<SurfacePoint> run;
@@ -82,7 +84,7 @@ void DrawRuns(DrawingSurface& surface, const OverlayView& view, std::size_t coun
     const std::optional<SurfacePoint> place = view.Place(at(i));
     if (!place) {
       finish();
-    } else if (run.empty() || run.back() != *place) {
+    } else if (run.empty() || i + 1 == count || Apart(run.back(), *place)) {
       run.push_back(*place);
     }
   }

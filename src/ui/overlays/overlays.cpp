@@ -66,27 +66,27 @@ bool VectorsWanted(const Program& program, const ViewState&) {
 
 // The order of painting. A row without a draw function waits for its subsystem, which sets it here.
 constexpr std::array kOverlays = {
-    Overlay{"dividers", DividersInUse, DrawDividers},
-    Overlay{"route", Always, DrawRoute},
+    Overlay{"dividers", DividersInUse, DrawDividers, NameDividers},
+    Overlay{"route", Always, DrawRoute, NameRoute},
     Overlay{"route legs", Always, DrawInterRtePoints},
-    Overlay{"waypoints", WaypointsShown, DrawWaypoints},
-    Overlay{"course over ground", CourseShown, DrawCOG},
+    Overlay{"waypoints", WaypointsShown, DrawWaypoints, NameWaypoints},
+    Overlay{"course over ground", CourseShown, DrawCOG, NameCOG},
     Overlay{"boat", BoatShown, DrawInBoat},
     Overlay{"range rings", RangeRingsShown, DrawRangeRings},
     Overlay{"future positions", FutureShown, DrawinFuturePos},
-    Overlay{"man overboard", MobHeld, DrawMob},
+    Overlay{"man overboard", MobHeld, DrawMob, NameMob},
     Overlay{"marked point", PointMarked, DrawMarkedPoint},
     Overlay{"AIS mark", AisMarked, DrawAisMark},
     Overlay{"chart boundaries", BoundariesShown, DrawChartBoundaries},
-    Overlay{"candidate chart", CandidateShown, DrawCandidateChart},
+    Overlay{"candidate chart", CandidateShown, DrawCandidateChart, NameCandidateChart},
     Overlay{"tidal streams", StreamsShown, nullptr},
-    Overlay{"tidal ports", PortsShown, DrawPorts},
+    Overlay{"tidal ports", PortsShown, DrawPorts, NamePorts},
     Overlay{"wind entered", ManualWindShown, nullptr},
     Overlay{"wind imported", StoredWindShown, nullptr},
     Overlay{"AIS targets", TargetsShown, nullptr},
     Overlay{"boat of a replay", ReplayShown, DrawInBoat},
-    Overlay{"live track", TrackShown, DrawLiveTrack},
-    Overlay{"historical tracks", HistoryShown, DrawHistoricalTracks},
+    Overlay{"live track", TrackShown, DrawLiveTrack, NameLiveTrack},
+    Overlay{"historical tracks", HistoryShown, DrawHistoricalTracks, NameHistoricalTracks},
     Overlay{"vectors", VectorsWanted, DrawVectors},
 };
 
@@ -97,11 +97,14 @@ std::span<const Overlay> Overlays() { return kOverlays; }
 void DrawOverlays(DrawingSurface& surface, const OverlayView& view, const Program& program,
                   const ViewState& state) {
   if (!view.geometry.HasImage()) return;
+  LabelList names;
   for (const Overlay& overlay : Overlays()) {
-    if (overlay.draw != nullptr && overlay.shown(program, state)) {
-      overlay.draw(surface, view, program, state);
-    }
+    if (overlay.draw == nullptr || !overlay.shown(program, state)) continue;
+    overlay.draw(surface, view, program, state);
+    if (overlay.names != nullptr) overlay.names(names, view, program, state);
   }
+  // At the chart's own size and above, every name that belongs there shows.
+  DrawLabels(surface, view, names, state.every_name || view.geometry.zoom() >= 1.0);
 }
 
 }  // namespace skerrow

@@ -6,6 +6,7 @@
 
 #include "app/program.h"
 #include "ui/drawing/drawing_surface.h"
+#include "ui/overlays/labels.h"
 #include "ui/overlays/overlay_view.h"
 #include "ui/overlays/view_state.h"
 
@@ -18,12 +19,14 @@ struct Overlay {
   bool (*shown)(const Program&, const ViewState&);
   // Null: the row keeps the place of an overlay whose subsystem draws nothing yet.
   void (*draw)(DrawingSurface&, const OverlayView&, const Program&, const ViewState&);
+  // The names of its marks. Null: it has none.
+  void (*names)(LabelList&, const OverlayView&, const Program&, const ViewState&) = nullptr;
 };
 
 // The overlays, the lowest first.
 std::span<const Overlay> Overlays();
 
-// Draws the overlays that are shown.
+// Draws the overlays that are shown, and above them their names.
 void DrawOverlays(DrawingSurface& surface, const OverlayView& view, const Program& program,
                   const ViewState& state);
 

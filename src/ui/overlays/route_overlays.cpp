@@ -1,6 +1,7 @@
 #include "ui/overlays/route_overlays.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "core/numbers.h"
@@ -18,25 +19,62 @@ int LineWidthOf(const Program& program) {
       RoundToInteger(static_cast<double>(program.config.line_width)), 1, 50));
 }
 
+// What is drawn beneath a mark or a line so that it stands out: paper, or the yellow that marks the
+// track that the boat will make good.
+constexpr int kCasing = 2;  // pixels on each side
+constexpr std::int32_t kTrackCasing = Rgb(255, 210, 60);
+constexpr double kOuterRing = 4.0;  // pixels between the rings of a route point
+
+// The heads of the arrows along a leg.
+constexpr double kArrowStep = 260.0;  // pixels between them at most
+constexpr double kLeastLeg = 40.0;    // pixels; a shorter leg has none
+constexpr double kArrowHead = 11.0;
+
 void DrawRoutePoint(DrawingSurface& surface, const OverlayView& view, const Program& program,
                     std::size_t index) {
   const RoutePoint& point = program.route.points[index];
   const std::optional<SurfacePoint> place = view.Place(point.At());
   if (!place) return;
-  std::string label = point.name;
-  if (index == 0) {
-    label = "Start";
-  } else if (label.find_first_not_of(' ') == std::string::npos) {
-    label = "Waypoint " + std::to_string(index);
+  const double radius = view.marker_radius;
+  if (view.Seen(*place, radius + kOuterRing + kCasing)) {
+    const std::int32_t colour = index == 0 ? kRed : kBlue;
+    // The second ring tells a point of the route from a waypoint.
+    surface.SetPen(2 + 2 * kCasing, kGround);
+    surface.Ring(*place, radius + kOuterRing);
+    surface.SetPen(2, colour);
+    surface.Ring(*place, radius + kOuterRing);
+    surface.SetPen(1, colour);
+    surface.Ring(*place, radius);
   }
-  if (view.Seen(*place, view.marker_radius)) {
-    surface.SetPen(1, index == 0 ? kRed : kBlue);
-    surface.Ring(*place, view.marker_radius);
-  }
-  DrawLabel(surface, view, *place, view.marker_radius, label, program.config.font_colour,
-            index == 0 ? LabelSide::kLeft : LabelSide::kRight);
   if (kDrawInWind != nullptr && program.config.show_wind_over_route != 0) {
     kDrawInWind(surface, view, program, point.At(), {point.wind_direction, point.wind_speed});
+  }
+}
+
+std::string NameOf(const RoutePoint& point, std::size_t index) {
+  if (index == 0) return "Start";
+  const bool unnamed = point.name.find_first_not_of(' ') == std::string::npos;
+  return unnamed ? "Waypoint " + std::to_string(index + 1) : point.name;
+}
+
+// Arrow heads that say which way a leg leads.
+void DrawLegArrows(DrawingSurface& surface, const OverlayView& view, SurfacePoint from,
+                   SurfacePoint to) {
+  const double length = std::hypot(to.x - from.x, to.y - from.y);
+  if (!(length >= kLeastLeg)) return;
+  const double along_x = (to.x - from.x) / length;
+  const double along_y = (to.y - from.y) / length;
+  const double count = std::ceil(length / kArrowStep);
+  for (double i = 0.0; i < count; ++i) {
+    const double way = length * (i + 0.5) / count + kArrowHead / 2.0;
+    const SurfacePoint tip{from.x + way * along_x, from.y + way * along_y};
+    if (!view.Seen(tip, kArrowHead)) continue;
+    const SurfacePoint neck{tip.x - kArrowHead * along_x, tip.y - kArrowHead * along_y};
+    const double half = 0.5 * kArrowHead;
+    surface.Polygon(
+        std::array<SurfacePoint, 3>{tip,
+                                    {neck.x - half * along_y, neck.y + half * along_x},
+                                    {neck.x + half * along_y, neck.y - half * along_x}});
   }
 }
 
@@ -63,22 +101,48 @@ void DrawRoute(DrawingSurface& surface, const OverlayView& view, const Program& 
   }
 }
 
+void NameRoute(LabelList& names, const OverlayView& view, const Program& program,
+               const ViewState&) {
+  for (std::size_t i = 0; i < program.route.points.size(); ++i) {
+    const RoutePoint& point = program.route.points[i];
+    const std::optional<SurfacePoint> at = view.Place(point.At());
+    if (!at) continue;
+    names.labels.push_back({NameOf(point, i), *at, view.marker_radius + kOuterRing,
+                            program.config.font_colour, LabelRank::kRoute,
+                            i == 0 ? LabelSide::kLeft : LabelSide::kRight});
+  }
+}
+
 void DrawInterRtePoints(DrawingSurface& surface, const OverlayView& view, const Program& program,
                         const ViewState&) {
   const std::vector<Position>& track = program.route.track;
   if (track.size() < 2) return;
   surface.SetPen(LineWidthOf(program), kBlue);
   DrawRuns(surface, view, track.size(), [&track](std::size_t i) { return track[i]; });
+  const std::vector<RoutePoint>& points = program.route.points;
+  surface.SetPen(1, kGround);
+  surface.SetFill(kBlue);
+  for (std::size_t leg = 0; leg + 1 < points.size(); ++leg) {
+    const std::optional<SurfacePoint> from = view.Place(points[leg].At());
+    const std::optional<SurfacePoint> to = view.Place(points[leg + 1].At());
+    if (from && to) DrawLegArrows(surface, view, *from, *to);
+  }
+  surface.SetFill(std::nullopt);
 }
 
 void DrawCOG(DrawingSurface& surface, const OverlayView& view, const Program& program,
              const ViewState&) {
   const std::vector<TrackPoint>& track = program.passage.route_track;
   if (track.size() < 2) return;
+  const auto draw_line = [&] {
+    DrawRuns(surface, view, track.size(), [&track](std::size_t i) { return track[i].position; });
+  };
+  surface.SetPen(LineWidthOf(program) + 2 * kCasing, kTrackCasing);
+  draw_line();
   surface.SetPen(LineWidthOf(program), program.config.cog_colour);
   const std::optional<SurfacePoint> start = view.Place(track.front().position);
   if (start && view.Seen(*start, view.marker_radius)) surface.Ring(*start, view.marker_radius);
-  DrawRuns(surface, view, track.size(), [&track](std::size_t i) { return track[i].position; });
+  draw_line();
 
   const std::size_t selected = program.animation.index;
   if (selected < 1 || selected >= track.size()) return;
@@ -86,11 +150,16 @@ void DrawCOG(DrawingSurface& surface, const OverlayView& view, const Program& pr
   if (!at) return;
   surface.SetPen(1, kRed);
   surface.Ring(*at, kSelectedRadius);
-  if (program.animation.label.empty()) return;
-  TextStyle style;
-  style.size_pt = view.text_size;
-  surface.Text({at->x - kSelectedRadius, at->y + kSelectedRadius}, program.animation.label, kRed,
-               style);
+}
+
+void NameCOG(LabelList& names, const OverlayView& view, const Program& program, const ViewState&) {
+  const std::vector<TrackPoint>& track = program.passage.route_track;
+  const std::size_t selected = program.animation.index;
+  if (selected < 1 || selected >= track.size() || program.animation.label.empty()) return;
+  if (const std::optional<SurfacePoint> at = view.Place(track[selected].position)) {
+    names.fixed.push_back(
+        {program.animation.label, {at->x - kSelectedRadius, at->y + kSelectedRadius}, kRed});
+  }
 }
 
 void DrawVectors(DrawingSurface& surface, const OverlayView& view, const Program& program,

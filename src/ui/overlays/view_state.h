@@ -35,6 +35,12 @@ struct ViewState {
   // Every name over the chart, be there room for it or not.
   bool every_name = false;
 
+  // A calculation runs; timers and commands wait.
+  bool busy = false;
+  // "ETA : " with the time along the track on show; empty without one.
+  std::string eta;
+
+  // The place under the mouse; 0, 0 before it has been over the chart.
   Position cursor;
   // Of the last right click or the last route point entered.
   std::optional<Position> last_click;
@@ -50,6 +56,11 @@ struct ViewState {
   // The two points of the dividers.
   std::optional<Position> zero_point;
   std::optional<Position> divider_end;
+  // The dividers have been taken up and not been moved yet.
+  bool dividers_fresh = false;
+
+  // The next click sets the man-overboard mark.
+  bool mob_pending = false;
 
   // The zoom rectangle: asked for, and being drawn just now.
   bool rectangle_mode = false;

@@ -25,11 +25,6 @@ bool MayLose(Desktop& desktop, const QString& text, QWidget* parent) {
   return Form(desktop, parent).exec() == QDialog::Accepted;
 }
 
-bool MayLoseRoute(Desktop& desktop, QWidget* parent) {
-  if (!RouteUnsaved(desktop.program)) return true;
-  return MayLose<FrmRouteSave>(desktop, "The route has changes that are in no route file.", parent);
-}
-
 // The choice of what to take back.
 class RecoveryForm final : public Dialog {
  public:
@@ -102,15 +97,22 @@ FrmUnsaved::FrmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
   setMinimumWidth(400);
 }
 
+bool MayLoseRoute(Desktop& desktop, QWidget* parent) {
+  return !RouteUnsaved(desktop.program) ||
+         MayLose<FrmRouteSave>(
+             desktop, "The route has changes that are in no route file.", parent);
+}
+
+bool MayLoseWaypoints(Desktop& desktop, QWidget* parent) {
+  return !WaypointsUnsaved(desktop.program) ||
+         MayLose<FrmWaySave>(desktop,
+                             QString("Waypoints of %1 have been moved and are not saved.")
+                                 .arg(ToQt(desktop.program.config.waypoint_file)),
+                             parent);
+}
+
 bool MayExit(Desktop& desktop, QWidget* parent) {
-  if (!MayLoseRoute(desktop, parent)) return false;
-  if (WaypointsUnsaved(desktop.program) &&
-      !MayLose<FrmWaySave>(desktop,
-                           QString("Waypoints of %1 have been moved and are not saved.")
-                               .arg(ToQt(desktop.program.config.waypoint_file)),
-                           parent)) {
-    return false;
-  }
+  if (!MayLoseRoute(desktop, parent) || !MayLoseWaypoints(desktop, parent)) return false;
   const Program& program = desktop.program;
   (void)DropRouteRecovery(program.folders);
   (void)DeleteFile(WaypointRecoveryPath(program.folders, Trim(program.config.waypoint_file)));

@@ -24,6 +24,13 @@ class FrmUnsaved : public Dialog {
 // may end; the recovery files are gone then.
 bool MayExit(Desktop& desktop, QWidget* parent);
 
+// Asks about an unsaved route before another takes its place. True when it may go.
+bool MayLoseRoute(Desktop& desktop, QWidget* parent);
+
+// Asks about waypoints that have been moved and are in no file, before the table is read anew. True
+// when they may go.
+bool MayLoseWaypoints(Desktop& desktop, QWidget* parent);
+
 // "Clear existing route?", and about an unsaved route. True when it may go.
 bool MayClearRoute(Desktop& desktop, QWidget* parent);
 

@@ -262,9 +262,8 @@ void ChartImage::Render(double scale, int x, int y, int width, int height, Quali
 }
 
 void ApplyLook(const Look& look, std::uint32_t* pixels, std::size_t count) {
-  const int brightness = std::clamp(look.brightness, 10, 100);
-  if (!look.night && brightness == 100) return;
-  const double top = (look.night ? kNightCeiling : 255) * brightness / 100.0;
+  const double top = CeilingOf(look);
+  if (top == 255.0) return;
   std::array<std::uint8_t, 256> shown{};
   for (std::size_t i = 0; i < shown.size(); ++i) {
     shown[i] = static_cast<std::uint8_t>(std::lround(static_cast<double>(i) * top / 255.0));

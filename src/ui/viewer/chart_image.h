@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/images.h"
+#include "ui/drawing/look.h"
 
 namespace skerrow {
 
@@ -54,17 +55,6 @@ class ChartImage {
   std::vector<Level> levels_;
   std::atomic<bool> levels_ready_{false};
 };
-
-// How a chart is shown.
-struct Look {
-  bool night = false;    // white paper dark, black ink light, the hues kept, nothing bright
-  int brightness = 100;  // percent, 10 to 100
-
-  friend bool operator==(const Look&, const Look&) = default;
-};
-
-// The brightest that a channel gets in the night look, at full brightness.
-inline constexpr int kNightCeiling = 165;
 
 // Changes pixels (0xffrrggbb) to a look.
 void ApplyLook(const Look& look, std::uint32_t* pixels, std::size_t count);

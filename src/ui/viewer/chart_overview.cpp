@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "ui/drawing/drawing_surface.h"
+#include "ui/drawing/qt_surface.h"
 
 namespace skerrow {
 namespace {
@@ -76,15 +76,17 @@ const QImage& ChartOverview::Small() {
 
 void ChartOverview::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const bool night = viewer_.look().night;
-  painter.fillRect(rect(), night ? QColor(0x16, 0x1a, 0x20) : QColor(0xe8, 0xec, 0xf0));
+  const Look look = viewer_.look();
+  const bool night = look.night;
+  painter.fillRect(rect(),
+                   Dimmed(night ? QColor(0x14, 0x08, 0x06) : QColor(0xe8, 0xec, 0xf0), look));
   if (viewer_.image() != nullptr) {
     painter.drawImage(Offset(), Small());
-    painter.setPen(QPen(ToQColor(night ? NightColour(kFrameColour) : kFrameColour), 1.5));
+    painter.setPen(QPen(ToQColor(ShownColour(kFrameColour, look)), 1.5));
     const QRectF inside = QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75);
     painter.drawRect(Frame() & inside);
   }
-  painter.setPen(night ? QColor(0x39, 0x42, 0x4d) : QColor(0x78, 0x86, 0x95));
+  painter.setPen(Dimmed(night ? QColor(0x4d, 0x20, 0x16) : QColor(0x78, 0x86, 0x95), look));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 

@@ -18,15 +18,19 @@ namespace skerrow {
 namespace {
 
 constexpr QRgb kDayDesk = qRgb(0xc3, 0xcb, 0xd4);
-constexpr QRgb kNightDesk = qRgb(0x0c, 0x0f, 0x13);
+constexpr QRgb kNightDesk = qRgb(0x10, 0x08, 0x06);
 constexpr double kZoomPerNotch = 1.25;
+constexpr int kEdgeDelay = 60;                       // ms
 constexpr std::int32_t kSelectionColour = 0x0000ff;  // red
 
 // Slim scroll bars whose colours do not hang on the desktop's style.
-QString ScrollBarStyle(bool night) {
-  const QString groove = QLatin1String(night ? "#0c0f13" : "#dde2e8");
-  const QString handle = QLatin1String(night ? "#39424d" : "#98a4b1");
-  const QString hover = QLatin1String(night ? "#4b5663" : "#788695");
+QString ScrollBarStyle(const Look& look) {
+  const auto name = [&look](QRgb day, QRgb night) {
+    return Dimmed(QColor(look.night ? night : day), look).name();
+  };
+  const QString groove = name(qRgb(0xdd, 0xe2, 0xe8), qRgb(0x0b, 0x04, 0x03));
+  const QString handle = name(qRgb(0x98, 0xa4, 0xb1), qRgb(0x4d, 0x20, 0x16));
+  const QString hover = name(qRgb(0x78, 0x86, 0x95), qRgb(0x6e, 0x2e, 0x20));
   return QStringLiteral(
              "QScrollBar { background: %1; border: none; margin: 0; }"
              "QScrollBar:horizontal { height: 11px; }"
@@ -61,16 +65,22 @@ ChartViewer::ChartViewer(QWidget* parent) : QAbstractScrollArea(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setFocusPolicy(Qt::StrongFocus);
-  setStyleSheet(ScrollBarStyle(false));
+  setStyleSheet(ScrollBarStyle({}));
   viewport()->setMouseTracking(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::CrossCursor);
-  connect(&tiles_, &TileStore::TilesReady, this, [this] { Redraw(); });
+  connect(&tiles_, &TileStore::TilesReady, viewport(), qOverload<>(&QWidget::update));
+  edge_timer_.setSingleShot(true);
+  edge_timer_.setInterval(kEdgeDelay);
+  connect(&edge_timer_, &QTimer::timeout, this, [this] {
+    moving_ = true;
+    Redraw();
+  });
   connect(&loader_, &ChartLoader::Progressed, this, &ChartViewer::OpenProgress);
   connect(&loader_, &ChartLoader::Cancelled, this, &ChartViewer::OpenCancelled);
   connect(&loader_, &ChartLoader::Reduced, this, [this] {
     emit PictureChanged();
-    Redraw();
+    viewport()->update();
   });
   connect(&loader_, &ChartLoader::Loaded, this, [this](std::shared_ptr<ChartImage> loaded) {
     ShowImage(std::move(loaded));
@@ -123,12 +133,24 @@ void ChartViewer::ShowImage(std::shared_ptr<const ChartImage> image) {
   selection_.reset();
   band_start_.reset();
   pan_grip_.reset();
+  layer_.Invalidate();
   emit PictureChanged();
   AfterViewChange();
 }
 
+void ChartViewer::SetOverlayPainter(OverlayPainter painter) {
+  overlay_ = std::move(painter);
+  Redraw();
+}
+
+void ChartViewer::Redraw() {
+  layer_.Invalidate();
+  viewport()->update();
+}
+
 std::int64_t ChartViewer::MemoryUse() const {
-  return (image_ ? image_->MemoryUse() : 0) + tiles_.MemoryUse();
+  return (image_ ? image_->MemoryUse() : 0) + tiles_.MemoryUse() + layer_.MemoryUse() +
+         texts_.MemoryUse();
 }
 
 void ChartViewer::SetZoom(double zoom) {
@@ -192,13 +214,13 @@ QPointF ChartViewer::ImageToView(ImagePoint point) const {
 
 void ChartViewer::SetSelection(ImageRect rect) {
   selection_ = rect;
-  Redraw();
+  viewport()->update();
 }
 
 void ChartViewer::ClearSelection() {
   selection_.reset();
   band_start_.reset();
-  Redraw();
+  viewport()->update();
 }
 
 void ChartViewer::ZoomToSelection() {
@@ -212,12 +234,11 @@ void ChartViewer::SetBrightness(int percent) {
 }
 
 void ChartViewer::ApplyLook(Look new_look) {
-  const Look old = look();
-  if (new_look == old) return;
+  if (new_look == look()) return;
   tiles_.SetLook(new_look);
-  if (new_look.night != old.night) setStyleSheet(ScrollBarStyle(new_look.night));
+  setStyleSheet(ScrollBarStyle(new_look));
   emit PictureChanged();
-  Redraw();
+  viewport()->update();
 }
 
 void ChartViewer::SetMouseMode(MouseMode mode) {
@@ -234,6 +255,7 @@ void ChartViewer::UpdateViewSize() {
     return;
   }
   geometry_.SetViewSize(size.width(), size.height(), ratio);
+  layer_.Invalidate();  // marks are sized by the view
   const double screen_pixels = size.width() * ratio * size.height() * ratio;
   // Enough for the view, what is around it, and the scale before.
   tiles_.SetBudget(std::max<std::int64_t>(std::int64_t{16} << 20,
@@ -244,7 +266,7 @@ void ChartViewer::UpdateViewSize() {
 void ChartViewer::AfterViewChange() {
   SyncScrollBars();
   emit ViewChanged();
-  Redraw();
+  viewport()->update();
 }
 
 void ChartViewer::SyncScrollBars() {
@@ -281,62 +303,108 @@ void ChartViewer::paintEvent(QPaintEvent* event) {
   // The window may have come to a screen of another density.
   UpdateViewSize();
   QPainter painter(viewport());
-  PaintChart(painter, event->region());
-  QtSurface surface(painter, QSizeF(viewport()->size()), look().night);
-  if (overlay_ && image_) overlay_(surface);
+  if (image_) {
+    RequestTiles();
+    if (!overlay_) {
+      PaintChart(painter);
+    } else {
+      PaintWithOverlays(painter);
+    }
+  } else {
+    for (const QRect& part : event->region()) painter.fillRect(part, Desk());
+  }
+  QtSurface surface(painter, QSizeF(viewport()->size()), look(), &texts_);
+  if (live_ && image_ && mouse_inside_) live_(surface);
   PaintSelection(surface);
 }
 
-void ChartViewer::PaintChart(QPainter& painter, const QRegion& region) {
-  const QColor desk(look().night ? kNightDesk : kDayDesk);
-  if (!image_) {
-    for (const QRect& part : region) painter.fillRect(part, desk);
+QColor ChartViewer::Desk() const {
+  return Dimmed(QColor(look().night ? kNightDesk : kDayDesk), look());
+}
+
+void ChartViewer::PaintWithOverlays(QPainter& painter) {
+  const bool usable = layer_.Usable(geometry_, look());
+  const bool lasting = usable || moving_;
+  moving_ = false;
+  if (!usable) {
+    layer_.Draw(geometry_, look(), texts_, overlay_);
+    edge_timer_.stop();
+  } else if (!layer_.Covers(geometry_, OverlayLayer::kMargin / 2) && !edge_timer_.isActive()) {
+    edge_timer_.start();
+  }
+  // When the same overlays are painted again, the next time shall be one copy.
+  if (lasting && tiles_.Idle()) {
+    layer_.Compose(geometry_,
+                   [this](QPainter& whole, const QRect& area) { return DrawTiles(whole, area); });
+  }
+  if (layer_.Whole(geometry_, look())) {
+    layer_.PaintWhole(painter, geometry_);
     return;
   }
-  constexpr int kTile = TileStore::kTileSize;
-  const double ratio = geometry_.pixel_ratio();
-  const int origin_x = geometry_.OriginX();
-  const int origin_y = geometry_.OriginY();
-  const int scaled_width = geometry_.ScaledWidth();
-  const int scaled_height = geometry_.ScaledHeight();
-  const int view_width = static_cast<int>(std::ceil(geometry_.view_width() * ratio));
-  const int view_height = static_cast<int>(std::ceil(geometry_.view_height() * ratio));
+  PaintChart(painter);
+  layer_.Paint(painter, geometry_);
+}
 
-  // The tiles in view, and a ring of those around them.
-  const int last_column = (scaled_width - 1) / kTile;
-  const int last_row = (scaled_height - 1) / kTile;
-  const int first_x = std::max(origin_x, 0) / kTile;
-  const int first_y = std::max(origin_y, 0) / kTile;
-  const int end_x = std::min((origin_x + view_width - 1) / kTile, last_column);
-  const int end_y = std::min((origin_y + view_height - 1) / kTile, last_row);
+QRect ChartViewer::TilesUnder(const QRect& area) const {
+  constexpr int kTile = TileStore::kTileSize;
+  const QPoint last((geometry_.ScaledWidth() - 1) / kTile, (geometry_.ScaledHeight() - 1) / kTile);
+  const QPoint first(std::max(area.left(), 0) / kTile, std::max(area.top(), 0) / kTile);
+  return {first, QPoint(std::min(area.right() / kTile, last.x()),
+                        std::min(area.bottom() / kTile, last.y()))};
+}
+
+QRect ChartViewer::ViewArea() const {
+  const double ratio = geometry_.pixel_ratio();
+  return {geometry_.OriginX(), geometry_.OriginY(),
+          static_cast<int>(std::ceil(geometry_.view_width() * ratio)),
+          static_cast<int>(std::ceil(geometry_.view_height() * ratio))};
+}
+
+// The tiles in view, and those in reach of the overlays about it.
+void ChartViewer::RequestTiles() {
+  constexpr int kReach = OverlayLayer::kMargin;
+  const QRect seen = TilesUnder(ViewArea());
+  const QRect around = TilesUnder(ViewArea().adjusted(-kReach, -kReach, kReach, kReach));
   std::vector<TileKey> visible;
   std::vector<TileKey> next;
-  for (int y = std::max(first_y - 1, 0); y <= std::min(end_y + 1, last_row); ++y) {
-    for (int x = std::max(first_x - 1, 0); x <= std::min(end_x + 1, last_column); ++x) {
-      const bool in_view = x >= first_x && x <= end_x && y >= first_y && y <= end_y;
-      (in_view ? visible : next).push_back({geometry_.Scale(), x, y});
+  for (int y = around.top(); y <= around.bottom(); ++y) {
+    for (int x = around.left(); x <= around.right(); ++x) {
+      (seen.contains(x, y) ? visible : next).push_back({geometry_.Scale(), x, y});
     }
   }
   tiles_.Request(visible, next);
+}
 
+void ChartViewer::PaintChart(QPainter& painter) {
+  const double ratio = geometry_.pixel_ratio();
   painter.save();
   // In screen pixels, so that tiles are copied and not scaled.
   painter.scale(1.0 / ratio, 1.0 / ratio);
+  DrawTiles(painter, ViewArea());
+  painter.restore();
+}
+
+bool ChartViewer::DrawTiles(QPainter& painter, const QRect& area) {
+  constexpr int kTile = TileStore::kTileSize;
+  const QRect chart(0, 0, geometry_.ScaledWidth(), geometry_.ScaledHeight());
+  const QRect tiles = TilesUnder(area);
   painter.setCompositionMode(QPainter::CompositionMode_Source);
-  for (const TileKey& key : visible) {
-    const int x = key.column * kTile;
-    const int y = key.row * kTile;
-    const QRect part(0, 0, std::min(kTile, scaled_width - x), std::min(kTile, scaled_height - y));
-    painter.drawImage(QPoint(x - origin_x, y - origin_y), tiles_.Tile(key), part);
-  }
-  const QRect chart(-origin_x, -origin_y, scaled_width, scaled_height);
-  const QRect view(0, 0, view_width, view_height);
-  if (!chart.contains(view)) {
-    for (const QRect& part : QRegion(view).subtracted(QRegion(chart))) {
-      painter.fillRect(part, desk);
+  bool all = true;
+  for (int y = tiles.top(); y <= tiles.bottom(); ++y) {
+    for (int x = tiles.left(); x <= tiles.right(); ++x) {
+      const QImage& tile = tiles_.Tile({geometry_.Scale(), x, y});
+      const QRect part = QRect(x * kTile, y * kTile, kTile, kTile) & chart;
+      all = all && !tile.isNull();
+      painter.drawImage(part.topLeft() - area.topLeft(), tile, QRect(QPoint(0, 0), part.size()));
     }
   }
-  painter.restore();
+  if (!chart.contains(area)) {
+    for (const QRect& part : QRegion(area).subtracted(QRegion(chart))) {
+      painter.fillRect(part.translated(-area.topLeft()), Desk());
+    }
+  }
+  painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+  return all;
 }
 
 void ChartViewer::PaintSelection(DrawingSurface& surface) {
@@ -371,7 +439,7 @@ void ChartViewer::mousePressEvent(QMouseEvent* event) {
   if (mouse_mode_ == MouseMode::kRubberBand) {
     band_start_ = mouse.image;
     selection_.reset();
-    Redraw();
+    viewport()->update();
   } else if (mouse_mode_ == MouseMode::kPan) {
     pan_grip_ = mouse.image;
   }
@@ -430,7 +498,12 @@ void ChartViewer::keyPressEvent(QKeyEvent* event) {
 }
 
 bool ChartViewer::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::Leave && events_ != nullptr) events_->MouseLeft();
+  if (event->type() == QEvent::MouseMove) mouse_inside_ = true;
+  if (event->type() == QEvent::Leave) {
+    mouse_inside_ = false;
+    RedrawLive();
+    if (events_ != nullptr) events_->MouseLeft();
+  }
   return QAbstractScrollArea::viewportEvent(event);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractScrollArea>
 #include <QPointF>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "ui/drawing/drawing_surface.h"
 #include "ui/viewer/chart_image.h"
 #include "ui/viewer/chart_loader.h"
+#include "ui/viewer/overlay_layer.h"
 #include "ui/viewer/tile_store.h"
 #include "ui/viewer/view_geometry.h"
 
@@ -59,7 +61,7 @@ class ChartViewer final : public QAbstractScrollArea {
     kRubberBand,  // the left button draws the selection
     kPan          // the left button drags the chart
   };
-  using OverlayPainter = std::function<void(DrawingSurface&)>;
+  using LivePainter = std::function<void(DrawingSurface&)>;
 
   explicit ChartViewer(QWidget* parent = nullptr);
   ~ChartViewer() override;
@@ -126,10 +128,17 @@ class ChartViewer final : public QAbstractScrollArea {
 
   // ---- Painting and events
 
-  // Called at the end of every paint, to draw over the chart in view pixels.
-  void SetOverlayPainter(OverlayPainter painter) { overlay_ = std::move(painter); }
-  // Asks for a repaint.
-  void Redraw() { viewport()->update(); }
+  // Draws what stands over the chart. It is called when that has changed (Redraw) and when another
+  // part of the chart or another scale comes into view, not at every paint: while the chart is
+  // dragged its last picture moves along, and what comes in at the edges follows within moments.
+  void SetOverlayPainter(OverlayPainter painter);
+  // Called at the end of every paint while the mouse is over the chart, to draw in view pixels what
+  // follows it. It must be quick.
+  void SetLivePainter(LivePainter painter) { live_ = std::move(painter); }
+  // Asks for a repaint with the overlays drawn anew.
+  void Redraw();
+  // Asks for a repaint for the sake of the live painter.
+  void RedrawLive() { viewport()->update(); }
   // Not owned; null: nobody.
   void SetEvents(ViewerEvents* events) { events_ = events; }
   void SetMouseMode(MouseMode mode);
@@ -137,8 +146,8 @@ class ChartViewer final : public QAbstractScrollArea {
   // Whether the left button is drawing the selection just now.
   bool rubber_banding() const { return band_start_.has_value(); }
   // Whether everything on show is in its fine form.
-  bool Refined() const { return tiles_.Idle(); }
-  // Bytes held for the chart: the picture, its reductions and the tiles.
+  bool Refined() const { return tiles_.Idle() && !edge_timer_.isActive(); }
+  // Bytes held for the chart: the picture, its reductions, the tiles and the overlays.
   std::int64_t MemoryUse() const;
 
  signals:
@@ -170,7 +179,15 @@ class ChartViewer final : public QAbstractScrollArea {
   void AfterViewChange();
   void SyncScrollBars();
   void ApplyLook(Look look);
-  void PaintChart(QPainter& painter, const QRegion& region);
+  QColor Desk() const;
+  void RequestTiles();
+  void PaintChart(QPainter& painter);
+  void PaintWithOverlays(QPainter& painter);
+  // The tiles (column, row) that a part of the scaled chart touches, and the part in view.
+  QRect TilesUnder(const QRect& area) const;
+  QRect ViewArea() const;
+  // Draws that part, as far as it has tiles, and the desk about the chart; whether it had them all.
+  bool DrawTiles(QPainter& painter, const QRect& area);
   void PaintSelection(DrawingSurface& surface);
   ViewerMouse Describe(const QMouseEvent& event) const;
 
@@ -180,12 +197,19 @@ class ChartViewer final : public QAbstractScrollArea {
   ChartLoader loader_;
   OnFailure on_failure_ = OnFailure::kKeepOld;
   OverlayPainter overlay_;
+  LivePainter live_;
+  OverlayLayer layer_;
+  TextPictures texts_;
+  // Until the overlays are drawn for the parts of the chart that came into view.
+  QTimer edge_timer_;
+  bool moving_ = false;
   ViewerEvents* events_ = nullptr;
   MouseMode mouse_mode_ = MouseMode::kNone;
   std::optional<ImageRect> selection_;
   std::optional<ImagePoint> band_start_;
   std::optional<ImagePoint> pan_grip_;
   bool syncing_bars_ = false;
+  bool mouse_inside_ = false;
 };
 
 }  // namespace skerrow

@@ -118,6 +118,15 @@ ViewPoint ViewGeometry::ToView(ImagePoint point) const {
           (point.row * Scale() - OriginY()) / pixel_ratio_};
 }
 
+ViewGeometry ViewGeometry::Widened(int margin) const {
+  ViewGeometry wide = *this;
+  wide.view_width_ += 2.0 * margin / pixel_ratio_;
+  wide.view_height_ += 2.0 * margin / pixel_ratio_;
+  wide.origin_x_ = OriginX() - margin;
+  wide.origin_y_ = OriginY() - margin;
+  return wide;
+}
+
 int ViewGeometry::ScaledWidth() const {
   return HasImage() ? std::max(ToInt(image_width_ * Scale()), 1) : 0;
 }

@@ -82,6 +82,10 @@ class ViewGeometry {
   ImagePoint ToImage(ViewPoint at) const;
   ViewPoint ToView(ImagePoint point) const;
 
+  // The same chart at the same place in a view that reaches `margin` screen pixels further on all
+  // sides; its corner may lie beyond the picture's edge.
+  ViewGeometry Widened(int margin) const;
+
   // Screen pixels to one pixel of the picture.
   double Scale() const { return zoom_ * pixel_ratio_; }
   // The size of the whole picture, and the place in it of the view's top left corner, in screen

@@ -75,6 +75,16 @@ bool DesktopMessages::Ask(std::string_view text, std::string_view title) {
   return box.exec() == QMessageBox::Yes;
 }
 
+void DesktopMessages::Notice(std::string_view text) {
+  constexpr qint64 kQuiet = 60 * 1000;  // ms
+  constexpr std::size_t kMostTexts = 200;
+  const auto told = told_.find(text);
+  if (told != told_.end() && !told->second.hasExpired(kQuiet)) return;
+  if (told_.size() >= kMostTexts) told_.clear();
+  told_[std::string(text)].start();
+  if (board_) board_(text);
+}
+
 void DesktopMessages::Beep() { QApplication::beep(); }
 
 }  // namespace skerrow

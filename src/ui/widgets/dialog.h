@@ -52,7 +52,7 @@ class Dialog : public QDialog {
   QPushButton* AddButton(const char* name, const QString& text, const QString& tip = {});
   QPushButton* AddLeftButton(const char* name, const QString& text, const QString& tip = {});
 
-  // Shows the fixed words of a refusal with a warning, after a beep where told, and brings the
+  // Shows the words of a refusal with a warning, after a beep when `beep` is set, and brings the
   // keyboard to the field that is to be corrected.
   void Refuse(std::string_view text, bool beep = false, QWidget* field = nullptr);
 

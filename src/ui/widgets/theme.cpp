@@ -7,11 +7,27 @@
 #include <QStyleOption>
 #include <QToolTip>
 #include <QWidget>
+#include <algorithm>
+#include <array>
 
 namespace skerrow {
 namespace {
 
-constexpr const char* kNightProperty = "skerrowNight";
+constexpr const char* kStyledProperty = "skerrowStyled";
+
+constexpr std::array kColours = {
+    &Theme::window,         &Theme::base,         &Theme::alternate,    &Theme::button,
+    &Theme::text,           &Theme::dim_text,     &Theme::accent,       &Theme::accent_text,
+    &Theme::border,         &Theme::warning,      &Theme::readout_text, &Theme::readout_back,
+    &Theme::readout_border, &Theme::plot_back,    &Theme::bar,          &Theme::bar_marked,
+    &Theme::bar_outline,    &Theme::longest_line, &Theme::shortest_line};
+static_assert(sizeof(Theme) / sizeof(QColor) == kColours.size(), "a colour is not dimmed");
+
+// The look of the application, which there is one of.
+Theme& InForce() {
+  static Theme theme = DayTheme();
+  return theme;
+}
 
 QPalette PaletteOf(const Theme& theme) {
   QPalette palette;
@@ -113,7 +129,25 @@ class HelmStyle final : public QProxyStyle {
                    const QWidget* widget) const override {
     const bool grip = element == CE_SizeGrip || element == CE_Splitter;
     if (ThemeInForce().night && grip) return;
-    QProxyStyle::drawControl(element, option, painter, widget);
+    if (const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        button != nullptr && element == CE_ToolButtonLabel) {
+      // Icons are lit up for the row of a menu that is chosen, not for a button under the mouse.
+      QStyleOptionToolButton plain(*button);
+      plain.state &= ~State_MouseOver;
+      QProxyStyle::drawControl(element, &plain, painter, widget);
+      return;
+    }
+    const bool bar = element == CE_MenuBarEmptyArea || element == CE_MenuBarItem;
+    if (ThemeInForce().night && element == CE_ToolBar) {
+      painter->fillRect(option->rect, ThemeInForce().window);
+    } else {
+      QProxyStyle::drawControl(element, option, painter, widget);
+    }
+    // The line below bars, which the style beneath makes nearly white on a dark ground.
+    if (ThemeInForce().night && (bar || element == CE_ToolBar)) {
+      painter->setPen(ThemeInForce().border);
+      painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
+    }
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -161,51 +195,66 @@ class HelmStyle final : public QProxyStyle {
 }  // namespace
 
 const Theme& DayTheme() {
-  static const Theme theme = {false,
-                              QColor(0xf3, 0xf5, 0xf7),
-                              QColor(0xff, 0xff, 0xff),
-                              QColor(0xf1, 0xf5, 0xf9),
-                              QColor(0xe9, 0xed, 0xf1),
-                              QColor(0x1c, 0x27, 0x33),
-                              QColor(0x6b, 0x78, 0x85),
-                              QColor(0x1a, 0x5f, 0xa8),
-                              QColor(0xff, 0xff, 0xff),
-                              QColor(0xc3, 0xcc, 0xd5),
-                              QColor(0xb4, 0x2d, 0x12),
-                              QColor(0xff, 0xff, 0xff),
-                              QColor(0, 51, 153),
-                              QColor(0x4d, 0x8f, 0xe0),
-                              QColor(0xff, 0xff, 0xff),
-                              QColor(0xb4, 0x2d, 0x12),
-                              QColor(0x0b, 0x7a, 0x3b)};
+  static const Theme theme = {.night = false,
+                              .window = QColor(0xf3, 0xf5, 0xf7),
+                              .base = QColor(0xff, 0xff, 0xff),
+                              .alternate = QColor(0xf1, 0xf5, 0xf9),
+                              .button = QColor(0xe9, 0xed, 0xf1),
+                              .text = QColor(0x1c, 0x27, 0x33),
+                              .dim_text = QColor(0x6b, 0x78, 0x85),
+                              .accent = QColor(0x1a, 0x5f, 0xa8),
+                              .accent_text = QColor(0xff, 0xff, 0xff),
+                              .border = QColor(0xc3, 0xcc, 0xd5),
+                              .warning = QColor(0xb4, 0x2d, 0x12),
+                              .readout_text = QColor(0, 0, 0),
+                              .readout_back = QColor(223, 234, 255),
+                              .readout_border = QColor(0x9d, 0xb2, 0xcc),
+                              .plot_back = QColor(0xff, 0xff, 0xff),
+                              .bar = QColor(0, 51, 153),
+                              .bar_marked = QColor(0x4d, 0x8f, 0xe0),
+                              .bar_outline = QColor(0xff, 0xff, 0xff),
+                              .longest_line = QColor(0xb4, 0x2d, 0x12),
+                              .shortest_line = QColor(0x0b, 0x7a, 0x3b)};
   return theme;
 }
 
-const Theme& NightTheme() {
-  static const Theme theme = {true,
-                              QColor(0x14, 0x08, 0x06),
-                              QColor(0x0b, 0x04, 0x03),
-                              QColor(0x14, 0x08, 0x05),
-                              QColor(0x22, 0x0e, 0x0a),
-                              QColor(0xd0, 0x64, 0x3c),
-                              QColor(0x9c, 0x52, 0x3a),
-                              QColor(0x5c, 0x1d, 0x10),
-                              QColor(0xf0, 0x95, 0x58),
-                              QColor(0x4d, 0x20, 0x16),
-                              QColor(0xe8, 0x8a, 0x2e),
-                              QColor(0x0b, 0x04, 0x03),
-                              QColor(0x6e, 0x22, 0x14),
-                              QColor(0xb8, 0x52, 0x22),
-                              QColor(0x2a, 0x10, 0x0a),
-                              QColor(0xe0, 0x52, 0x30),
-                              QColor(0xd8, 0x92, 0x30)};
+Theme NightTheme(int brightness) {
+  Theme theme = {.night = true,
+                 .window = QColor(0x14, 0x08, 0x06),
+                 .base = QColor(0x0b, 0x04, 0x03),
+                 .alternate = QColor(0x14, 0x08, 0x05),
+                 .button = QColor(0x22, 0x0e, 0x0a),
+                 .text = QColor(0xd0, 0x64, 0x3c),
+                 .dim_text = QColor(0x9c, 0x52, 0x3a),
+                 .accent = QColor(0x5c, 0x1d, 0x10),
+                 .accent_text = QColor(0xf0, 0x95, 0x58),
+                 .border = QColor(0x4d, 0x20, 0x16),
+                 .warning = QColor(0xe8, 0x8a, 0x2e),
+                 .readout_text = QColor(0, 255, 0),
+                 .readout_back = QColor(0, 0, 0),
+                 .readout_border = QColor(0x14, 0x30, 0x14),
+                 .plot_back = QColor(0x0b, 0x04, 0x03),
+                 .bar = QColor(0x6e, 0x22, 0x14),
+                 .bar_marked = QColor(0xb8, 0x52, 0x22),
+                 .bar_outline = QColor(0x2a, 0x10, 0x0a),
+                 .longest_line = QColor(0xe0, 0x52, 0x30),
+                 .shortest_line = QColor(0xd8, 0x92, 0x30)};
+  const int share = std::clamp(brightness, 10, 100);
+  for (QColor Theme::*colour : kColours) {
+    QColor& shown = theme.*colour;
+    shown =
+        QColor(shown.red() * share / 100, shown.green() * share / 100, shown.blue() * share / 100);
+  }
   return theme;
 }
 
-void ApplyTheme(bool night) {
-  const Theme& theme = night ? NightTheme() : DayTheme();
-  qApp->setProperty(kNightProperty, night);
-  QApplication::setStyle(new HelmStyle);
+void ApplyTheme(bool night, int brightness) {
+  Theme& theme = InForce();
+  theme = night ? NightTheme(brightness) : DayTheme();
+  if (!qApp->property(kStyledProperty).toBool()) {
+    qApp->setProperty(kStyledProperty, true);
+    QApplication::setStyle(new HelmStyle);
+  }
   QFont font = QApplication::font();
   if (font.pointSizeF() > 0 && font.pointSizeF() < 10.0) {
     font.setPointSizeF(10.0);
@@ -218,16 +267,15 @@ void ApplyTheme(bool night) {
   for (QWidget* widget : QApplication::allWidgets()) widget->update();
 }
 
-const Theme& ThemeInForce() {
-  return qApp != nullptr && qApp->property(kNightProperty).toBool() ? NightTheme() : DayTheme();
-}
+const Theme& ThemeInForce() { return InForce(); }
 
 QPixmap Dimmed(const QPixmap& pixmap) {
-  if (!ThemeInForce().night || pixmap.isNull()) return pixmap;
+  const Theme& theme = ThemeInForce();
+  if (!theme.night || pixmap.isNull()) return pixmap;
   QPixmap dimmed = pixmap;
   QPainter painter(&dimmed);
   painter.setCompositionMode(QPainter::CompositionMode_Multiply);
-  painter.fillRect(dimmed.rect(), QColor(120, 56, 36));
+  painter.fillRect(dimmed.rect(), theme.text.darker(175));
   return dimmed;
 }
 

@@ -20,6 +20,10 @@ struct Theme {
   QColor accent_text;
   QColor border;
   QColor warning;
+  // The boxes that stand over the chart.
+  QColor readout_text;
+  QColor readout_back;
+  QColor readout_border;
   // Plots.
   QColor plot_back;
   QColor bar;
@@ -30,17 +34,18 @@ struct Theme {
 };
 
 // The two themes: dark text on light grey, and red and amber on near black, which spares eyes that
-// have got used to the dark.
+// have got used to the dark. At a brightness below 100 percent (10 at least) every colour of the
+// night is that much darker.
 const Theme& DayTheme();
-const Theme& NightTheme();
+Theme NightTheme(int brightness = 100);
 
 // Gives the application, with all windows open and to come, the day or the night look.
-void ApplyTheme(bool night);
+void ApplyTheme(bool night, int brightness = 100);
 
 // The theme of the last ApplyTheme; the day's before it.
 const Theme& ThemeInForce();
 
-// `pixmap` dimmed and reddened for the night view; unchanged by day.
+// `pixmap` dimmed and reddened for the night view at its brightness; unchanged by day.
 QPixmap Dimmed(const QPixmap& pixmap);
 
 // Puts a colour's name into a style sheet's place for it: "#1c2733".

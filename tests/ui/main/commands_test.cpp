@@ -5,6 +5,7 @@
 #include <set>
 
 #include "ui/main/commands/command.h"
+#include "ui/main/context.h"
 #include "ui/main/menus.h"
 #include "window_fixture.h"
 
@@ -89,7 +90,7 @@ TEST_F(Window, ToolsStayHiddenUntilAskedFor) {
   const auto* tools = window_->findChild<QMenu*>("mnuTools");
   ASSERT_NE(tools, nullptr);
   EXPECT_FALSE(tools->menuAction()->isVisible());
-  window_->ShowTools();
+  window_->context().look.ShowTools();
   EXPECT_TRUE(tools->menuAction()->isVisible());
 }
 

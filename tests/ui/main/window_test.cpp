@@ -4,12 +4,14 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <cmath>
 #include <filesystem>
 
+#include "app/edits.h"
 #include "routes/route.h"
-#include "ui/main/readout.h"
+#include "ui/main/context.h"
 #include "window_fixture.h"
 
 namespace skerrow {
@@ -37,7 +39,7 @@ TEST_F(Window, TheWholeRoad) {
   Start();
   LayRoute();
   EXPECT_TRUE(window_->windowTitle().endsWith(
-      "  :  Route = " + QString::number(program_.route.distance, 'f', 1) + "nm"));
+      "  :  Route = " + QString::number(program_.route.distance, 'f', 1) + "nm  -  Unnamed*"));
   auto* combo = window_->findChild<QComboBox*>("cmbRoute");
   EXPECT_EQ(combo->count(), 8);
 
@@ -204,7 +206,7 @@ TEST_F(Window, TheTimeAlongATrackComesAndGoes) {
   for (int i = 0; i < 40 && program_.animation.label.empty(); ++i) QTest::qWait(50);
   EXPECT_TRUE(panel().startsWith("ETA : "));
   Key(Qt::Key_Backspace);
-  EXPECT_FALSE(window_->animating());
+  EXPECT_FALSE(window_->context().time.animating());
   EXPECT_EQ(panel(), "Waypoints = Sample");
   // Back to the clock from wherever the time stands.
   EXPECT_TRUE(program_.selected_time.override_);
@@ -246,8 +248,8 @@ TEST_F(Window, ARouteFromTheListIsToldInTheTitle) {
   });
   Command("mnuRouteWaypoints");
   ASSERT_EQ(program_.route.points.size(), 3U);
-  EXPECT_TRUE(window_->windowTitle().endsWith(
-      "  Route distance = " + QString::number(program_.route.distance, 'f', 1) + "nm."))
+  EXPECT_TRUE(window_->windowTitle().contains(
+      "  Route distance = " + QString::number(program_.route.distance, 'f', 1) + "nm.  -"))
       << window_->windowTitle().toStdString();
   Key(Qt::Key_Backspace);
   EXPECT_NE(window_->windowTitle().indexOf("  :  Route = "), -1);
@@ -268,6 +270,10 @@ TEST_F(Window, ASpeedOfTheSettingsAndAnOpenedRouteAreEdits) {
   const std::string path = RoutePath(program_.folders, "Kept.rte");
   ASSERT_TRUE(SaveRoute(path, program_.route, 5.0F));
   ShiftClick({49.7F, -1.9F});
+  OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdCancel"); });
+  window_->OpenFile(path);
+  EXPECT_EQ(program_.route.points.size(), 4U) << "an unsaved route is not lost without a word";
+  OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdDiscard"); });
   window_->OpenFile(path);
   EXPECT_EQ(program_.route.points.size(), 3U);
   Command("mnuUndo");
@@ -314,6 +320,29 @@ TEST_F(Window, ADraggedPointIsOneEdit) {
   EXPECT_EQ(window_->action("mnuUndo")->text(), "&Undo Add Route Point");
 }
 
+// Keys of the chart go on working after the toolbar was used, and Shift + double click lays one
+// point.
+TEST_F(Window, TheChartKeepsTheKeyboardAndADoubleClickIsOne) {
+  Start();
+  LayRoute();
+  auto* combo = window_->findChild<QComboBox*>("cmbRoute");
+  EXPECT_EQ(combo->currentIndex(), 4) << "the row of the leg selected, which is the second";
+  QTest::mouseClick(combo, Qt::LeftButton);
+  QTest::qWait(50);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  QTest::qWait(50);
+  EXPECT_EQ(QApplication::focusWidget(), &window_->viewer());
+  combo->setFocus();
+  Command("tbZoomIn");
+  EXPECT_EQ(QApplication::focusWidget(), &window_->viewer());
+  const QPoint at = At({49.9F, -2.2F});
+  MoveTo(at);
+  QTest::mouseClick(canvas(), Qt::LeftButton, Qt::ShiftModifier, at);
+  QTest::mouseDClick(canvas(), Qt::LeftButton, Qt::ShiftModifier, at);
+  EXPECT_EQ(program_.route.points.size(), 4U);
+}
+
 TEST_F(Window, PointsSnapToWaypoints) {
   Start();
   Command("mnuMouseWayPoint");
@@ -322,7 +351,7 @@ TEST_F(Window, PointsSnapToWaypoints) {
     if (waypoint.name == "EC2 HFP Buoy") mark = &waypoint;
   }
   ASSERT_NE(mark, nullptr);
-  window_->LocatePoint(mark->At());
+  window_->context().chart.LocatePoint(mark->At());
   ShiftClick({mark->latitude + 0.005F, mark->longitude});
   ASSERT_EQ(program_.route.points.size(), 1U);
   EXPECT_EQ(program_.route.points[0].name, "EC2 HFP Buoy");
@@ -343,6 +372,24 @@ TEST_F(Window, EscHasTwoStages) {
   EXPECT_TRUE(program_.route.points.empty());
   Command("mnuUndo");
   EXPECT_EQ(program_.route.points.size(), 3U);
+
+  // A roll of the tides is a calculation on show too: the first Esc leaves the route alone. The
+  // second drops time and route, and one undo brings both back.
+  Command("mnuTideRollPlus");
+  EXPECT_EQ(program_.selected_time.hours, 7.0F);
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(program_.route.points.size(), 3U);
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(program_.route.points.empty());
+  EXPECT_FALSE(program_.selected_time.override_);
+  EXPECT_EQ(program_.selected_time.hours, 6.5F);
+  Command("mnuUndo");
+  EXPECT_EQ(program_.route.points.size(), 3U);
+  EXPECT_EQ(program_.selected_time.hours, 7.0F);
+  EXPECT_TRUE(program_.selected_time.override_);
+  Command("mnuRedo");
+  EXPECT_TRUE(program_.route.points.empty());
+  EXPECT_EQ(program_.selected_time.hours, 6.5F);
 }
 
 TEST_F(Window, DividersMeasure) {
@@ -365,7 +412,13 @@ TEST_F(Window, KeysZoomAndPan) {
   Start();
   Key(Qt::Key_0);
   EXPECT_NEAR(window_->viewer().zoom(), 1.0, 1e-6);
+  const ImagePoint middle = window_->viewer().ViewToImage(QRectF(canvas()->rect()).center());
   MoveTo(At({50.0F, -2.0F}));
+  Command("tbZoomIn");  // the toolbar's zoom is about the middle
+  const ImagePoint still = window_->viewer().ViewToImage(QRectF(canvas()->rect()).center());
+  EXPECT_NEAR(still.column, middle.column, 2.0);
+  EXPECT_NEAR(still.row, middle.row, 2.0);
+  Key(Qt::Key_0);
   Key(Qt::Key_I);
   EXPECT_NEAR(window_->viewer().zoom(), 1.3, 1e-6);
   Key(Qt::Key_Equal, Qt::ShiftModifier);
@@ -377,7 +430,7 @@ TEST_F(Window, KeysZoomAndPan) {
   Key(Qt::Key_3);
   EXPECT_NEAR(window_->viewer().zoom(), 0.3, 1e-6);
   Key(Qt::Key_0);
-  window_->LocatePoint({50.0F, -4.0F});
+  window_->context().chart.LocatePoint({50.0F, -4.0F});
   const ImageRect before = window_->viewer().VisibleRect();
   Key(Qt::Key_Right);
   const ImageRect after = window_->viewer().VisibleRect();
@@ -410,7 +463,7 @@ TEST_F(Window, ThePlainMouseDragsTheChartAndTheWheelZoomsAboutThePointer) {
 
 TEST_F(Window, LargerAndSmallerScaleWalkTheCharts) {
   Start();
-  window_->LocatePoint({50.7F, -1.3F});
+  window_->context().chart.LocatePoint({50.7F, -1.3F});
   MoveTo(At({50.7F, -1.3F}));
   Key(Qt::Key_Equal);
   EXPECT_TRUE(program_.config.chart_path.ends_with("9999-3"));
@@ -419,6 +472,9 @@ TEST_F(Window, LargerAndSmallerScaleWalkTheCharts) {
   EXPECT_TRUE(stored.chart_path.ends_with("9999-3"));
   Key(Qt::Key_Minus);
   EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
+  ASSERT_TRUE(ReadConfig(program_.folders, stored));
+  EXPECT_EQ(stored.chart_file_name, "9999-1.cht");
+  EXPECT_EQ(NativePath(stored.chart_folder), program_.folders.Charts());
   Key(Qt::Key_Equal);
   Command("mnuPUPrevChart");
   EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
@@ -489,7 +545,7 @@ TEST_F(Window, TheNightViewIsDark) {
   Start();
   LayRoute();
   Key(Qt::Key_F9);
-  EXPECT_TRUE(window_->night());
+  EXPECT_TRUE(window_->view().night);
   EXPECT_EQ(window_->findChild<QComboBox*>("cmbRoute")->palette().color(QPalette::Text),
             QColor(0, 255, 0));
   QTest::qWait(300);
@@ -507,7 +563,7 @@ TEST_F(Window, TheNightViewIsDark) {
   EXPECT_LT(static_cast<double>(bright), pixels / 1000.0);
   EXPECT_LT(sum / pixels, 60.0);
   Command("mnuViewNormal");
-  EXPECT_FALSE(window_->night());
+  EXPECT_FALSE(window_->view().night);
 }
 
 TEST_F(Window, BrightnessGoesDownAndUpByTenths) {
@@ -517,10 +573,10 @@ TEST_F(Window, BrightnessGoesDownAndUpByTenths) {
   EXPECT_EQ(brightness(), 10);
   for (int i = 0; i < 8; ++i) Key(Qt::Key_F10);
   EXPECT_EQ(brightness(), 90);
-  EXPECT_TRUE(window_->night());
+  EXPECT_TRUE(window_->view().night);
   Key(Qt::Key_F10);
   EXPECT_EQ(brightness(), 100);
-  EXPECT_FALSE(window_->night());
+  EXPECT_FALSE(window_->view().night);
 }
 
 TEST_F(Window, ARightClickBesideTheChartShowsItsMenu) {
@@ -533,18 +589,56 @@ TEST_F(Window, ARightClickBesideTheChartShowsItsMenu) {
   menu->close();
 }
 
-TEST_F(Window, ManOverboardIsAskedForAndCancelled) {
+// Nobody guesses where a person is: the boat's place, or the click that is asked for.
+TEST_F(Window, ManOverboardIsMarkedWhereItIsPointedOut) {
   Start();
+  auto* label = window_->findChild<QLabel*>("lblMOB");
+  const auto settle = [&] {
+    canvas()->repaint();
+    QApplication::processEvents();
+  };
   MoveTo(At({50.0F, -2.0F}));
   messages_.ExpectQuestion("Activate Man Overboard?", true);
   Command("tbMob");
-  EXPECT_TRUE(program_.mob.on);
-  QApplication::processEvents();
-  canvas()->repaint();
-  EXPECT_TRUE(window_->findChild<QLabel*>("lblMOB")->text().startsWith("MOB Position "));
+  EXPECT_FALSE(program_.mob.on);
+  EXPECT_TRUE(label->text().startsWith("Click where the person went over"));
+  EXPECT_GT(label->width(), 200);
+  EXPECT_GE(label->fontInfo().pixelSize(), 20) << "to be read at arm's length";
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(window_->view().mob_pending);
+  // The key works whatever has the focus.
+  window_->findChild<QComboBox*>("cmbRoute")->setFocus();
+  messages_.ExpectQuestion("Activate Man Overboard?", true);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F7);
+  const QPoint there = At({50.1F, -2.1F});
+  QTest::mouseClick(canvas(), Qt::LeftButton, Qt::NoModifier, there);
+  ASSERT_TRUE(program_.mob.on);
+  EXPECT_NEAR(program_.mob.position.latitude, 50.1F, 0.01);
+  EXPECT_NEAR(program_.mob.position.longitude, -2.1F, 0.01);
+  EXPECT_TRUE(program_.route.points.empty());
+  settle();
+  EXPECT_TRUE(label->text().startsWith("MOB Position 002.0")) << label->text().toStdString();
+  // Twelve miles south of the mark, a minute and a half later: worked out by hand.
+  clock_.now = {2026, 12, 5, 6, 31, 50};
+  MoveTo(At({program_.mob.position.latitude - 0.2F, program_.mob.position.longitude}));
+  EXPECT_TRUE(label->text().contains("At 06:30, 00:01:30 ago")) << label->text().toStdString();
+  EXPECT_TRUE(label->text().contains(
+      QRegularExpression("From the cursor 1[12]\\.\\d\\dnm @(000|001|359|360)")))
+      << label->text().toStdString();
+  // On another chart the label goes, the menu still tells.
+  program_.mob.position = {40.0F, 10.0F};
+  window_->Changed(kTargetsChanged);
+  settle();
+  EXPECT_FALSE(label->isVisible());
+  EXPECT_EQ(window_->action("tbMob")->text(), "Man Overboard: 40.00.00N  010.00.00E");
   messages_.ExpectQuestion("Cancel Man Overboard?", true);
   Command("tbMob");
   EXPECT_FALSE(program_.mob.on);
+  // With a fix it is the boat's place.
+  program_.boat.position = {50.5F, -1.5F};
+  messages_.ExpectQuestion("Activate Man Overboard?", true);
+  Command("tbMob");
+  EXPECT_EQ(program_.mob.position, (Position{50.5F, -1.5F}));
 }
 
 TEST_F(Window, MarksAWaypointAndMovesItWithTheRightButton) {
@@ -552,7 +646,7 @@ TEST_F(Window, MarksAWaypointAndMovesItWithTheRightButton) {
   std::size_t mark = 0;
   while (program_.waypoints.waypoints[mark].name != "EC1 HFP Buoy") ++mark;
   const Position place = program_.waypoints.waypoints[mark].At();
-  window_->LocatePoint(place);
+  window_->context().chart.LocatePoint(place);
   MoveTo(At(place));
   Key(Qt::Key_M);
   EXPECT_TRUE(window_->view().marked_point_on);
@@ -562,12 +656,27 @@ TEST_F(Window, MarksAWaypointAndMovesItWithTheRightButton) {
   QTest::mouseRelease(canvas(), Qt::RightButton, Qt::NoModifier, At(target));
   EXPECT_NEAR(program_.waypoints.waypoints[mark].latitude, target.latitude, 0.01);
   EXPECT_FALSE(window_->view().marked_point_on);
+  // The move is kept for recovery, and asked about before the table is read anew.
+  const std::string kept = program_.folders.SettingsData() + "/recovery.Sample.way";
+  EXPECT_TRUE(FileReadable(kept));
+  OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdCancel"); });
+  Command("mnuwaychoose");
+  EXPECT_TRUE(WaypointsUnsaved(program_));
+  Command("mnuWayMouse");
+  OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdDiscard"); });
+  OnDialog([](QWidget* prompt) {
+    EXPECT_EQ(prompt->windowTitle(), "Mouse Entry of Waypoint");
+    QTest::keyClick(prompt, Qt::Key_Return);
+  });
+  ShiftClick({50.0F, -2.0F});
+  EXPECT_FALSE(WaypointsUnsaved(program_));
+  EXPECT_FALSE(FileReadable(kept));
 }
 
 TEST_F(Window, TheViewComesBackAtTheNextStart) {
   Start();
   Key(Qt::Key_7);
-  window_->LocatePoint({49.5F, -2.5F});
+  window_->context().chart.LocatePoint({49.5F, -2.5F});
   const ImageRect seen = window_->viewer().VisibleRect();
   window_->close();
   window_.reset();
@@ -629,6 +738,54 @@ TEST_F(Window, AChartThatCannotBeShownIsNotTaken) {
   EXPECT_TRUE(stored.chart_path.ends_with("9999-1"));
 }
 
+// A chart without its calibration is a picture: no readout, no point, and a line that says why.
+TEST_F(Window, AChartWithoutCalibrationHasNoPlaces) {
+  program_.folders.program = user_.File("program");
+  std::filesystem::copy(SKERROW_PROGRAM_FOLDER, program_.folders.program,
+                        std::filesystem::copy_options::recursive);
+  std::filesystem::remove(program_.folders.Charts() + "/9999-1.cht");
+  program_.config = DefaultConfig(program_.folders.program);
+  messages_.Expect("Does not exist in Mod. ReadChartSettings\n" + program_.folders.Charts() +
+                   "/9999-1.cht");
+  Start();
+  ASSERT_GT(window_->viewer().image_height(), 0);
+  for (const QPoint at : {QPoint(300, 200), QPoint(500, 300)}) {
+    MoveTo(at);
+    QTest::mouseClick(canvas(), Qt::LeftButton, Qt::ShiftModifier, at);
+  }
+  Key(Qt::Key_M);
+  Key(Qt::Key_I);
+  EXPECT_TRUE(program_.route.points.empty());
+  EXPECT_FALSE(window_->findChild<QLabel*>("Picture1")->isVisible());
+  EXPECT_TRUE(
+      window_->findChild<QLabel*>("lblQuietLine")->text().contains("9999-1.cht is missing"));
+  EXPECT_FALSE(window_->action("mnuPURouteAdd")->isEnabled());
+}
+
+// A route that is opened is brought into view; a waypoint off the chart changes the chart.
+TEST_F(Window, WhatIsAskedForIsBroughtIntoView) {
+  Start();
+  EXPECT_EQ(window_->findChild<QLabel*>("lblQuietLine")->text(), "Shift + click lays a route");
+  Key(Qt::Key_0);
+  window_->context().chart.LocatePoint({49.0F, -5.0F});
+  Command("mnuOpenSampleRoute");
+  ASSERT_GT(program_.route.points.size(), 1U);
+  for (const RoutePoint& point : program_.route.points) {
+    EXPECT_TRUE(canvas()->rect().contains(At(point.At()))) << point.name;
+  }
+  EXPECT_FALSE(window_->findChild<QLabel*>("lblQuietLine")->isVisible());
+  EXPECT_TRUE(window_->windowTitle().endsWith("  -  Unnamed"));
+  window_->context().chart.LocatePoint({50.7F, -1.3F});
+  MoveTo(At({50.7F, -1.3F}));
+  Key(Qt::Key_Equal);
+  ASSERT_TRUE(program_.config.chart_path.ends_with("9999-3"));
+  window_->context().chart.GoTo({49.0F, -5.0F});
+  EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
+  EXPECT_LE((At({49.0F, -5.0F}) - canvas()->rect().center()).manhattanLength(), 400);
+  messages_.Expect("No chart of this sea area shows 20.00.00N  030.00.00E");
+  window_->context().chart.GoTo({20.0F, 30.0F});
+}
+
 TEST_F(Window, FilesOfTheCommandLineAreTakenOrRefused) {
   Start();
   LayRoute();
@@ -638,10 +795,12 @@ TEST_F(Window, FilesOfTheCommandLineAreTakenOrRefused) {
   };
   const std::pair<std::string, const char*> bad[] = {
       {write("short.rte", std::string(48, 'x')), ": point 1 has a latitude beyond 90 degrees"},
-      {write("bad.cht", "no chart"), ": a calibration latitude lies at or beyond a pole"},
+      {write("bad.cht", "no chart"),
+       ": the chart is not calibrated, a calibration latitude lies at or beyond a pole"},
       {write("bad.way", std::string(7, 'x')), ": there is no waypoint in it"},
       {user_.File("gone.way"), ": the file does not exist"},
       {write("notes.txt", ""), ": this is no route, waypoint or chart file"}};
+  OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdDiscard"); });
   for (const auto& [file, reason] : bad) {
     messages_.Expect(file + reason);
     window_->OpenFile(file);
@@ -665,14 +824,21 @@ TEST_F(Window, WithoutAChartTheDefaultsComeBackAndTheProgramEnds) {
   window_ = std::make_unique<FrmChart>(program_, messages_, *settings_, clipboard_);
   window_->show();
   window_->Start();
+  AppConfig own = program_.config;
+  own.vessel_speed = 7.25F;
+  ASSERT_TRUE(SaveConfig(program_.folders, own));
+  const std::string copy = program_.folders.SettingsData() + "/HelmConfig.bak";
   messages_.Expect("Error in Chart File\n" + user_.File("nothing") +
-                   "\n\nRestoring defaults to Sample Chart and exiting program");
+                   "\n\nRestoring defaults to Sample Chart and exiting program"
+                   "\n\nThe settings up to now are kept in " +
+                   copy);
   MoveTo({200, 200});
   QTest::qWait(100);
   EXPECT_FALSE(window_->isVisible());
   AppConfig stored;
   ASSERT_TRUE(ReadConfig(program_.folders, stored));
   EXPECT_TRUE(stored.chart_path.ends_with("9999-1"));
+  EXPECT_EQ(testing::FileBytes(copy), EncodeRecord(own, kAppConfigFields));
 }
 
 TEST(Readout, RecentChartsKeepSixAndTheNewestFirst) {
@@ -681,11 +847,6 @@ TEST(Readout, RecentChartsKeepSixAndTheNewestFirst) {
   EXPECT_EQ(recent, (std::vector<std::string>{"g", "f", "e", "d", "c", "b"}));
   AddRecentChart(recent, "c");
   EXPECT_EQ(recent, (std::vector<std::string>{"c", "g", "f", "e", "d", "b"}));
-  AppConfig config;
-  ApplyRecentChart(config, "/opt/skerrow/Charts/Solent\\12-3.cht");
-  EXPECT_EQ(config.chart_path, "/opt/skerrow/Charts/Solent\\12-3");
-  EXPECT_EQ(config.chart_file_name, "12-3.cht");
-  EXPECT_EQ(config.sea_area, "Solent");
 }
 
 }  // namespace

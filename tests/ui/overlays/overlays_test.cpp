@@ -1,15 +1,22 @@
 #include "ui/overlays/overlays.h"
 
+#include <QImage>
+#include <QPainter>
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <map>
 #include <set>
+#include <span>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "core/plane_sailing.h"
-#include "ui/drawing/recording_surface.h"
+#include "support/recording_surface.h"
+#include "ui/drawing/qt_surface.h"
+#include "ui/overlays/live_overlays.h"
 
 namespace skerrow {
 namespace {
@@ -53,7 +60,7 @@ class OverlaysTest : public ::testing::Test {
     geometry.SetViewSize(1600.0, 900.0, 1.0);
     geometry.SetZoom(zoom);
     geometry.Place(corner, {0.0, 0.0});
-    view = MakeOverlayView(program.charts.chart, geometry, 12);
+    view = MakeOverlayView(program.charts.chart, geometry, geometry, 12);
   }
 
   void SetRoute(const std::vector<RoutePoint>& points) {
@@ -68,18 +75,34 @@ class OverlaysTest : public ::testing::Test {
     return surface.Text();
   }
 
-  // What the overlay of that name draws when it is shown.
+  // What the overlay of that name draws when it is shown, its names last.
   std::string DrawOne(std::string_view name) {
     for (const Overlay& overlay : Overlays()) {
       if (overlay.name != name) continue;
       RecordingSurface surface(1600.0, 900.0);
       if (overlay.draw != nullptr && overlay.shown(program, state)) {
         overlay.draw(surface, view, program, state);
+        LabelList names;
+        if (overlay.names != nullptr) overlay.names(names, view, program, state);
+        DrawLabels(surface, view, names, view.geometry.zoom() >= 1.0);
       }
       return surface.Text();
     }
     ADD_FAILURE() << "no overlay " << name;
     return {};
+  }
+
+  // The names of a paint, and where each begins.
+  std::multimap<std::string, SurfacePoint> Names() {
+    std::multimap<std::string, SurfacePoint> names;
+    std::istringstream lines(Draw());
+    for (std::string line; std::getline(lines, line);) {
+      SurfacePoint at;
+      if (std::sscanf(line.c_str(), "text %lf,%lf", &at.x, &at.y) != 2) continue;
+      const std::size_t quote = line.find('"');
+      names.emplace(line.substr(quote + 1, line.size() - quote - 2), at);
+    }
+    return names;
   }
 
   bool Shown(std::string_view name) {
@@ -145,17 +168,18 @@ TEST_F(OverlaysTest, StandInTheirOrder) {
   EXPECT_EQ(names, expected);
 }
 
-TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOther) {
+TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOtherAndThenTheNames) {
   FillEverything();
+  const auto shapes = [](const std::string& text) { return text.substr(0, text.find("text ")); };
   const std::string whole = Draw();
   std::string rows;
   std::set<std::string_view> silent;
   for (const Overlay& overlay : Overlays()) {
     const std::string row = DrawOne(overlay.name);
     if (row.empty()) silent.insert(overlay.name);
-    rows += row;
+    rows += shapes(row);
   }
-  EXPECT_EQ(whole, rows);
+  EXPECT_EQ(shapes(whole), rows);
   // No replay runs; the others have no drawer yet.
   EXPECT_EQ(silent, (std::set<std::string_view>{"tidal streams", "wind entered", "wind imported",
                                                 "AIS targets", "boat of a replay"}));
@@ -165,22 +189,17 @@ TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOther) {
 TEST_F(OverlaysTest, NothingToShowAndNoPictureDrawNothing) {
   program.config.show_streams = 0.0F;
   EXPECT_EQ(DrawOne("route"), "");
+  SetRoute({Point(50.5F, -1.5F)});  // one point is a start and no more
+  EXPECT_EQ(DrawOne("route legs") + DrawOne("vectors"), "");
+  SetRoute({});
   state.dividers_on = true;  // but no point is set
   program.config.show_vectors = kTrue;
   program.config.show_chart_boundaries = kTrue;
   EXPECT_EQ(Draw().find("ring"), std::string::npos);
   EXPECT_EQ(DrawOne("dividers"), "");
   FillEverything();
-  view = MakeOverlayView(program.charts.chart, ViewGeometry(), 12);
+  view = MakeOverlayView(program.charts.chart, {}, {}, 12);
   EXPECT_EQ(Draw(), "");
-}
-
-TEST_F(OverlaysTest, KnowsTheCornersOfTheView) {
-  EXPECT_NEAR(view.view_west, -2.0 + 1900.0 / 4000.0, 1e-5);
-  EXPECT_NEAR(view.view_east, -2.0 + 3500.0 / 4000.0, 1e-5);
-  // Rows 3000 and 3900 by the inverse formula outside the program.
-  EXPECT_NEAR(view.view_north, 50.533886, 2e-5);
-  EXPECT_NEAR(view.view_south, 50.393145, 2e-5);
 }
 
 TEST_F(OverlaysTest, MarkerRadiusFollowsViewAndShape) {
@@ -192,29 +211,38 @@ TEST_F(OverlaysTest, MarkerRadiusFollowsViewAndShape) {
 
 TEST_F(OverlaysTest, RouteHasNamedPointsAndStandsStillAtEveryZoom) {
   SetRoute({Point(50.5F, -1.5F, "Harbour"), Point(50.5F, -1.45F), Point(50.48F, -1.45F, "Buoy")});
+  const auto rings = [](const std::string& at, const std::string& colour) {
+    return "pen 6 solid 255,255,255\nring " + at + " r 7.00\npen 2 solid " + colour + "\nring " +
+           at + " r 7.00\npen 1 solid " + colour + "\nring " + at + " r 3.00\n";
+  };
   EXPECT_EQ(DrawOne("route"),
-            "pen 1 solid 255,0,0\n"
-            "ring 100.00,217.00 r 3.00\n"
-            "text 93.00,217.00 right middle 12 bold 0,0,0 \"Start\"\n"
-            "pen 1 solid 0,0,255\n"
-            "ring 300.00,217.00 r 3.00\n"
-            "text 307.00,217.00 left middle 12 bold 0,0,0 \"Waypoint 1\"\n"
-            "pen 1 solid 0,0,255\n"
-            "ring 300.00,345.00 r 3.00\n"
-            "text 307.00,345.00 left middle 12 bold 0,0,0 \"Buoy\"\n");
+            rings("100.00,217.00", "255,0,0") + rings("300.00,217.00", "0,0,255") +
+                rings("300.00,345.00", "0,0,255") +
+                "text 311.00,345.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Buoy\"\n"
+                "text 311.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Waypoint 2\"\n"
+                "text 59.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Start\"\n");
   Look(0.5, {600.0, 2400.0});
   const std::string half = DrawOne("route");
   EXPECT_NE(half.find("ring 700.00,408.50 r 3.00\n"), std::string::npos) << half;
   EXPECT_NE(half.find("ring 800.00,408.50 r 3.00\n"), std::string::npos) << half;
 }
 
-TEST_F(OverlaysTest, OnePointIsAStartAndNoMore) {
-  SetRoute({Point(50.5F, -1.5F)});
-  program.config.show_vectors = kTrue;
-  EXPECT_EQ(Draw().find("line"), std::string::npos);
-  EXPECT_EQ(DrawOne("route legs"), "");
-  EXPECT_EQ(DrawOne("vectors"), "");
-  EXPECT_NE(DrawOne("route").find("\"Start\""), std::string::npos);
+// One arrow in the middle of a short leg, more on a long one, none where a leg is a stub; each
+// points the way the leg leads.
+TEST_F(OverlaysTest, ArrowsSayWhichWayALegLeads) {
+  SetRoute({Point(50.5F, -1.5F), Point(50.5F, -1.45F), Point(50.5F, -1.445F), Point(50.5F, -1.3F)});
+  const std::string legs = DrawOne("route legs");
+  EXPECT_NE(legs.find("pen 1 solid 255,255,255\nfill 0,0,255\n"
+                      "polygon 205.50,217.00 194.50,222.50 194.50,211.50\n"),
+            std::string::npos)
+      << legs;
+  // 580 pixels: three of them.
+  EXPECT_EQ(std::count(legs.begin(), legs.end(), 'g'), 4) << legs;
+  EXPECT_EQ(legs.substr(legs.rfind("fill")), "fill none\n");
+  SetRoute({Point(50.5F, -1.3F), Point(50.5F, -1.35F)});
+  EXPECT_NE(DrawOne("route legs").find("polygon 794.50,217.00 805.50,211.50 805.50,222.50\n"),
+            std::string::npos)
+      << DrawOne("route legs");
 }
 
 TEST_F(OverlaysTest, LegsAreCutWhereTheChartEnds) {
@@ -224,7 +252,10 @@ TEST_F(OverlaysTest, LegsAreCutWhereTheChartEnds) {
   EXPECT_EQ(DrawOne("route legs"),
             "pen 3 solid 0,0,255\n"
             "polyline 100.00,217.00 300.00,217.00\n"
-            "polyline 100.00,345.00 100.00,217.00\n");
+            "polyline 100.00,345.00 100.00,217.00\n"
+            "pen 1 solid 255,255,255\n"
+            "fill 0,0,255\n"
+            "fill none\n");
 }
 
 TEST_F(OverlaysTest, BordersAndNonsenseAreNotDrawn) {
@@ -246,7 +277,7 @@ TEST_F(OverlaysTest, WaypointsHaveARingAnEllipseAndATrimmedName) {
             "pen 1 solid 0,0,255\n"
             "ring 100.00,217.00 r 3.00\n"
             "ellipse 100.00,217.00 rx 1.00 ry 3.00\n"
-            "text 107.00,217.00 left middle 9 bold 10,20,30 \"Outer Nab\"\n");
+            "text 107.00,217.00 left middle 9 bold 10,20,30 halo 255,255,255 \"Outer Nab\"\n");
   program.config.show_waypoints = 0.0F;
   SetRoute({Point(50.5F, -1.5F), Point(50.5F, -1.45F, "Outer Nab")});
   EXPECT_EQ(DrawOne("waypoints"), "");
@@ -259,26 +290,28 @@ TEST_F(OverlaysTest, WhatIsOffTheScreenIsLeftOut) {
       {"away", 50.5F, -1.9F}, {"Reaching in", 50.5F, -1.53F}, {"right", 50.5F, -1.1F}};
   EXPECT_EQ(DrawOne("waypoints"),
             "pen 1 solid 0,0,255\n"
-            "text -13.00,217.00 left middle 12 bold 0,0,0 \"Reaching in\"\n");
+            "text -13.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Reaching in\"\n");
 }
 
 TEST_F(OverlaysTest, Dividers) {
   state.dividers_on = true;
   state.zero_point = Position{50.5F, -1.5F};
-  const std::string reference =
+  const std::string ring =
       "pen 1 solid 255,0,0\n"
-      "ring 100.00,217.00 r 3.00\n"
-      "text 107.00,217.00 left middle 12 bold 0,0,0 \"Divider Ref.\"\n";
-  EXPECT_EQ(DrawOne("dividers"), reference);
+      "ring 100.00,217.00 r 3.00\n";
+  const std::string reference =
+      "text 107.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Divider Ref.\"\n";
+  EXPECT_EQ(DrawOne("dividers"), ring + reference);
   // 0.2 degrees of longitude at 50.5 north: 12 x cos(50.5) = 7.6 miles, due east.
   state.divider_end = Position{50.5F, -1.3F};
   EXPECT_EQ(DrawOne("dividers"),
             "pen 1 solid 255,0,0\n"
-            "line 100.00,217.00 900.00,217.00\n"
-            "text 907.00,217.00 left middle 12 bold 0,0,0 \"7.6nm@090°T\"\n" +
-                reference +
+            "line 100.00,217.00 900.00,217.00\n" +
+                ring +
                 "pen 1 solid 0,0,255\n"
-                "ring 900.00,217.00 r 3.00\n");
+                "ring 900.00,217.00 r 3.00\n" +
+                reference +
+                "text 907.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"7.6nm@090°T\"\n");
   // Both points in one place: a range of 0 has no text.
   state.divider_end = state.zero_point;
   EXPECT_EQ(DrawOne("dividers").find("nm@"), std::string::npos);
@@ -310,18 +343,17 @@ TEST_F(OverlaysTest, CourseOverGround) {
       {{50.5F, -1.5F}, 0.0F, {}}, {{50.5F, -1.45F}, 0.1F, {}}, {{50.48F, -1.45F}, 0.2F, {}}};
   EXPECT_EQ(DrawOne("course over ground"), "") << "not on show";
   state.calculation_on_show = true;
+  const std::string line = "polyline 100.00,217.00 300.00,217.00 300.00,345.00\n";
   const std::string track =
-      "pen 2 solid 0,89,89\n"
-      "ring 100.00,217.00 r 3.00\n"
-      "polyline 100.00,217.00 300.00,217.00 300.00,345.00\n";
+      "pen 6 solid 255,210,60\n" + line + "pen 2 solid 0,89,89\nring 100.00,217.00 r 3.00\n" + line;
   program.animation.label = "ETA : 12:35  5 December";
   EXPECT_EQ(DrawOne("course over ground"), track) << "index 0 selects nothing";
   program.animation.index = 2;
-  EXPECT_EQ(DrawOne("course over ground"),
-            track +
-                "pen 1 solid 255,0,0\n"
-                "ring 300.00,345.00 r 6.00\n"
-                "text 294.00,351.00 left top 12 bold 255,0,0 \"ETA : 12:35  5 December\"\n");
+  EXPECT_EQ(DrawOne("course over ground"), track +
+                                               "pen 1 solid 255,0,0\n"
+                                               "ring 300.00,345.00 r 6.00\n"
+                                               "text 294.00,351.00 left top 12 bold 255,0,0 halo "
+                                               "255,255,255 \"ETA : 12:35  5 December\"\n");
   program.animation.index = 3;  // of a longer track that is gone
   EXPECT_EQ(DrawOne("course over ground"), track);
   program.passage.route_track.resize(1);
@@ -353,33 +385,17 @@ TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
   const std::size_t at = cut.find("line 100.00,217.00 ");
   ASSERT_NE(at, std::string::npos);
   EXPECT_NEAR(std::stod(cut.substr(at + 19)), end, 2.0);
+  // Northwards as well: the vector's end is still on the chart.
+  program.boat.course = 30.0F;
+  double x = 0.0;
+  double y = 0.0;
+  const std::string north = DrawOne("boat");
+  ASSERT_EQ(std::sscanf(north.c_str() + north.find("line "), "line 100.00,217.00 %lf,%lf", &x, &y),
+            2);
+  EXPECT_NEAR(view.geometry.ToImage({x, y}).row, 0.01 * 3217.0, 20.0);
   program.boat.position.longitude = -2.5F;
   EXPECT_EQ(DrawOne("boat"), "");
   EXPECT_EQ(DrawOne("range rings"), "");
-}
-
-TEST_F(OverlaysTest, HeadingVectorStaysOnTheChart) {
-  program.boat.fix_valid = true;
-  program.config.heading_vector_length = 500.0F;
-  for (const Position boat : {Position{50.5F, -1.5F}, {50.999F, -1.001F}, {50.001F, -1.999F}}) {
-    program.boat.position.latitude = boat.latitude;
-    program.boat.position.longitude = boat.longitude;
-    for (int course = 0; course < 360; course += 15) {
-      program.boat.course = static_cast<float>(course);
-      const std::string drawn = DrawOne("boat");
-      double x0 = 0;
-      double y0 = 0;
-      double x1 = 0;
-      double y1 = 0;
-      ASSERT_EQ(std::sscanf(drawn.c_str() + drawn.find("line "), "line %lf,%lf %lf,%lf", &x0, &y0,
-                            &x1, &y1),
-                4);
-      const ImagePoint end = view.geometry.ToImage({x1, y1});
-      EXPECT_TRUE(end.column >= 0 && end.column <= 4000 && end.row >= 0 && end.row <= 6400)
-          << "course " << course << " from " << boat.latitude << ": " << end.column << ", "
-          << end.row;
-    }
-  }
 }
 
 TEST_F(OverlaysTest, RangeRings) {
@@ -404,12 +420,17 @@ TEST_F(OverlaysTest, ManOverboard) {
   EXPECT_EQ(DrawOne("man overboard"), "");
   EXPECT_EQ(MobLabelText(view, program.mob), "");
   program.mob.on = true;
-  EXPECT_EQ(DrawOne("man overboard"),
+  // A heavy ring and the word stand about the mark.
+  const std::string mark = DrawOne("man overboard");
+  EXPECT_EQ(mark.substr(std::min(mark.find("pen 3"), mark.size())),
+            "pen 3 solid 255,0,0\n"
+            "ring 100.00,217.00 r 9.60\n"
             "pen 1 solid 255,0,0\n"
             "ring 100.00,217.00 r 6.00\n"
             "pen 3 solid 0,0,0\n"
             "line 94.00,217.00 106.00,217.00\n"
-            "line 100.00,211.00 100.00,223.00\n");
+            "line 100.00,211.00 100.00,223.00\n"
+            "text 113.60,217.00 left middle 12 bold 255,0,0 halo 255,255,255 \"MOB\"\n");
   EXPECT_EQ(MobLabelText(view, program.mob), "\nMOB Position 001.30.00W, 50.30.00N");
   program.mob.position = {52.0F, -1.5F};
   EXPECT_EQ(DrawOne("man overboard"), "");
@@ -425,8 +446,8 @@ TEST_F(OverlaysTest, PortsAndBoundaries) {
             "polygon 100.00,211.00 106.00,217.00 100.00,223.00 94.00,217.00\n"
             "line 94.00,217.00 106.00,217.00\n"
             "line 100.00,211.00 100.00,223.00\n"
-            "text 90.00,217.00 right middle 12 bold 0,0,0 \"Newhaven\"\n"
-            "fill none\n");
+            "fill none\n"
+            "text 42.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Newhaven\"\n");
   program.config.show_chart_boundaries = kTrue;
   program.charts.index = {{"9999-1", "Sample", 1.0F, 50.25F, -1.5F, 50.5F, -1.25F, "", ""}};
   EXPECT_EQ(DrawOne("chart boundaries"),
@@ -461,7 +482,7 @@ TEST_F(OverlaysTest, TracksCarryTheirComments) {
       "pen 2 solid 1,2,3\n"
       "polyline 100.00,217.00 300.00,217.00\n"
       "ring 300.00,217.00 r 4.00\n"
-      "text 308.00,217.00 left middle 12 bold 0,0,0 \"Reefed\"\n";
+      "text 308.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Reefed\"\n";
   program.boat.fix_valid = true;
   EXPECT_EQ(DrawOne("live track"), track);
   program.boat.fix_valid = false;
@@ -469,6 +490,118 @@ TEST_F(OverlaysTest, TracksCarryTheirComments) {
   EXPECT_EQ(DrawOne("live track"), track);
   program.tracks.historical = {program.tracks.live, {}};
   EXPECT_EQ(DrawOne("historical tracks"), track);
+}
+
+// A route point on a waypoint and a port, close to a crowd of other waypoints: the names that
+// matter show below 100 %, each text once; every one shows at 100 % and when it is asked for.
+TEST_F(OverlaysTest, NamesGiveWayByTheirRank) {
+  SetRoute({Point(50.5F, -1.6F), Point(50.5F, -1.5F, "Needles")});
+  program.waypoints.waypoints = {{"Needles", 50.5F, -1.5F}};
+  for (int i = 0; i < 60; ++i) {
+    const auto step = static_cast<float>(i);
+    program.waypoints.waypoints.push_back(
+        {"Crowd " + std::to_string(i), 50.5F + 0.0002F * step, -1.5F + 0.0003F * step});
+  }
+  program.config.show_tide_heights = kTrue;
+  program.port_markers = {{"Harbour", 50.5005F, -1.4995F}};
+  program.mob.on = true;
+  program.mob.position = {50.501F, -1.499F};
+  Look(0.3, {1000.0, 3000.0});
+  std::multimap<std::string, SurfacePoint> names = Names();
+  EXPECT_EQ(names.count("Needles"), 1U);
+  EXPECT_EQ(names.count("MOB"), 1U);
+  EXPECT_EQ(names.count("Harbour"), 0U);
+  EXPECT_TRUE(names.size() > 3U && names.size() < 14U) << names.size();
+  state.every_name = true;
+  EXPECT_EQ(Names().size(), 64U);
+  state.every_name = false;
+  Look(1.0, {1000.0, 3000.0});
+  EXPECT_EQ(Names().size(), 64U);
+  // A waypoint that is marked comes before the route.
+  Look(0.05, {0.0, 0.0});
+  state.marked_kind = MarkedKind::kWaypoint;
+  state.marked_waypoint = 41;
+  EXPECT_EQ(Names().count("Crowd 39"), 1U);
+}
+
+TEST_F(OverlaysTest, NamesStayWhereTheyAreWhileTheChartMoves) {
+  for (int i = 0; i < 200; ++i) {
+    program.waypoints.waypoints.push_back({"W" + std::to_string(i),
+                                           50.4F + 0.001F * static_cast<float>(i * 37 % 101),
+                                           -1.6F + 0.001F * static_cast<float>(i * 53 % 97)});
+  }
+  Look(0.8, {1200.0, 2700.0});
+  const auto before = Names();
+  Look(0.8, {1300.0, 2800.0});  // 80 pixels further each way
+  int both = 0;
+  for (const auto& [name, at] : Names()) {
+    const auto was = before.find(name);
+    if (was == before.end()) continue;
+    ++both;
+    EXPECT_NEAR(at.x, was->second.x - 80.0, 0.01) << name;
+    EXPECT_NEAR(at.y, was->second.y - 80.0, 0.01) << name;
+  }
+  EXPECT_GT(both, 60);
+}
+
+TEST_F(OverlaysTest, ABandLeadsFromTheLastPointToTheCursor) {
+  const auto live = [this] {
+    RecordingSurface surface(1600.0, 900.0);
+    DrawLiveOverlays(surface, view, program, state);
+    EXPECT_EQ(LiveOverlaysShown(program, state), !surface.Text().empty());
+    return surface.Text();
+  };
+  SetRoute({Point(50.45F, -1.5F), Point(50.5F, -1.5F)});
+  state.cursor = {50.5F, -1.3F};
+  state.mouse_mode = MouseMode::kRouteCreation;
+  EXPECT_EQ(live(), "") << "no point was laid";
+  state.route_entry_on = true;
+  const std::string line = "line 100.00,217.00 900.00,217.00\n";
+  EXPECT_EQ(live(),
+            "pen 5 solid 255,255,255\n" + line + "pen 2 dash 0,0,255\n" + line +
+                "text 914.00,231.00 left top 12 bold 0,0,0 halo 255,255,255 \"7.6nm @090°T\"\n");
+  // At the view's edge the text turns to the other side.
+  state.cursor = {50.395F, -1.13F};
+  EXPECT_NE(live().find(" right bottom 12 "), std::string::npos) << live();
+  state.mouse_mode = MouseMode::kWaypointEntry;
+  EXPECT_EQ(live(), "");
+  state.mouse_mode = MouseMode::kRouteCreation;
+  for (bool* other : {&state.route_drag_on, &state.rectangle_mode, &state.calculation_on_show}) {
+    *other = true;
+    EXPECT_EQ(live(), "");
+    *other = false;
+  }
+  // The dividers have a band of their own until their end is set.
+  state.dividers_on = true;
+  EXPECT_EQ(live(), "");
+  state.cursor = {50.5F, -1.3F};
+  state.zero_point = Position{50.5F, -1.5F};
+  EXPECT_EQ(live(), "pen 5 solid 255,255,255\n" + line + "pen 2 dash 255,0,0\n" + line);
+  state.divider_end = state.cursor;
+  EXPECT_EQ(live(), "");
+}
+
+// All overlays at every level: nothing above the chart's ceiling, and what is drawn can be read.
+TEST_F(OverlaysTest, NothingOutshinesTheChartAtNight) {
+  FillEverything();
+  program.config.font_colour = Rgb(255, 255, 255);
+  program.config.boat_colour = Rgb(255, 255, 0);
+  for (const int level : {100, 50, 10}) {
+    QImage image(1600, 900, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    {
+      QPainter painter(&image);
+      QtSurface surface(painter, image.size(), {true, level});
+      DrawOverlays(surface, view, program, state);
+    }
+    const std::span bytes(image.constBits(), static_cast<std::size_t>(image.sizeInBytes()));
+    int brightest = 0;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      if (i % 4 != 3) brightest = std::max<int>(brightest, bytes[i]);
+    }
+    EXPECT_LE(brightest, 165 * level / 100);
+    EXPECT_GT(brightest, 80 * level / 100);
+  }
 }
 
 TEST_F(OverlaysTest, TogglesAndTheRectangleDecideWhatIsShown) {

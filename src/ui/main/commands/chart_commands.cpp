@@ -1,35 +1,43 @@
-#include "ui/main/frmChart.h"
+
+#include "ui/main/chart_controller.h"
+#include "ui/main/chart_mouse.h"
+#include "ui/main/commands/command.h"
+#include "ui/main/context.h"
+#include "ui/main/look_controller.h"
+#include "ui/main/mob_controller.h"
+#include "ui/main/route_controller.h"
+#include "ui/main/time_controller.h"
 
 namespace skerrow {
 namespace {
 
 template <int Percent>
-void Zoom(FrmChart& w) {
-  w.ZoomTo(Percent / 100.0);
+void Zoom(Context& c) {
+  c.chart.ZoomTo(Percent / 100.0);
 }
 
 constexpr Command kCommands[] = {
-    {"mnuSelectChartVisually", "Change &Chart", "openchart", "Choose another chart from the list",
-     "", kNoNeed, [](FrmChart& w) { w.ChangeChart(); }},
+    {"mnuSelectChartVisually", "Change Chart", "openchart", "Choose another chart from the list",
+     "", kNoNeed, [](Context& c) { c.chart.Choose(); }},
     {"keyLargerScale", "Larger Scale", "", "The most detailed chart at the cursor", "=", kNoNeed,
-     [](FrmChart& w) { w.LargerScale(); }},
+     [](Context& c) { c.chart.LargerScale(); }},
     {"keySmallerScale", "Smaller Scale", "", "Back to the chart before, or a smaller scale", "-",
-     kNoNeed, [](FrmChart& w) { w.SmallerScale(); }},
+     kNoNeed, [](Context& c) { c.chart.SmallerScale(); }},
     {"mnuPUZoomToChart", "Zoom to &Larger Scale Chart", "", "The most detailed chart here", "=",
-     kNoNeed, [](FrmChart& w) { w.LargerScale(); }},
+     kNoNeed, [](Context& c) { c.chart.LargerScale(); }},
     {"mnuPUPrevChart", "&Previous Chart", "", "Back to the chart before, or a smaller scale", "-",
      kNoNeed,
-     [](FrmChart& w) {
-       w.SmallerScale();
-       w.viewer().FitWidth();
+     [](Context& c) {
+       c.chart.SmallerScale();
+       c.viewer.FitWidth();
      }},
     {"mnuPUZoomRect", "Zoom to &Rectangle", "zoomrect", "Draw the part of the chart to zoom to", "",
-     kNoNeed, [](FrmChart& w) { w.ToggleRectangle(); },
-     [](const FrmChart& w) { return w.view().rectangle_mode; }},
+     kNoNeed, [](Context& c) { c.chart.ToggleRectangle(); },
+     [](const Context& c) { return c.view.rectangle_mode; }},
     {"mnuPUZoomtoWidth", "Fit &Width", "fitwidth", "The whole width of the chart", "", kNoNeed,
-     [](FrmChart& w) { w.viewer().FitWidth(); }},
+     [](Context& c) { c.viewer.FitWidth(); }},
     {"mnuPUZoomToHeight", "Fit &Height", "fitheight", "The whole height of the chart", "", kNoNeed,
-     [](FrmChart& w) { w.viewer().FitHeight(); }},
+     [](Context& c) { c.viewer.FitHeight(); }},
     {"mnuZoom1", "10 %", "", "", "1", kNoNeed, Zoom<10>},
     {"mnuZoom2", "20 %", "", "", "2", kNoNeed, Zoom<20>},
     {"mnuZoom3", "30 %", "", "", "3", kNoNeed, Zoom<30>},
@@ -40,18 +48,24 @@ constexpr Command kCommands[] = {
     {"mnuZoom8", "80 %", "", "", "8", kNoNeed, Zoom<80>},
     {"mnuZoom9", "90 %", "", "", "9", kNoNeed, Zoom<90>},
     {"mnuZoom10", "100 %", "", "", "0", kNoNeed, Zoom<100>},
-    {"tbZoomIn", "Zoom In", "zoomin", "Zoom in on the cursor", "I", kNoNeed,
-     [](FrmChart& w) { w.ZoomStep(true); }},
-    {"tbZoomOut", "Zoom Out", "zoomout", "Zoom out from the cursor", "O", kNoNeed,
-     [](FrmChart& w) { w.ZoomStep(false); }},
+    {"tbZoomIn", "Zoom In", "zoomin", "Zoom in on the middle of the view", "", kNoNeed,
+     [](Context& c) { c.chart.ZoomStep(true, ChartController::About::kMiddle); }},
+    {"tbZoomOut", "Zoom Out", "zoomout", "Zoom out from the middle of the view", "", kNoNeed,
+     [](Context& c) { c.chart.ZoomStep(false, ChartController::About::kMiddle); }},
     {"tbLeft", "Left", "leftarrow", "Move the view to the left", "Left", kNoNeed,
-     [](FrmChart& w) { w.PanView(PanDirection::kLeft); }},
+     [](Context& c) { c.chart.PanView(PanDirection::kLeft); }},
     {"tbRight", "Right", "rightarrow", "Move the view to the right", "Right", kNoNeed,
-     [](FrmChart& w) { w.PanView(PanDirection::kRight); }},
+     [](Context& c) { c.chart.PanView(PanDirection::kRight); }},
     {"tbUp", "Up", "uparrow", "Move the view up", "Up", kNoNeed,
-     [](FrmChart& w) { w.PanView(PanDirection::kUp); }},
+     [](Context& c) { c.chart.PanView(PanDirection::kUp); }},
     {"tbDown", "Down", "downarrow", "Move the view down", "Down", kNoNeed,
-     [](FrmChart& w) { w.PanView(PanDirection::kDown); }},
+     [](Context& c) { c.chart.PanView(PanDirection::kDown); }},
+    {"keyZoomIn", "Zoom In", "", "Zoom in on the cursor", "I", kNoNeed,
+     [](Context& c) { c.chart.ZoomStep(true, ChartController::About::kCursor); }},
+    {"keyZoomOut", "Zoom Out", "", "Zoom out from the cursor", "O", kNoNeed,
+     [](Context& c) { c.chart.ZoomStep(false, ChartController::About::kCursor); }},
+    {"keyHome", "Middle of the Chart", "", "", "Home", kNoNeed, [](Context& c) { c.chart.Home(); }},
+    {"keyRepaint", "Repaint", "", "", "Enter", kNoNeed, [](Context& c) { c.viewer.Redraw(); }},
 };
 
 }  // namespace

@@ -9,7 +9,7 @@
 // the keys name them; where they stand is told elsewhere.
 namespace skerrow {
 
-class FrmChart;
+struct Context;
 
 // What a command needs to be of use. An action is enabled when all its needs are met.
 enum Need : std::uint32_t {
@@ -23,6 +23,7 @@ enum Need : std::uint32_t {
   kNeedsStreams = 1U << 7,  // streams shown
   kNeedsTools = 1U << 8,    // the tools menu shown
   kNeedsMob = 1U << 9,      // a man-overboard position
+  kNeedsPlaces = 1U << 10,  // a chart with a calibration
 };
 
 struct Command {
@@ -33,11 +34,11 @@ struct Command {
   std::string_view key;      // as the tool tip and the menu show it; the key table binds it
   std::uint32_t needs = kNoNeed;
   // Null: the subsystem is not there yet, and the command stands disabled.
-  void (*run)(FrmChart&) = nullptr;
+  void (*run)(Context&) = nullptr;
   // The check mark; null for commands that have none.
-  bool (*checked)(const FrmChart&) = nullptr;
+  bool (*checked)(const Context&) = nullptr;
   // Whether the command is offered at all; null: always.
-  bool (*shown)(const FrmChart&) = nullptr;
+  bool (*shown)(const Context&) = nullptr;
 };
 
 // The rows by subject.

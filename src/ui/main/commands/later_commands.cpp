@@ -1,4 +1,11 @@
-#include "ui/main/frmChart.h"
+#include "ui/main/chart_controller.h"
+#include "ui/main/chart_mouse.h"
+#include "ui/main/commands/command.h"
+#include "ui/main/context.h"
+#include "ui/main/look_controller.h"
+#include "ui/main/mob_controller.h"
+#include "ui/main/route_controller.h"
+#include "ui/main/time_controller.h"
 
 namespace skerrow {
 namespace {
@@ -17,10 +24,13 @@ constexpr Command kCommands[] = {
     {"mnuGoogleTrackExport", "Track as KML", "", "", ""},
     {"mnutxtRouteImport", "&Routes from Text", "", "", ""},
     {"mnutxtWayImport", "Wa&ypoints from Text", "", "", ""},
-    {"mnuCalcCOG", "Course Over &Ground Prediction", "", "", ""},
+    {"mnuCalcCOG", "Course Over &Ground Prediction", "", "", "", kNoNeed, nullptr, nullptr,
+     [](const Context& c) { return c.program.config.use_tides != 0; }},
     {"mnuCalcMOB", "&Man Overboard Prediction", "mobplot", "", "", kNeedsMob},
     {"mnuGPSattach", "GPS &Enable", "gps", "", ""},
     {"mnuPosGpsDisconnect", "GPS &Disable", "", "", ""},
+    {"mnuGPSCentre", "GPS &Find Position on Chart", "boatsnap", "Keep the boat on the chart", "G",
+     kNoNeed, nullptr, [](const Context& c) { return c.program.config.gps_centre != 0; }},
     {"mnugpscomment", "Enter GPS &Comment", "", "", ""},
     {"mnugpsdisplay", "GPS &Monitor", "", "", ""},
     {"mnuposmanual", "&Manual Entry", "", "", ""},
@@ -52,12 +62,13 @@ constexpr Command kCommands[] = {
     {"mnuViewSmartMet", "&View Wind Data", "", "", ""},
     {"mnuWindTrueApp", "&True and Apparent Wind", "", "", ""},
     {"mnuShowTidalStreams", "Show/Hide Tidal &Streams", "viewstreams", "", "S", kNoNeed, nullptr,
-     nullptr, [](const FrmChart& w) { return w.program().config.use_tides != 0; }},
+     nullptr, [](const Context& c) { return c.program.config.use_tides != 0; }},
     {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "", "#"},
     {"mnuDisplayWindOverRoute", "Show/Hide Wind Over &Route", "windover", "", "N"},
     {"mnuGPSAISConfig", "Instruments (GPS && AIS)", "configgps", "", ""},
     {"mnuCommsMonitor", "Comms Ports Diagnostics", "", "", ""},
-    {"mnuChartEdit", "Chart &Settings", "", "", "C", kNeedsTools},
+    {"keyChartInfo", "Calibrate Chart", "", "", "C", kNeedsTools},
+    {"mnuChartEdit", "Chart &Settings", "", "", "", kNeedsTools},
     {"mnuXrfEdit", "Sea Area &Index", "", "", ""},
     {"mnuSaveTidalDiamonds", "Save Tidal &Diamonds", "", "", ""},
     {"mnuStreamstoCSV", "&Streams to CSV", "", "", ""},

@@ -1,133 +1,120 @@
 #include "ui/dialogs/frmresults.h"
 #include "ui/dialogs/frmroutehistory.h"
-#include "ui/main/frmChart.h"
+#include "ui/main/chart_controller.h"
+#include "ui/main/chart_mouse.h"
+#include "ui/main/commands/command.h"
+#include "ui/main/context.h"
+#include "ui/main/look_controller.h"
+#include "ui/main/mob_controller.h"
 #include "ui/main/readout.h"
+#include "ui/main/route_controller.h"
+#include "ui/main/time_controller.h"
 #include "ui/routes/frmFileDelete.h"
-#include "ui/routes/frmRouteEdit.h"
-#include "ui/routes/frmRouteLoad.h"
-#include "ui/routes/frmRouteSave.h"
 #include "ui/routes/frmwayimport.h"
 
 namespace skerrow {
 namespace {
 
-void Load(FrmChart& w) {
-  FrmRouteLoad(w.desktop(), &w).exec();
-  w.Changed(kAllChanged);
-}
-
-void Save(FrmChart& w) {
-  FrmRouteSave(w.desktop(), &w).exec();
-  w.Changed(kAllChanged);
-}
+void Load(Context& c) { c.route.Load(); }
+void SaveAs(Context& c) { c.route.SaveAs(); }
 
 constexpr Command kCommands[] = {
     {"mnuUndo", "&Undo", "undo", "Take the last change of the route back", "Ctrl+Z", kNeedsUndo,
-     [](FrmChart& w) {
-       UndoRouteEdit(w.program(), w.messages());
-       w.Changed(kRouteChanged | kTimeChanged);
-     }},
+     [](Context& c) { c.route.Undo(); }},
     {"mnuRedo", "&Redo", "redo", "Make the change taken back again", "Ctrl+Shift+Z", kNeedsRedo,
-     [](FrmChart& w) {
-       RedoRouteEdit(w.program(), w.messages());
-       w.Changed(kRouteChanged | kTimeChanged);
-     }},
+     [](Context& c) { c.route.Redo(); }},
     {"mnuMouseWayPoint", "Point && Click at Waypoint", "routesnap",
      "Lay route points on the waypoint nearest to the cursor", "", kNoNeed,
-     [](FrmChart& w) { w.ToggleSnap(); },
-     [](const FrmChart& w) { return w.view().snap_to_waypoint; }},
+     [](Context& c) { c.route.ToggleSnap(); },
+     [](const Context& c) { return c.view.snap_to_waypoint; }},
     {"mnuRouteDrag", "Drag Route Point", "dragwaypoint",
      "Move route points with the right mouse button", "", kNeedsPoint,
-     [](FrmChart& w) { w.ToggleRouteDrag(); },
-     [](const FrmChart& w) { return w.view().route_drag_on; }},
+     [](Context& c) { c.route.ToggleRouteDrag(); },
+     [](const Context& c) { return c.view.route_drag_on; }},
     {"mnuLoadExistRoute", "&Load Existing Route", "openroute", "Open a saved route", "Ctrl+O",
      kNoNeed, Load},
     {"mnuLoadExistingRoute", "&Load Existing Route", "", "Open a saved route", "", kNoNeed, Load},
-    {"mnuRouteSave", "&Save Current Route", "save", "Save the route to a file", "Ctrl+S",
-     kNeedsRoute, Save},
-    {"mnuSaveCurrentRoute", "&Save Current Route", "", "Save the route to a file", "", kNeedsRoute,
-     Save},
+    {"mnuOpenSampleRoute", "Open a Sample &Route", "", "A passage to try the program with", "",
+     kNoNeed, [](Context& c) { c.route.OpenSample(); }},
+    {"mnuSaveRoute", "Save", "save", "Save the route under the name it has", "Ctrl+S", kNeedsRoute,
+     [](Context& c) { c.route.Save(); }},
+    {"mnuRouteSave", "&Save Current Route", "save", "Save the route to a file of a new name", "",
+     kNeedsRoute, SaveAs},
+    {"mnuSaveCurrentRoute", "&Save Current Route", "", "Save the route to a file of a new name",
+     "Ctrl+Shift+S", kNeedsRoute, SaveAs},
     {"mnuFileRouteDelete", "&Route File", "", "Delete a route file", "", kNoNeed,
-     [](FrmChart& w) { FrmFileDelete(w.desktop(), FileKind::kRoute, &w).exec(); }},
+     [](Context& c) { FrmFileDelete(c.desktop, FileKind::kRoute, &c.window).exec(); }},
     {"mnuFileRouteImport", "Route Files from Another Folder", "download", "", "", kNoNeed,
-     [](FrmChart& w) { FrmWayImport(w.desktop(), FileKind::kRoute, &w).exec(); }},
+     [](Context& c) { FrmWayImport(c.desktop, FileKind::kRoute, &c.window).exec(); }},
     {"mnuExportDiskRoutes", "Route Files to Another Folder", "", "", "", kNoNeed,
-     [](FrmChart& w) {
-       FrmWayImport(w.desktop(), FileKind::kRoute, &w, FrmWayImport::Direction::kExport).exec();
+     [](Context& c) {
+       FrmWayImport(c.desktop, FileKind::kRoute, &c.window, FrmWayImport::Direction::kExport)
+           .exec();
      }},
     {"mnuRouteWaypoints", "By &Waypoint List", "routeplan", "Make a route from stored waypoints",
-     "", kNoNeed, [](FrmChart& w) { w.RouteByWaypointList(); }},
+     "", kNoNeed, [](Context& c) { c.route.ByWaypointList(); }},
     {"mnuRouteEdit", "Keyboard &Edit Route Points ", "edit", "Change the legs by keyboard", "",
-     kNeedsRoute,
-     [](FrmChart& w) {
-       FrmRouteEdit(w.desktop(), &w).exec();
-       w.Changed(kAllChanged);
-     }},
+     kNeedsRoute, [](Context& c) { c.route.KeyboardEdit(); }},
     {"mnuRouteReverse", "Re&verse Route", "reverse", "Turn the route round", "", kNeedsRoute,
-     [](FrmChart& w) {
-       EditRoute(w.desktop(), "Reverse Route", [&w](RouteState& route) {
-         ReverseRoute(route, RouteDefaultsOf(w.program()), w.messages());
-       });
-     }},
+     [](Context& c) { c.route.Reverse(); }},
     {"mnurouteclear", "Clear", "cancelroute", "Clear the route and its results", "", kNeedsPoint,
-     [](FrmChart& w) { w.ClearTheRoute(); }},
+     [](Context& c) { c.route.Clear(); }},
     {"mnucalcrte", "&Calculate Course for Route", "calc",
      "Courses to steer, times and arrival for each leg", "", kNeedsRoute,
-     [](FrmChart& w) { w.CalculateRouteDialog(); }},
+     [](Context& c) { c.route.CalculateDialog(); }},
     {"mnuRouteOptimise", "Calculate &Optimum Route Time", "optimise",
      "The passage time for each hour of departure", "", kNeedsRoute,
-     [](FrmChart& w) { w.OptimiseDialog(); }, nullptr,
-     [](const FrmChart& w) { return w.program().config.use_tides != 0; }},
+     [](Context& c) { c.route.OptimiseDialog(); }, nullptr,
+     [](const Context& c) { return c.program.config.use_tides != 0; }},
     {"mnuLastRouteResults", "&Show Last Results", "results", "The report of the last calculation",
-     "", kNoNeed, [](FrmChart& w) { FrmResults::ShowLast(w.desktop(), &w); }},
+     "", kNoNeed, [](Context& c) { FrmResults::ShowLast(c.desktop, &c.window); }},
     {"mnuRouteResultsReview", "&Review Calculation History", "", "All calculations of this run", "",
-     kNoNeed, [](FrmChart& w) { FrmRouteHistory(w.desktop(), &w).exec(); }},
+     kNoNeed, [](Context& c) { FrmRouteHistory(c.desktop, &c.window).exec(); }},
     {"mnurouteresultsclear", "&Clear", "", "Forget the stored results", "", kNoNeed,
-     [](FrmChart& w) {
-       if (w.messages().Ask("    Clear Results?", kProgramTitle)) {
-         w.program().passage.result_lines.clear();
-         w.program().passage.route_streams.clear();
-         w.Changed(kAllChanged);
+     [](Context& c) {
+       if (c.messages.Ask("    Clear Results?", kProgramTitle)) {
+         c.program.passage.result_lines.clear();
+         c.program.passage.route_streams.clear();
+         c.desktop.window.Changed(kAllChanged);
        }
      }},
     {"mnuAnimateStart", "Forward", "animate", "Run the boat along the calculated track", "",
-     kNeedsTrack, [](FrmChart& w) { w.Animate(AnimationDirection::kForward); }},
+     kNeedsTrack, [](Context& c) { c.time.Animate(AnimationDirection::kForward); }},
     {"mnuAnimateReverse", "Reverse", "", "Run the boat back along the track", "", kNeedsTrack,
-     [](FrmChart& w) { w.Animate(AnimationDirection::kReverse); }},
+     [](Context& c) { c.time.Animate(AnimationDirection::kReverse); }},
     {"mnuAnimatePause", "Pause", "pause", "Stop for a while, or go on", "", kNeedsTrack,
-     [](FrmChart& w) { w.PauseAnimation(); },
-     [](const FrmChart& w) { return w.program().animation.running && !w.animating(); }},
+     [](Context& c) { c.time.PauseAnimation(); },
+     [](const Context& c) { return c.program.animation.running && !c.time.animating(); }},
     {"mnuAnimateStop", "Exit Animation", "stop", "End the animation and bring the time back", "",
-     kNeedsTrack, [](FrmChart& w) { w.ExitAnimation(); }},
+     kNeedsTrack, [](Context& c) { c.time.ExitAnimation(); }},
     {"tbAnimate", "Animate", "animate", "Run the boat along the calculated track", "", kNeedsTrack,
-     [](FrmChart& w) {
-       if (w.animating()) {
-         w.ExitAnimation();
+     [](Context& c) {
+       if (c.time.animating()) {
+         c.time.ExitAnimation();
        } else {
-         w.Animate(AnimationDirection::kForward);
+         c.time.Animate(AnimationDirection::kForward);
        }
      },
-     [](const FrmChart& w) { return w.animating(); }},
+     [](const Context& c) { return c.time.animating(); }},
     {"tbCopyRoute", "Copy Route", "copyroute", "Copy the route as text to the clipboard", "",
-     kNeedsRoute, [](FrmChart& w) { w.desktop().clipboard.SetText(RouteText(w.program().route)); }},
+     kNeedsRoute, [](Context& c) { c.desktop.clipboard.SetText(RouteText(c.program.route)); }},
     {"keyBackspace", "Remove Last Route Point", "", "", "Backspace", kNeedsPoint,
-     [](FrmChart& w) {
-       EditRoute(w.desktop(), "Remove Route Point",
-                 [&w](RouteState& route) { RemoveLastRoutePoint(route); });
-     }},
+     [](Context& c) { c.route.RemoveLastPoint(); }},
+    {"keyEscape", "Cancel", "", "Takes the calculated track off, then resets everything", "Esc",
+     kNoNeed, [](Context& c) { c.route.Escape(); }},
     {"keyInsert", "Insert Route Point", "", "", "Insert", kNoNeed,
-     [](FrmChart& w) { w.InsertPoint(); }},
-    {"keyDelete", "Delete", "", "", "Delete", kNoNeed, [](FrmChart& w) { w.DeleteMarked(); }},
-    {"keyMark", "Mark", "mark", "Mark the waypoint or route point at the cursor", "M", kNoNeed,
-     [](FrmChart& w) { w.mouse().Mark(); }},
+     [](Context& c) { c.route.InsertPoint(); }},
+    {"keyDelete", "Delete", "", "", "Delete", kNoNeed, [](Context& c) { c.route.DeleteMarked(); }},
+    {"keyMark", "Mark", "mark", "Mark the waypoint or route point at the cursor", "M", kNeedsPlaces,
+     [](Context& c) { c.mouse.Mark(); }},
     {"keyNearestTrack", "Time at Track", "", "The time at the nearest point of the track", "T",
-     kNeedsTrack, [](FrmChart& w) { w.NearestTrackPoint(); }},
-    {"mnuPURouteAdd", "Add Route Point", "add", "Lay a route point here", "", kNoNeed,
-     [](FrmChart& w) { w.mouse().AddRoutePointHere(); }},
+     kNeedsTrack, [](Context& c) { c.time.ShowNearestTrackPoint(); }},
+    {"mnuPURouteAdd", "Add Route Point", "add", "Lay a route point here", "", kNeedsPlaces,
+     [](Context& c) { c.mouse.AddRoutePointHere(); }},
     {"mnuPUInsert", "Insert Route Point", "", "Insert a route point here", "Insert",
-     kNeedsThreePoints, [](FrmChart& w) { w.InsertPoint(); }},
+     kNeedsThreePoints, [](Context& c) { c.route.InsertPoint(); }},
     {"mnuPUDeleteRoutePoint", "Delete Route Point", "delete", "Delete the nearest route point",
-     "Delete", kNeedsPoint, [](FrmChart& w) { w.DeleteMarked(); }},
+     "Delete", kNeedsPoint, [](Context& c) { c.route.DeleteMarked(); }},
 };
 
 }  // namespace

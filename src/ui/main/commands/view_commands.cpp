@@ -1,72 +1,52 @@
-#include "ui/dialogs/frmConfigure.h"
-#include "ui/main/frmChart.h"
+#include "ui/main/chart_controller.h"
+#include "ui/main/chart_mouse.h"
+#include "ui/main/commands/command.h"
+#include "ui/main/context.h"
+#include "ui/main/look_controller.h"
+#include "ui/main/mob_controller.h"
+#include "ui/main/route_controller.h"
+#include "ui/main/time_controller.h"
 
 namespace skerrow {
 namespace {
 
-// Vectors are drawn where tides are in use.
-void FollowVectors(FrmChart& w) { w.Changed(kAllChanged); }
-
 constexpr Command kCommands[] = {
     {"mnuViewNormal", "&Normal View", "day", "The day's colours and full brightness", "", kNoNeed,
-     [](FrmChart& w) {
-       w.AdjustBrightness(100);
-       w.SetNight(false);
-     }},
+     [](Context& c) { c.look.Day(); }},
     {"mnuViewNight", "N&ight View", "night", "Dark colours; each time a step darker", "F9", kNoNeed,
-     [](FrmChart& w) {
-       w.AdjustBrightness(-10);
-       w.SetNight(true);
-     }},
+     [](Context& c) { c.look.Darker(); }},
     {"mnuIncreaseIntensity", "&Increase Brightness", "", "A step brighter, up to the day's", "F10",
-     kNoNeed,
-     [](FrmChart& w) {
-       w.AdjustBrightness(10);
-       if (w.viewer().look().brightness >= 100) w.SetNight(false);
-     }},
+     kNoNeed, [](Context& c) { c.look.Brighter(); }},
     {"mnushowTideHeights", "Show/Hide Tidal &Ports", "viewports", "The ports with tide heights",
-     "P", kNoNeed, [](FrmChart& w) { w.Toggle(&AppConfig::show_tide_heights); },
-     [](const FrmChart& w) { return w.program().config.show_tide_heights != 0; }},
+     "P", kNoNeed, [](Context& c) { c.look.Toggle(&AppConfig::show_tide_heights); },
+     [](const Context& c) { return c.program.config.show_tide_heights != 0; }},
     {"mnuShowWaypoints", "Show/Hide &Waypoints", "viewwaypoints", "The marks of the waypoint file",
-     "W", kNoNeed, [](FrmChart& w) { w.Toggle(&AppConfig::show_waypoints); },
-     [](const FrmChart& w) { return w.program().config.show_waypoints == 1.0F; }},
+     "W", kNoNeed, [](Context& c) { c.look.Toggle(&AppConfig::show_waypoints); },
+     [](const Context& c) { return c.program.config.show_waypoints == 1.0F; }},
     {"mnuViewVectors", "Show/Hide &Vectors", "vectors", "The course-to-steer vectors of the legs",
-     "", kNoNeed,
-     [](FrmChart& w) {
-       w.Toggle(&AppConfig::show_vectors);
-       FollowVectors(w);
-     },
-     [](const FrmChart& w) { return w.program().config.show_vectors != 0; }},
+     "", kNoNeed, [](Context& c) { c.look.Toggle(&AppConfig::show_vectors); },
+     [](const Context& c) { return c.program.config.show_vectors != 0; }},
     {"mnuViewChartBoundaries", "Show/Hide Chart &Boundaries", "boundaries",
      "The borders of the larger-scale charts", "", kNoNeed,
-     [](FrmChart& w) { w.Toggle(&AppConfig::show_chart_boundaries); },
-     [](const FrmChart& w) { return w.program().config.show_chart_boundaries != 0; }},
-    {"mnuThumbShow", "Show/Hide &Thumbnail", "thumbnail", "The small view of the whole chart", "",
-     kNoNeed, [](FrmChart& w) { w.ToggleThumbnail(); },
-     [](const FrmChart& w) { return w.view().thumbnail_visible; }},
-    {"mnuToolBarVisible", "Show/Hide T&oolbar", "", "Both toolbars", "", kNoNeed,
-     [](FrmChart& w) { w.ToggleToolbars(); },
-     [](const FrmChart& w) { return w.program().config.toolbar_visible != 0; }},
+     [](Context& c) { c.look.Toggle(&AppConfig::show_chart_boundaries); },
+     [](const Context& c) { return c.program.config.show_chart_boundaries != 0; }},
+    {"mnuThumbShow", "Show/Hide Thumbnail", "thumbnail", "The small view of the whole chart", "",
+     kNoNeed, [](Context& c) { c.look.ToggleThumbnail(); },
+     [](const Context& c) { return c.view.thumbnail_visible; }},
+    {"mnuToolBarVisible", "Show/Hide Toolbar", "", "Both toolbars", "", kNoNeed,
+     [](Context& c) { c.look.Toggle(&AppConfig::toolbar_visible); },
+     [](const Context& c) { return c.program.config.toolbar_visible != 0; }},
     {"mnuDividersOn", "Di&viders On", "dividers", "Measure range and bearing", "", kNoNeed,
-     [](FrmChart& w) { w.ToggleDividers(); },
-     [](const FrmChart& w) { return w.view().dividers_on; }},
-    {"mnuGPSCentre", "GPS &Find Position on Chart", "boatsnap", "Keep the boat on the chart", "G",
-     kNoNeed, [](FrmChart& w) { w.Toggle(&AppConfig::gps_centre); },
-     [](const FrmChart& w) { return w.program().config.gps_centre != 0; }},
-    {"tbMob", "Man Overboard", "mob", "Mark where somebody went over board, or cancel the mark", "",
-     kNoNeed, [](FrmChart& w) { w.ToggleMob(); },
-     [](const FrmChart& w) { return w.program().mob.on; }},
-    {"mnuConfigProgram", "&General Settings", "config", "Boat, chart, streams and wind settings",
-     "", kNoNeed,
-     [](FrmChart& w) {
-       const RouteState before = w.program().route;
-       FrmConfigure dialog(
-           w.desktop(), [&w] { w.ShowTools(); }, &w);
-       dialog.exec();
-       // The speed chosen goes to every point of the route, which is an edit of it.
-       RememberRouteEdit(w.program(), w.messages(), "General Settings", before);
-       FollowVectors(w);
-     }},
+     [](Context& c) { c.route.ToggleDividers(); },
+     [](const Context& c) { return c.view.dividers_on; }},
+    {"tbMob", "Man Overboard", "mob", "Mark where somebody went over board, or cancel the mark",
+     "F7", kNoNeed, [](Context& c) { c.mob.Toggle(); },
+     [](const Context& c) { return c.program.mob.on || c.view.mob_pending; }},
+    {"mnuConfigProgram", "General Settings", "config", "Boat, chart, streams and wind settings", "",
+     kNoNeed, [](Context& c) { c.route.SettingsDialog(); }},
+    {"mnuEveryName", "Show Every &Name", "", "All names over the chart, be there room or not", "",
+     kNoNeed, [](Context& c) { c.look.ToggleEveryName(); },
+     [](const Context& c) { return c.view.every_name; }},
 };
 
 }  // namespace

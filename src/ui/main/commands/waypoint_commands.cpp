@@ -1,7 +1,15 @@
-#include "ui/main/frmChart.h"
+#include "ui/main/chart_controller.h"
+#include "ui/main/chart_mouse.h"
+#include "ui/main/commands/command.h"
+#include "ui/main/context.h"
+#include "ui/main/look_controller.h"
+#include "ui/main/mob_controller.h"
+#include "ui/main/route_controller.h"
+#include "ui/main/time_controller.h"
 #include "ui/routes/frmFileDelete.h"
 #include "ui/routes/frmLoadWay.h"
 #include "ui/routes/frmNewWay.h"
+#include "ui/routes/frmSingleWayPoint.h"
 #include "ui/routes/frmWayEdit.h"
 #include "ui/routes/frmWayFileLocate.h"
 #include "ui/routes/frmWaySave.h"
@@ -11,14 +19,18 @@
 namespace skerrow {
 namespace {
 
-void Load(FrmChart& w) {
-  FrmLoadWay(w.desktop(), &w).exec();
-  w.Changed(kAllChanged);
+void Load(Context& c) {
+  c.route.WithWaypoints([&c] { FrmLoadWay(c.desktop, &c.window).exec(); });
 }
 
-void Save(FrmChart& w) {
-  FrmWaySave(w.desktop(), &w).exec();
-  w.Changed(kAllChanged);
+void Save(Context& c) {
+  FrmWaySave(c.desktop, &c.window).exec();
+  c.desktop.window.Changed(kViewChanged);
+}
+
+// Entry of one waypoint, typed or at the place last clicked.
+void Enter(Context& c, std::optional<Position> picked) {
+  c.route.WithWaypoints([&] { FrmSingleWayPoint(c.desktop, picked, &c.window).exec(); });
 }
 
 constexpr Command kCommands[] = {
@@ -30,40 +42,36 @@ constexpr Command kCommands[] = {
      Save},
     {"mnuWaySave", "&Save As", "", "Save the marks on show to a file", "", kNoNeed, Save},
     {"mnuFileWayDelete", "&Waypoint File", "", "Delete a waypoint file", "", kNoNeed,
-     [](FrmChart& w) {
-       FrmFileDelete(w.desktop(), FileKind::kWaypoint, &w).exec();
-       w.Changed(kAllChanged);
+     [](Context& c) {
+       FrmFileDelete(c.desktop, FileKind::kWaypoint, &c.window).exec();
+       c.desktop.window.Changed(kViewChanged);
      }},
     {"mnuwaypointimport", "Waypoint Files from Another Folder", "", "", "", kNoNeed,
-     [](FrmChart& w) { FrmWayImport(w.desktop(), FileKind::kWaypoint, &w).exec(); }},
+     [](Context& c) { FrmWayImport(c.desktop, FileKind::kWaypoint, &c.window).exec(); }},
     {"mnuExportWaypoints", "Waypoint Files to Another Folder", "", "", "", kNoNeed,
-     [](FrmChart& w) {
-       FrmWayImport(w.desktop(), FileKind::kWaypoint, &w, FrmWayImport::Direction::kExport).exec();
+     [](Context& c) {
+       FrmWayImport(c.desktop, FileKind::kWaypoint, &c.window, FrmWayImport::Direction::kExport)
+           .exec();
      }},
     {"mnuGoToWaypoint", "&Go To Waypoint", "search", "Show a stored waypoint on the chart", "",
-     kNoNeed,
-     [](FrmChart& w) {
-       FrmWayFileLocate dialog(w.desktop(), &w);
-       if (dialog.exec() == QDialog::Accepted && dialog.picked()) {
-         w.LocatePoint(dialog.picked()->At());
-       }
-     }},
+     kNoNeed, [](Context& c) { c.route.GoToWaypoint(); }},
     {"mnuwayedit", "&Edit", "edit", "Change the marks of a waypoint file", "", kNoNeed,
-     [](FrmChart& w) {
-       FrmWayEdit(w.desktop(), &w).exec();
-       w.view().mouse_mode = MouseMode::kRouteCreation;
-       w.Changed(kAllChanged);
+     [](Context& c) {
+       c.route.WithWaypoints([&c] { FrmWayEdit(c.desktop, &c.window).exec(); });
+       c.view.mouse_mode = MouseMode::kRouteCreation;
+       c.desktop.window.Changed(kViewChanged);
      }},
     {"mnuwaycopy", "C&opy", "copy", "Make a waypoint file from marks of others", "", kNoNeed,
-     [](FrmChart& w) { FrmWayCopy(w.desktop(), &w).exec(); }},
+     [](Context& c) { FrmWayCopy(c.desktop, &c.window).exec(); }},
     {"mnuWayCreateNew", "Create &New", "add", "Make an empty waypoint file", "", kNoNeed,
-     [](FrmChart& w) {
-       FrmNewWay(w.desktop(), &w).exec();
-       w.Changed(kAllChanged);
-     }},
+     [](Context& c) { c.route.WithWaypoints([&c] { FrmNewWay(c.desktop, &c.window).exec(); }); }},
     {"mnuWayMouse", "By &Mouse", "", "Lay waypoints with Shift and the left button", "", kNoNeed,
-     [](FrmChart& w) { w.ToggleWaypointEntry(); },
-     [](const FrmChart& w) { return w.view().mouse_mode == MouseMode::kWaypointEntry; }},
+     [](Context& c) { c.route.ToggleWaypointEntry(); },
+     [](const Context& c) { return c.view.mouse_mode == MouseMode::kWaypointEntry; }},
+    {"mnuWaySingle", "By &Keyboard", "", "Type the name and the position of a waypoint", "",
+     kNoNeed, [](Context& c) { Enter(c, std::nullopt); }},
+    {"mnuPUAddWaypoint", "Add Waypoint", "add", "Lay a waypoint here", "", kNeedsPlaces,
+     [](Context& c) { Enter(c, c.view.last_click); }},
 };
 
 }  // namespace

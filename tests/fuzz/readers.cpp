@@ -1,4 +1,4 @@
-#include "record_readers.h"
+#include "fuzz/readers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,6 +13,7 @@
 #include "routes/route_editing.h"
 #include "routes/route_rows.h"
 #include "support/temp_folder.h"
+#include "tides/streams.h"
 #include "wind/wind_config.h"
 
 namespace skerrow {
@@ -40,6 +41,7 @@ struct Place {
   Place() : folders{folder.path(), folder.path(), folder.path()} {
     MakeUserFolders(folders);
     (void)MakeFolder(folders.Charts());
+    (void)MakeFolder(folders.TidalStreams());
   }
   testing::TempFolder folder{FastFolder()};
   Folders folders;
@@ -135,17 +137,84 @@ void WindSettings(Place& place, const std::string& bytes) {
   Require(!std::isnan(wind.speed) && !std::isnan(wind.direction));
 }
 
-}  // namespace
-}  // namespace skerrow
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using Reader = void (*)(skerrow::Place&, const std::string&);
-  static constexpr Reader kReaders[kReaderCount] = {skerrow::Waypoints, skerrow::Route,
-                                                    skerrow::Chart,     skerrow::Index,
-                                                    skerrow::Config,    skerrow::WindSettings};
-  static skerrow::Place place;
-  if (size == 0) return 0;
-  kReaders[data[0] % kReaderCount](place,
-                                   std::string(reinterpret_cast<const char*>(data) + 1, size - 1));
-  return 0;
+// A port as the curve and the streams use it: the heights of a damaged one must never get there.
+void CheckPort(const Port& port) {
+  Require(DamagedField(port, kPortFields) == nullptr);
+  Require(port.name.find('\0') == std::string::npos);
+  TimeZoneLetter(TimeZoneHours(port.time_zone));
+  PredictHeights(port, 100, 4, 2026, true);
 }
+
+void AreaPorts(Place& place, const std::string& bytes) {
+  place.folder.Write("TS/f.hc", bytes);
+  const auto file = ReadAreaPorts(place.folders, "f.hc");
+  if (!file) return;
+  Require(file->records.size() == bytes.size() / kPortSize);
+  const std::vector<Port> ports = file->Sound();
+  Require(LoadPortMarkers(place.folders, "f.hc", place.messages).size() == ports.size());
+  Require(ports.size() + file->left_out.damaged == file->records.size());
+  if (!ports.empty()) CheckPort(ports.front());
+  Require(!ReadAreaPort(place.folders, "f.hc", static_cast<int>(file->records.size()) + 1).ok());
+}
+
+// The reference ports behind a diamond each, from the file to a stream.
+void RefPorts(Place& place, const std::string& bytes) {
+  place.folder.Write("RefPorts.hc", bytes);
+  TideState state;
+  state.ref_ports = {0, 1, 2, 3};
+  BuildRefPortHeights(state, place.folders, {100, 2026}, false, place.messages);
+  RefreshTideState(state, true, 6.5F, {});
+  for (const RefPortState& port : state.ref_port_states) {
+    Require(port.dep_slot >= -7 && port.dep_slot <= 6 && port.mins_left >= 0);
+    Require(port.tides.size() <= kMaxWaters);
+  }
+}
+
+void Diamonds(Place& place, const std::string& bytes) {
+  place.folder.Write("TS/f.l25", bytes);
+  TideState state;
+  FindRefPorts(state, place.folders, "f");
+  LoadDiamonds(state, place.folders, "f", place.messages);
+  LoadSlDiamonds(state, place.folders, "f.l25", place.messages);
+  Require(state.diamonds.size() <= state.sl_diamonds.size());
+  Require(state.sl_diamonds.size() <= bytes.size() / kDiamondSize);
+  std::error_code error;
+  std::filesystem::copy_file(SKERROW_SOURCE_DIR "/program/RefPorts.hc",
+                             place.folder.File("RefPorts.hc"),
+                             std::filesystem::copy_options::overwrite_existing, error);
+  BuildRefPortHeights(state, place.folders, {100, 2026}, false, place.messages);
+  RefreshTideState(state, true, 6.5F, {});
+  CalculateTidalStreamTable(state, place.messages);
+  StreamReader reader(state);
+  for (const Diamond& diamond : state.diamonds) {
+    Require(diamond.latitude > 35.0F && diamond.latitude < 75.0F);
+    StreamReading reading;
+    reader.CalculateTidalStreams({diamond.latitude, diamond.longitude}, 6.5F, {100, 2026}, reading);
+    StreamLabel(state, reading);
+    if (reading.no_tide >= 0) NoTideText(state, {reading.no_tide});
+  }
+  SaveTidalDiamonds(state, place.folders, "f", place.messages);
+}
+
+using Feeder = void (*)(Place&, const std::string&);
+
+// One folder serves all inputs of a reader.
+template <Feeder kFeed>
+void InItsPlace(const std::string& bytes) {
+  static Place place;
+  kFeed(place, bytes);
+}
+
+}  // namespace
+
+const std::vector<FuzzReader>& FuzzReaders() {
+  static const std::vector<FuzzReader> readers = {
+      {"way", InItsPlace<Waypoints>, 35, 2, 0},     {"rte", InItsPlace<Route>, 35, 3, 0},
+      {"cht", InItsPlace<Chart>, 0, 14, 8},         {"xrf", InItsPlace<Index>, 80, 5, 2},
+      {"config", InItsPlace<Config>, 2432, 0, 524}, {"wind", InItsPlace<WindSettings>, 24, 0, 0},
+      {"hc", InItsPlace<AreaPorts>, 36, 40, 1},     {"refports", InItsPlace<RefPorts>, 40, 39, 1},
+      {"l25", InItsPlace<Diamonds>, 0, 49, 0}};
+  return readers;
+}
+
+}  // namespace skerrow
