@@ -9,7 +9,7 @@
 
 namespace skerrow {
 
-FrmLoadChart::FrmLoadChart(Desktop& desktop, QWidget* parent)
+frmLoadChart::frmLoadChart(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmLoadChart", "Select Chart", parent),
       config_(desktop.program.config),
       filter_(desktop.program.config.chart_scale_choice),
@@ -59,7 +59,7 @@ FrmLoadChart::FrmLoadChart(Desktop& desktop, QWidget* parent)
   resize(880, 600);
 }
 
-QLayout* FrmLoadChart::MakeChoices() {
+QLayout* frmLoadChart::MakeChoices() {
   for (const int scale : kScaleFilters) {
     scale_list_->addItem(scale == 0 ? "all scales" : QString("1 : %L1").arg(scale), scale);
   }
@@ -93,7 +93,7 @@ QLayout* FrmLoadChart::MakeChoices() {
   return column;
 }
 
-void FrmLoadChart::LoadArea() {
+void frmLoadChart::LoadArea() {
   if (areas_->currentItem() == nullptr) return;
   config_.sea_area = FromQt(areas_->currentItem()->text());
   const Status loaded =
@@ -102,13 +102,13 @@ void FrmLoadChart::LoadArea() {
   FillCharts();
 }
 
-void FrmLoadChart::SetFilter(float scale) {
+void frmLoadChart::SetFilter(float scale) {
   filter_ = scale;
   const int row = scale_list_->findData(static_cast<int>(std::lround(scale)));
   scale_list_->setCurrentIndex(row);
 }
 
-void FrmLoadChart::FillCharts() {
+void frmLoadChart::FillCharts() {
   rows_ = ChartRows(charts_.index, filter_);
   int current = rows_.empty() ? -1 : 0;
   {
@@ -126,7 +126,7 @@ void FrmLoadChart::FillCharts() {
   ShowChart();
 }
 
-void FrmLoadChart::ShowChart() {
+void frmLoadChart::ShowChart() {
   const int row = list_->currentRow();
   ok_->setEnabled(row >= 0);
   if (row < 0) {
@@ -140,13 +140,13 @@ void FrmLoadChart::ShowChart() {
   preview_->Open(PreviewPath(desktop().program.folders, entry.chart_key));
 }
 
-void FrmLoadChart::Search() {
+void frmLoadChart::Search() {
   const std::optional<std::size_t> row =
       FindChartRow(rows_, FromQt(search_->text()), list_->currentRow());
   if (row) list_->setCurrentRow(static_cast<int>(*row));
 }
 
-void FrmLoadChart::Accept() {
+void frmLoadChart::Accept() {
   const int row = list_->currentRow();
   if (row < 0) return;
   Program& program = desktop().program;

@@ -13,7 +13,7 @@
 
 namespace skerrow {
 
-FrmOptResults::FrmOptResults(Desktop& desktop, QWidget* parent)
+frmOptResults::frmOptResults(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmOptResults", "Optimum Results", parent),
       chart_(new DepartureChart(OptimumChart(desktop.program.passage.optimum_times,
                                              desktop.program.passage.optimum_start_hour))),
@@ -47,13 +47,13 @@ FrmOptResults::FrmOptResults(Desktop& desktop, QWidget* parent)
   resize(780, 640);
 }
 
-QAction* FrmOptResults::MakeAction(const char* name, const QString& text) {
+QAction* frmOptResults::MakeAction(const char* name, const QString& text) {
   auto* action = new QAction(text, this);
   action->setObjectName(QString::fromUtf8(name));
   return action;
 }
 
-void FrmOptResults::MakeCommands() {
+void frmOptResults::MakeCommands() {
   const auto copy_all = [this] { desktop().clipboard.SetText(JoinLines(list_->lines()) + "\n"); };
   const auto copy_image = [this] { CopyImage(); };
   const auto print = [this] { Print(); };
@@ -94,27 +94,27 @@ void FrmOptResults::MakeCommands() {
           [this, popup](const QPoint& at) { popup->popup(chart_->mapToGlobal(at)); });
 }
 
-void FrmOptResults::ShowMarked(std::size_t index) {
+void frmOptResults::ShowMarked(std::size_t index) {
   cursor_->setText(ToQt(chart_->chart().HoverText(index)));
 }
 
-void FrmOptResults::CopyImage() {
+void frmOptResults::CopyImage() {
   desktop().clipboard.SetPicture(
       chart_->ToPicture(chart_->width(), chart_->height() + scale_->height()));
 }
 
-void FrmOptResults::Print() {
+void frmOptResults::Print() {
   PrintPages(desktop(), this,
              ReportPage("Optimum Results", RouteTitle(desktop().program), list_->lines(),
                         chart_->ToPicture(1000, 480)));
 }
 
-void FrmOptResults::CalculateCourse() {
+void frmOptResults::CalculateCourse() {
   const std::optional<std::size_t> marked = chart_->marked();
   if (!marked) return;
   SelectDeparture(desktop().program, chart_->chart().DepartureHours(*marked), desktop().messages);
   desktop().window.Changed(kRouteChanged | kTimeChanged);
-  FrmCalcRoute(desktop(), this).exec();
+  frmcalcroute(desktop(), this).exec();
   accept();
 }
 

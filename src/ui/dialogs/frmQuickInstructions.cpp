@@ -44,7 +44,7 @@ constexpr int kIndent = 18;
 
 }  // namespace
 
-FrmQuickInstructions::FrmQuickInstructions(Desktop& desktop, QWidget* parent)
+frmQuickInstructions::frmQuickInstructions(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmQuickInstructions", "Quick Instructions", parent) {
   auto* text = Named<QTextBrowser>("txtInstructions");
   text->document()->setDocumentMargin(14);
@@ -63,7 +63,7 @@ FrmQuickInstructions::FrmQuickInstructions(Desktop& desktop, QWidget* parent)
 void OfferQuickInstructions(Desktop& desktop, QWidget* parent) {
   if (desktop.settings.GetInt(kSection, kOfferedKey, 0) != 0) return;
   desktop.settings.SetInt(kSection, kOfferedKey, 1);
-  FrmQuickInstructions(desktop, parent).exec();
+  frmQuickInstructions(desktop, parent).exec();
 }
 
 }  // namespace skerrow

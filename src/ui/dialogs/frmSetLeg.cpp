@@ -11,7 +11,7 @@
 
 namespace skerrow {
 
-FrmSetLeg::FrmSetLeg(Desktop& desktop, QWidget* parent)
+frmSetLeg::frmSetLeg(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmSetLeg", "Single Leg Set-up", parent),
       start_latitude_(MakeLatitudeEdit(desktop.messages, "txtstartlat")),
       start_longitude_(MakeLongitudeEdit(desktop.messages, "txtstartlong")),
@@ -67,7 +67,7 @@ FrmSetLeg::FrmSetLeg(Desktop& desktop, QWidget* parent)
   resize(920, 560);
 }
 
-QWidget* FrmSetLeg::MakeEntries() {
+QWidget* frmSetLeg::MakeEntries() {
   auto* side = new QWidget;
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(0, 0, 0, 0);
@@ -103,7 +103,7 @@ QWidget* FrmSetLeg::MakeEntries() {
   return side;
 }
 
-QWidget* FrmSetLeg::MakeLeewayBox() {
+QWidget* frmSetLeg::MakeLeewayBox() {
   auto* box = new QGroupBox("Leeway");
   auto* rows = new QVBoxLayout(box);
   leeway_->SetColumns(5);
@@ -118,7 +118,7 @@ QWidget* FrmSetLeg::MakeLeewayBox() {
   return box;
 }
 
-void FrmSetLeg::TakeWaypoint(int row) {
+void frmSetLeg::TakeWaypoint(int row) {
   const std::vector<Waypoint>& waypoints = desktop().program.waypoints.waypoints;
   if (row < 0 || static_cast<std::size_t>(row) >= waypoints.size()) return;
   const Waypoint& waypoint = waypoints[static_cast<std::size_t>(row)];
@@ -128,7 +128,7 @@ void FrmSetLeg::TakeWaypoint(int row) {
   if (start) fill_end_->setChecked(true);
 }
 
-SetLegEntry FrmSetLeg::Entry() const {
+SetLegEntry frmSetLeg::Entry() const {
   SetLegEntry entry;
   entry.start_latitude = start_latitude_->Text();
   entry.start_longitude = start_longitude_->Text();
@@ -143,7 +143,7 @@ SetLegEntry FrmSetLeg::Entry() const {
   return entry;
 }
 
-void FrmSetLeg::Calculate() {
+void frmSetLeg::Calculate() {
   Program& program = desktop().program;
   const CheckedLeg leg = CheckSetLeg(Entry(), program.selected_time.Day(), desktop().messages);
   if (leg.refusal != SetLegRefusal::kNone) {

@@ -12,7 +12,7 @@
 
 namespace skerrow {
 
-FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
+frmcalcroute::frmcalcroute(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmcalcroute", "Route Calculation", parent),
       legs_(new TextList(desktop.clipboard, "List1")),
       distance_(Named<QLabel>("lblroutedist")),
@@ -71,7 +71,7 @@ FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
   resize(860, 560);
 }
 
-QWidget* FrmCalcRoute::MakeSideColumn() {
+QWidget* frmcalcroute::MakeSideColumn() {
   auto* side = new QWidget;
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(0, 0, 0, 0);
@@ -130,7 +130,7 @@ QWidget* FrmCalcRoute::MakeSideColumn() {
   return side;
 }
 
-void FrmCalcRoute::MakeButtons() {
+void frmcalcroute::MakeButtons() {
   QPushButton* reverse = AddLeftButton("cmdreverse", "&Reverse", "Turns the route round");
   QPushButton* copy = AddLeftButton("cmdCopy", "Co&py", "Puts the route plan on the clipboard");
   QPushButton* ok = AddButton("Cmdrteok", "&Calculate");
@@ -147,7 +147,7 @@ void FrmCalcRoute::MakeButtons() {
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void FrmCalcRoute::Load() {
+void frmcalcroute::Load() {
   const Program& program = desktop().program;
   legs_->SetLines(RouteRows(program.route));
   distance_->setText(ToQt(CalcRouteTextsOf(program).route_distance));
@@ -157,12 +157,12 @@ void FrmCalcRoute::Load() {
   LoadLeg(leg_);
 }
 
-void FrmCalcRoute::LoadLeg(std::size_t leg) {
+void frmcalcroute::LoadLeg(std::size_t leg) {
   leg_ = leg;
   leg_box_->Show(EntryOfLeg(desktop().program.route, leg), leg);
 }
 
-void FrmCalcRoute::LoadGps() {
+void frmcalcroute::LoadGps() {
   const std::optional<GpsReading> gps = GpsReadingOf(desktop().program);
   gps_box_->setVisible(gps.has_value());
   if (!gps) return;
@@ -176,7 +176,7 @@ void FrmCalcRoute::LoadGps() {
   }
 }
 
-void FrmCalcRoute::Edit(const char* name,
+void frmcalcroute::Edit(const char* name,
                         const std::function<RouteFormRefusal(RouteState&)>& edit) {
   const RouteFormRefusal refusal = EditRoute(desktop(), name, edit);
   if (refusal == RouteFormRefusal::kNone) {
@@ -186,11 +186,11 @@ void FrmCalcRoute::Edit(const char* name,
   }
 }
 
-void FrmCalcRoute::Copy() {
+void frmcalcroute::Copy() {
   desktop().clipboard.SetText(RoutePlanText(time_->Text(), FromQt(date_->text()), legs_->lines()));
 }
 
-void FrmCalcRoute::Calculate() {
+void frmcalcroute::Calculate() {
   if (busy()) return;
   const CalculationEntry entry = {time_->Text(), leeway_on_->isChecked(), leeway_->Text()};
   const DepartureTimeRefusal refusal = CheckCalculation(entry);
@@ -210,7 +210,7 @@ void FrmCalcRoute::Calculate() {
   if (outcome != RouteOutcome::kDone) return;
   accept();
   desktop().window.Changed(kRouteChanged | kTimeChanged);
-  FrmResults(desktop(), parentWidget()).exec();
+  frmresults(desktop(), parentWidget()).exec();
 }
 
 }  // namespace skerrow

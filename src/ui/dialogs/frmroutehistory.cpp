@@ -2,7 +2,7 @@
 
 namespace skerrow {
 
-FrmRouteHistory::FrmRouteHistory(Desktop& desktop, QWidget* parent)
+frmroutehistory::frmroutehistory(Desktop& desktop, QWidget* parent)
     : ReportDialog(desktop, "frmroutehistory", "Calculation History", "lsthistresults", parent) {
   SetReport(desktop.program.passage.route_history);
 }

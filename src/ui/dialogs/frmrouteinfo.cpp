@@ -2,7 +2,7 @@
 
 namespace skerrow {
 
-FrmRouteInfo::FrmRouteInfo(Desktop& desktop, QWidget* parent)
+frmrouteinfo::frmrouteinfo(Desktop& desktop, QWidget* parent)
     : ReportDialog(desktop, "frmrouteinfo", "Route Calculations", "List1", parent) {
   SetReport(desktop.program.passage.result_lines);
 }

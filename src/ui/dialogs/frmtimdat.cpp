@@ -11,7 +11,7 @@
 
 namespace skerrow {
 
-FrmTimDat::FrmTimDat(Desktop& desktop, QWidget* parent)
+frmtimdat::frmtimdat(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmtimdat", "Date and Time", parent),
       date_order_(DetectDateOrder(LocaleDateServices())),
       time_(new TimeEntry(desktop.messages, "txtTime", "lsthrs", "lstmins")),
@@ -62,7 +62,7 @@ FrmTimDat::FrmTimDat(Desktop& desktop, QWidget* parent)
   time_->text_box()->selectAll();
 }
 
-void FrmTimDat::ShowDay() {
+void frmtimdat::ShowDay() {
   const PredictedDay day =
       PredictedDayText(day_->currentData().toInt(), month_->currentData().toInt(),
                        year_->currentData().toInt(), date_order_);
@@ -72,7 +72,7 @@ void FrmTimDat::ShowDay() {
   predicted_day_->style()->polish(predicted_day_);
 }
 
-void FrmTimDat::Accept() {
+void frmtimdat::Accept() {
   const SelectedTimeEntry entry = {time_->Text(), day_->currentData().toInt(),
                                    month_->currentData().toInt(), year_->currentData().toInt()};
   const SelectedTimeRefusal refusal = SetSelectedTime(desktop().program, entry, desktop().messages);

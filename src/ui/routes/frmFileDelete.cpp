@@ -6,7 +6,7 @@
 
 namespace skerrow {
 
-FrmFileDelete::FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
+frmFileDelete::frmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
     : Dialog(desktop, kind == FileKind::kRoute ? "frmRouteDelete" : "frmWayDelete",
              kind == FileKind::kRoute ? "Delete Route File" : "Delete Waypoint File", parent),
       kind_(kind),
@@ -40,7 +40,7 @@ FrmFileDelete::FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
   resize(660, 380);
 }
 
-void FrmFileDelete::ShowFile() {
+void frmFileDelete::ShowFile() {
   const std::string name = files_->Selected();
   if (name.empty()) {
     count_->setText(files_->count() == 0 ? "There are no files." : QString());
@@ -55,7 +55,7 @@ void FrmFileDelete::ShowFile() {
   records_->SetLines(rows ? rows.value() : std::vector<std::string>{});
 }
 
-void FrmFileDelete::Accept() {
+void frmFileDelete::Accept() {
   const std::string name = files_->Selected();
   const Folders& folders = desktop().program.folders;
   const FileRefusal refusal = CheckDelete(folders, kind_, name);

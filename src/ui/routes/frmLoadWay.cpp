@@ -26,7 +26,7 @@ Status OpenWaypointFile(Desktop& desktop, const std::string& path) {
                             desktop.messages);
 }
 
-FrmLoadWay::FrmLoadWay(Desktop& desktop, QWidget* parent)
+frmLoadWay::frmLoadWay(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmLoadWay", "Load Waypoint File", parent),
       files_(new FileList),
       name_(Named<QLabel>("lblFileName")),
@@ -51,7 +51,7 @@ FrmLoadWay::FrmLoadWay(Desktop& desktop, QWidget* parent)
   resize(400, 400);
 }
 
-void FrmLoadWay::ShowFile() {
+void frmLoadWay::ShowFile() {
   const std::string name = files_->Selected();
   name_->setText(ToQt(name));
   count_->setText(name.empty()
@@ -60,7 +60,7 @@ void FrmLoadWay::ShowFile() {
                                                     kWaypointSize))));
 }
 
-void FrmLoadWay::Accept() {
+void frmLoadWay::Accept() {
   const std::string name = FromQt(name_->text());
   const FileRefusal refusal = CheckWaypointFileChoice(name);
   if (refusal != FileRefusal::kNone) {

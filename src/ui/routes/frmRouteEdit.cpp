@@ -10,7 +10,7 @@
 
 namespace skerrow {
 
-FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
+frmRouteEdit::frmRouteEdit(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteEdit", "Edit Route Points", parent),
       legs_(new TextList(desktop.clipboard, "List1")),
       distance_(Named<QLabel>("lblroutedist")),
@@ -62,7 +62,7 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
   resize(960, 600);
 }
 
-QWidget* FrmRouteEdit::MakeWaypointBox() {
+QWidget* frmRouteEdit::MakeWaypointBox() {
   auto* side = new QWidget;
   auto* rows = new QVBoxLayout(side);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -85,19 +85,19 @@ QWidget* FrmRouteEdit::MakeWaypointBox() {
   return side;
 }
 
-std::optional<int> FrmRouteEdit::SelectedRow() const {
+std::optional<int> frmRouteEdit::SelectedRow() const {
   const QList<QListWidgetItem*> selected = legs_->selectedItems();
   if (selected.isEmpty()) return std::nullopt;
   return legs_->row(selected.front());
 }
 
-void FrmRouteEdit::SelectRow(int row) {
+void frmRouteEdit::SelectRow(int row) {
   if (legs_->count() == 0) return;
   legs_->setCurrentRow(std::min(row, legs_->count() - 1));
   legs_->scrollToItem(legs_->currentItem());
 }
 
-void FrmRouteEdit::Load() {
+void frmRouteEdit::Load() {
   const std::optional<int> row = SelectedRow();
   const RouteState& route = desktop().program.route;
   legs_->SetLines(RouteRows(route));
@@ -105,13 +105,13 @@ void FrmRouteEdit::Load() {
   if (row) SelectRow(*row);
 }
 
-void FrmRouteEdit::LoadLeg() {
+void frmRouteEdit::LoadLeg() {
   const std::optional<int> row = SelectedRow();
   leg_ = row ? static_cast<std::size_t>(LegOfRow(*row)) : 0;
   leg_box_->Show(EntryOfLeg(desktop().program.route, leg_), leg_);
 }
 
-void FrmRouteEdit::Ended(RouteFormRefusal refusal) {
+void frmRouteEdit::Ended(RouteFormRefusal refusal) {
   if (refusal == RouteFormRefusal::kNone) {
     Load();
     LoadLeg();
@@ -124,14 +124,14 @@ void FrmRouteEdit::Ended(RouteFormRefusal refusal) {
   Refuse(RouteFormText(refusal), false, field);
 }
 
-void FrmRouteEdit::AcceptLegEntry() {
+void frmRouteEdit::AcceptLegEntry() {
   Ended(EditRoute(desktop(), "Edit Leg", [this](RouteState& route) {
     return EditLeg(route, leg_, leg_box_->Entry(), LegCheck::kLetters,
                    RouteDefaultsOf(desktop().program), desktop().messages);
   }));
 }
 
-void FrmRouteEdit::InsertPoint() {
+void frmRouteEdit::InsertPoint() {
   const InsertSide side = before_->isChecked()  ? InsertSide::kBefore
                           : after_->isChecked() ? InsertSide::kAfter
                                                 : InsertSide::kNotChosen;
@@ -141,7 +141,7 @@ void FrmRouteEdit::InsertPoint() {
   }));
 }
 
-void FrmRouteEdit::DeletePoint() {
+void frmRouteEdit::DeletePoint() {
   const std::optional<int> row = SelectedRow();
   const std::string text = row ? legs_->lines()[static_cast<std::size_t>(*row)] : "";
   Ended(EditRoute(desktop(), "Delete Route Point", [&](RouteState& route) {
@@ -149,13 +149,13 @@ void FrmRouteEdit::DeletePoint() {
   }));
 }
 
-void FrmRouteEdit::ApplySpeed() {
+void frmRouteEdit::ApplySpeed() {
   Ended(EditRoute(desktop(), "Apply Speed to all Legs", [&](RouteState& route) {
     return ApplySpeedToAllLegs(route, leg_box_->Speed());
   }));
 }
 
-void FrmRouteEdit::Reverse() {
+void frmRouteEdit::Reverse() {
   EditRoute(desktop(), "Reverse Route", [&](RouteState& route) {
     ReverseRoute(route, RouteDefaultsOf(desktop().program), desktop().messages);
   });

@@ -25,7 +25,7 @@ bool OpenSampleRoute(Desktop& desktop) {
   return done.ok();
 }
 
-FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
+frmRouteLoad::frmRouteLoad(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteLoad", "Load Route", parent),
       files_(new FileList),
       count_(Named<QLabel>("labelnoofpoints")),
@@ -73,7 +73,7 @@ FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
   resize(740, 400);
 }
 
-void FrmRouteLoad::ShowFile() {
+void frmRouteLoad::ShowFile() {
   const std::string name = files_->Selected();
   const Folders& folders = desktop().program.folders;
   if (name.empty()) {
@@ -87,7 +87,7 @@ void FrmRouteLoad::ShowFile() {
   records_->SetLines(rows ? rows.value() : std::vector<std::string>{});
 }
 
-void FrmRouteLoad::Accept() {
+void frmRouteLoad::Accept() {
   const std::string name = files_->Selected();
   const std::string path = name.empty() ? "" : RoutePath(desktop().program.folders, name);
   const Status loaded = LoadRouteFile(

@@ -7,7 +7,7 @@
 
 namespace skerrow {
 
-FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, QWidget* parent)
+frmRouteWayPoints::frmRouteWayPoints(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteWayPoints", "Route by Waypoint List", parent),
       picker_(new WaypointPicker(desktop, "List1", Qt::Horizontal)),
       route_(new WaypointList("List2", PickListText)),
@@ -52,14 +52,14 @@ FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, QWidget* parent)
   resize(1040, 480);
 }
 
-void FrmRouteWayPoints::Add() {
+void frmRouteWayPoints::Add() {
   if (const std::optional<WaypointRow> row = picker_->list()->SelectedRow()) {
     route_->Append(*row);
     ShowLength();
   }
 }
 
-void FrmRouteWayPoints::Remove() {
+void frmRouteWayPoints::Remove() {
   const std::optional<std::size_t> index = route_->SelectedIndex();
   if (!index) {
     Refuse(RouteFormText(RouteFormRefusal::kNothingToRemove), false, route_);
@@ -69,7 +69,7 @@ void FrmRouteWayPoints::Remove() {
   ShowLength();
 }
 
-void FrmRouteWayPoints::ShowLength() {
+void frmRouteWayPoints::ShowLength() {
   std::vector<RoutePoint> points;
   for (const WaypointRow& row : route_->rows()) {
     const Waypoint waypoint = WaypointOf(row);
@@ -84,7 +84,7 @@ void FrmRouteWayPoints::ShowLength() {
                                     : QString("%1 points, %2 nm").arg(points.size()).arg(distance));
 }
 
-void FrmRouteWayPoints::Accept() {
+void frmRouteWayPoints::Accept() {
   const RouteEdit outcome =
       EditRoute(desktop(), "Route by Waypoint List", [this](RouteState& route) {
         return CreateRouteFromRows(route, route_->rows(), RouteDefaultsOf(desktop().program),

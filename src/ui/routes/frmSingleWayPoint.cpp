@@ -62,7 +62,7 @@ void EnterWaypointByMouse(Desktop& desktop, Position position, QWidget* parent) 
   desktop.window.Changed(kViewChanged);
 }
 
-FrmSingleWayPoint::FrmSingleWayPoint(Desktop& desktop, std::optional<Position> picked,
+frmSingleWayPoint::frmSingleWayPoint(Desktop& desktop, std::optional<Position> picked,
                                      QWidget* parent)
     : Dialog(desktop, picked ? "frmMouseInput" : "frmSingleWayPoint", "Waypoint Entry", parent),
       name_(Named<QLineEdit>("txtWayName")),
@@ -92,7 +92,7 @@ FrmSingleWayPoint::FrmSingleWayPoint(Desktop& desktop, std::optional<Position> p
   name_->setFocus();
 }
 
-void FrmSingleWayPoint::Accept() {
+void frmSingleWayPoint::Accept() {
   const SingleWaypoint entry =
       CheckSingleWaypoint(FromQt(name_->text()), latitude_->Text(), longitude_->Text());
   if (entry.refusal != WaypointRefusal::kNone) {

@@ -24,7 +24,7 @@ QPushButton* MakeButton(const char* name, const QString& text, const QString& ti
 
 }  // namespace
 
-FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file)
+frmWayEdit::frmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file)
     : Dialog(desktop, "frmWayEdit", "Select a File to Edit", parent),
       work_(desktop.program.folders),
       files_(new FileList),
@@ -57,7 +57,7 @@ FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kep
   resize(820, 560);
 }
 
-QWidget* FrmWayEdit::MakeFileColumn() {
+QWidget* frmWayEdit::MakeFileColumn() {
   auto* column = new QWidget;
   auto* rows = new QVBoxLayout(column);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -81,7 +81,7 @@ QWidget* FrmWayEdit::MakeFileColumn() {
   return column;
 }
 
-QWidget* FrmWayEdit::MakeEntryColumn() {
+QWidget* frmWayEdit::MakeEntryColumn() {
   auto* column = new QWidget;
   auto* rows = new QVBoxLayout(column);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -95,7 +95,7 @@ QWidget* FrmWayEdit::MakeEntryColumn() {
   return column;
 }
 
-QWidget* FrmWayEdit::MakeEntryBox() {
+QWidget* frmWayEdit::MakeEntryBox() {
   auto* box = new QGroupBox("Entry");
   auto* grid = new QGridLayout(box);
   grid->setHorizontalSpacing(8);
@@ -127,7 +127,7 @@ QWidget* FrmWayEdit::MakeEntryBox() {
   return box;
 }
 
-void FrmWayEdit::MakeButtons() {
+void frmWayEdit::MakeButtons() {
   QPushButton* save = AddButton("cmdSave", "&Save && Exit");
   save->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", "Cancel");
@@ -135,13 +135,13 @@ void FrmWayEdit::MakeButtons() {
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-bool FrmWayEdit::MayLeaveFile() {
+bool frmWayEdit::MayLeaveFile() {
   return !work_.changed() ||
          desktop().messages.Ask("Leave " + work_.file_name() +
                                 " without saving the changes to its waypoints?");
 }
 
-void FrmWayEdit::Open(const std::string& file_name, bool kept) {
+void frmWayEdit::Open(const std::string& file_name, bool kept) {
   if (const Status opened = work_.Open(file_name, kept); !opened) {
     desktop().messages.Show(opened.error().Text(), MessageIcon::kWarning);
   }
@@ -150,7 +150,7 @@ void FrmWayEdit::Open(const std::string& file_name, bool kept) {
   Refresh(work_.rows().size());
 }
 
-void FrmWayEdit::ShowFile() {
+void frmWayEdit::ShowFile() {
   const std::string name = files_->Selected();
   if (name.empty() || name == work_.file_name()) return;
   if (MayLeaveFile()) {
@@ -161,18 +161,18 @@ void FrmWayEdit::ShowFile() {
   }
 }
 
-void FrmWayEdit::Refresh(std::size_t select) {
+void frmWayEdit::Refresh(std::size_t select) {
   entries_->SetRows(work_.rows());
   entries_->SelectIndex(select);
   if (entries_->currentItem() != nullptr) entries_->scrollToItem(entries_->currentItem());
   count_->setText(QString("%1 waypoints").arg(work_.rows().size()));
 }
 
-CheckedWaypoint FrmWayEdit::Entry() const {
+CheckedWaypoint frmWayEdit::Entry() const {
   return CheckWaypointEntry(FromQt(name_->text()), latitude_->Text(), longitude_->Text());
 }
 
-void FrmWayEdit::Ended(WaypointRefusal refusal, std::size_t select) {
+void frmWayEdit::Ended(WaypointRefusal refusal, std::size_t select) {
   if (refusal != WaypointRefusal::kNone) {
     QWidget* field = entries_;
     if (refusal == WaypointRefusal::kBadLatitude) field = latitude_;
@@ -186,13 +186,13 @@ void FrmWayEdit::Ended(WaypointRefusal refusal, std::size_t select) {
   Refresh(select);
 }
 
-WaypointRefusal FrmWayEdit::WithEntry(const std::function<bool(const WaypointRow&)>& change) {
+WaypointRefusal frmWayEdit::WithEntry(const std::function<bool(const WaypointRow&)>& change) {
   const CheckedWaypoint entry = Entry();
   if (entry.refusal != WaypointRefusal::kNone) return entry.refusal;
   return change(entry.row) ? WaypointRefusal::kNone : WaypointRefusal::kNoRowSelected;
 }
 
-void FrmWayEdit::AddPoint() {
+void frmWayEdit::AddPoint() {
   if (work_.file_name().empty()) {
     Ended(WaypointRefusal::kNoRowSelected, 0);
     return;
@@ -204,17 +204,17 @@ void FrmWayEdit::AddPoint() {
   if (refusal == WaypointRefusal::kNone) name_->setFocus();
 }
 
-void FrmWayEdit::InsertEntry() {
+void frmWayEdit::InsertEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size() + 1);
   Ended(WithEntry([&](const WaypointRow& entry) { return work_.Insert(row, entry); }), row);
 }
 
-void FrmWayEdit::ChangeEntry() {
+void frmWayEdit::ChangeEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size());
   Ended(WithEntry([&](const WaypointRow& entry) { return work_.Change(row, entry); }), row);
 }
 
-void FrmWayEdit::DeleteEntry() {
+void frmWayEdit::DeleteEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size());
   if (!work_.Delete(row)) {
     Ended(WaypointRefusal::kNoRowSelected, 0);
@@ -223,7 +223,7 @@ void FrmWayEdit::DeleteEntry() {
   Refresh(work_.rows().empty() ? 0 : std::min(row, work_.rows().size() - 1));
 }
 
-void FrmWayEdit::LoadEntry() {
+void frmWayEdit::LoadEntry() {
   const std::optional<WaypointRow> row = entries_->SelectedRow();
   if (!row) return;
   name_->setText(ToQt(row->name));
@@ -233,9 +233,9 @@ void FrmWayEdit::LoadEntry() {
   name_->selectAll();
 }
 
-void FrmWayEdit::CreateNew() {
+void frmWayEdit::CreateNew() {
   if (!MayLeaveFile()) return;
-  FrmNewWay dialog(desktop(), this, NameEntry::kWaypointEditNew);
+  frmNewWay dialog(desktop(), this, NameEntry::kWaypointEditNew);
   if (dialog.exec() != QDialog::Accepted) return;
   {
     const QSignalBlocker quiet(files_);
@@ -245,8 +245,8 @@ void FrmWayEdit::CreateNew() {
   name_->setFocus();
 }
 
-void FrmWayEdit::Copy() {
-  FrmWayCopy dialog(desktop(), this);
+void frmWayEdit::Copy() {
+  frmwaycopy dialog(desktop(), this);
   const bool saved = dialog.exec() == QDialog::Accepted;
   {
     const QSignalBlocker quiet(files_);
@@ -259,12 +259,12 @@ void FrmWayEdit::Copy() {
   }
 }
 
-void FrmWayEdit::Print() {
+void frmWayEdit::Print() {
   const std::vector<std::string> lines = entries_->Texts(print_selected_->isChecked());
   PrintPages(desktop(), this, ReportPage(work_.file_name(), "", lines));
 }
 
-void FrmWayEdit::SaveAndExit() {
+void frmWayEdit::SaveAndExit() {
   Program& program = desktop().program;
   if (!work_.file_name().empty()) {
     if (const Status saved = work_.Save(); !saved) {
@@ -281,7 +281,7 @@ void FrmWayEdit::SaveAndExit() {
   desktop().window.Changed(kViewChanged);
 }
 
-void FrmWayEdit::done(int result) {
+void frmWayEdit::done(int result) {
   if (result == QDialog::Rejected && !MayLeaveFile()) return;
   work_.Abandon();
   Dialog::done(result);

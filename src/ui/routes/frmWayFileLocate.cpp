@@ -2,7 +2,7 @@
 
 namespace skerrow {
 
-FrmWayFileLocate::FrmWayFileLocate(Desktop& desktop, QWidget* parent)
+frmWayFileLocate::frmWayFileLocate(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmWayFileLocate", "Locate a waypoint", parent),
       picker_(new WaypointPicker(desktop, "List1", Qt::Horizontal)) {
   body()->addWidget(picker_, 1);
@@ -16,7 +16,7 @@ FrmWayFileLocate::FrmWayFileLocate(Desktop& desktop, QWidget* parent)
   resize(640, 420);
 }
 
-void FrmWayFileLocate::Accept() {
+void frmWayFileLocate::Accept() {
   const std::optional<std::size_t> selected = picker_->list()->SelectedIndex();
   const WaypointRefusal refusal = CheckLocate(picker_->list()->rows().size(), selected);
   if (refusal != WaypointRefusal::kNone) {

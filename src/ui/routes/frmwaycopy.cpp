@@ -5,7 +5,7 @@
 
 namespace skerrow {
 
-FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
+frmwaycopy::frmwaycopy(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmwaycopy", "Copy Waypoints", parent),
       picker_(new WaypointPicker(desktop, "List1", Qt::Horizontal)),
       copied_(new WaypointList("List2", PickListText)),
@@ -40,11 +40,11 @@ FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
   resize(980, 480);
 }
 
-void FrmWayCopy::Add() {
+void frmwaycopy::Add() {
   if (const std::optional<WaypointRow> row = picker_->list()->SelectedRow()) copied_->Append(*row);
 }
 
-void FrmWayCopy::Remove() {
+void frmwaycopy::Remove() {
   const std::optional<std::size_t> index = copied_->SelectedIndex();
   if (!index) {
     Refuse(WaypointRefusalText(WaypointRefusal::kNothingToRemove), false, copied_);
@@ -53,7 +53,7 @@ void FrmWayCopy::Remove() {
   copied_->RemoveAt(*index);
 }
 
-void FrmWayCopy::Save() {
+void frmwaycopy::Save() {
   const CheckedCopy checked = CheckWaypointCopy(FromQt(name_->text()), copied_->rows().size());
   if (checked.refusal != WaypointRefusal::kNone) {
     Refuse(WaypointRefusalText(checked.refusal), false,

@@ -14,15 +14,15 @@ namespace {
 
 constexpr std::string_view kFoldersSection = "Folders";
 
-QString TitleOf(FileKind kind, FrmWayImport::Direction direction) {
-  if (direction == FrmWayImport::Direction::kImport) return ToQt(ImportTitle(kind));
+QString TitleOf(FileKind kind, frmwayimport::Direction direction) {
+  if (direction == frmwayimport::Direction::kImport) return ToQt(ImportTitle(kind));
   return kind == FileKind::kWaypoint ? "Export Skerrow Waypoint files to external storage"
                                      : "Export Skerrow Route files to external storage";
 }
 
 // The key that the folder last used is stored under.
-std::string FolderKey(FileKind kind, FrmWayImport::Direction direction) {
-  const std::string verb = direction == FrmWayImport::Direction::kImport ? "Import" : "Export";
+std::string FolderKey(FileKind kind, frmwayimport::Direction direction) {
+  const std::string verb = direction == frmwayimport::Direction::kImport ? "Import" : "Export";
   return verb + (kind == FileKind::kWaypoint ? "Waypoints" : "Routes");
 }
 
@@ -51,7 +51,7 @@ Result<int> ExportFiles(const Folders& folders, FileKind kind,
   return copied;
 }
 
-FrmWayImport::FrmWayImport(Desktop& desktop, FileKind kind, QWidget* parent, Direction direction)
+frmwayimport::frmwayimport(Desktop& desktop, FileKind kind, QWidget* parent, Direction direction)
     : Dialog(desktop, direction == Direction::kImport ? "frmwayimport" : "frmwayexport",
              TitleOf(kind, direction), parent),
       kind_(kind),
@@ -91,7 +91,7 @@ FrmWayImport::FrmWayImport(Desktop& desktop, FileKind kind, QWidget* parent, Dir
   resize(560, 420);
 }
 
-std::string FrmWayImport::FirstFolder() const {
+std::string frmwayimport::FirstFolder() const {
   const std::string stored = desktop().settings.Get(kFoldersSection, FolderKey(kind_, direction_));
   if (QFileInfo(ToQt(stored)).isDir()) return stored;
   const Folders& folders = desktop().program.folders;
@@ -100,14 +100,14 @@ std::string FrmWayImport::FirstFolder() const {
   return folders.documents;
 }
 
-void FrmWayImport::Browse() {
+void frmwayimport::Browse() {
   const QString folder = QFileDialog::getExistingDirectory(
       this, windowTitle(), folder_->text(),
       QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
   if (!folder.isEmpty()) folder_->setText(QDir::toNativeSeparators(folder));
 }
 
-void FrmWayImport::FillList() {
+void frmwayimport::FillList() {
   files_->Fill(importing() ? NativePath(FromQt(folder_->text()))
                            : FolderOfKind(desktop().program.folders, kind_),
                kind_);
@@ -116,7 +116,7 @@ void FrmWayImport::FillList() {
                        : QString("%1 of %2 files selected").arg(0).arg(files_->count()));
 }
 
-void FrmWayImport::Accept() {
+void frmwayimport::Accept() {
   Program& program = desktop().program;
   const std::string folder = NativePath(FromQt(folder_->text()));
   std::vector<std::string> names;

@@ -17,7 +17,7 @@ namespace {
 // True when the unsaved work that `text` tells of has been saved by `Form`, or may go.
 template <typename Form>
 bool MayLose(Desktop& desktop, const QString& text, QWidget* parent) {
-  FrmUnsaved question(desktop, text, parent);
+  frmUnsaved question(desktop, text, parent);
   question.exec();
   if (question.choice() != UnsavedChoice::kSave) {
     return question.choice() == UnsavedChoice::kDiscard;
@@ -78,7 +78,7 @@ void TakeRouteBack(Desktop& desktop, const std::string& path) {
 
 }  // namespace
 
-FrmUnsaved::FrmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
+frmUnsaved::frmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
     : Dialog(desktop, "frmUnsaved", "Unsaved Changes", parent) {
   body()->addWidget(MakeHeading(text));
   body()->addWidget(MakeHint("What is not saved will be lost."));
@@ -99,13 +99,12 @@ FrmUnsaved::FrmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
 
 bool MayLoseRoute(Desktop& desktop, QWidget* parent) {
   return !RouteUnsaved(desktop.program) ||
-         MayLose<FrmRouteSave>(
-             desktop, "The route has changes that are in no route file.", parent);
+         MayLose<frmRouteSave>(desktop, "The route has changes that are in no route file.", parent);
 }
 
 bool MayLoseWaypoints(Desktop& desktop, QWidget* parent) {
   return !WaypointsUnsaved(desktop.program) ||
-         MayLose<FrmWaySave>(desktop,
+         MayLose<frmWaySave>(desktop,
                              QString("Waypoints of %1 have been moved and are not saved.")
                                  .arg(ToQt(desktop.program.config.waypoint_file)),
                              parent);
@@ -140,7 +139,7 @@ void OfferRecovery(Desktop& desktop, QWidget* parent) {
   }
   if (waypoints) {
     if (form.waypoints->isChecked()) {
-      FrmWayEdit(desktop, parent, waypoints->file_name).exec();
+      frmWayEdit(desktop, parent, waypoints->file_name).exec();
     } else {
       (void)DeleteFile(waypoints->path);
     }

@@ -23,7 +23,7 @@ namespace {
 class SingleDialogs : public SampleDesk {};
 
 TEST_F(SingleDialogs, DateAndTimeRefusesInItsWordsAndSetsTheTime) {
-  FrmTimDat form(desktop, nullptr);
+  frmtimdat form(desktop, nullptr);
   Show(form);
   const auto try_time = [&](const char* text) {
     Type(form, "txtTime", text);
@@ -52,7 +52,7 @@ TEST_F(SingleDialogs, DateAndTimeRefusesInItsWordsAndSetsTheTime) {
 
 TEST_F(SingleDialogs, SettingsFilterKeysAndShowTheFieldAtFault) {
   int tools = 0;
-  FrmConfigure form(
+  frmConfigure form(
       desktop, [&tools] { ++tools; }, nullptr);
   form.show();
   auto* variation = form.findChild<QLineEdit*>("Txtvariation");
@@ -112,7 +112,7 @@ TEST_F(SingleDialogs, PreviewDecodesBesideTheWindowAndShowsTheLastOneAskedFor) {
 }
 
 TEST_F(SingleDialogs, ChartListFiltersSearchesAndChooses) {
-  FrmLoadChart form(desktop, nullptr);
+  frmLoadChart form(desktop, nullptr);
   form.show();
   auto* list = form.findChild<QListWidget*>("List1");
   auto* preview = form.findChild<PicturePreview*>("GdViewer1");
@@ -128,7 +128,7 @@ TEST_F(SingleDialogs, ChartListFiltersSearchesAndChooses) {
   EXPECT_FALSE(form.isVisible());
   EXPECT_TRUE(program.config.chart_path.ends_with("/" + key.toStdString()));
 
-  FrmLoadChart none(desktop, nullptr);
+  frmLoadChart none(desktop, nullptr);
   none.show();
   auto* scale = none.findChild<QLineEdit*>("txtScale");
   scale->setFocus();
