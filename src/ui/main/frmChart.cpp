@@ -16,6 +16,7 @@
 #include "platform/settings_store.h"
 #include "routes/route_rows.h"
 #include "ui/dialogs/frmrouteinfo.h"
+#include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/live_overlays.h"

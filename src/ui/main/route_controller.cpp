@@ -189,7 +189,7 @@ void RouteController::KeyboardEdit() {
 
 template <typename Dialog>
 void RouteController::Calculate() {
-  Program& program = desktop_.program;
+  const Program& program = desktop_.program;
   desktop_.view.route_drag_on = false;
   Dialog(desktop_, &window_).exec();
   desktop_.view.calculation_on_show = !program.passage.route_track.empty();

@@ -185,7 +185,7 @@ TEST_F(ConfigureForm, RefusesEachFaultAndTheFirstOfSeveral) {
                 "Enter a value greater than 0 for Acceptable Calculation Error Distance", true});
 }
 
-TEST_F(ConfigureForm, TakesTextsAsTold) {
+TEST_F(ConfigureForm, TakesEachTextByItsRule) {
   AppConfig config = DefaultConfig("/p");
   config.track_colour = 17;
   config.boat_colour = 4711;
