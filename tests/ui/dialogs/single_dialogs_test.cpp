@@ -200,7 +200,7 @@ TEST_F(SingleDialogs, PrintingRemembersTheFolderOfItsPdfFiles) {
       }
       EXPECT_EQ(files->selectedFiles().front().section('/', -1), "Results - a-b.pdf");
       files->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(name));
-      files->accept();
+      dialog.accept();
     });
     PrintPages(desktop, nullptr, ReportPage("Results", "a/b", {"line"}));
   };
