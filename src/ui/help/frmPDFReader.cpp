@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPdfLink>
-#include <QScreen>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -20,6 +19,7 @@
 
 #include "ui/help/help_files.h"
 #include "ui/icons/icons.h"
+#include "ui/widgets/place_window.h"
 
 namespace skerrow {
 namespace {
@@ -27,9 +27,6 @@ namespace {
 constexpr const char* kSection = "frmPDFReader";
 constexpr int kLeastWidth = 440;
 constexpr int kLeastHeight = 300;
-// Room for the desktop's frame and title bar, which are not part of the size.
-constexpr int kFrameWidth = 16;
-constexpr int kFrameHeight = 48;
 constexpr int kOutlineWidth = 250;
 constexpr int kRowAir = 8;
 constexpr double kZoomStep = 1.25;
@@ -150,11 +147,9 @@ frmPDFReader::~frmPDFReader() {
 }
 
 void frmPDFReader::RestoreSize() {
-  QSize size(settings_.GetInt(kSection, "Width", 980), settings_.GetInt(kSection, "Height", 860));
-  if (const QScreen* shown = screen()) {
-    size = size.boundedTo(shown->availableSize() - QSize(kFrameWidth, kFrameHeight));
-  }
-  resize(size.expandedTo(minimumSize()));
+  const QSize size(settings_.GetInt(kSection, "Width", 980),
+                   settings_.GetInt(kSection, "Height", 860));
+  PlaceWindow(*this, size.expandedTo(minimumSize()));
   contents_->setChecked(settings_.GetInt(kSection, "Contents", 1) != 0);
 }
 
