@@ -29,7 +29,7 @@ void Measure(const char* what, const Folders& folders) {
   const auto lap = [&timer] { return static_cast<double>(timer.nsecsElapsed()) / 1e6; };
   LoadProgram(program, messages);
   const double loaded = lap();
-  FrmChart window(program, messages, settings, clipboard);
+  frmChart window(program, messages, settings, clipboard);
   window.resize(1920, 1080);
   window.show();
   const double built = lap();

@@ -53,8 +53,10 @@ class Studio {
   Studio();
   ~Studio();
 
-  skerrow::FrmChart& window() { return *window_; }
-  skerrow::Desktop desktop() { return window_->desktop(); }
+  skerrow::frmChart& window() { return *window_; }
+  skerrow::Desktop desktop() {
+    return {program, messages, *settings_, clipboard_, *window_, window_->view()};
+  }
   // Runs a command of the main window.
   void Command(const char* name);
   // Gives the main window a size and waits until the chart is drawn at its best.
@@ -74,7 +76,7 @@ class Studio {
  private:
   std::unique_ptr<skerrow::SettingsStore> settings_;
   skerrow::SystemClipboard clipboard_;
-  std::unique_ptr<skerrow::FrmChart> window_;
+  std::unique_ptr<skerrow::frmChart> window_;
 };
 
 // Every dialog, filled with the sample data.

@@ -60,29 +60,29 @@ void KeepPassage(const Album& album, Studio& studio) {
   NoProgress progress;
   Frmdisclaimer start(program, studio.messages);
   album.Keep(start, "Frmdisclaimer");
-  FrmRouteOptDeparture search(desktop, nullptr);
+  frmRouteOptDeparture search(desktop, nullptr);
   album.Keep(search, "frmRouteOptDeparture");
   RunDepartureSearch(program, 4, studio.messages, progress);
-  FrmOptResults departures(desktop, nullptr);
+  frmOptResults departures(desktop, nullptr);
   album.Keep(departures, "frmOptResults");
   SetTacks(program.route, program.wind_config.Default().direction);
-  FrmCalcRoute calculation(desktop, nullptr);
+  frmcalcroute calculation(desktop, nullptr);
   album.Keep(calculation, "frmcalcroute");
   RunCalculation(program, {"09:30", true, "5"}, studio.messages, progress);
-  FrmResults results(desktop, nullptr);
+  frmresults results(desktop, nullptr);
   album.Keep(results, "frmresults");
   results.findChild<QRadioButton*>("optTidalDetails")->setChecked(true);
   results.findChild<QCheckBox*>("chKTidalStreams")->setChecked(true);
   album.Keep(results, "frmresults-streams");
   album.KeepPage(ReportPage("Results", RouteTitle(program), program.passage.result_lines),
                  "results-page");
-  FrmRouteInfo info(desktop, nullptr);
+  frmrouteinfo info(desktop, nullptr);
   album.Keep(info, "frmrouteinfo");
-  FrmRouteHistory history(desktop, nullptr);
+  frmroutehistory history(desktop, nullptr);
   album.Keep(history, "frmroutehistory");
-  FrmTimDat time(desktop, nullptr);
+  frmtimdat time(desktop, nullptr);
   album.Keep(time, "frmtimdat");
-  FrmSetLeg leg(desktop, nullptr);
+  frmSetLeg leg(desktop, nullptr);
   auto* marks = leg.findChild<QListWidget*>("lstWaypoints");
   emit marks->itemDoubleClicked(marks->item(0));
   emit marks->itemDoubleClicked(marks->item(5));
@@ -93,7 +93,7 @@ void KeepPassage(const Album& album, Studio& studio) {
 
 void KeepSettings(const Album& album, Studio& studio) {
   Desktop desktop = studio.desktop();
-  FrmConfigure settings(desktop, {}, nullptr);
+  frmConfigure settings(desktop, {}, nullptr);
   auto* pages = settings.findChild<QTabWidget*>();
   for (int page = 0; page < pages->count(); ++page) {
     pages->setCurrentIndex(page);
@@ -101,7 +101,7 @@ void KeepSettings(const Album& album, Studio& studio) {
   }
   album.KeepNext("colour");
   settings.findChild<QPushButton*>("pctTidalStreamCol")->click();
-  FrmLoadChart charts(desktop, nullptr);
+  frmLoadChart charts(desktop, nullptr);
   album.Keep(charts, "frmLoadChart");
   DesktopMessages messages;
   album.KeepNext("message");
@@ -109,35 +109,35 @@ void KeepSettings(const Album& album, Studio& studio) {
       "Boat speed very low between waypoints 1 and 2\nDo you wish to continue?\n"
       "(This may cause problems)",
       kProgramTitle);
-  FrmQuickInstructions instructions(desktop, nullptr);
+  frmQuickInstructions instructions(desktop, nullptr);
   album.Keep(instructions, "frmQuickInstructions");
 }
 
 void KeepRoutes(const Album& album, Studio& studio) {
   Desktop desktop = studio.desktop();
-  FrmRouteLoad load(desktop, nullptr);
+  frmRouteLoad load(desktop, nullptr);
   Select(load, "fillist", 2);
   album.Keep(load, "frmRouteLoad");
-  FrmRouteSave save(desktop, nullptr);
+  frmRouteSave save(desktop, nullptr);
   Fill(save, "txtFileName", "Cowes to Alderney");
   album.Keep(save, "frmRouteSave");
-  FrmFileDelete route_delete(desktop, FileKind::kRoute, nullptr);
+  frmFileDelete route_delete(desktop, FileKind::kRoute, nullptr);
   Select(route_delete, "fillist", 1);
   album.Keep(route_delete, "frmRouteDelete");
-  FrmRouteEdit edit(desktop, nullptr);
+  frmRouteEdit edit(desktop, nullptr);
   Select(edit, "List1", 4);
   Select(edit, "List2", 2);
   album.Keep(edit, "frmRouteEdit");
-  FrmRouteWayPoints make(desktop, nullptr);
+  frmRouteWayPoints make(desktop, nullptr);
   for (const int row : {3, 6, 27, 43}) {
     Select(make, "List1", row);
     make.findChild<QPushButton*>("cmdAdd")->click();
   }
   album.Keep(make, "frmRouteWayPoints");
-  FrmWayImport import_routes(desktop, FileKind::kRoute, nullptr);
+  frmwayimport import_routes(desktop, FileKind::kRoute, nullptr);
   Select(import_routes, "fillist", 0);
   album.Keep(import_routes, "frmwayimport");
-  FrmUnsaved unsaved(desktop, "The route has changes that are in no route file.", nullptr);
+  frmUnsaved unsaved(desktop, "The route has changes that are in no route file.", nullptr);
   album.Keep(unsaved, "frmUnsaved");
 }
 
@@ -146,34 +146,34 @@ void KeepWaypoints(const Album& album, Studio& studio) {
   const Folders& folders = studio.program.folders;
   (void)WriteWaypointFile(WaypointPath(folders, "Solent.way"), SampleWaypoints().subspan(3, 9));
   (void)WriteWaypointFile(WaypointPath(folders, "Default.way"), {});
-  FrmWaySave save(desktop, nullptr);
+  frmWaySave save(desktop, nullptr);
   album.Keep(save, "frmWaySave");
-  FrmNewWay create(desktop, nullptr);
+  frmNewWay create(desktop, nullptr);
   album.Keep(create, "frmNewWay");
-  FrmLoadWay load(desktop, nullptr);
+  frmLoadWay load(desktop, nullptr);
   Select(load, "fillist", 2);
   album.Keep(load, "frmLoadWay");
-  FrmFileDelete remove(desktop, FileKind::kWaypoint, nullptr);
+  frmFileDelete remove(desktop, FileKind::kWaypoint, nullptr);
   Select(remove, "fillist", 1);
   album.Keep(remove, "frmWayDelete");
-  FrmWayEdit edit(desktop, nullptr);
+  frmWayEdit edit(desktop, nullptr);
   Select(edit, "List1", 4);
   Fill(edit, "txtWayName", "Nab Tower");
   Fill(edit, "txtWayLat", "50.40.08N");
   Fill(edit, "txtWayLong", "000.57.15W");
   album.Keep(edit, "frmWayEdit");
-  FrmWayCopy copy(desktop, nullptr);
+  frmwaycopy copy(desktop, nullptr);
   Fill(copy, "txtFileName", "Brittany");
   Select(copy, "List1", 5);
   emit copy.findChild<QListWidget*>("List1")->itemClicked(nullptr);
   album.Keep(copy, "frmwaycopy");
-  FrmWayFileLocate locate(desktop, nullptr);
+  frmWayFileLocate locate(desktop, nullptr);
   Select(locate, "List1", 11);
   album.Keep(locate, "frmWayFileLocate");
-  FrmSingleWayPoint single(desktop, Position{50.5804F, -1.9601F}, nullptr);
+  frmSingleWayPoint single(desktop, Position{50.5804F, -1.9601F}, nullptr);
   Fill(single, "txtWayName", "Anvil Point");
   album.Keep(single, "frmMouseInput");
-  FrmWayImport send(desktop, FileKind::kWaypoint, nullptr, FrmWayImport::Direction::kExport);
+  frmwayimport send(desktop, FileKind::kWaypoint, nullptr, frmwayimport::Direction::kExport);
   album.Keep(send, "frmwayexport");
   album.KeepNext("frmWaypointName");
   EnterWaypointByMouse(desktop, {50.5804F, -1.9601F}, nullptr);

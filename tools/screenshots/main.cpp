@@ -87,7 +87,7 @@ int main(int argc, char** argv) {
   for (const bool night : {false, true}) {
     skerrow::ApplyTheme(false);
     screenshots::Studio studio;
-    if (night) studio.window().SetNight(true);
+    if (night) studio.Command("mnuViewNight");
     screenshots::KeepChart(album, studio);
     screenshots::KeepDialogs(album, studio);
     screenshots::KeepTrack(album, studio);

@@ -43,7 +43,7 @@ class Banner final : public QWidget {
     painter.setFont(title);
     painter.drawText(QPointF(22, 44), QStringLiteral("Skerrow Helm"));
     painter.setFont(font());
-    painter.drawText(QPointF(24, 66), tr("Passage planning for small craft"));
+    painter.drawText(QPointF(24, 66), "Passage planning for small craft");
   }
 
  private:
@@ -68,10 +68,10 @@ Frmdisclaimer::Frmdisclaimer(Program& program, Messages& messages, QWidget* pare
   outer->setContentsMargins(0, 0, 0, 0);
   outer->setSpacing(0);
   auto* bar = new QMenuBar;
-  QMenu* file = bar->addMenu(tr("&File"));
-  auto* restore = new QAction(tr("&Restore Defaults"), this);
+  QMenu* file = bar->addMenu("&File");
+  auto* restore = new QAction("&Restore Defaults", this);
   restore->setObjectName(QStringLiteral("mnuRestoreDefaults"));
-  restore->setStatusTip(tr("Puts all settings back to what they were when new"));
+  restore->setStatusTip("Puts all settings back to what they were when new");
   file->addAction(restore);
   outer->setMenuBar(bar);
   outer->addWidget(new Banner);
@@ -91,8 +91,8 @@ Frmdisclaimer::Frmdisclaimer(Program& program, Messages& messages, QWidget* pare
   column->addWidget(text, 1);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);
-  auto* accept_button = Named<QPushButton>("cmdCCok", tr("&Accept"));
-  auto* decline = Named<QPushButton>("cmddecline", tr("&Decline"));
+  auto* accept_button = Named<QPushButton>("cmdCCok", "&Accept");
+  auto* decline = Named<QPushButton>("cmddecline", "&Decline");
   accept_button->setDefault(true);
   for (QPushButton* button : {accept_button, decline}) {
     button->setMinimumWidth(110);

@@ -35,7 +35,7 @@ DepartureChart::DepartureChart(OptimumChart chart, QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   setContextMenuPolicy(Qt::CustomContextMenu);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  setAccessibleName(tr("Passage time by hour of departure"));
+  setAccessibleName("Passage time by hour of departure");
 }
 
 void DepartureChart::Mark(std::size_t index) {

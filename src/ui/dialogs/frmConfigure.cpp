@@ -6,7 +6,7 @@
 
 namespace skerrow {
 
-FrmConfigure::FrmConfigure(Desktop& desktop, std::function<void()> show_tools, QWidget* parent)
+frmConfigure::frmConfigure(Desktop& desktop, std::function<void()> show_tools, QWidget* parent)
     : Dialog(desktop, "frmConfigure", "General Settings", parent),
       show_tools_(std::move(show_tools)),
       config_(desktop.program.config),
@@ -37,7 +37,7 @@ FrmConfigure::FrmConfigure(Desktop& desktop, std::function<void()> show_tools, Q
   findChild<QWidget*>("Txtboatspeed")->setFocus();
 }
 
-QWidget* FrmConfigure::MakePassagePage() {
+QWidget* frmConfigure::MakePassagePage() {
   auto* page = new QWidget;
   auto* grid = new QGridLayout(page);
   grid->setSpacing(12);
@@ -52,7 +52,7 @@ QWidget* FrmConfigure::MakePassagePage() {
   return page;
 }
 
-QWidget* FrmConfigure::MakePage(std::initializer_list<QWidget*> boxes) {
+QWidget* frmConfigure::MakePage(std::initializer_list<QWidget*> boxes) {
   auto* page = new QWidget;
   auto* rows = new QVBoxLayout(page);
   rows->setSpacing(12);
@@ -61,7 +61,7 @@ QWidget* FrmConfigure::MakePage(std::initializer_list<QWidget*> boxes) {
   return page;
 }
 
-void FrmConfigure::Accept() {
+void frmConfigure::Accept() {
   AppConfig changed = config_;
   if (const auto refusal = TakeConfigure(controls_.Texts(), changed)) {
     QWidget* field = controls_.control(refusal->row);
@@ -77,12 +77,12 @@ void FrmConfigure::Accept() {
   desktop().window.Changed(kSettingsChanged | kRouteChanged | kTimeChanged);
 }
 
-void FrmConfigure::mouseDoubleClickEvent(QMouseEvent* event) {
+void frmConfigure::mouseDoubleClickEvent(QMouseEvent* event) {
   Dialog::mouseDoubleClickEvent(event);
   if (event->button() == Qt::LeftButton && show_tools_) show_tools_();
 }
 
-void FrmConfigure::showEvent(QShowEvent* event) {
+void frmConfigure::showEvent(QShowEvent* event) {
   Dialog::showEvent(event);
   const QRect room = screen()->availableGeometry();
   move(room.center() - QPoint(width() / 2, height() / 2));

@@ -10,12 +10,12 @@
 namespace skerrow {
 
 // "General Settings".
-class FrmConfigure : public Dialog {
+class frmConfigure : public Dialog {
   Q_OBJECT
 
  public:
   // `show_tools` is called by a double click on the dialog's background; it may be empty.
-  FrmConfigure(Desktop& desktop, std::function<void()> show_tools, QWidget* parent);
+  frmConfigure(Desktop& desktop, std::function<void()> show_tools, QWidget* parent);
 
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override;

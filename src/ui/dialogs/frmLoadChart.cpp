@@ -9,8 +9,8 @@
 
 namespace skerrow {
 
-FrmLoadChart::FrmLoadChart(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmLoadChart", tr("Select Chart"), parent),
+frmLoadChart::frmLoadChart(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmLoadChart", "Select Chart", parent),
       config_(desktop.program.config),
       filter_(desktop.program.config.chart_scale_choice),
       areas_(Named<QListWidget>("lstAreas")),
@@ -29,9 +29,9 @@ FrmLoadChart::FrmLoadChart(Desktop& desktop, QWidget* parent)
   right->addWidget(preview_, 1);
   columns->addLayout(right, 3);
   body()->addLayout(columns, 1);
-  ok_ = AddButton("cmdOK", tr("OK"));
+  ok_ = AddButton("cmdOK", "OK");
   ok_->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(ok_, &QPushButton::clicked, this, [this] { Accept(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -59,41 +59,41 @@ FrmLoadChart::FrmLoadChart(Desktop& desktop, QWidget* parent)
   resize(880, 600);
 }
 
-QLayout* FrmLoadChart::MakeChoices() {
+QLayout* frmLoadChart::MakeChoices() {
   for (const int scale : kScaleFilters) {
-    scale_list_->addItem(scale == 0 ? tr("all scales") : tr("1 : %L1").arg(scale), scale);
+    scale_list_->addItem(scale == 0 ? "all scales" : QString("1 : %L1").arg(scale), scale);
   }
   scale_text_->SetColumns(9);
-  scale_text_->setToolTip(tr("Scale of the chart; type one to list the charts above it"));
-  search_->setPlaceholderText(tr("Letters of the title"));
+  scale_text_->setToolTip("Scale of the chart; type one to list the charts above it");
+  search_->setPlaceholderText("Letters of the title");
   search_->setClearButtonEnabled(true);
   areas_->setMinimumHeight(areas_->fontMetrics().height() * 4);
   areas_->setMaximumHeight(areas_->fontMetrics().height() * 7);
   QVBoxLayout* column = MakeColumn();
-  column->addWidget(MakeLabel(tr("Sea &area:"), areas_));
+  column->addWidget(MakeLabel("Sea &area:", areas_));
   column->addWidget(areas_);
   column->addWidget(
-      MakeHint(tr("Choose a sea area, then a chart of it. The list shows the charts "
-                  "whose scale is above the one chosen here.")));
+      MakeHint("Choose a sea area, then a chart of it. The list shows the charts "
+               "whose scale is above the one chosen here."));
   auto* grid = new QGridLayout;
-  grid->addWidget(MakeLabel(tr("Charts abo&ve:"), scale_list_), 0, 0);
+  grid->addWidget(MakeLabel("Charts abo&ve:", scale_list_), 0, 0);
   grid->addWidget(scale_list_, 0, 1);
-  grid->addWidget(MakeLabel(tr("&Scale:"), scale_text_), 0, 2);
+  grid->addWidget(MakeLabel("&Scale:", scale_text_), 0, 2);
   grid->addWidget(scale_text_, 0, 3);
-  grid->addWidget(MakeLabel(tr("&Find:"), search_), 1, 0);
+  grid->addWidget(MakeLabel("&Find:", search_), 1, 0);
   grid->addWidget(search_, 1, 1, 1, 2);
-  auto* again = Named<QPushButton>("cmdSearch", tr("Search A&gain"));
+  auto* again = Named<QPushButton>("cmdSearch", "Search A&gain");
   again->setAutoDefault(false);
   grid->addWidget(again, 1, 3);
   grid->setColumnStretch(1, 1);
   connect(again, &QPushButton::clicked, this, [this] { Search(); });
   column->addLayout(grid);
   column->addWidget(list_, 1);
-  column->addWidget(MakeHint(tr("A click shows the chart, a double click opens it.")));
+  column->addWidget(MakeHint("A click shows the chart, a double click opens it."));
   return column;
 }
 
-void FrmLoadChart::LoadArea() {
+void frmLoadChart::LoadArea() {
   if (areas_->currentItem() == nullptr) return;
   config_.sea_area = FromQt(areas_->currentItem()->text());
   const Status loaded =
@@ -102,13 +102,13 @@ void FrmLoadChart::LoadArea() {
   FillCharts();
 }
 
-void FrmLoadChart::SetFilter(float scale) {
+void frmLoadChart::SetFilter(float scale) {
   filter_ = scale;
   const int row = scale_list_->findData(static_cast<int>(std::lround(scale)));
   scale_list_->setCurrentIndex(row);
 }
 
-void FrmLoadChart::FillCharts() {
+void frmLoadChart::FillCharts() {
   rows_ = ChartRows(charts_.index, filter_);
   int current = rows_.empty() ? -1 : 0;
   {
@@ -126,11 +126,11 @@ void FrmLoadChart::FillCharts() {
   ShowChart();
 }
 
-void FrmLoadChart::ShowChart() {
+void frmLoadChart::ShowChart() {
   const int row = list_->currentRow();
   ok_->setEnabled(row >= 0);
   if (row < 0) {
-    number_->setText(tr("No chart"));
+    number_->setText("No chart");
     preview_->Open({});
     return;
   }
@@ -140,13 +140,13 @@ void FrmLoadChart::ShowChart() {
   preview_->Open(PreviewPath(desktop().program.folders, entry.chart_key));
 }
 
-void FrmLoadChart::Search() {
+void frmLoadChart::Search() {
   const std::optional<std::size_t> row =
       FindChartRow(rows_, FromQt(search_->text()), list_->currentRow());
   if (row) list_->setCurrentRow(static_cast<int>(*row));
 }
 
-void FrmLoadChart::Accept() {
+void frmLoadChart::Accept() {
   const int row = list_->currentRow();
   if (row < 0) return;
   Program& program = desktop().program;

@@ -13,11 +13,11 @@ namespace skerrow {
 
 // "Select Chart": a sea area, its charts by scale and title, and a preview. After OK the settings
 // name the chart and its calibration is read; the caller loads the area's other data.
-class FrmLoadChart : public Dialog {
+class frmLoadChart : public Dialog {
   Q_OBJECT
 
  public:
-  FrmLoadChart(Desktop& desktop, QWidget* parent);
+  frmLoadChart(Desktop& desktop, QWidget* parent);
 
  private:
   QLayout* MakeChoices();

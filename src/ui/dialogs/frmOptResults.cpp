@@ -13,8 +13,8 @@
 
 namespace skerrow {
 
-FrmOptResults::FrmOptResults(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmOptResults", tr("Optimum Results"), parent),
+frmOptResults::frmOptResults(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmOptResults", "Optimum Results", parent),
       chart_(new DepartureChart(OptimumChart(desktop.program.passage.optimum_times,
                                              desktop.program.passage.optimum_start_hour))),
       scale_(new HourScale(*chart_)),
@@ -37,7 +37,7 @@ FrmOptResults::FrmOptResults(Desktop& desktop, QWidget* parent)
   splitter->setChildrenCollapsible(false);
   splitter->setSizes({320, 220});
   body()->addWidget(splitter, 1);
-  QPushButton* close = AddButton("cmdClose", tr("&Close"));
+  QPushButton* close = AddButton("cmdClose", "&Close");
   close->setDefault(true);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   connect(chart_, &DepartureChart::Marked, this, [this](std::size_t index) { ShowMarked(index); });
@@ -47,13 +47,13 @@ FrmOptResults::FrmOptResults(Desktop& desktop, QWidget* parent)
   resize(780, 640);
 }
 
-QAction* FrmOptResults::MakeAction(const char* name, const QString& text) {
+QAction* frmOptResults::MakeAction(const char* name, const QString& text) {
   auto* action = new QAction(text, this);
   action->setObjectName(QString::fromUtf8(name));
   return action;
 }
 
-void FrmOptResults::MakeCommands() {
+void frmOptResults::MakeCommands() {
   const auto copy_all = [this] { desktop().clipboard.SetText(JoinLines(list_->lines()) + "\n"); };
   const auto copy_image = [this] { CopyImage(); };
   const auto print = [this] { Print(); };
@@ -66,56 +66,55 @@ void FrmOptResults::MakeCommands() {
   };
 
   auto* bar = new QMenuBar;
-  QMenu* file = bar->addMenu(tr("&File"));
-  add(file, "mnuPrint", tr("&Print Results"), print)->setShortcut(QKeySequence::Print);
-  QMenu* edit = bar->addMenu(tr("&Edit"));
-  add(edit, "mnuEditCopyGraph", tr("Copy &Graph As Image"), copy_image);
-  add(edit, "mnuCopyAll", tr("Copy &All"), copy_all);
-  add(edit, "mnuCopySelected", tr("Copy &Selected"), [this] { list_->CopySelected(); });
+  QMenu* file = bar->addMenu("&File");
+  add(file, "mnuPrint", "&Print Results", print)->setShortcut(QKeySequence::Print);
+  QMenu* edit = bar->addMenu("&Edit");
+  add(edit, "mnuEditCopyGraph", "Copy &Graph As Image", copy_image);
+  add(edit, "mnuCopyAll", "Copy &All", copy_all);
+  add(edit, "mnuCopySelected", "Copy &Selected", [this] { list_->CopySelected(); });
   layout()->setMenuBar(bar);
 
   auto* tools = new QToolBar;
   tools->setToolButtonStyle(Qt::ToolButtonTextOnly);
-  add(tools, "COPYTEXT", tr("Copy Text"), copy_all)
-      ->setToolTip(tr("Puts all lines on the clipboard"));
-  add(tools, "COPYIMG", tr("Copy Chart"), copy_image)
-      ->setToolTip(tr("Puts the chart on the clipboard as a picture"));
-  add(tools, "PRINT", tr("Print"), print)->setToolTip(tr("Prints chart and lines (Ctrl+P)"));
+  add(tools, "COPYTEXT", "Copy Text", copy_all)->setToolTip("Puts all lines on the clipboard");
+  add(tools, "COPYIMG", "Copy Chart", copy_image)
+      ->setToolTip("Puts the chart on the clipboard as a picture");
+  add(tools, "PRINT", "Print", print)->setToolTip("Prints chart and lines (Ctrl+P)");
   tools->addSeparator();
-  add(tools, "CALC", tr("Calculate Course to Steer"), calculate)
-      ->setToolTip(tr("Takes the marked departure into the route calculation (Enter)"));
+  add(tools, "CALC", "Calculate Course to Steer", calculate)
+      ->setToolTip("Takes the marked departure into the route calculation (Enter)");
   body()->addWidget(tools);
 
   auto* popup = new QMenu(this);
   popup->setObjectName(QStringLiteral("mnuGraphPopUp"));
-  add(popup, "mnuGraphCopy", tr("Copy &Graph As Image"), copy_image);
-  add(popup, "mnuPopUpCopyAsText", tr("Copy Results As &Text"), copy_all);
-  add(popup, "mnuPopUpCTS", tr("&Calculate Course to Steer for this time"), calculate);
+  add(popup, "mnuGraphCopy", "Copy &Graph As Image", copy_image);
+  add(popup, "mnuPopUpCopyAsText", "Copy Results As &Text", copy_all);
+  add(popup, "mnuPopUpCTS", "&Calculate Course to Steer for this time", calculate);
   connect(chart_, &QWidget::customContextMenuRequested, this,
           [this, popup](const QPoint& at) { popup->popup(chart_->mapToGlobal(at)); });
 }
 
-void FrmOptResults::ShowMarked(std::size_t index) {
+void frmOptResults::ShowMarked(std::size_t index) {
   cursor_->setText(ToQt(chart_->chart().HoverText(index)));
 }
 
-void FrmOptResults::CopyImage() {
+void frmOptResults::CopyImage() {
   desktop().clipboard.SetPicture(
       chart_->ToPicture(chart_->width(), chart_->height() + scale_->height()));
 }
 
-void FrmOptResults::Print() {
+void frmOptResults::Print() {
   PrintPages(desktop(), this,
              ReportPage("Optimum Results", RouteTitle(desktop().program), list_->lines(),
                         chart_->ToPicture(1000, 480)));
 }
 
-void FrmOptResults::CalculateCourse() {
+void frmOptResults::CalculateCourse() {
   const std::optional<std::size_t> marked = chart_->marked();
   if (!marked) return;
   SelectDeparture(desktop().program, chart_->chart().DepartureHours(*marked), desktop().messages);
   desktop().window.Changed(kRouteChanged | kTimeChanged);
-  FrmCalcRoute(desktop(), this).exec();
+  frmcalcroute(desktop(), this).exec();
   accept();
 }
 

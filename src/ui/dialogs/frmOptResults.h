@@ -9,11 +9,11 @@ class QAction;
 namespace skerrow {
 
 // "Optimum Results": the passage time of every departure as bars and as a table.
-class FrmOptResults : public Dialog {
+class frmOptResults : public Dialog {
   Q_OBJECT
 
  public:
-  FrmOptResults(Desktop& desktop, QWidget* parent);
+  frmOptResults(Desktop& desktop, QWidget* parent);
 
  private:
   void MakeCommands();

@@ -44,15 +44,15 @@ constexpr int kIndent = 18;
 
 }  // namespace
 
-FrmQuickInstructions::FrmQuickInstructions(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmQuickInstructions", tr("Quick Instructions"), parent) {
+frmQuickInstructions::frmQuickInstructions(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmQuickInstructions", "Quick Instructions", parent) {
   auto* text = Named<QTextBrowser>("txtInstructions");
   text->document()->setDocumentMargin(14);
   text->document()->setIndentWidth(kIndent);
   text->setMarkdown(QString::fromUtf8(kText));
   text->setAccessibleName(windowTitle());
   body()->addWidget(text, 1);
-  QPushButton* close = AddButton("cmdOK", tr("OK"));
+  QPushButton* close = AddButton("cmdOK", "OK");
   close->setDefault(true);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   text->document()->setTextWidth(kWidth - 60);
@@ -63,7 +63,7 @@ FrmQuickInstructions::FrmQuickInstructions(Desktop& desktop, QWidget* parent)
 void OfferQuickInstructions(Desktop& desktop, QWidget* parent) {
   if (desktop.settings.GetInt(kSection, kOfferedKey, 0) != 0) return;
   desktop.settings.SetInt(kSection, kOfferedKey, 1);
-  FrmQuickInstructions(desktop, parent).exec();
+  frmQuickInstructions(desktop, parent).exec();
 }
 
 }  // namespace skerrow

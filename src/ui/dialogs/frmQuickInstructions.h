@@ -9,11 +9,11 @@ namespace skerrow {
 void OfferQuickInstructions(Desktop& desktop, QWidget* parent);
 
 // "Quick Instructions": a page on laying, calculating and reading a passage.
-class FrmQuickInstructions : public Dialog {
+class frmQuickInstructions : public Dialog {
   Q_OBJECT
 
  public:
-  FrmQuickInstructions(Desktop& desktop, QWidget* parent);
+  frmQuickInstructions(Desktop& desktop, QWidget* parent);
 };
 
 }  // namespace skerrow

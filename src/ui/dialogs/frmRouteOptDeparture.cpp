@@ -14,17 +14,18 @@
 
 namespace skerrow {
 
-FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmRouteOptDeparture", tr("Optimise Departure"), parent),
+frmRouteOptDeparture::frmRouteOptDeparture(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmRouteOptDeparture", "Optimise Departure", parent),
       legs_(new TextList(desktop.clipboard, "List1")),
       bar_(Named<QProgressBar>("ProgressBar1")),
       progress_(Named<QLabel>("lblProgress")) {
-  body()->addWidget(MakeHint(tr("The route is calculated for every whole hour of the slot on %1.")
-                                 .arg(ToQt(DateText(desktop.program.selected_time.Day())))));
+  body()->addWidget(
+      MakeHint(QString("The route is calculated for every whole hour of the slot on %1.")
+                   .arg(ToQt(DateText(desktop.program.selected_time.Day())))));
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   columns->addWidget(legs_, 1);
-  auto* box = new QGroupBox(tr("Departure between"));
+  auto* box = new QGroupBox("Departure between");
   auto* rows = new QVBoxLayout(box);
   constexpr const char* kNames[] = {"Option1", "Option2", "Option3", "Option4", "Option5"};
   for (std::size_t i = 0; i < slots_.size(); ++i) {
@@ -44,11 +45,10 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
   body()->addLayout(progress);
   bar_->hide();
 
-  QPushButton* reverse =
-      AddLeftButton("cmdreverse", tr("&Reverse Route"), tr("Turns the route round"));
-  QPushButton* search = AddButton("cmdOptimise", tr("&Calculate Optimise"));
+  QPushButton* reverse = AddLeftButton("cmdreverse", "&Reverse Route", "Turns the route round");
+  QPushButton* search = AddButton("cmdOptimise", "&Calculate Optimise");
   search->setDefault(true);
-  cancel_ = AddButton("cmdrtecancel", tr("Cancel"));
+  cancel_ = AddButton("cmdrtecancel", "Cancel");
   connect(reverse, &QPushButton::clicked, this, [this] {
     EditRoute(this->desktop(), "Reverse Route", [this](RouteState& route) {
       ReverseRoute(route, RouteDefaultsOf(this->desktop().program), this->desktop().messages);
@@ -62,9 +62,9 @@ FrmRouteOptDeparture::FrmRouteOptDeparture(Desktop& desktop, QWidget* parent)
   resize(720, 420);
 }
 
-void FrmRouteOptDeparture::Load() { legs_->SetLines(RouteRows(desktop().program.route)); }
+void frmRouteOptDeparture::Load() { legs_->SetLines(RouteRows(desktop().program.route)); }
 
-void FrmRouteOptDeparture::showEvent(QShowEvent* event) {
+void frmRouteOptDeparture::showEvent(QShowEvent* event) {
   Dialog::showEvent(event);
   if (inputs_checked_) return;
   inputs_checked_ = true;
@@ -73,14 +73,14 @@ void FrmRouteOptDeparture::showEvent(QShowEvent* event) {
       0, this, [this] { CheckLegSpeeds(desktop().program.route.points, desktop().messages); });
 }
 
-std::size_t FrmRouteOptDeparture::Slot() const {
+std::size_t frmRouteOptDeparture::Slot() const {
   for (std::size_t i = 0; i < slots_.size(); ++i) {
     if (slots_[i]->isChecked()) return i;
   }
   return slots_.size() - 1;
 }
 
-void FrmRouteOptDeparture::reject() {
+void frmRouteOptDeparture::reject() {
   if (busy()) {
     stop_ = true;
     return;
@@ -88,7 +88,7 @@ void FrmRouteOptDeparture::reject() {
   Dialog::reject();
 }
 
-void FrmRouteOptDeparture::Search() {
+void frmRouteOptDeparture::Search() {
   if (busy()) return;
   stop_ = false;
   SetBusy(true);
@@ -103,7 +103,7 @@ void FrmRouteOptDeparture::Search() {
   if (outcome != RouteOutcome::kDone) return;
   accept();
   desktop().window.Changed(kRouteChanged | kTimeChanged);
-  FrmOptResults(desktop(), parentWidget()).exec();
+  frmOptResults(desktop(), parentWidget()).exec();
 }
 
 }  // namespace skerrow

@@ -10,11 +10,11 @@
 namespace skerrow {
 
 // "Optimise Departure": the search for the best hour to leave.
-class FrmRouteOptDeparture : public Dialog {
+class frmRouteOptDeparture : public Dialog {
   Q_OBJECT
 
  public:
-  FrmRouteOptDeparture(Desktop& desktop, QWidget* parent);
+  frmRouteOptDeparture(Desktop& desktop, QWidget* parent);
 
   void reject() override;
 

@@ -11,20 +11,20 @@
 
 namespace skerrow {
 
-FrmSetLeg::FrmSetLeg(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmSetLeg", tr("Single Leg Set-up"), parent),
+frmSetLeg::frmSetLeg(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmSetLeg", "Single Leg Set-up", parent),
       start_latitude_(MakeLatitudeEdit(desktop.messages, "txtstartlat")),
       start_longitude_(MakeLongitudeEdit(desktop.messages, "txtstartlong")),
       end_latitude_(MakeLatitudeEdit(desktop.messages, "txtdestlat")),
       end_longitude_(MakeLongitudeEdit(desktop.messages, "txtdestlong")),
-      fill_start_(Named<QRadioButton>("optFillStart", tr("S&tart"))),
-      fill_end_(Named<QRadioButton>("optFillDest", tr("D&estination"))),
+      fill_start_(Named<QRadioButton>("optFillStart", "S&tart")),
+      fill_end_(Named<QRadioButton>("optFillDest", "D&estination")),
       speed_(MakeSpeedEdit(desktop.messages, "Txtboatspeed")),
       time_(new TimeEntry(desktop.messages, "txtTime", "lsthrs", "lstmins")),
-      leeway_on_(Named<QCheckBox>("chkLeeway", tr("Allow for &leeway"))),
+      leeway_on_(Named<QCheckBox>("chkLeeway", "Allow for &leeway")),
       leeway_(new FilteredEdit(KeyFilter::kNumber, desktop.messages, "txtLeeWay")),
-      wind_port_(Named<QRadioButton>("optPort", tr("Wind from &port"))),
-      wind_starboard_(Named<QRadioButton>("optStarboard", tr("Wind from sta&rboard"))),
+      wind_port_(Named<QRadioButton>("optPort", "Wind from &port")),
+      wind_starboard_(Named<QRadioButton>("optStarboard", "Wind from sta&rboard")),
       waypoints_(new TextList(desktop.clipboard, "lstWaypoints")),
       results_(new TextList(desktop.clipboard, "lstResults")),
       status_(Named<QLabel>("lblStatus")) {
@@ -32,17 +32,17 @@ FrmSetLeg::FrmSetLeg(Desktop& desktop, QWidget* parent)
   columns->setSpacing(14);
   columns->addWidget(MakeEntries());
   QVBoxLayout* right = MakeColumn();
-  right->addWidget(MakeHeading(tr("Waypoints (double click takes one)")));
+  right->addWidget(MakeHeading("Waypoints (double click takes one)"));
   right->addWidget(waypoints_, 1);
-  right->addWidget(MakeHeading(tr("Result")));
+  right->addWidget(MakeHeading("Result"));
   right->addWidget(results_, 1);
   status_->setProperty("heading", true);
   right->addWidget(status_);
   columns->addLayout(right, 1);
   body()->addLayout(columns, 1);
-  QPushButton* calculate = AddButton("cmdCalculate", tr("&Calculate"));
+  QPushButton* calculate = AddButton("cmdCalculate", "&Calculate");
   calculate->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Close"));
+  QPushButton* cancel = AddButton("cmdCancel", "Close");
   connect(calculate, &QPushButton::clicked, this, [this] { Calculate(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(waypoints_, &QListWidget::itemDoubleClicked, this,
@@ -67,35 +67,35 @@ FrmSetLeg::FrmSetLeg(Desktop& desktop, QWidget* parent)
   resize(920, 560);
 }
 
-QWidget* FrmSetLeg::MakeEntries() {
+QWidget* frmSetLeg::MakeEntries() {
   auto* side = new QWidget;
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(10);
-  auto* places = new QGroupBox(tr("Leg"));
+  auto* places = new QGroupBox("Leg");
   auto* grid = new QGridLayout(places);
-  grid->addWidget(new QLabel(tr("Latitude")), 0, 1);
-  grid->addWidget(new QLabel(tr("Longitude")), 0, 2);
-  grid->addWidget(MakeLabel(tr("&From:"), start_latitude_), 1, 0);
+  grid->addWidget(new QLabel("Latitude"), 0, 1);
+  grid->addWidget(new QLabel("Longitude"), 0, 2);
+  grid->addWidget(MakeLabel("&From:", start_latitude_), 1, 0);
   grid->addWidget(start_latitude_, 1, 1);
   grid->addWidget(start_longitude_, 1, 2);
-  grid->addWidget(MakeLabel(tr("T&o:"), end_latitude_), 2, 0);
+  grid->addWidget(MakeLabel("T&o:", end_latitude_), 2, 0);
   grid->addWidget(end_latitude_, 2, 1);
   grid->addWidget(end_longitude_, 2, 2);
   auto* sides = new QButtonGroup(this);
   sides->addButton(fill_start_);
   sides->addButton(fill_end_);
-  grid->addWidget(new QLabel(tr("A waypoint goes to:")), 3, 0, 1, 3);
+  grid->addWidget(new QLabel("A waypoint goes to:"), 3, 0, 1, 3);
   grid->addLayout(MakeRow({fill_start_, fill_end_}), 4, 0, 1, 3);
   column->addWidget(places);
 
-  auto* sailing = new QGroupBox(tr("Departure"));
+  auto* sailing = new QGroupBox("Departure");
   auto* rows = new QGridLayout(sailing);
-  rows->addWidget(MakeLabel(tr("&Boat speed:"), speed_), 0, 0);
-  rows->addLayout(MakeRow({speed_, new QLabel(tr("kn"))}), 0, 1);
-  rows->addWidget(new QLabel(tr("Date:")), 1, 0);
+  rows->addWidget(MakeLabel("&Boat speed:", speed_), 0, 0);
+  rows->addLayout(MakeRow({speed_, new QLabel("kn")}), 0, 1);
+  rows->addWidget(new QLabel("Date:"), 1, 0);
   rows->addWidget(new QLabel(ToQt(DateText(desktop().program.selected_time.Day()))), 1, 1);
-  rows->addWidget(MakeLabel(tr("T&ime:"), time_->text_box()), 2, 0);
+  rows->addWidget(MakeLabel("T&ime:", time_->text_box()), 2, 0);
   rows->addWidget(time_, 2, 1);
   column->addWidget(sailing);
   column->addWidget(MakeLeewayBox());
@@ -103,22 +103,22 @@ QWidget* FrmSetLeg::MakeEntries() {
   return side;
 }
 
-QWidget* FrmSetLeg::MakeLeewayBox() {
-  auto* box = new QGroupBox(tr("Leeway"));
+QWidget* frmSetLeg::MakeLeewayBox() {
+  auto* box = new QGroupBox("Leeway");
   auto* rows = new QVBoxLayout(box);
   leeway_->SetColumns(5);
-  leeway_->setToolTip(tr("Leeway angle, degrees"));
+  leeway_->setToolTip("Leeway angle, degrees");
   auto* sides = new QButtonGroup(this);
   sides->addButton(wind_port_);
   sides->addButton(wind_starboard_);
   rows->addWidget(leeway_on_);
   rows->addLayout(
-      MakeRow({MakeLabel(tr("A&ngle:"), leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
+      MakeRow({MakeLabel("A&ngle:", leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
   rows->addLayout(MakeRow({wind_port_, wind_starboard_}));
   return box;
 }
 
-void FrmSetLeg::TakeWaypoint(int row) {
+void frmSetLeg::TakeWaypoint(int row) {
   const std::vector<Waypoint>& waypoints = desktop().program.waypoints.waypoints;
   if (row < 0 || static_cast<std::size_t>(row) >= waypoints.size()) return;
   const Waypoint& waypoint = waypoints[static_cast<std::size_t>(row)];
@@ -128,7 +128,7 @@ void FrmSetLeg::TakeWaypoint(int row) {
   if (start) fill_end_->setChecked(true);
 }
 
-SetLegEntry FrmSetLeg::Entry() const {
+SetLegEntry frmSetLeg::Entry() const {
   SetLegEntry entry;
   entry.start_latitude = start_latitude_->Text();
   entry.start_longitude = start_longitude_->Text();
@@ -143,7 +143,7 @@ SetLegEntry FrmSetLeg::Entry() const {
   return entry;
 }
 
-void FrmSetLeg::Calculate() {
+void frmSetLeg::Calculate() {
   Program& program = desktop().program;
   const CheckedLeg leg = CheckSetLeg(Entry(), program.selected_time.Day(), desktop().messages);
   if (leg.refusal != SetLegRefusal::kNone) {

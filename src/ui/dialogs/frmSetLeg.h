@@ -11,11 +11,11 @@
 namespace skerrow {
 
 // "Single Leg Set-up": one leg between typed positions or waypoints.
-class FrmSetLeg : public Dialog {
+class frmSetLeg : public Dialog {
   Q_OBJECT
 
  public:
-  FrmSetLeg(Desktop& desktop, QWidget* parent);
+  frmSetLeg(Desktop& desktop, QWidget* parent);
 
  private:
   QWidget* MakeEntries();

@@ -12,26 +12,26 @@
 
 namespace skerrow {
 
-FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmcalcroute", tr("Route Calculation"), parent),
+frmcalcroute::frmcalcroute(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmcalcroute", "Route Calculation", parent),
       legs_(new TextList(desktop.clipboard, "List1")),
       distance_(Named<QLabel>("lblroutedist")),
       date_(Named<QLabel>("lblDate")),
       time_(new TimeEntry(desktop.messages, "rtedeptime", "lsthrs", "lstmins")),
-      leeway_on_(Named<QCheckBox>("chkLeeway", tr("Allow for &leeway"))),
+      leeway_on_(Named<QCheckBox>("chkLeeway", "Allow for &leeway")),
       leeway_(new FilteredEdit(KeyFilter::kNumber, desktop.messages, "txtLeeway")),
       leg_box_(
           new LegBox(desktop.messages, {"&From:", "Appl&y to all Legs", "cmdModify", "&Accept"})),
-      gps_box_(new QGroupBox(tr("GPS"))),
+      gps_box_(new QGroupBox("GPS")),
       gps_position_(Named<QLabel>("lblGPSPosition")),
       gps_speed_(Named<QLabel>("lblGPSSpeed")),
-      use_sog_(Named<QCheckBox>("chkUseSOG", tr("Use Speed Over &Ground"))) {
+      use_sog_(Named<QCheckBox>("chkUseSOG", "Use Speed Over &Ground")) {
   legs_->setSelectionMode(QAbstractItemView::SingleSelection);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   QVBoxLayout* left = MakeColumn();
   auto* head = new QHBoxLayout;
-  head->addWidget(MakeHeading(tr("Legs of the route")), 1);
+  head->addWidget(MakeHeading("Legs of the route"), 1);
   head->addWidget(distance_);
   left->addLayout(head);
   left->addWidget(legs_, 1);
@@ -71,31 +71,31 @@ FrmCalcRoute::FrmCalcRoute(Desktop& desktop, QWidget* parent)
   resize(860, 560);
 }
 
-QWidget* FrmCalcRoute::MakeSideColumn() {
+QWidget* frmcalcroute::MakeSideColumn() {
   auto* side = new QWidget;
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(10);
-  auto* departure = new QGroupBox(tr("Departure"));
+  auto* departure = new QGroupBox("Departure");
   auto* departure_rows = new QVBoxLayout(departure);
   departure_rows->addWidget(date_);
-  departure_rows->addWidget(MakeLabel(tr("&Time of departure:"), time_->text_box()));
+  departure_rows->addWidget(MakeLabel("&Time of departure:", time_->text_box()));
   departure_rows->addWidget(time_);
   column->addWidget(departure);
 
-  auto* leeway = new QGroupBox(tr("Leeway"));
+  auto* leeway = new QGroupBox("Leeway");
   auto* leeway_rows = new QVBoxLayout(leeway);
   leeway_rows->addWidget(leeway_on_);
   leeway_->SetColumns(5);
-  leeway_->setToolTip(tr("Leeway angle, degrees; applied by the tack of each leg"));
+  leeway_->setToolTip("Leeway angle, degrees; applied by the tack of each leg");
   leeway_rows->addLayout(
-      MakeRow({MakeLabel(tr("A&ngle:"), leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
+      MakeRow({MakeLabel("A&ngle:", leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
   auto* winds = new QHBoxLayout;
-  auto* wind = Named<QPushButton>("cmdWind", tr("&Wind"));
+  auto* wind = Named<QPushButton>("cmdWind", "&Wind");
   wind->setEnabled(false);
-  wind->setToolTip(tr("Leg speeds from the wind"));
-  auto* tack = Named<QPushButton>("cmdTack", tr("Tac&k ?"));
-  tack->setToolTip(tr("Sets the tack of each leg from the default wind"));
+  wind->setToolTip("Leg speeds from the wind");
+  auto* tack = Named<QPushButton>("cmdTack", "Tac&k ?");
+  tack->setToolTip("Sets the tack of each leg from the default wind");
   for (QPushButton* button : {wind, tack}) {
     button->setAutoDefault(false);
     winds->addWidget(button);
@@ -110,7 +110,7 @@ QWidget* FrmCalcRoute::MakeSideColumn() {
   });
 
   auto* gps_rows = new QVBoxLayout(gps_box_);
-  auto* use = Named<QPushButton>("cmdUseGPS", tr("&Use GPS for Start"));
+  auto* use = Named<QPushButton>("cmdUseGPS", "&Use GPS for Start");
   use->setAutoDefault(false);
   gps_rows->addWidget(gps_position_);
   gps_rows->addWidget(gps_speed_);
@@ -130,13 +130,12 @@ QWidget* FrmCalcRoute::MakeSideColumn() {
   return side;
 }
 
-void FrmCalcRoute::MakeButtons() {
-  QPushButton* reverse = AddLeftButton("cmdreverse", tr("&Reverse"), tr("Turns the route round"));
-  QPushButton* copy =
-      AddLeftButton("cmdCopy", tr("Co&py"), tr("Puts the route plan on the clipboard"));
-  QPushButton* ok = AddButton("Cmdrteok", tr("&Calculate"));
+void frmcalcroute::MakeButtons() {
+  QPushButton* reverse = AddLeftButton("cmdreverse", "&Reverse", "Turns the route round");
+  QPushButton* copy = AddLeftButton("cmdCopy", "Co&py", "Puts the route plan on the clipboard");
+  QPushButton* ok = AddButton("Cmdrteok", "&Calculate");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdrtecancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdrtecancel", "Cancel");
   connect(reverse, &QPushButton::clicked, this, [this] {
     Edit("Reverse Route", [this](RouteState& route) {
       ReverseRoute(route, RouteDefaultsOf(desktop().program), desktop().messages);
@@ -148,7 +147,7 @@ void FrmCalcRoute::MakeButtons() {
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void FrmCalcRoute::Load() {
+void frmcalcroute::Load() {
   const Program& program = desktop().program;
   legs_->SetLines(RouteRows(program.route));
   distance_->setText(ToQt(CalcRouteTextsOf(program).route_distance));
@@ -158,12 +157,12 @@ void FrmCalcRoute::Load() {
   LoadLeg(leg_);
 }
 
-void FrmCalcRoute::LoadLeg(std::size_t leg) {
+void frmcalcroute::LoadLeg(std::size_t leg) {
   leg_ = leg;
   leg_box_->Show(EntryOfLeg(desktop().program.route, leg), leg);
 }
 
-void FrmCalcRoute::LoadGps() {
+void frmcalcroute::LoadGps() {
   const std::optional<GpsReading> gps = GpsReadingOf(desktop().program);
   gps_box_->setVisible(gps.has_value());
   if (!gps) return;
@@ -177,7 +176,7 @@ void FrmCalcRoute::LoadGps() {
   }
 }
 
-void FrmCalcRoute::Edit(const char* name,
+void frmcalcroute::Edit(const char* name,
                         const std::function<RouteFormRefusal(RouteState&)>& edit) {
   const RouteFormRefusal refusal = EditRoute(desktop(), name, edit);
   if (refusal == RouteFormRefusal::kNone) {
@@ -187,11 +186,11 @@ void FrmCalcRoute::Edit(const char* name,
   }
 }
 
-void FrmCalcRoute::Copy() {
+void frmcalcroute::Copy() {
   desktop().clipboard.SetText(RoutePlanText(time_->Text(), FromQt(date_->text()), legs_->lines()));
 }
 
-void FrmCalcRoute::Calculate() {
+void frmcalcroute::Calculate() {
   if (busy()) return;
   const CalculationEntry entry = {time_->Text(), leeway_on_->isChecked(), leeway_->Text()};
   const DepartureTimeRefusal refusal = CheckCalculation(entry);
@@ -211,7 +210,7 @@ void FrmCalcRoute::Calculate() {
   if (outcome != RouteOutcome::kDone) return;
   accept();
   desktop().window.Changed(kRouteChanged | kTimeChanged);
-  FrmResults(desktop(), parentWidget()).exec();
+  frmresults(desktop(), parentWidget()).exec();
 }
 
 }  // namespace skerrow

@@ -13,11 +13,11 @@
 namespace skerrow {
 
 // "Route Calculation": departure, speeds, leeway and tacks of the route, and its calculation.
-class FrmCalcRoute : public Dialog {
+class frmcalcroute : public Dialog {
   Q_OBJECT
 
  public:
-  FrmCalcRoute(Desktop& desktop, QWidget* parent);
+  frmcalcroute(Desktop& desktop, QWidget* parent);
 
   // The leg in the boxes, from 1.
   std::size_t leg() const { return leg_; }

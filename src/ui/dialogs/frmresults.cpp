@@ -6,7 +6,7 @@
 
 namespace skerrow {
 
-FrmResults::Choices FrmResults::MakeChoices() {
+frmresults::Choices frmresults::MakeChoices() {
   Choices choices = {new QWidget, Named<QRadioButton>("optSummary", "Display Calculation Su&mmary"),
                      Named<QRadioButton>("optTidalDetails", "Display Calculated &Tidal Data"),
                      Named<QCheckBox>("chkDisplayAll", "Display &Every Result"),
@@ -26,10 +26,10 @@ FrmResults::Choices FrmResults::MakeChoices() {
   return choices;
 }
 
-FrmResults::FrmResults(Desktop& desktop, QWidget* parent)
-    : FrmResults(desktop, parent, MakeChoices()) {}
+frmresults::frmresults(Desktop& desktop, QWidget* parent)
+    : frmresults(desktop, parent, MakeChoices()) {}
 
-FrmResults::FrmResults(Desktop& desktop, QWidget* parent, const Choices& choices)
+frmresults::frmresults(Desktop& desktop, QWidget* parent, const Choices& choices)
     : ReportDialog(desktop, "frmresults", "Results", "lstResults", parent, choices.box),
       choices_(choices) {
   for (QAbstractButton* choice : choices_.box->findChildren<QAbstractButton*>()) {
@@ -38,15 +38,15 @@ FrmResults::FrmResults(Desktop& desktop, QWidget* parent, const Choices& choices
   Load();
 }
 
-void FrmResults::ShowLast(Desktop& desktop, QWidget* parent) {
+void frmresults::ShowLast(Desktop& desktop, QWidget* parent) {
   if (desktop.program.passage.result_lines.empty()) {
     desktop.messages.Show(kNoResults, MessageIcon::kInformation);
     return;
   }
-  FrmResults(desktop, parent).exec();
+  frmresults(desktop, parent).exec();
 }
 
-void FrmResults::Load() {
+void frmresults::Load() {
   const PassageState& passage = desktop().program.passage;
   const bool tidal = choices_.tidal_details->isChecked();
   choices_.every->setEnabled(tidal);
@@ -56,7 +56,7 @@ void FrmResults::Load() {
                 : passage.result_lines);
 }
 
-void FrmResults::done(int result) {
+void frmresults::done(int result) {
   Program& program = desktop().program;
   FinishResults(program, RouteDefaultsOf(program));
   ReportDialog::done(result);

@@ -7,11 +7,11 @@
 namespace skerrow {
 
 // "Results": the report of the last calculation, or the streams met along its track.
-class FrmResults : public ReportDialog {
+class frmresults : public ReportDialog {
   Q_OBJECT
 
  public:
-  FrmResults(Desktop& desktop, QWidget* parent);
+  frmresults(Desktop& desktop, QWidget* parent);
 
   // Opens the last results, or says that there are none.
   static void ShowLast(Desktop& desktop, QWidget* parent);
@@ -29,7 +29,7 @@ class FrmResults : public ReportDialog {
   };
   static Choices MakeChoices();
 
-  FrmResults(Desktop& desktop, QWidget* parent, const Choices& choices);
+  frmresults(Desktop& desktop, QWidget* parent, const Choices& choices);
   void Load();
 
   Choices choices_;

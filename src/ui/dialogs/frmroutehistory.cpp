@@ -2,9 +2,8 @@
 
 namespace skerrow {
 
-FrmRouteHistory::FrmRouteHistory(Desktop& desktop, QWidget* parent)
-    : ReportDialog(desktop, "frmroutehistory", tr("Calculation History"), "lsthistresults",
-                   parent) {
+frmroutehistory::frmroutehistory(Desktop& desktop, QWidget* parent)
+    : ReportDialog(desktop, "frmroutehistory", "Calculation History", "lsthistresults", parent) {
   SetReport(desktop.program.passage.route_history);
 }
 

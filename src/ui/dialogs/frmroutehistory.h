@@ -5,11 +5,11 @@
 namespace skerrow {
 
 // "Calculation History": the summaries of all calculations of this run.
-class FrmRouteHistory : public ReportDialog {
+class frmroutehistory : public ReportDialog {
   Q_OBJECT
 
  public:
-  FrmRouteHistory(Desktop& desktop, QWidget* parent);
+  frmroutehistory(Desktop& desktop, QWidget* parent);
 
  protected:
   std::string PrintHeading() const override { return "Calculation History"; }

@@ -2,8 +2,8 @@
 
 namespace skerrow {
 
-FrmRouteInfo::FrmRouteInfo(Desktop& desktop, QWidget* parent)
-    : ReportDialog(desktop, "frmrouteinfo", tr("Route Calculations"), "List1", parent) {
+frmrouteinfo::frmrouteinfo(Desktop& desktop, QWidget* parent)
+    : ReportDialog(desktop, "frmrouteinfo", "Route Calculations", "List1", parent) {
   SetReport(desktop.program.passage.result_lines);
 }
 

@@ -5,11 +5,11 @@
 namespace skerrow {
 
 // "Route Calculations": the report of the last route.
-class FrmRouteInfo : public ReportDialog {
+class frmrouteinfo : public ReportDialog {
   Q_OBJECT
 
  public:
-  FrmRouteInfo(Desktop& desktop, QWidget* parent);
+  frmrouteinfo(Desktop& desktop, QWidget* parent);
 };
 
 }  // namespace skerrow

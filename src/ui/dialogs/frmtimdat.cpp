@@ -11,8 +11,8 @@
 
 namespace skerrow {
 
-FrmTimDat::FrmTimDat(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmtimdat", tr("Date and Time"), parent),
+frmtimdat::frmtimdat(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmtimdat", "Date and Time", parent),
       date_order_(DetectDateOrder(LocaleDateServices())),
       time_(new TimeEntry(desktop.messages, "txtTime", "lsthrs", "lstmins")),
       day_(Named<QComboBox>("lstDay")),
@@ -27,7 +27,7 @@ FrmTimDat::FrmTimDat(Desktop& desktop, QWidget* parent)
   }
   auto* form = new QFormLayout;
   form->setHorizontalSpacing(12);
-  form->addRow(MakeLabel(tr("&Time:"), time_->text_box()), time_);
+  form->addRow(MakeLabel("&Time:", time_->text_box()), time_);
   auto* date = new QHBoxLayout;
   date->setSpacing(6);
   // In the order in which this machine writes dates.
@@ -38,14 +38,14 @@ FrmTimDat::FrmTimDat(Desktop& desktop, QWidget* parent)
   date->addWidget(month_first ? day_ : month_);
   if (!year_first) date->addWidget(year_);
   date->addStretch(1);
-  form->addRow(MakeLabel(tr("&Date:"), year_first ? year_ : month_first ? month_ : day_), date);
+  form->addRow(MakeLabel("&Date:", year_first ? year_ : month_first ? month_ : day_), date);
   predicted_day_->setMinimumWidth(predicted_day_->fontMetrics().averageCharWidth() * 36);
   form->addRow(QString(), predicted_day_);
   body()->addLayout(form);
   body()->addStretch(1);
-  QPushButton* ok = AddButton("cmdOK", tr("OK"));
+  QPushButton* ok = AddButton("cmdOK", "OK");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
 
   time_->SetText(CalcRouteTextsOf(desktop.program).time);
   day_->setCurrentIndex(selected.day_of_month - 1);
@@ -62,7 +62,7 @@ FrmTimDat::FrmTimDat(Desktop& desktop, QWidget* parent)
   time_->text_box()->selectAll();
 }
 
-void FrmTimDat::ShowDay() {
+void frmtimdat::ShowDay() {
   const PredictedDay day =
       PredictedDayText(day_->currentData().toInt(), month_->currentData().toInt(),
                        year_->currentData().toInt(), date_order_);
@@ -72,7 +72,7 @@ void FrmTimDat::ShowDay() {
   predicted_day_->style()->polish(predicted_day_);
 }
 
-void FrmTimDat::Accept() {
+void frmtimdat::Accept() {
   const SelectedTimeEntry entry = {time_->Text(), day_->currentData().toInt(),
                                    month_->currentData().toInt(), year_->currentData().toInt()};
   const SelectedTimeRefusal refusal = SetSelectedTime(desktop().program, entry, desktop().messages);

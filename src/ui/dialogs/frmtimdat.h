@@ -9,11 +9,11 @@
 namespace skerrow {
 
 // "Date and Time": the time that the display and all tidal work refer to.
-class FrmTimDat : public Dialog {
+class frmtimdat : public Dialog {
   Q_OBJECT
 
  public:
-  FrmTimDat(Desktop& desktop, QWidget* parent);
+  frmtimdat(Desktop& desktop, QWidget* parent);
 
  private:
   void ShowDay();

@@ -11,8 +11,8 @@ ReportDialog::ReportDialog(Desktop& desktop, const char* name, const QString& ti
                            const char* list_name, QWidget* parent, QWidget* head)
     : Dialog(desktop, name, title, parent),
       list_(new TextList(desktop.clipboard, list_name)),
-      copy_all_(Named<QRadioButton>("Option1", tr("Copy &all to Clipboard"))),
-      copy_selected_(Named<QRadioButton>("Option2", tr("Copy &Selected"))) {
+      copy_all_(Named<QRadioButton>("Option1", "Copy &all to Clipboard")),
+      copy_selected_(Named<QRadioButton>("Option2", "Copy &Selected")) {
   if (head != nullptr) body()->addWidget(head);
   body()->addWidget(list_, 1);
   // Without a group of their own they would exclude the options of the head too.
@@ -24,14 +24,14 @@ ReportDialog::ReportDialog(Desktop& desktop, const char* name, const QString& ti
   copies->setSpacing(14);
   copies->addWidget(copy_all_);
   copies->addWidget(copy_selected_);
-  auto* copy = Named<QPushButton>("cmdClipboardCopy", tr("&Copy"));
+  auto* copy = Named<QPushButton>("cmdClipboardCopy", "&Copy");
   copy->setAutoDefault(false);
-  copy->setToolTip(tr("Puts the lines on the clipboard (Ctrl+C copies the selected ones)"));
+  copy->setToolTip("Puts the lines on the clipboard (Ctrl+C copies the selected ones)");
   copies->addWidget(copy);
   copies->addStretch(1);
   body()->addLayout(copies);
-  QPushButton* print = AddLeftButton("cmdresultsprint", tr("&Print..."), tr("Prints the list"));
-  ok_ = AddButton("cmdOK", tr("OK"));
+  QPushButton* print = AddLeftButton("cmdresultsprint", "&Print...", "Prints the list");
+  ok_ = AddButton("cmdOK", "OK");
   ok_->setDefault(true);
   connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
   connect(print, &QPushButton::clicked, this, [this] {

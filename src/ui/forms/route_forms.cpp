@@ -66,15 +66,6 @@ std::optional<float> ParseLongitudeEntry(std::string_view text) {
   return longitude;
 }
 
-bool PositionKeyAllowed(char key) {
-  constexpr std::string_view kLetters = "NSEWnsew";
-  return SpeedKeyAllowed(key) || kLetters.find(key) != std::string_view::npos;
-}
-
-bool SpeedKeyAllowed(char key) {
-  return (key >= '0' && key <= '9') || key == '.' || static_cast<unsigned char>(key) < 0x20;
-}
-
 RouteFormRefusal EditLeg(RouteState& state, std::size_t leg, const LegEntry& entry, LegCheck check,
                          const RouteDefaults& defaults, Messages& messages) {
   if (leg == 0 || leg >= state.points.size()) return RouteFormRefusal::kNoLegSelected;

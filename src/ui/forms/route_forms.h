@@ -54,11 +54,6 @@ std::optional<float> ParseLatitudeEntry(std::string_view text);
 // Longitude of a typed text. Empty for one that does not end in "E" or "W" or gives more than 180.
 std::optional<float> ParseLongitudeEntry(std::string_view text);
 
-// Whether a key passes in the position and speed boxes: digits, ".", the position letters in
-// either case. Control characters such as backspace are the widget's and pass.
-bool PositionKeyAllowed(char key);
-bool SpeedKeyAllowed(char key);
-
 // How the two dialogs that edit a leg check its longitudes.
 enum class LegCheck {
   kLetters,          // both end in "E" or "W"

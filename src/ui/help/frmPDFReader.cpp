@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPdfLink>
-#include <QScreen>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -20,6 +19,7 @@
 
 #include "ui/help/help_files.h"
 #include "ui/icons/icons.h"
+#include "ui/widgets/place_window.h"
 
 namespace skerrow {
 namespace {
@@ -27,9 +27,6 @@ namespace {
 constexpr const char* kSection = "frmPDFReader";
 constexpr int kLeastWidth = 440;
 constexpr int kLeastHeight = 300;
-// Room for the desktop's frame and title bar, which are not part of the size.
-constexpr int kFrameWidth = 16;
-constexpr int kFrameHeight = 48;
 constexpr int kOutlineWidth = 250;
 constexpr int kRowAir = 8;
 constexpr double kZoomStep = 1.25;
@@ -87,7 +84,7 @@ frmPDFReader::frmPDFReader(SettingsStore& settings, Clipboard& clipboard, QWidge
       search_(nullptr),
       bookmarks_(nullptr) {
   setObjectName(QStringLiteral("frmPDFReader"));
-  setWindowTitle(tr("Help"));
+  setWindowTitle("Help");
   setMinimumSize(kLeastWidth, kLeastHeight);
 
   view_ = new PdfPageView(this);
@@ -150,11 +147,9 @@ frmPDFReader::~frmPDFReader() {
 }
 
 void frmPDFReader::RestoreSize() {
-  QSize size(settings_.GetInt(kSection, "Width", 980), settings_.GetInt(kSection, "Height", 860));
-  if (const QScreen* shown = screen()) {
-    size = size.boundedTo(shown->availableSize() - QSize(kFrameWidth, kFrameHeight));
-  }
-  resize(size.expandedTo(minimumSize()));
+  const QSize size(settings_.GetInt(kSection, "Width", 980),
+                   settings_.GetInt(kSection, "Height", 860));
+  PlaceWindow(*this, size.expandedTo(minimumSize()));
   contents_->setChecked(settings_.GetInt(kSection, "Contents", 1) != 0);
 }
 
@@ -173,18 +168,18 @@ void frmPDFReader::MakeActions() {
   bar->setObjectName(QStringLiteral("tbReader"));
   bar->setIconSize(QSize(20, 20));
   layout()->addWidget(bar);
-  contents_ = AddAction(*bar, QStringLiteral("cmdContents"), tr("Contents"), QString(),
+  contents_ = AddAction(*bar, QStringLiteral("cmdContents"), "Contents", QString(),
                         {QKeySequence(Qt::Key_F7)});
   contents_->setCheckable(true);
   connect(contents_, &QAction::toggled, outline_, &QWidget::setVisible);
   bar->addSeparator();
   MakePageBar(*bar);
   bar->addSeparator();
-  copy_ = AddAction(*bar, QStringLiteral("cmdCopy"), tr("Copy"), QStringLiteral("copy"),
+  copy_ = AddAction(*bar, QStringLiteral("cmdCopy"), "Copy", QStringLiteral("copy"),
                     {QKeySequence(QKeySequence::Copy)});
   copy_->setEnabled(false);
   connect(copy_, &QAction::triggered, this, &frmPDFReader::Copy);
-  auto* all = new QAction(tr("Select the text of the page"), this);
+  auto* all = new QAction("Select the text of the page", this);
   all->setShortcut(QKeySequence(QKeySequence::SelectAll));
   connect(all, &QAction::triggered, view_, &PdfPageView::SelectAllOfPage);
   addAction(all);
@@ -197,10 +192,10 @@ void frmPDFReader::MakeActions() {
 
 void frmPDFReader::MakePageBar(QToolBar& bar) {
   QAction* previous =
-      AddAction(bar, QStringLiteral("cmdPrevious"), tr("Previous page"), QStringLiteral("uparrow"),
+      AddAction(bar, QStringLiteral("cmdPrevious"), "Previous page", QStringLiteral("uparrow"),
                 {QKeySequence(Qt::ALT | Qt::Key_PageUp), QKeySequence(Qt::CTRL | Qt::Key_PageUp)});
   QAction* next = AddAction(
-      bar, QStringLiteral("cmdNext"), tr("Next page"), QStringLiteral("downarrow"),
+      bar, QStringLiteral("cmdNext"), "Next page", QStringLiteral("downarrow"),
       {QKeySequence(Qt::ALT | Qt::Key_PageDown), QKeySequence(Qt::CTRL | Qt::Key_PageDown)});
   connect(previous, &QAction::triggered, this, [this] { view_->GoTo(view_->CurrentPage() - 1); });
   connect(next, &QAction::triggered, this, [this] { view_->GoTo(view_->CurrentPage() + 1); });
@@ -210,7 +205,7 @@ void frmPDFReader::MakePageBar(QToolBar& bar) {
   page_->setAlignment(Qt::AlignRight);
   page_->setKeyboardTracking(false);
   page_->setFixedWidth(44);
-  page_->setToolTip(tr("Page"));
+  page_->setToolTip("Page");
   connect(page_, &QSpinBox::valueChanged, this, [this](int page) { view_->GoTo(page - 1); });
   page_count_ = new QLabel(this);
   page_count_->setContentsMargins(4, 0, 6, 0);
@@ -218,10 +213,10 @@ void frmPDFReader::MakePageBar(QToolBar& bar) {
   bar.addWidget(page_count_);
   bar.addSeparator();
 
-  QAction* out = AddAction(bar, QStringLiteral("cmdZoomOut"), tr("Smaller"),
-                           QStringLiteral("zoomout"), {QKeySequence(QKeySequence::ZoomOut)});
+  QAction* out = AddAction(bar, QStringLiteral("cmdZoomOut"), "Smaller", QStringLiteral("zoomout"),
+                           {QKeySequence(QKeySequence::ZoomOut)});
   QAction* in =
-      AddAction(bar, QStringLiteral("cmdZoomIn"), tr("Larger"), QStringLiteral("zoomin"),
+      AddAction(bar, QStringLiteral("cmdZoomIn"), "Larger", QStringLiteral("zoomin"),
                 {QKeySequence(QKeySequence::ZoomIn), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
   connect(out, &QAction::triggered, this, [this] { view_->SetZoom(view_->zoom() / kZoomStep); });
   connect(in, &QAction::triggered, this, [this] { view_->SetZoom(view_->zoom() * kZoomStep); });
@@ -230,13 +225,13 @@ void frmPDFReader::MakePageBar(QToolBar& bar) {
   zoom_->setEditable(true);
   zoom_->setInsertPolicy(QComboBox::NoInsert);
   zoom_->setFixedWidth(84);
-  zoom_->setToolTip(tr("Zoom"));
+  zoom_->setToolTip("Zoom");
   for (const int percent : kPercents) zoom_->addItem(QStringLiteral("%1 %").arg(percent));
   connect(zoom_, &QComboBox::textActivated, this, &frmPDFReader::TakeZoom);
   bar.addWidget(zoom_);
-  QAction* width = AddAction(bar, QStringLiteral("cmdFitWidth"), tr("Fit width"),
+  QAction* width = AddAction(bar, QStringLiteral("cmdFitWidth"), "Fit width",
                              QStringLiteral("fitwidth"), {QKeySequence(Qt::CTRL | Qt::Key_0)});
-  QAction* whole = AddAction(bar, QStringLiteral("cmdFitPage"), tr("Whole page"),
+  QAction* whole = AddAction(bar, QStringLiteral("cmdFitPage"), "Whole page",
                              QStringLiteral("fitheight"), {QKeySequence(Qt::CTRL | Qt::Key_9)});
   connect(width, &QAction::triggered, this, [this] { view_->SetFit(PdfPageView::Fit::kWidth); });
   connect(whole, &QAction::triggered, this, [this] { view_->SetFit(PdfPageView::Fit::kPage); });
@@ -253,21 +248,21 @@ void frmPDFReader::MakeSearchBar(QToolBar& bar) {
   bar.addWidget(search_result_);
   search_text_ = new QLineEdit(this);
   search_text_->setObjectName(QStringLiteral("txtSearch"));
-  search_text_->setPlaceholderText(tr("Find"));
+  search_text_->setPlaceholderText("Find");
   search_text_->setClearButtonEnabled(true);
   search_text_->setMinimumWidth(110);
   search_text_->setMaximumWidth(190);
-  search_text_->setToolTip(tr("Find in this document (Ctrl+F)"));
+  search_text_->setToolTip("Find in this document (Ctrl+F)");
   connect(search_text_, &QLineEdit::textChanged, this, &frmPDFReader::Find);
   connect(search_text_, &QLineEdit::returnPressed, this, &frmPDFReader::FindNext);
   bar.addWidget(search_text_);
-  QAction* previous = AddAction(bar, QStringLiteral("cmdFindPrevious"), tr("Previous place found"),
+  QAction* previous = AddAction(bar, QStringLiteral("cmdFindPrevious"), "Previous place found",
                                 QStringLiteral("previous"), {QKeySequence(Qt::SHIFT | Qt::Key_F3)});
-  QAction* next = AddAction(bar, QStringLiteral("cmdFindNext"), tr("Next place found"),
+  QAction* next = AddAction(bar, QStringLiteral("cmdFindNext"), "Next place found",
                             QStringLiteral("next"), {QKeySequence(Qt::Key_F3)});
   connect(previous, &QAction::triggered, this, &frmPDFReader::FindPrevious);
   connect(next, &QAction::triggered, this, &frmPDFReader::FindNext);
-  auto* find = new QAction(tr("Find"), this);
+  auto* find = new QAction("Find", this);
   find->setShortcut(QKeySequence(QKeySequence::Find));
   connect(find, &QAction::triggered, this, [this] {
     search_text_->setFocus();
@@ -306,7 +301,7 @@ Status frmPDFReader::Open(const std::string& path) {
     const Error error{path, Problem(path, document_.error())};
     document_.close();
     page_count_->clear();
-    problem_->setText(tr("<h3>This document cannot be shown</h3><p>%1</p><p>%2</p>")
+    problem_->setText(QString("<h3>This document cannot be shown</h3><p>%1</p><p>%2</p>")
                           .arg(QString::fromStdString(path).toHtmlEscaped(),
                                QString::fromStdString(error.reason).toHtmlEscaped()));
     pages_->setCurrentWidget(problem_);
@@ -320,7 +315,7 @@ Status frmPDFReader::Open(const std::string& path) {
   FillOutline();
   const QSignalBlocker quiet(page_);
   page_->setRange(1, document_.pageCount());
-  page_count_->setText(tr("of %1").arg(document_.pageCount()));
+  page_count_->setText(QString("of %1").arg(document_.pageCount()));
   UpdatePage();
   Find(search_text_->text());
   return Done{};
@@ -348,7 +343,7 @@ int frmPDFReader::Find(const QString& text) {
   }
   if (matches_.isEmpty()) {
     view_->SetMatches({}, -1);
-    search_result_->setText(searched_.isEmpty() ? QString() : tr("not found"));
+    search_result_->setText(searched_.isEmpty() ? QString() : "not found");
     return 0;
   }
   const int from = view_->CurrentPage();
@@ -372,7 +367,7 @@ void frmPDFReader::FindPrevious() {
 void frmPDFReader::ShowMatch(int index) {
   current_match_ = index;
   view_->SetMatches(matches_, index);
-  search_result_->setText(tr("%1 of %2").arg(index + 1).arg(matches_.size()));
+  search_result_->setText(QString("%1 of %2").arg(index + 1).arg(matches_.size()));
 }
 
 void frmPDFReader::UpdatePage() {

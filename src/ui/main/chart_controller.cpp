@@ -138,7 +138,7 @@ void ChartController::Choose() {
     ground_scale = viewer_.zoom() * chart.pixels_per_degree;
   }
   const auto open = [this](AppConfig&, ChartState&) -> Status {
-    FrmLoadChart dialog(desktop_, &window_);
+    frmLoadChart dialog(desktop_, &window_);
     if (dialog.exec() != QDialog::Accepted) return Error{};
     return Done{};
   };

@@ -88,9 +88,9 @@ class ToolbarCombo final : public QComboBox {
 
 // The progress bar of the status bar. Each step serves events, so that the window answers; Esc
 // stops the work at its next step.
-class FrmChart::ProgressOnBar final : public Progress {
+class frmChart::ProgressOnBar final : public Progress {
  public:
-  explicit ProgressOnBar(FrmChart& window) : window_(window), was_busy_(window.view_.busy) {
+  explicit ProgressOnBar(frmChart& window) : window_(window), was_busy_(window.view_.busy) {
     window_.progress_->setValue(0);
     window_.progress_->show();
     window_.view_.busy = true;
@@ -111,13 +111,13 @@ class FrmChart::ProgressOnBar final : public Progress {
   }
 
  private:
-  FrmChart& window_;
+  frmChart& window_;
   QAction* stop_;
   bool was_busy_;
   bool cancelled_ = false;
 };
 
-FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings,
+frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings,
                    Clipboard& clipboard)
     : viewer_(new ChartViewer(this)),
       desktop_{program, messages, settings, clipboard, *this, view_},
@@ -158,19 +158,19 @@ FrmChart::FrmChart(Program& program, Messages& messages, SettingsStore& settings
   resize(1240, 800);
 }
 
-FrmChart::~FrmChart() { viewer_->SetEvents(nullptr); }
+frmChart::~frmChart() { viewer_->SetEvents(nullptr); }
 
-QAction* FrmChart::action(std::string_view name) const {
+QAction* frmChart::action(std::string_view name) const {
   const auto at = actions_.find(name);
   return at == actions_.end() ? nullptr : at->second;
 }
 
-void FrmChart::RunCommand(std::string_view name) {
+void frmChart::RunCommand(std::string_view name) {
   QAction* found = action(name);
   if (found != nullptr && found->isEnabled() && !view_.busy) found->trigger();
 }
 
-void FrmChart::MakeActions() {
+void frmChart::MakeActions() {
   for (const Command* command : AllCommands()) {
     auto* made = new QAction(ToQt(command->caption), this);
     made->setObjectName(ToQt(command->name));
@@ -199,7 +199,7 @@ void FrmChart::MakeActions() {
   action("mnuHelpManual")->setShortcut(QKeySequence::HelpContents);
 }
 
-void FrmChart::FillMenu(std::span<const MenuRow> rows, QWidget* root) {
+void frmChart::FillMenu(std::span<const MenuRow> rows, QWidget* root) {
   std::vector<QMenu*> open;
   for (const MenuRow& row : rows) {
     open.resize(static_cast<std::size_t>(row.depth));
@@ -225,7 +225,7 @@ void FrmChart::FillMenu(std::span<const MenuRow> rows, QWidget* root) {
   }
 }
 
-void FrmChart::MakeMenus() {
+void frmChart::MakeMenus() {
   FillMenu(MenuBarRows(), menuBar());
   pop_up_ = new QMenu(this);
   pop_up_->setObjectName("mnuPopUP");
@@ -235,7 +235,7 @@ void FrmChart::MakeMenus() {
   }
 }
 
-void FrmChart::MakeToolbars() {
+void frmChart::MakeToolbars() {
   const auto fill = [this](const char* name, const char* title, std::span<const ToolbarRow> rows) {
     auto* bar = new QToolBar(title, this);
     bar->setObjectName(name);
@@ -261,7 +261,7 @@ void FrmChart::MakeToolbars() {
   route_details_->setToolTip("The report of the last calculation");
   route_details_->setFocusPolicy(Qt::NoFocus);
   connect(route_details_, &QToolButton::clicked, this,
-          [this] { FrmRouteInfo(desktop_, this).exec(); });
+          [this] { frmrouteinfo(desktop_, this).exec(); });
   route_combo_ = new ToolbarCombo(viewer_, this);
   route_combo_->setObjectName("cmbRoute");
   route_combo_->setToolTip("The legs of the route, or of the last calculation");
@@ -274,7 +274,7 @@ void FrmChart::MakeToolbars() {
                         view_toolbar_->addWidget(route_combo_)};
 }
 
-void FrmChart::MakeReadouts() {
+void frmChart::MakeReadouts() {
   const auto label = [this](const char* name) {
     auto* made = new QLabel(viewer_->viewport());
     made->setObjectName(name);
@@ -299,7 +299,7 @@ void FrmChart::MakeReadouts() {
   overview_->setToolTip("The whole chart; click or drag to move the view");
 }
 
-void FrmChart::MakeStatusBar() {
+void frmChart::MakeStatusBar() {
   // Shares of the bar's width, in tenths.
   constexpr int kShares[] = {30, 25, 15, 10, 20};
   for (const int share : kShares) {
@@ -320,7 +320,7 @@ void FrmChart::MakeStatusBar() {
   statusBar()->setSizeGripEnabled(true);
 }
 
-void FrmChart::Start() {
+void frmChart::Start() {
   look_.Start();
   const QByteArray geometry =
       QByteArray::fromHex(QByteArray::fromStdString(desktop_.settings.Get("Windows", "frmChart")));
@@ -341,7 +341,7 @@ void FrmChart::Start() {
   OfferQuickInstructions(desktop_, this);
 }
 
-void FrmChart::OpenFile(const std::string& path) {
+void frmChart::OpenFile(const std::string& path) {
   const std::string kind = ToLowerAscii(path.substr(std::min(path.size(), path.rfind('.'))));
   if (kind == ".rte") {
     route_.LoadFile(path);
@@ -361,7 +361,7 @@ void FrmChart::OpenFile(const std::string& path) {
   Changed(kAllChanged);
 }
 
-std::uint32_t FrmChart::NeedsMet() const {
+std::uint32_t frmChart::NeedsMet() const {
   const Program& p = desktop_.program;
   const std::size_t points = p.route.points.size();
   std::uint32_t met = 0;
@@ -378,7 +378,7 @@ std::uint32_t FrmChart::NeedsMet() const {
   return met;
 }
 
-void FrmChart::UpdateActions() {
+void frmChart::UpdateActions() {
   const std::uint32_t met = NeedsMet();
   for (const Command* command : AllCommands()) {
     QAction* known = action(command->name);
@@ -403,7 +403,7 @@ void FrmChart::UpdateActions() {
   action("mnuAISEnable")->setToolTip(one_input ? "Enable GPS/AIS reception" : "AIS Enable");
 }
 
-void FrmChart::FillRecentMenu() {
+void frmChart::FillRecentMenu() {
   QMenu* menu = named_menus_.at("mnuRecent");
   const std::vector<std::string>& recent = chart_.recent();
   menu->clear();
@@ -415,7 +415,7 @@ void FrmChart::FillRecentMenu() {
   menu->menuAction()->setVisible(!recent.empty());
 }
 
-void FrmChart::UpdateCaption() {
+void frmChart::UpdateCaption() {
   const Program& program = desktop_.program;
   if (program.replay_active) return;
   const RouteState& route = program.route;
@@ -424,7 +424,7 @@ void FrmChart::UpdateCaption() {
   setWindowTitle(ToQt(CaptionText(program, tail)));
 }
 
-void FrmChart::UpdateStatusBar() {
+void frmChart::UpdateStatusBar() {
   const std::array<std::string, 5> texts = StatusPanels(desktop_.program, view_);
   for (std::size_t i = 0; i < panels_.size(); ++i) {
     panels_[i]->setText(ToQt(texts[i]));
@@ -443,7 +443,7 @@ void FrmChart::UpdateStatusBar() {
   }
 }
 
-void FrmChart::UpdateRouteCombo() {
+void frmChart::UpdateRouteCombo() {
   const Program& program = desktop_.program;
   const PassageState& passage = program.passage;
   const bool calculated = passage.calc_mode == 1 && !passage.route_combo.empty();
@@ -464,7 +464,7 @@ void FrmChart::UpdateRouteCombo() {
   }
 }
 
-void FrmChart::Changed(std::uint32_t what) {
+void frmChart::Changed(std::uint32_t what) {
   const Program& program = desktop_.program;
   if (program.passage.route_track.empty() && (what & kRouteChanged) != 0) {
     // What ran along the track goes with it.
@@ -490,13 +490,13 @@ void FrmChart::Changed(std::uint32_t what) {
   viewer_->Redraw();
 }
 
-std::unique_ptr<Progress> FrmChart::StartProgress(const char*) {
+std::unique_ptr<Progress> frmChart::StartProgress(const char*) {
   return std::make_unique<ProgressOnBar>(*this);
 }
 
-void FrmChart::Tell(std::string_view text) { statusBar()->showMessage(ToQt(text), kTellTime); }
+void frmChart::Tell(std::string_view text) { statusBar()->showMessage(ToQt(text), kTellTime); }
 
-void FrmChart::PaintLive(DrawingSurface& surface) {
+void frmChart::PaintLive(DrawingSurface& surface) {
   if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
   const Program& program = desktop_.program;
   DrawLiveOverlays(surface,
@@ -505,7 +505,7 @@ void FrmChart::PaintLive(DrawingSurface& surface) {
                    program, view_);
 }
 
-void FrmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) {
+void frmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) {
   if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
   const Program& program = desktop_.program;
   const OverlayView seen =
@@ -519,7 +519,7 @@ void FrmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) 
       this, [this] { ShowMob(); }, Qt::QueuedConnection);
 }
 
-void FrmChart::ShowReadout() {
+void frmChart::ShowReadout() {
   // Before the mouse has been over the chart there is no cursor to tell of.
   const bool on_chart = chart_.HasPlaces() && view_.cursor != Position{};
   readout_->setVisible(on_chart);
@@ -546,7 +546,7 @@ void FrmChart::ShowReadout() {
   if (desktop_.program.mob.on) ShowMob();
 }
 
-void FrmChart::ShowMob() {
+void frmChart::ShowMob() {
   const QString text = ToQt(mob_.LabelText(mob_shown_line_));
   if (mob_label_->text() != text) {
     mob_label_->setText(text);
@@ -559,7 +559,7 @@ void FrmChart::ShowMob() {
 
 // The readout stands in the upper left corner, the overview in the lower right one, and the quiet
 // line at the lower edge.
-void FrmChart::PlaceFloats() {
+void frmChart::PlaceFloats() {
   const QSize room = viewer_->viewport()->size();
   readout_->move(kFloatMargin, kFloatMargin);
   overview_->setVisible(view_.thumbnail_visible && viewer_->image_height() > 0);
@@ -578,7 +578,7 @@ void FrmChart::PlaceFloats() {
   ShowMob();
 }
 
-void FrmChart::FollowLook() {
+void frmChart::FollowLook() {
   const Theme& theme = ThemeInForce();
   const QString style =
       QStringLiteral(
@@ -601,12 +601,12 @@ void FrmChart::FollowLook() {
   }
 }
 
-void FrmChart::ShowPopUp(QPoint at) {
+void frmChart::ShowPopUp(QPoint at) {
   UpdateActions();
   pop_up_->popup(at);
 }
 
-bool FrmChart::eventFilter(QObject* watched, QEvent* event) {
+bool frmChart::eventFilter(QObject* watched, QEvent* event) {
   if (watched == mob_label_ && event->type() == QEvent::MouseButtonDblClick) {
     RunCommand("mnuCalcMOB");
     return true;
@@ -614,14 +614,14 @@ bool FrmChart::eventFilter(QObject* watched, QEvent* event) {
   return QMainWindow::eventFilter(watched, event);
 }
 
-void FrmChart::resizeEvent(QResizeEvent* event) {
+void frmChart::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   UpdateStatusBar();
   PlaceFloats();
 }
 
 // A right click beside the chart shows the chart's menu; over the chart the mouse sees to it.
-void FrmChart::contextMenuEvent(QContextMenuEvent* event) {
+void frmChart::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
   const bool by_key = event->reason() == QContextMenuEvent::Keyboard;
   if (view_.busy || (!by_key && viewer_->QWidget::geometry().contains(event->pos()))) return;
@@ -629,7 +629,7 @@ void FrmChart::contextMenuEvent(QContextMenuEvent* event) {
   ShowPopUp(event->globalPos());
 }
 
-void FrmChart::closeEvent(QCloseEvent* event) {
+void frmChart::closeEvent(QCloseEvent* event) {
   if (view_.busy || (!chart_.lost() && !MayExit(desktop_, this))) {
     event->ignore();
     return;

@@ -30,12 +30,12 @@ namespace skerrow {
 
 // The main window: the chart with its menus, toolbars, readouts and status bar. It shows the state
 // and hands what the user does to the commands (commands/), which work through the controllers.
-class FrmChart final : public QMainWindow, public MainWindowPort {
+class frmChart final : public QMainWindow, public MainWindowPort {
   Q_OBJECT
 
  public:
-  FrmChart(Program& program, Messages& messages, SettingsStore& settings, Clipboard& clipboard);
-  ~FrmChart() override;
+  frmChart(Program& program, Messages& messages, SettingsStore& settings, Clipboard& clipboard);
+  ~frmChart() override;
 
   // Shows the first chart and starts the timers; the program's data have been loaded.
   void Start();

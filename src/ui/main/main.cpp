@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
       OpenSettingsStore(JoinPath(program.folders.SettingsData(), "skerrow.ini"));
   SystemClipboard clipboard;
   LoadProgram(program, messages);
-  FrmChart window(program, messages, *settings, clipboard);
+  frmChart window(program, messages, *settings, clipboard);
   messages.SetNoticeBoard([&window](std::string_view text) { window.Tell(text); });
   window.show();
   window.Start();

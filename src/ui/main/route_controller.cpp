@@ -21,7 +21,7 @@ namespace skerrow {
 
 void RouteController::Load() {
   if (!MayLoseRoute(desktop_, &window_)) return;
-  if (FrmRouteLoad(desktop_, &window_).exec() == QDialog::Accepted) chart_.FitRoute();
+  if (frmRouteLoad(desktop_, &window_).exec() == QDialog::Accepted) chart_.FitRoute();
   desktop_.window.Changed(kRouteChanged);
 }
 
@@ -57,7 +57,7 @@ void RouteController::Save() {
 }
 
 void RouteController::SaveAs() {
-  if (FrmRouteSave(desktop_, &window_).exec() == QDialog::Accepted) {
+  if (frmRouteSave(desktop_, &window_).exec() == QDialog::Accepted) {
     desktop_.window.Tell("Saved: " + desktop_.program.edits.route_path);
   }
   desktop_.window.Changed(kRouteChanged);
@@ -157,7 +157,7 @@ void RouteController::Escape() {
 }
 
 void RouteController::ByWaypointList() {
-  if (FrmRouteWayPoints(desktop_, &window_).exec() == QDialog::Accepted) {
+  if (frmRouteWayPoints(desktop_, &window_).exec() == QDialog::Accepted) {
     listed_route_ = desktop_.program.route;
     chart_.FitRoute();
   }
@@ -169,7 +169,7 @@ bool RouteController::Listed() const {
 }
 
 void RouteController::KeyboardEdit() {
-  FrmRouteEdit(desktop_, &window_).exec();
+  frmRouteEdit(desktop_, &window_).exec();
   desktop_.window.Changed(kRouteChanged);
 }
 
@@ -184,12 +184,12 @@ void RouteController::Calculate() {
   if (program.passage.calc_mode == 1) desktop_.window.Tell(program.passage.route_summary_text);
 }
 
-void RouteController::CalculateDialog() { Calculate<FrmCalcRoute>(); }
+void RouteController::CalculateDialog() { Calculate<frmcalcroute>(); }
 
-void RouteController::OptimiseDialog() { Calculate<FrmRouteOptDeparture>(); }
+void RouteController::OptimiseDialog() { Calculate<frmRouteOptDeparture>(); }
 
 void RouteController::SettingsDialog() {
-  FrmConfigure dialog(
+  frmConfigure dialog(
       desktop_,
       [this] {
         desktop_.view.tools_shown = true;
@@ -240,7 +240,7 @@ void RouteController::WaypointsRead() {
 }
 
 void RouteController::GoToWaypoint() {
-  FrmWayFileLocate dialog(desktop_, &window_);
+  frmWayFileLocate dialog(desktop_, &window_);
   if (dialog.exec() == QDialog::Accepted && dialog.picked()) chart_.GoTo(dialog.picked()->At());
 }
 

@@ -6,10 +6,9 @@
 
 namespace skerrow {
 
-FrmFileDelete::FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
+frmFileDelete::frmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
     : Dialog(desktop, kind == FileKind::kRoute ? "frmRouteDelete" : "frmWayDelete",
-             kind == FileKind::kRoute ? tr("Delete Route File") : tr("Delete Waypoint File"),
-             parent),
+             kind == FileKind::kRoute ? "Delete Route File" : "Delete Waypoint File", parent),
       kind_(kind),
       files_(new FileList),
       count_(Named<QLabel>("labelnoofpoints")),
@@ -18,8 +17,7 @@ FrmFileDelete::FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
   columns->setSpacing(12);
   auto* left = new QVBoxLayout;
   left->setSpacing(4);
-  left->addWidget(
-      MakeLabel(kind == FileKind::kRoute ? tr("Route &files") : tr("Waypoint &files"), files_));
+  left->addWidget(MakeLabel(kind == FileKind::kRoute ? "Route &files" : "Waypoint &files", files_));
   left->addWidget(files_, 1);
   columns->addLayout(left, 1);
   auto* right = new QVBoxLayout;
@@ -32,7 +30,7 @@ FrmFileDelete::FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
   records_->setFocusPolicy(Qt::NoFocus);
   QPushButton* ok = AddButton("cmdOK", "&Delete", "Deletes the highlighted file");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   files_->Fill(FolderOfKind(desktop.program.folders, kind), kind);
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
   connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
@@ -42,10 +40,10 @@ FrmFileDelete::FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent)
   resize(660, 380);
 }
 
-void FrmFileDelete::ShowFile() {
+void frmFileDelete::ShowFile() {
   const std::string name = files_->Selected();
   if (name.empty()) {
-    count_->setText(files_->count() == 0 ? tr("There are no files.") : QString());
+    count_->setText(files_->count() == 0 ? "There are no files." : QString());
     records_->SetLines({});
     return;
   }
@@ -57,7 +55,7 @@ void FrmFileDelete::ShowFile() {
   records_->SetLines(rows ? rows.value() : std::vector<std::string>{});
 }
 
-void FrmFileDelete::Accept() {
+void frmFileDelete::Accept() {
   const std::string name = files_->Selected();
   const Folders& folders = desktop().program.folders;
   const FileRefusal refusal = CheckDelete(folders, kind_, name);

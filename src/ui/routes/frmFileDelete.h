@@ -8,11 +8,11 @@ namespace skerrow {
 
 // "Delete Waypoint File" and "Delete Route File": the files, and beside them the records of the
 // highlighted one.
-class FrmFileDelete : public Dialog {
+class frmFileDelete : public Dialog {
   Q_OBJECT
 
  public:
-  FrmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent);
+  frmFileDelete(Desktop& desktop, FileKind kind, QWidget* parent);
 
  private:
   void ShowFile();

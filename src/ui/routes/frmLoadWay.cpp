@@ -26,21 +26,22 @@ Status OpenWaypointFile(Desktop& desktop, const std::string& path) {
                             desktop.messages);
 }
 
-FrmLoadWay::FrmLoadWay(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmLoadWay", tr("Load Waypoint File"), parent),
+frmLoadWay::frmLoadWay(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmLoadWay", "Load Waypoint File", parent),
       files_(new FileList),
       name_(Named<QLabel>("lblFileName")),
       count_(Named<QLabel>("labelnoofpoints")) {
-  body()->addWidget(MakeHint(tr("Now in use: %1").arg(ToQt(desktop.program.config.waypoint_file))));
-  body()->addWidget(MakeLabel(tr("Waypoint &files"), files_));
+  body()->addWidget(
+      MakeHint(QString("Now in use: %1").arg(ToQt(desktop.program.config.waypoint_file))));
+  body()->addWidget(MakeLabel("Waypoint &files", files_));
   body()->addWidget(files_, 1);
   name_->setProperty("heading", true);
   name_->setTextFormat(Qt::PlainText);
   body()->addWidget(name_);
   body()->addWidget(count_);
-  QPushButton* ok = AddButton("cmdOK", tr("OK"));
+  QPushButton* ok = AddButton("cmdOK", "OK");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   files_->Fill(desktop.program.folders.Waypoints(), FileKind::kWaypoint);
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
   connect(files_, &QListWidget::itemDoubleClicked, this, [this] { Accept(); });
@@ -50,7 +51,7 @@ FrmLoadWay::FrmLoadWay(Desktop& desktop, QWidget* parent)
   resize(400, 400);
 }
 
-void FrmLoadWay::ShowFile() {
+void frmLoadWay::ShowFile() {
   const std::string name = files_->Selected();
   name_->setText(ToQt(name));
   count_->setText(name.empty()
@@ -59,7 +60,7 @@ void FrmLoadWay::ShowFile() {
                                                     kWaypointSize))));
 }
 
-void FrmLoadWay::Accept() {
+void frmLoadWay::Accept() {
   const std::string name = FromQt(name_->text());
   const FileRefusal refusal = CheckWaypointFileChoice(name);
   if (refusal != FileRefusal::kNone) {

@@ -11,11 +11,11 @@ namespace skerrow {
 Status OpenWaypointFile(Desktop& desktop, const std::string& path);
 
 // "Load Waypoint File": chooses the current waypoint file.
-class FrmLoadWay : public Dialog {
+class frmLoadWay : public Dialog {
   Q_OBJECT
 
  public:
-  FrmLoadWay(Desktop& desktop, QWidget* parent);
+  frmLoadWay(Desktop& desktop, QWidget* parent);
 
  private:
   void ShowFile();

@@ -2,11 +2,11 @@
 
 namespace skerrow {
 
-FrmNewWay::FrmNewWay(Desktop& desktop, QWidget* parent, NameEntry entry)
-    : NameDialog(desktop, "frmNewWay", tr("New Waypoint File"), entry, parent),
+frmNewWay::frmNewWay(Desktop& desktop, QWidget* parent, NameEntry entry)
+    : NameDialog(desktop, "frmNewWay", "New Waypoint File", entry, parent),
       make_current_(entry == NameEntry::kNewWaypointFile) {}
 
-Status FrmNewWay::Write(const std::string& file_name) {
+Status frmNewWay::Write(const std::string& file_name) {
   Program& program = desktop().program;
   // The file in use is made anew too: its waypoints go from the chart with it.
   if (!make_current_ && file_name != program.config.waypoint_file) {

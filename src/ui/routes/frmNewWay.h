@@ -6,11 +6,11 @@ namespace skerrow {
 
 // "New Waypoint File": makes an empty waypoint file. Opened by itself it makes the file the current
 // one; opened from the waypoint editor (NameEntry::kWaypointEditNew) it does not.
-class FrmNewWay : public NameDialog {
+class frmNewWay : public NameDialog {
   Q_OBJECT
 
  public:
-  FrmNewWay(Desktop& desktop, QWidget* parent, NameEntry entry = NameEntry::kNewWaypointFile);
+  frmNewWay(Desktop& desktop, QWidget* parent, NameEntry entry = NameEntry::kNewWaypointFile);
 
  protected:
   Status Write(const std::string& file_name) override;

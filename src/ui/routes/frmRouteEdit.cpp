@@ -10,22 +10,22 @@
 
 namespace skerrow {
 
-FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmRouteEdit", tr("Edit Route Points"), parent),
+frmRouteEdit::frmRouteEdit(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmRouteEdit", "Edit Route Points", parent),
       legs_(new TextList(desktop.clipboard, "List1")),
       distance_(Named<QLabel>("lblroutedist")),
       leg_box_(new LegBox(desktop.messages, {"Fro&m:", "Appl&y Speed to all Legs", "cmdmodify",
                                              "&Accept Changes to Leg"})),
       picker_(new WaypointPicker(desktop, "List2", Qt::Vertical)),
-      before_(Named<QRadioButton>("optBefore", tr("&Before"))),
-      after_(Named<QRadioButton>("optAfter", tr("Af&ter"))) {
+      before_(Named<QRadioButton>("optBefore", "&Before")),
+      after_(Named<QRadioButton>("optAfter", "Af&ter")) {
   legs_->setSelectionMode(QAbstractItemView::SingleSelection);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   auto* left = new QVBoxLayout;
   left->setSpacing(4);
   auto* head = new QHBoxLayout;
-  head->addWidget(MakeLabel(tr("&Legs of the route"), legs_), 1);
+  head->addWidget(MakeLabel("&Legs of the route", legs_), 1);
   head->addWidget(distance_);
   left->addLayout(head);
   left->addWidget(legs_, 1);
@@ -35,11 +35,10 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
   columns->addWidget(MakeWaypointBox(), 2);
   body()->addLayout(columns, 1);
 
-  QPushButton* remove = AddLeftButton("cmdDelete", tr("&Delete Selected Point"),
-                                      tr("Takes the point of the highlighted row out"));
-  QPushButton* reverse =
-      AddLeftButton("cmdreverse", tr("&Reverse Route"), tr("Turns the route round"));
-  QPushButton* exit = AddButton("cmdExit", tr("E&xit"));
+  QPushButton* remove = AddLeftButton("cmdDelete", "&Delete Selected Point",
+                                      "Takes the point of the highlighted row out");
+  QPushButton* reverse = AddLeftButton("cmdreverse", "&Reverse Route", "Turns the route round");
+  QPushButton* exit = AddButton("cmdExit", "E&xit");
   exit->setDefault(true);
   connect(remove, &QPushButton::clicked, this, [this] { DeletePoint(); });
   connect(reverse, &QPushButton::clicked, this, [this] { Reverse(); });
@@ -63,22 +62,22 @@ FrmRouteEdit::FrmRouteEdit(Desktop& desktop, QWidget* parent)
   resize(960, 600);
 }
 
-QWidget* FrmRouteEdit::MakeWaypointBox() {
+QWidget* frmRouteEdit::MakeWaypointBox() {
   auto* side = new QWidget;
   auto* rows = new QVBoxLayout(side);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(8);
   rows->addWidget(picker_, 1);
-  auto* box = new QGroupBox(tr("Insert the selected waypoint"));
+  auto* box = new QGroupBox("Insert the selected waypoint");
   auto* lines = new QVBoxLayout(box);
   auto* sides = new QHBoxLayout;
   sides->setSpacing(8);
   sides->addWidget(before_);
   sides->addWidget(after_);
-  sides->addWidget(new QLabel(tr("the start of the selected leg")));
+  sides->addWidget(new QLabel("the start of the selected leg"));
   sides->addStretch(1);
   lines->addLayout(sides);
-  auto* insert = Named<QPushButton>("cmdInsert", tr("&Insert Selected Point"));
+  auto* insert = Named<QPushButton>("cmdInsert", "&Insert Selected Point");
   insert->setAutoDefault(false);
   lines->addWidget(insert);
   rows->addWidget(box);
@@ -86,19 +85,19 @@ QWidget* FrmRouteEdit::MakeWaypointBox() {
   return side;
 }
 
-std::optional<int> FrmRouteEdit::SelectedRow() const {
+std::optional<int> frmRouteEdit::SelectedRow() const {
   const QList<QListWidgetItem*> selected = legs_->selectedItems();
   if (selected.isEmpty()) return std::nullopt;
   return legs_->row(selected.front());
 }
 
-void FrmRouteEdit::SelectRow(int row) {
+void frmRouteEdit::SelectRow(int row) {
   if (legs_->count() == 0) return;
   legs_->setCurrentRow(std::min(row, legs_->count() - 1));
   legs_->scrollToItem(legs_->currentItem());
 }
 
-void FrmRouteEdit::Load() {
+void frmRouteEdit::Load() {
   const std::optional<int> row = SelectedRow();
   const RouteState& route = desktop().program.route;
   legs_->SetLines(RouteRows(route));
@@ -106,13 +105,13 @@ void FrmRouteEdit::Load() {
   if (row) SelectRow(*row);
 }
 
-void FrmRouteEdit::LoadLeg() {
+void frmRouteEdit::LoadLeg() {
   const std::optional<int> row = SelectedRow();
   leg_ = row ? static_cast<std::size_t>(LegOfRow(*row)) : 0;
   leg_box_->Show(EntryOfLeg(desktop().program.route, leg_), leg_);
 }
 
-void FrmRouteEdit::Ended(RouteFormRefusal refusal) {
+void frmRouteEdit::Ended(RouteFormRefusal refusal) {
   if (refusal == RouteFormRefusal::kNone) {
     Load();
     LoadLeg();
@@ -125,14 +124,14 @@ void FrmRouteEdit::Ended(RouteFormRefusal refusal) {
   Refuse(RouteFormText(refusal), false, field);
 }
 
-void FrmRouteEdit::AcceptLegEntry() {
+void frmRouteEdit::AcceptLegEntry() {
   Ended(EditRoute(desktop(), "Edit Leg", [this](RouteState& route) {
     return EditLeg(route, leg_, leg_box_->Entry(), LegCheck::kLetters,
                    RouteDefaultsOf(desktop().program), desktop().messages);
   }));
 }
 
-void FrmRouteEdit::InsertPoint() {
+void frmRouteEdit::InsertPoint() {
   const InsertSide side = before_->isChecked()  ? InsertSide::kBefore
                           : after_->isChecked() ? InsertSide::kAfter
                                                 : InsertSide::kNotChosen;
@@ -142,7 +141,7 @@ void FrmRouteEdit::InsertPoint() {
   }));
 }
 
-void FrmRouteEdit::DeletePoint() {
+void frmRouteEdit::DeletePoint() {
   const std::optional<int> row = SelectedRow();
   const std::string text = row ? legs_->lines()[static_cast<std::size_t>(*row)] : "";
   Ended(EditRoute(desktop(), "Delete Route Point", [&](RouteState& route) {
@@ -150,13 +149,13 @@ void FrmRouteEdit::DeletePoint() {
   }));
 }
 
-void FrmRouteEdit::ApplySpeed() {
+void frmRouteEdit::ApplySpeed() {
   Ended(EditRoute(desktop(), "Apply Speed to all Legs", [&](RouteState& route) {
     return ApplySpeedToAllLegs(route, leg_box_->Speed());
   }));
 }
 
-void FrmRouteEdit::Reverse() {
+void frmRouteEdit::Reverse() {
   EditRoute(desktop(), "Reverse Route", [&](RouteState& route) {
     ReverseRoute(route, RouteDefaultsOf(desktop().program), desktop().messages);
   });

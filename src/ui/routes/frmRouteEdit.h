@@ -11,11 +11,11 @@ namespace skerrow {
 
 // "Edit Route Points": the route's legs by keyboard. Each change is made at once and can be taken
 // back in the main window.
-class FrmRouteEdit : public Dialog {
+class frmRouteEdit : public Dialog {
   Q_OBJECT
 
  public:
-  FrmRouteEdit(Desktop& desktop, QWidget* parent);
+  frmRouteEdit(Desktop& desktop, QWidget* parent);
 
  private:
   QWidget* MakeWaypointBox();

@@ -25,18 +25,18 @@ bool OpenSampleRoute(Desktop& desktop) {
   return done.ok();
 }
 
-FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmRouteLoad", tr("Load Route"), parent),
+frmRouteLoad::frmRouteLoad(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmRouteLoad", "Load Route", parent),
       files_(new FileList),
       count_(Named<QLabel>("labelnoofpoints")),
       records_(new TextList(desktop.clipboard, "List1")),
       use_default_speed_(Named<QCheckBox>("chkUseDefaultSpeed",
-                                          tr("Check to use program &default speed between legs"))) {
+                                          "Check to use program &default speed between legs")) {
   auto* columns = new QHBoxLayout;
   columns->setSpacing(12);
   auto* left = new QVBoxLayout;
   left->setSpacing(4);
-  left->addWidget(MakeLabel(tr("Route &files"), files_));
+  left->addWidget(MakeLabel("Route &files", files_));
   left->addWidget(files_, 1);
   columns->addLayout(left, 1);
   auto* right = new QVBoxLayout;
@@ -45,9 +45,9 @@ FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
   right->addWidget(records_, 1);
   columns->addLayout(right, 2);
   body()->addLayout(columns, 1);
-  QLabel* note =
-      MakeHint(tr("By default the program will use the stored speed in its calculations "
-                  "unless the box below is checked"));
+  QLabel* note = MakeHint(
+      "By default the program will use the stored speed in its calculations "
+      "unless the box below is checked");
   note->setObjectName(QStringLiteral("lblSpeedNote"));
   body()->addSpacing(4);
   body()->addWidget(note);
@@ -58,7 +58,7 @@ FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
                           "Brings the sample routes into the list and opens the first of them");
   QPushButton* ok = AddButton("cmdOK", "OK");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   files_->Fill(desktop.program.folders.Routes(), FileKind::kRoute);
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
   connect(files_, &QListWidget::itemDoubleClicked, this, [this] { Accept(); });
@@ -73,11 +73,11 @@ FrmRouteLoad::FrmRouteLoad(Desktop& desktop, QWidget* parent)
   resize(740, 400);
 }
 
-void FrmRouteLoad::ShowFile() {
+void frmRouteLoad::ShowFile() {
   const std::string name = files_->Selected();
   const Folders& folders = desktop().program.folders;
   if (name.empty()) {
-    count_->setText(files_->count() == 0 ? tr("There are no route files yet.") : QString());
+    count_->setText(files_->count() == 0 ? "There are no route files yet." : QString());
     records_->SetLines({});
     return;
   }
@@ -87,7 +87,7 @@ void FrmRouteLoad::ShowFile() {
   records_->SetLines(rows ? rows.value() : std::vector<std::string>{});
 }
 
-void FrmRouteLoad::Accept() {
+void frmRouteLoad::Accept() {
   const std::string name = files_->Selected();
   const std::string path = name.empty() ? "" : RoutePath(desktop().program.folders, name);
   const Status loaded = LoadRouteFile(

@@ -14,11 +14,11 @@ namespace skerrow {
 bool OpenSampleRoute(Desktop& desktop);
 
 // "Load Route": replaces the current route by that of a file.
-class FrmRouteLoad : public Dialog {
+class frmRouteLoad : public Dialog {
   Q_OBJECT
 
  public:
-  FrmRouteLoad(Desktop& desktop, QWidget* parent);
+  frmRouteLoad(Desktop& desktop, QWidget* parent);
 
  private:
   void ShowFile();

@@ -4,17 +4,17 @@
 
 namespace skerrow {
 
-FrmRouteSave::FrmRouteSave(Desktop& desktop, QWidget* parent)
-    : NameDialog(desktop, "frmRouteSave", tr("Save Route"), NameEntry::kRouteSave, parent) {}
+frmRouteSave::frmRouteSave(Desktop& desktop, QWidget* parent)
+    : NameDialog(desktop, "frmRouteSave", "Save Route", NameEntry::kRouteSave, parent) {}
 
-bool FrmRouteSave::Ready() {
+bool frmRouteSave::Ready() {
   if (!desktop().program.route.points.empty()) return true;
   reject();
   desktop().messages.Show("No route set-up", MessageIcon::kWarning);
   return false;
 }
 
-Status FrmRouteSave::Write(const std::string& file_name) {
+Status frmRouteSave::Write(const std::string& file_name) {
   Program& program = desktop().program;
   const std::string path = RoutePath(program.folders, file_name);
   Status saved = SaveRoute(path, program.route, program.config.vessel_speed);

@@ -5,11 +5,11 @@
 namespace skerrow {
 
 // "Save Route": writes the current route to a file of the routes folder.
-class FrmRouteSave : public NameDialog {
+class frmRouteSave : public NameDialog {
   Q_OBJECT
 
  public:
-  FrmRouteSave(Desktop& desktop, QWidget* parent);
+  frmRouteSave(Desktop& desktop, QWidget* parent);
 
  protected:
   bool Ready() override;

@@ -7,37 +7,37 @@
 
 namespace skerrow {
 
-FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmRouteWayPoints", tr("Route by Waypoint List"), parent),
+frmRouteWayPoints::frmRouteWayPoints(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmRouteWayPoints", "Route by Waypoint List", parent),
       picker_(new WaypointPicker(desktop, "List1", Qt::Horizontal)),
       route_(new WaypointList("List2", PickListText)),
       length_(Named<QLabel>("lblroutedist")) {
   auto* columns = new QHBoxLayout;
   columns->setSpacing(12);
   columns->addWidget(picker_, 3);
-  auto* add = Named<QPushButton>("cmdAdd", tr("&Add  \u25b6"));
+  auto* add = Named<QPushButton>("cmdAdd", "&Add  \u25b6");
   add->setAutoDefault(false);
-  add->setToolTip(tr("Puts the waypoint at the end of the route (double click, Enter)"));
+  add->setToolTip("Puts the waypoint at the end of the route (double click, Enter)");
   columns->addWidget(add, 0, Qt::AlignVCenter);
   auto* right = new QVBoxLayout;
   right->setSpacing(4);
   auto* head = new QHBoxLayout;
-  head->addWidget(MakeLabel(tr("&Route"), route_), 1);
+  head->addWidget(MakeLabel("&Route", route_), 1);
   head->addWidget(length_);
   right->addLayout(head);
   right->addWidget(route_, 1);
-  auto* remove = Named<QPushButton>("cmdDelete", tr("&Delete Selected"));
+  auto* remove = Named<QPushButton>("cmdDelete", "&Delete Selected");
   remove->setAutoDefault(false);
-  remove->setToolTip(tr("Takes the selected row out of the route (double click, Delete)"));
+  remove->setToolTip("Takes the selected row out of the route (double click, Delete)");
   right->addSpacing(2);
   right->addWidget(remove, 0, Qt::AlignRight);
   columns->addLayout(right, 2);
   body()->addLayout(columns, 1);
   body()->addWidget(
-      MakeHint(tr("Double-click a waypoint to put it at the end of the route, and a "
-                  "row of the route to take it out again.")));
-  QPushButton* ok = AddButton("cmdOK", tr("OK"), tr("Makes the route of these waypoints"));
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+      MakeHint("Double-click a waypoint to put it at the end of the route, and a "
+               "row of the route to take it out again."));
+  QPushButton* ok = AddButton("cmdOK", "OK", "Makes the route of these waypoints");
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   ok->setDefault(true);
   connect(picker_->list(), &QListWidget::itemDoubleClicked, this, [this] { Add(); });
   KeyAction::Install(picker_->list(), Qt::Key_Return, [this] { Add(); });
@@ -52,14 +52,14 @@ FrmRouteWayPoints::FrmRouteWayPoints(Desktop& desktop, QWidget* parent)
   resize(1040, 480);
 }
 
-void FrmRouteWayPoints::Add() {
+void frmRouteWayPoints::Add() {
   if (const std::optional<WaypointRow> row = picker_->list()->SelectedRow()) {
     route_->Append(*row);
     ShowLength();
   }
 }
 
-void FrmRouteWayPoints::Remove() {
+void frmRouteWayPoints::Remove() {
   const std::optional<std::size_t> index = route_->SelectedIndex();
   if (!index) {
     Refuse(RouteFormText(RouteFormRefusal::kNothingToRemove), false, route_);
@@ -69,7 +69,7 @@ void FrmRouteWayPoints::Remove() {
   ShowLength();
 }
 
-void FrmRouteWayPoints::ShowLength() {
+void frmRouteWayPoints::ShowLength() {
   std::vector<RoutePoint> points;
   for (const WaypointRow& row : route_->rows()) {
     const Waypoint waypoint = WaypointOf(row);
@@ -79,12 +79,12 @@ void FrmRouteWayPoints::ShowLength() {
   }
   RelinkRoute(points);
   const QString distance = ToQt(FormatFixed(RouteLengthOf(points), 1, 1));
-  length_->setText(points.size() == 1 ? tr("1 point")
+  length_->setText(points.size() == 1 ? "1 point"
                    : points.empty()   ? QString()
-                                      : tr("%1 points, %2 nm").arg(points.size()).arg(distance));
+                                    : QString("%1 points, %2 nm").arg(points.size()).arg(distance));
 }
 
-void FrmRouteWayPoints::Accept() {
+void frmRouteWayPoints::Accept() {
   const RouteEdit outcome =
       EditRoute(desktop(), "Route by Waypoint List", [this](RouteState& route) {
         return CreateRouteFromRows(route, route_->rows(), RouteDefaultsOf(desktop().program),

@@ -6,11 +6,11 @@
 namespace skerrow {
 
 // "Route by Waypoint List": makes the route from waypoints of any files.
-class FrmRouteWayPoints : public Dialog {
+class frmRouteWayPoints : public Dialog {
   Q_OBJECT
 
  public:
-  FrmRouteWayPoints(Desktop& desktop, QWidget* parent);
+  frmRouteWayPoints(Desktop& desktop, QWidget* parent);
 
  private:
   void Add();

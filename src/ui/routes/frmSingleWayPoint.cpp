@@ -26,10 +26,10 @@ class NamePrompt final : public Dialog {
     body()->addWidget(
         MakeHint(ToQt(LatToText(position.latitude) + "   " + LongToText(position.longitude))));
     body()->addStretch(1);
-    QPushButton* ok = AddButton("cmdOK", tr("OK"));
+    QPushButton* ok = AddButton("cmdOK", "OK");
     ok->setDefault(true);
     QPushButton* cancel =
-        AddButton("cmdCancel", tr("Cancel"), tr("Leaves the entry of waypoints by mouse"));
+        AddButton("cmdCancel", "Cancel", "Leaves the entry of waypoints by mouse");
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     name_->setFocus();
@@ -62,9 +62,9 @@ void EnterWaypointByMouse(Desktop& desktop, Position position, QWidget* parent) 
   desktop.window.Changed(kViewChanged);
 }
 
-FrmSingleWayPoint::FrmSingleWayPoint(Desktop& desktop, std::optional<Position> picked,
+frmSingleWayPoint::frmSingleWayPoint(Desktop& desktop, std::optional<Position> picked,
                                      QWidget* parent)
-    : Dialog(desktop, picked ? "frmMouseInput" : "frmSingleWayPoint", tr("Waypoint Entry"), parent),
+    : Dialog(desktop, picked ? "frmMouseInput" : "frmSingleWayPoint", "Waypoint Entry", parent),
       name_(Named<QLineEdit>("txtWayName")),
       latitude_(MakeLatitudeEdit(desktop.messages, "txtWayLat")),
       longitude_(MakeLongitudeEdit(desktop.messages, "txtWayLong")) {
@@ -73,26 +73,26 @@ FrmSingleWayPoint::FrmSingleWayPoint(Desktop& desktop, std::optional<Position> p
   auto* form = new QFormLayout;
   form->setHorizontalSpacing(10);
   form->setVerticalSpacing(8);
-  form->addRow(tr("&Name:"), name_);
-  form->addRow(tr("&Latitude:"), latitude_);
-  form->addRow(tr("L&ongitude:"), longitude_);
+  form->addRow("&Name:", name_);
+  form->addRow("&Latitude:", latitude_);
+  form->addRow("L&ongitude:", longitude_);
   body()->addLayout(form);
-  body()->addWidget(MakeHint(
-      tr("The waypoint is added to %1.").arg(ToQt(Trim(desktop.program.config.waypoint_file)))));
+  body()->addWidget(MakeHint(QString("The waypoint is added to %1.")
+                                 .arg(ToQt(Trim(desktop.program.config.waypoint_file)))));
   body()->addStretch(1);
   if (picked) {
     latitude_->SetText(LatToText(picked->latitude));
     longitude_->SetText(LongToText(picked->longitude));
   }
-  QPushButton* ok = AddButton("cmdOK", tr("OK"));
+  QPushButton* ok = AddButton("cmdOK", "OK");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   name_->setFocus();
 }
 
-void FrmSingleWayPoint::Accept() {
+void frmSingleWayPoint::Accept() {
   const SingleWaypoint entry =
       CheckSingleWaypoint(FromQt(name_->text()), latitude_->Text(), longitude_->Text());
   if (entry.refusal != WaypointRefusal::kNone) {

@@ -11,11 +11,11 @@ namespace skerrow {
 
 // Entry of one waypoint, which is appended to the current file: `frmSingleWayPoint` with a typed
 // position, `frmMouseInput` with one picked on the chart, which can still be changed.
-class FrmSingleWayPoint : public Dialog {
+class frmSingleWayPoint : public Dialog {
   Q_OBJECT
 
  public:
-  FrmSingleWayPoint(Desktop& desktop, std::optional<Position> picked, QWidget* parent);
+  frmSingleWayPoint(Desktop& desktop, std::optional<Position> picked, QWidget* parent);
 
  private:
   void Accept();

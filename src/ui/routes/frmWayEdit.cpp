@@ -24,8 +24,8 @@ QPushButton* MakeButton(const char* name, const QString& text, const QString& ti
 
 }  // namespace
 
-FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file)
-    : Dialog(desktop, "frmWayEdit", tr("Select a File to Edit"), parent),
+frmWayEdit::frmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file)
+    : Dialog(desktop, "frmWayEdit", "Select a File to Edit", parent),
       work_(desktop.program.folders),
       files_(new FileList),
       entries_(new WaypointList("List1", WaypointEditText)),
@@ -33,8 +33,8 @@ FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kep
       name_(Named<QLineEdit>("txtWayName")),
       latitude_(MakeLatitudeEdit(desktop.messages, "txtWayLat")),
       longitude_(MakeLongitudeEdit(desktop.messages, "txtWayLong")),
-      print_all_(Named<QRadioButton>("optAll", tr("A&ll"))),
-      print_selected_(Named<QRadioButton>("optSelected", tr("Selecte&d"))) {
+      print_all_(Named<QRadioButton>("optAll", "A&ll")),
+      print_selected_(Named<QRadioButton>("optSelected", "Selecte&d")) {
   entries_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   name_->setMaxLength(35);
   auto* columns = new QHBoxLayout;
@@ -57,18 +57,16 @@ FrmWayEdit::FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kep
   resize(820, 560);
 }
 
-QWidget* FrmWayEdit::MakeFileColumn() {
+QWidget* frmWayEdit::MakeFileColumn() {
   auto* column = new QWidget;
   auto* rows = new QVBoxLayout(column);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(6);
-  rows->addWidget(MakeLabel(tr("Waypoint &files"), files_));
+  rows->addWidget(MakeLabel("Waypoint &files", files_));
   rows->addWidget(files_, 1);
-  QPushButton* create =
-      MakeButton("cmdCreateNew", tr("Create &New"), tr("Makes an empty waypoint file"));
-  QPushButton* copy =
-      MakeButton("cmdCopy", tr("Cop&y"), tr("Makes a file from waypoints of others"));
-  QPushButton* print = MakeButton("cmdPrint", tr("&Print"), tr("Prints the rows of the list"));
+  QPushButton* create = MakeButton("cmdCreateNew", "Create &New", "Makes an empty waypoint file");
+  QPushButton* copy = MakeButton("cmdCopy", "Cop&y", "Makes a file from waypoints of others");
+  QPushButton* print = MakeButton("cmdPrint", "&Print", "Prints the rows of the list");
   auto* choices = new QHBoxLayout;
   choices->setSpacing(12);
   choices->addWidget(print_all_);
@@ -83,13 +81,13 @@ QWidget* FrmWayEdit::MakeFileColumn() {
   return column;
 }
 
-QWidget* FrmWayEdit::MakeEntryColumn() {
+QWidget* frmWayEdit::MakeEntryColumn() {
   auto* column = new QWidget;
   auto* rows = new QVBoxLayout(column);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(6);
   auto* head = new QHBoxLayout;
-  head->addWidget(MakeLabel(tr("Ent&ries"), entries_), 1);
+  head->addWidget(MakeLabel("Ent&ries", entries_), 1);
   head->addWidget(count_);
   rows->addLayout(head);
   rows->addWidget(entries_, 1);
@@ -97,29 +95,27 @@ QWidget* FrmWayEdit::MakeEntryColumn() {
   return column;
 }
 
-QWidget* FrmWayEdit::MakeEntryBox() {
-  auto* box = new QGroupBox(tr("Entry"));
+QWidget* frmWayEdit::MakeEntryBox() {
+  auto* box = new QGroupBox("Entry");
   auto* grid = new QGridLayout(box);
   grid->setHorizontalSpacing(8);
-  grid->addWidget(MakeLabel(tr("Na&me"), name_), 0, 0);
-  grid->addWidget(MakeLabel(tr("Lat&itude"), latitude_), 0, 1);
-  grid->addWidget(MakeLabel(tr("Lon&gitude"), longitude_), 0, 2);
+  grid->addWidget(MakeLabel("Na&me", name_), 0, 0);
+  grid->addWidget(MakeLabel("Lat&itude", latitude_), 0, 1);
+  grid->addWidget(MakeLabel("Lon&gitude", longitude_), 0, 2);
   grid->addWidget(name_, 1, 0);
   grid->addWidget(latitude_, 1, 1);
   grid->addWidget(longitude_, 1, 2);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
-  QPushButton* add = MakeButton("cmdAdd", tr("&Add New Point"),
-                                tr("Puts the entry at the end of the list (Enter)"));
+  QPushButton* add =
+      MakeButton("cmdAdd", "&Add New Point", "Puts the entry at the end of the list (Enter)");
   QPushButton* insert =
-      MakeButton("cmdInsert", tr("Ins&ert Entry"), tr("Puts the entry before the highlighted row"));
-  QPushButton* change =
-      MakeButton("cmdChange", tr("&Change Entry"), tr("Replaces the highlighted row"));
-  QPushButton* remove =
-      MakeButton("cmdDelete", tr("Dele&te Entry"), tr("Removes the highlighted row"));
+      MakeButton("cmdInsert", "Ins&ert Entry", "Puts the entry before the highlighted row");
+  QPushButton* change = MakeButton("cmdChange", "&Change Entry", "Replaces the highlighted row");
+  QPushButton* remove = MakeButton("cmdDelete", "Dele&te Entry", "Removes the highlighted row");
   for (QPushButton* button : {add, insert, change, remove}) buttons->addWidget(button, 1);
   grid->addLayout(buttons, 2, 0, 1, 3);
-  QLabel* hint = MakeHint(tr("Double-click a row to bring it into the boxes."));
+  QLabel* hint = MakeHint("Double-click a row to bring it into the boxes.");
   grid->addWidget(hint, 3, 0, 1, 3);
   grid->setColumnStretch(0, 1);
   connect(add, &QPushButton::clicked, this, [this] { AddPoint(); });
@@ -131,21 +127,21 @@ QWidget* FrmWayEdit::MakeEntryBox() {
   return box;
 }
 
-void FrmWayEdit::MakeButtons() {
-  QPushButton* save = AddButton("cmdSave", tr("&Save && Exit"));
+void frmWayEdit::MakeButtons() {
+  QPushButton* save = AddButton("cmdSave", "&Save && Exit");
   save->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(save, &QPushButton::clicked, this, [this] { SaveAndExit(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-bool FrmWayEdit::MayLeaveFile() {
+bool frmWayEdit::MayLeaveFile() {
   return !work_.changed() ||
          desktop().messages.Ask("Leave " + work_.file_name() +
                                 " without saving the changes to its waypoints?");
 }
 
-void FrmWayEdit::Open(const std::string& file_name, bool kept) {
+void frmWayEdit::Open(const std::string& file_name, bool kept) {
   if (const Status opened = work_.Open(file_name, kept); !opened) {
     desktop().messages.Show(opened.error().Text(), MessageIcon::kWarning);
   }
@@ -154,7 +150,7 @@ void FrmWayEdit::Open(const std::string& file_name, bool kept) {
   Refresh(work_.rows().size());
 }
 
-void FrmWayEdit::ShowFile() {
+void frmWayEdit::ShowFile() {
   const std::string name = files_->Selected();
   if (name.empty() || name == work_.file_name()) return;
   if (MayLeaveFile()) {
@@ -165,18 +161,18 @@ void FrmWayEdit::ShowFile() {
   }
 }
 
-void FrmWayEdit::Refresh(std::size_t select) {
+void frmWayEdit::Refresh(std::size_t select) {
   entries_->SetRows(work_.rows());
   entries_->SelectIndex(select);
   if (entries_->currentItem() != nullptr) entries_->scrollToItem(entries_->currentItem());
-  count_->setText(tr("%1 waypoints").arg(work_.rows().size()));
+  count_->setText(QString("%1 waypoints").arg(work_.rows().size()));
 }
 
-CheckedWaypoint FrmWayEdit::Entry() const {
+CheckedWaypoint frmWayEdit::Entry() const {
   return CheckWaypointEntry(FromQt(name_->text()), latitude_->Text(), longitude_->Text());
 }
 
-void FrmWayEdit::Ended(WaypointRefusal refusal, std::size_t select) {
+void frmWayEdit::Ended(WaypointRefusal refusal, std::size_t select) {
   if (refusal != WaypointRefusal::kNone) {
     QWidget* field = entries_;
     if (refusal == WaypointRefusal::kBadLatitude) field = latitude_;
@@ -190,13 +186,13 @@ void FrmWayEdit::Ended(WaypointRefusal refusal, std::size_t select) {
   Refresh(select);
 }
 
-WaypointRefusal FrmWayEdit::WithEntry(const std::function<bool(const WaypointRow&)>& change) {
+WaypointRefusal frmWayEdit::WithEntry(const std::function<bool(const WaypointRow&)>& change) {
   const CheckedWaypoint entry = Entry();
   if (entry.refusal != WaypointRefusal::kNone) return entry.refusal;
   return change(entry.row) ? WaypointRefusal::kNone : WaypointRefusal::kNoRowSelected;
 }
 
-void FrmWayEdit::AddPoint() {
+void frmWayEdit::AddPoint() {
   if (work_.file_name().empty()) {
     Ended(WaypointRefusal::kNoRowSelected, 0);
     return;
@@ -208,17 +204,17 @@ void FrmWayEdit::AddPoint() {
   if (refusal == WaypointRefusal::kNone) name_->setFocus();
 }
 
-void FrmWayEdit::InsertEntry() {
+void frmWayEdit::InsertEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size() + 1);
   Ended(WithEntry([&](const WaypointRow& entry) { return work_.Insert(row, entry); }), row);
 }
 
-void FrmWayEdit::ChangeEntry() {
+void frmWayEdit::ChangeEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size());
   Ended(WithEntry([&](const WaypointRow& entry) { return work_.Change(row, entry); }), row);
 }
 
-void FrmWayEdit::DeleteEntry() {
+void frmWayEdit::DeleteEntry() {
   const std::size_t row = entries_->SelectedIndex().value_or(work_.rows().size());
   if (!work_.Delete(row)) {
     Ended(WaypointRefusal::kNoRowSelected, 0);
@@ -227,7 +223,7 @@ void FrmWayEdit::DeleteEntry() {
   Refresh(work_.rows().empty() ? 0 : std::min(row, work_.rows().size() - 1));
 }
 
-void FrmWayEdit::LoadEntry() {
+void frmWayEdit::LoadEntry() {
   const std::optional<WaypointRow> row = entries_->SelectedRow();
   if (!row) return;
   name_->setText(ToQt(row->name));
@@ -237,9 +233,9 @@ void FrmWayEdit::LoadEntry() {
   name_->selectAll();
 }
 
-void FrmWayEdit::CreateNew() {
+void frmWayEdit::CreateNew() {
   if (!MayLeaveFile()) return;
-  FrmNewWay dialog(desktop(), this, NameEntry::kWaypointEditNew);
+  frmNewWay dialog(desktop(), this, NameEntry::kWaypointEditNew);
   if (dialog.exec() != QDialog::Accepted) return;
   {
     const QSignalBlocker quiet(files_);
@@ -249,8 +245,8 @@ void FrmWayEdit::CreateNew() {
   name_->setFocus();
 }
 
-void FrmWayEdit::Copy() {
-  FrmWayCopy dialog(desktop(), this);
+void frmWayEdit::Copy() {
+  frmwaycopy dialog(desktop(), this);
   const bool saved = dialog.exec() == QDialog::Accepted;
   {
     const QSignalBlocker quiet(files_);
@@ -263,12 +259,12 @@ void FrmWayEdit::Copy() {
   }
 }
 
-void FrmWayEdit::Print() {
+void frmWayEdit::Print() {
   const std::vector<std::string> lines = entries_->Texts(print_selected_->isChecked());
   PrintPages(desktop(), this, ReportPage(work_.file_name(), "", lines));
 }
 
-void FrmWayEdit::SaveAndExit() {
+void frmWayEdit::SaveAndExit() {
   Program& program = desktop().program;
   if (!work_.file_name().empty()) {
     if (const Status saved = work_.Save(); !saved) {
@@ -285,7 +281,7 @@ void FrmWayEdit::SaveAndExit() {
   desktop().window.Changed(kViewChanged);
 }
 
-void FrmWayEdit::done(int result) {
+void frmWayEdit::done(int result) {
   if (result == QDialog::Rejected && !MayLeaveFile()) return;
   work_.Abandon();
   Dialog::done(result);

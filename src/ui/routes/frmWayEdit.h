@@ -14,12 +14,12 @@ namespace skerrow {
 
 // "Select a File to Edit": the waypoint files and the entries of one, which change in a file only
 // by "Save & Exit".
-class FrmWayEdit : public Dialog {
+class frmWayEdit : public Dialog {
   Q_OBJECT
 
  public:
   // With `kept_file` the unsaved rows that an earlier run left of that file are taken up.
-  FrmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file = {});
+  frmWayEdit(Desktop& desktop, QWidget* parent, const std::string& kept_file = {});
 
   void done(int result) override;
 

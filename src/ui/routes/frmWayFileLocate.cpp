@@ -2,13 +2,13 @@
 
 namespace skerrow {
 
-FrmWayFileLocate::FrmWayFileLocate(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmWayFileLocate", tr("Locate a waypoint"), parent),
+frmWayFileLocate::frmWayFileLocate(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmWayFileLocate", "Locate a waypoint", parent),
       picker_(new WaypointPicker(desktop, "List1", Qt::Horizontal)) {
   body()->addWidget(picker_, 1);
-  QPushButton* ok = AddButton("cmdOK", tr("OK"), tr("Moves the chart to the waypoint"));
+  QPushButton* ok = AddButton("cmdOK", "OK", "Moves the chart to the waypoint");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(picker_->list(), &QListWidget::itemDoubleClicked, this, [this] { Accept(); });
   connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -16,7 +16,7 @@ FrmWayFileLocate::FrmWayFileLocate(Desktop& desktop, QWidget* parent)
   resize(640, 420);
 }
 
-void FrmWayFileLocate::Accept() {
+void frmWayFileLocate::Accept() {
   const std::optional<std::size_t> selected = picker_->list()->SelectedIndex();
   const WaypointRefusal refusal = CheckLocate(picker_->list()->rows().size(), selected);
   if (refusal != WaypointRefusal::kNone) {

@@ -8,11 +8,11 @@
 namespace skerrow {
 
 // "Locate a waypoint": picks a waypoint of any file for the chart to go to.
-class FrmWayFileLocate : public Dialog {
+class frmWayFileLocate : public Dialog {
   Q_OBJECT
 
  public:
-  FrmWayFileLocate(Desktop& desktop, QWidget* parent);
+  frmWayFileLocate(Desktop& desktop, QWidget* parent);
 
   // What OK has picked, as the file has it.
   const std::optional<Waypoint>& picked() const { return picked_; }

@@ -4,10 +4,10 @@
 
 namespace skerrow {
 
-FrmWaySave::FrmWaySave(Desktop& desktop, QWidget* parent)
-    : NameDialog(desktop, "frmWaySave", tr("Save Waypoints"), NameEntry::kWaypointSave, parent) {}
+frmWaySave::frmWaySave(Desktop& desktop, QWidget* parent)
+    : NameDialog(desktop, "frmWaySave", "Save Waypoints", NameEntry::kWaypointSave, parent) {}
 
-Status FrmWaySave::Write(const std::string& file_name) {
+Status frmWaySave::Write(const std::string& file_name) {
   Program& program = desktop().program;
   Status saved = SaveWaypointsAs(program.folders, file_name, program.waypoints);
   if (saved) {

@@ -5,11 +5,11 @@
 namespace skerrow {
 
 // "Save Waypoints": writes the waypoints in memory, moved ones where they are now, to a file.
-class FrmWaySave : public NameDialog {
+class frmWaySave : public NameDialog {
   Q_OBJECT
 
  public:
-  FrmWaySave(Desktop& desktop, QWidget* parent);
+  frmWaySave(Desktop& desktop, QWidget* parent);
 
  protected:
   Status Write(const std::string& file_name) override;

@@ -5,8 +5,8 @@
 
 namespace skerrow {
 
-FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
-    : Dialog(desktop, "frmwaycopy", tr("Copy Waypoints"), parent),
+frmwaycopy::frmwaycopy(Desktop& desktop, QWidget* parent)
+    : Dialog(desktop, "frmwaycopy", "Copy Waypoints", parent),
       picker_(new WaypointPicker(desktop, "List1", Qt::Horizontal)),
       copied_(new WaypointList("List2", PickListText)),
       name_(Named<QLineEdit>("txtFileName")) {
@@ -15,21 +15,21 @@ FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
   columns->addWidget(picker_, 3);
   auto* right = new QVBoxLayout;
   right->setSpacing(4);
-  right->addWidget(MakeLabel(tr("&Copied"), copied_));
+  right->addWidget(MakeLabel("&Copied", copied_));
   right->addWidget(copied_, 1);
   columns->addLayout(right, 2);
   body()->addLayout(columns, 1);
   body()->addWidget(
-      MakeHint(tr("Click a waypoint to copy it; double-click a copied one to take it "
-                  "out again.")));
+      MakeHint("Click a waypoint to copy it; double-click a copied one to take it "
+               "out again."));
   auto* target = new QHBoxLayout;
   name_->setMaxLength(120);
-  target->addWidget(MakeLabel(tr("&Destination file:"), name_));
+  target->addWidget(MakeLabel("&Destination file:", name_));
   target->addWidget(name_, 1);
   body()->addLayout(target);
-  QPushButton* save = AddButton("cmdSave", tr("&Save"));
+  QPushButton* save = AddButton("cmdSave", "&Save");
   save->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(picker_->list(), &QListWidget::itemClicked, this, [this] { Add(); });
   KeyAction::Install(picker_->list(), Qt::Key_Return, [this] { Add(); });
   KeyAction::Install(copied_, Qt::Key_Delete, [this] { Remove(); });
@@ -40,11 +40,11 @@ FrmWayCopy::FrmWayCopy(Desktop& desktop, QWidget* parent)
   resize(980, 480);
 }
 
-void FrmWayCopy::Add() {
+void frmwaycopy::Add() {
   if (const std::optional<WaypointRow> row = picker_->list()->SelectedRow()) copied_->Append(*row);
 }
 
-void FrmWayCopy::Remove() {
+void frmwaycopy::Remove() {
   const std::optional<std::size_t> index = copied_->SelectedIndex();
   if (!index) {
     Refuse(WaypointRefusalText(WaypointRefusal::kNothingToRemove), false, copied_);
@@ -53,7 +53,7 @@ void FrmWayCopy::Remove() {
   copied_->RemoveAt(*index);
 }
 
-void FrmWayCopy::Save() {
+void frmwaycopy::Save() {
   const CheckedCopy checked = CheckWaypointCopy(FromQt(name_->text()), copied_->rows().size());
   if (checked.refusal != WaypointRefusal::kNone) {
     Refuse(WaypointRefusalText(checked.refusal), false,

@@ -8,11 +8,11 @@
 namespace skerrow {
 
 // "Copy Waypoints": makes a waypoint file of entries of others.
-class FrmWayCopy : public Dialog {
+class frmwaycopy : public Dialog {
   Q_OBJECT
 
  public:
-  FrmWayCopy(Desktop& desktop, QWidget* parent);
+  frmwaycopy(Desktop& desktop, QWidget* parent);
 
   // The file written; empty before the dialog was accepted.
   const std::string& file_name() const { return file_name_; }

@@ -14,16 +14,15 @@ namespace {
 
 constexpr std::string_view kFoldersSection = "Folders";
 
-QString TitleOf(FileKind kind, FrmWayImport::Direction direction) {
-  if (direction == FrmWayImport::Direction::kImport) return ToQt(ImportTitle(kind));
-  return kind == FileKind::kWaypoint
-             ? QObject::tr("Export Skerrow Waypoint files to external storage")
-             : QObject::tr("Export Skerrow Route files to external storage");
+QString TitleOf(FileKind kind, frmwayimport::Direction direction) {
+  if (direction == frmwayimport::Direction::kImport) return ToQt(ImportTitle(kind));
+  return kind == FileKind::kWaypoint ? "Export Skerrow Waypoint files to external storage"
+                                     : "Export Skerrow Route files to external storage";
 }
 
 // The key that the folder last used is stored under.
-std::string FolderKey(FileKind kind, FrmWayImport::Direction direction) {
-  const std::string verb = direction == FrmWayImport::Direction::kImport ? "Import" : "Export";
+std::string FolderKey(FileKind kind, frmwayimport::Direction direction) {
+  const std::string verb = direction == frmwayimport::Direction::kImport ? "Import" : "Export";
   return verb + (kind == FileKind::kWaypoint ? "Waypoints" : "Routes");
 }
 
@@ -52,7 +51,7 @@ Result<int> ExportFiles(const Folders& folders, FileKind kind,
   return copied;
 }
 
-FrmWayImport::FrmWayImport(Desktop& desktop, FileKind kind, QWidget* parent, Direction direction)
+frmwayimport::frmwayimport(Desktop& desktop, FileKind kind, QWidget* parent, Direction direction)
     : Dialog(desktop, direction == Direction::kImport ? "frmwayimport" : "frmwayexport",
              TitleOf(kind, direction), parent),
       kind_(kind),
@@ -60,30 +59,30 @@ FrmWayImport::FrmWayImport(Desktop& desktop, FileKind kind, QWidget* parent, Dir
       folder_(Named<QLineEdit>("txtFolder")),
       files_(new FileList),
       chosen_(Named<QLabel>("lblChosen")) {
-  body()->addWidget(MakeLabel(
-      importing() ? tr("&Copy from the folder:") : tr("&Copy into the folder:"), folder_));
+  body()->addWidget(
+      MakeLabel(importing() ? "&Copy from the folder:" : "&Copy into the folder:", folder_));
   auto* place = new QHBoxLayout;
-  auto* browse = Named<QPushButton>("cmdBrowse", tr("&Browse..."));
+  auto* browse = Named<QPushButton>("cmdBrowse", "&Browse...");
   browse->setAutoDefault(false);
   place->addWidget(folder_, 1);
   place->addWidget(browse);
   body()->addLayout(place);
   const QString filter = QStringLiteral("*") + ToQt(ExtensionOf(kind));
-  body()->addWidget(MakeLabel(tr("&Files (%1):").arg(filter), files_));
+  body()->addWidget(MakeLabel(QString("&Files (%1):").arg(filter), files_));
   body()->addWidget(files_, 1);
   body()->addWidget(chosen_);
   files_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  QPushButton* all = AddLeftButton("cmdSelectAll", tr("Select &All"));
-  QPushButton* ok = AddButton("cmdOK", tr("OK"), tr("Copies the selected files"));
+  QPushButton* all = AddLeftButton("cmdSelectAll", "Select &All");
+  QPushButton* ok = AddButton("cmdOK", "OK", "Copies the selected files");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(browse, &QPushButton::clicked, this, [this] { Browse(); });
   connect(all, &QPushButton::clicked, files_, &QListWidget::selectAll);
   connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] {
     const auto count = files_->selectedItems().size();
-    chosen_->setText(tr("%1 of %2 files selected").arg(count).arg(files_->count()));
+    chosen_->setText(QString("%1 of %2 files selected").arg(count).arg(files_->count()));
   });
   folder_->setText(QDir::toNativeSeparators(ToQt(FirstFolder())));
   if (importing()) connect(folder_, &QLineEdit::textChanged, this, [this] { FillList(); });
@@ -92,7 +91,7 @@ FrmWayImport::FrmWayImport(Desktop& desktop, FileKind kind, QWidget* parent, Dir
   resize(560, 420);
 }
 
-std::string FrmWayImport::FirstFolder() const {
+std::string frmwayimport::FirstFolder() const {
   const std::string stored = desktop().settings.Get(kFoldersSection, FolderKey(kind_, direction_));
   if (QFileInfo(ToQt(stored)).isDir()) return stored;
   const Folders& folders = desktop().program.folders;
@@ -101,23 +100,23 @@ std::string FrmWayImport::FirstFolder() const {
   return folders.documents;
 }
 
-void FrmWayImport::Browse() {
+void frmwayimport::Browse() {
   const QString folder = QFileDialog::getExistingDirectory(
       this, windowTitle(), folder_->text(),
       QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
   if (!folder.isEmpty()) folder_->setText(QDir::toNativeSeparators(folder));
 }
 
-void FrmWayImport::FillList() {
+void frmwayimport::FillList() {
   files_->Fill(importing() ? NativePath(FromQt(folder_->text()))
                            : FolderOfKind(desktop().program.folders, kind_),
                kind_);
   chosen_->setText(files_->count() == 0
-                       ? tr("There are no such files in this folder.")
-                       : tr("%1 of %2 files selected").arg(0).arg(files_->count()));
+                       ? "There are no such files in this folder."
+                       : QString("%1 of %2 files selected").arg(0).arg(files_->count()));
 }
 
-void FrmWayImport::Accept() {
+void frmwayimport::Accept() {
   Program& program = desktop().program;
   const std::string folder = NativePath(FromQt(folder_->text()));
   std::vector<std::string> names;

@@ -11,13 +11,13 @@ namespace skerrow {
 
 // Whole waypoint or route files to or from another disk. `frmwayimport` copies the chosen files of
 // a folder into the user's; `frmwayexport` copies the user's files out.
-class FrmWayImport : public Dialog {
+class frmwayimport : public Dialog {
   Q_OBJECT
 
  public:
   enum class Direction { kImport, kExport };
 
-  FrmWayImport(Desktop& desktop, FileKind kind, QWidget* parent,
+  frmwayimport(Desktop& desktop, FileKind kind, QWidget* parent,
                Direction direction = Direction::kImport);
 
  private:

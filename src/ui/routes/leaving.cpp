@@ -17,7 +17,7 @@ namespace {
 // True when the unsaved work that `text` tells of has been saved by `Form`, or may go.
 template <typename Form>
 bool MayLose(Desktop& desktop, const QString& text, QWidget* parent) {
-  FrmUnsaved question(desktop, text, parent);
+  frmUnsaved question(desktop, text, parent);
   question.exec();
   if (question.choice() != UnsavedChoice::kSave) {
     return question.choice() == UnsavedChoice::kDiscard;
@@ -30,23 +30,22 @@ class RecoveryForm final : public Dialog {
  public:
   RecoveryForm(Desktop& desktop, const std::optional<KeptWork>& kept_route,
                const std::optional<KeptWork>& kept_waypoints, QWidget* parent)
-      : Dialog(desktop, "frmRecovery", tr("Recovered Work"), parent),
+      : Dialog(desktop, "frmRecovery", "Recovered Work", parent),
         route(Named<QCheckBox>("chkRoute")),
         waypoints(Named<QCheckBox>("chkWaypoints")) {
-    body()->addWidget(
-        MakeHeading(tr("The program ended before this work was saved. Take it back?")));
-    Offer(route, kept_route, tr("The &route of %1 points, as it was at %2"));
+    body()->addWidget(MakeHeading("The program ended before this work was saved. Take it back?"));
+    Offer(route, kept_route, "The &route of %1 points, as it was at %2");
     QString file = ToQt(kept_waypoints ? kept_waypoints->file_name : std::string());
     file.replace(QLatin1Char('&'), QStringLiteral("&&"));
     Offer(waypoints, kept_waypoints,
-          tr("The %1 &waypoints of %2 that were being edited, as they were at %3")
+          QString("The %1 &waypoints of %2 that were being edited, as they were at %3")
               .arg(QStringLiteral("%1"), file, QStringLiteral("%2")));
-    body()->addWidget(MakeHint(tr("Nothing is written to your files by this.")));
+    body()->addWidget(MakeHint("Nothing is written to your files by this."));
     body()->addStretch(1);
-    QPushButton* discard = AddLeftButton("cmdDiscard", tr("&Discard"), tr("Drops the work"));
-    QPushButton* recover = AddButton("cmdRecover", tr("R&ecover"));
+    QPushButton* discard = AddLeftButton("cmdDiscard", "&Discard", "Drops the work");
+    QPushButton* recover = AddButton("cmdRecover", "R&ecover");
     recover->setDefault(true);
-    QPushButton* later = AddButton("cmdCancel", tr("Cancel"), tr("Asks again at the next start"));
+    QPushButton* later = AddButton("cmdCancel", "Cancel", "Asks again at the next start");
     connect(recover, &QPushButton::clicked, this, &QDialog::accept);
     connect(later, &QPushButton::clicked, this, &QDialog::reject);
     connect(discard, &QPushButton::clicked, this, [this] {
@@ -79,15 +78,15 @@ void TakeRouteBack(Desktop& desktop, const std::string& path) {
 
 }  // namespace
 
-FrmUnsaved::FrmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
-    : Dialog(desktop, "frmUnsaved", tr("Unsaved Changes"), parent) {
+frmUnsaved::frmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
+    : Dialog(desktop, "frmUnsaved", "Unsaved Changes", parent) {
   body()->addWidget(MakeHeading(text));
-  body()->addWidget(MakeHint(tr("What is not saved will be lost.")));
+  body()->addWidget(MakeHint("What is not saved will be lost."));
   body()->addStretch(1);
-  QPushButton* discard = AddLeftButton("cmdDiscard", tr("&Don't Save"));
-  QPushButton* save = AddButton("cmdSave", tr("&Save..."));
+  QPushButton* discard = AddLeftButton("cmdDiscard", "&Don't Save");
+  QPushButton* save = AddButton("cmdSave", "&Save...");
   save->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   const auto choose = [this](UnsavedChoice choice) {
     choice_ = choice;
     accept();
@@ -100,14 +99,13 @@ FrmUnsaved::FrmUnsaved(Desktop& desktop, const QString& text, QWidget* parent)
 
 bool MayLoseRoute(Desktop& desktop, QWidget* parent) {
   return !RouteUnsaved(desktop.program) ||
-         MayLose<FrmRouteSave>(
-             desktop, QObject::tr("The route has changes that are in no route file."), parent);
+         MayLose<frmRouteSave>(desktop, "The route has changes that are in no route file.", parent);
 }
 
 bool MayLoseWaypoints(Desktop& desktop, QWidget* parent) {
   return !WaypointsUnsaved(desktop.program) ||
-         MayLose<FrmWaySave>(desktop,
-                             QObject::tr("Waypoints of %1 have been moved and are not saved.")
+         MayLose<frmWaySave>(desktop,
+                             QString("Waypoints of %1 have been moved and are not saved.")
                                  .arg(ToQt(desktop.program.config.waypoint_file)),
                              parent);
 }
@@ -141,7 +139,7 @@ void OfferRecovery(Desktop& desktop, QWidget* parent) {
   }
   if (waypoints) {
     if (form.waypoints->isChecked()) {
-      FrmWayEdit(desktop, parent, waypoints->file_name).exec();
+      frmWayEdit(desktop, parent, waypoints->file_name).exec();
     } else {
       (void)DeleteFile(waypoints->path);
     }

@@ -8,11 +8,11 @@ namespace skerrow {
 enum class UnsavedChoice { kCancel, kSave, kDiscard };
 
 // "Unsaved Changes": Save, Don't Save and Cancel over a sentence that says what would be lost.
-class FrmUnsaved : public Dialog {
+class frmUnsaved : public Dialog {
   Q_OBJECT
 
  public:
-  FrmUnsaved(Desktop& desktop, const QString& text, QWidget* parent);
+  frmUnsaved(Desktop& desktop, const QString& text, QWidget* parent);
 
   UnsavedChoice choice() const { return choice_; }
 

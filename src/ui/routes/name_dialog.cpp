@@ -12,16 +12,16 @@ NameDialog::NameDialog(Desktop& desktop, const char* name, const QString& title,
       files_(new FileList) {
   const std::string folder = FolderOfKind(desktop.program.folders, kind());
   name_->setMaxLength(120);
-  name_->setToolTip(tr("The extension %1 is added").arg(ToQt(ExtensionOf(kind()))));
-  body()->addWidget(MakeLabel(tr("File &name:"), name_));
+  name_->setToolTip(QString("The extension %1 is added").arg(ToQt(ExtensionOf(kind()))));
+  body()->addWidget(MakeLabel("File &name:", name_));
   body()->addWidget(name_);
   body()->addSpacing(4);
-  body()->addWidget(MakeLabel(tr("&Files in the folder:"), files_));
+  body()->addWidget(MakeLabel("&Files in the folder:", files_));
   body()->addWidget(files_, 1);
-  body()->addWidget(MakeFolderHint(tr("Folder:"), folder));
-  QPushButton* ok = AddButton("cmdOK", tr("OK"));
+  body()->addWidget(MakeFolderHint("Folder:", folder));
+  QPushButton* ok = AddButton("cmdOK", "OK");
   ok->setDefault(true);
-  QPushButton* cancel = AddButton("cmdCancel", tr("Cancel"));
+  QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   files_->Fill(folder, kind());
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] {
     const std::string selected = files_->Selected();

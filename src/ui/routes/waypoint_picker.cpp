@@ -31,8 +31,8 @@ WaypointPicker::WaypointPicker(Desktop& desktop, const char* list_name, Qt::Orie
     part->addWidget(list, 1);
     parts->addLayout(part, stretch);
   };
-  add(tr("Waypoint &files"), files_, 1);
-  add(tr("&Waypoints"), list_, 2);
+  add("Waypoint &files", files_, 1);
+  add("&Waypoints", list_, 2);
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] { ShowFile(); });
   files_->Fill(desktop.program.folders.Waypoints(), FileKind::kWaypoint);
   files_->Select(desktop.program.config.waypoint_file);

@@ -34,7 +34,7 @@ void DimColourFields(const QColorDialog& dialog) {
 ColourButton::ColourButton(const char* name, const QString& what, QWidget* parent)
     : QPushButton(parent), what_(what) {
   setObjectName(QString::fromUtf8(name));
-  setToolTip(tr("%1: click to choose").arg(what));
+  setToolTip(QString("%1: click to choose").arg(what));
   setAccessibleName(what);
   setAutoDefault(false);
   setFixedWidth(64);

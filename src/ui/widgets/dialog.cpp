@@ -1,9 +1,9 @@
 #include "ui/widgets/dialog.h"
 
-#include <QScreen>
 #include <QShowEvent>
 #include <algorithm>
 
+#include "ui/widgets/place_window.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
@@ -106,14 +106,13 @@ void Dialog::done(int result) {
 void Dialog::showEvent(QShowEvent* event) {
   if (!placed_) {
     placed_ = true;
-    const QSize room = screen()->availableSize() - QSize(16, 48);
     const QStringList stored =
         ToQt(desktop_.settings.Get(kSizesSection, FromQt(objectName()))).split(QLatin1Char('x'));
     QSize wanted = size();
     if (stored.size() == 2 && stored[0].toInt() > 0 && stored[1].toInt() > 0) {
       wanted = QSize(stored[0].toInt(), stored[1].toInt());
     }
-    resize(wanted.expandedTo(minimumSizeHint()).boundedTo(room));
+    PlaceWindow(*this, wanted);
   }
   QDialog::showEvent(event);
 }

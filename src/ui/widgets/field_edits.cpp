@@ -82,30 +82,29 @@ void FilteredEdit::keyPressEvent(QKeyEvent* event) {
 }
 
 FilteredEdit* MakeSpeedEdit(Messages& beeper, const char* name) {
-  return MakeEdit(KeyFilter::kNumber, beeper, name, 6, "5.0", QObject::tr("Speed in knots"));
+  return MakeEdit(KeyFilter::kNumber, beeper, name, 6, "5.0", "Speed in knots");
 }
 
 FilteredEdit* MakeBearingEdit(Messages& beeper, const char* name) {
-  return MakeEdit(KeyFilter::kNumber, beeper, name, 6, "045", QObject::tr("Degrees, 0 to 360"));
+  return MakeEdit(KeyFilter::kNumber, beeper, name, 6, "045", "Degrees, 0 to 360");
 }
 
 FilteredEdit* MakeLatitudeEdit(Messages& beeper, const char* name) {
   return MakeEdit(KeyFilter::kLatitude, beeper, name, 10, "50.30.25N",
-                  QObject::tr("Degrees, minutes and hundredths, N or S: 50.30.25N"));
+                  "Degrees, minutes and hundredths, N or S: 50.30.25N");
 }
 
 FilteredEdit* MakeLongitudeEdit(Messages& beeper, const char* name) {
   return MakeEdit(KeyFilter::kLongitude, beeper, name, 10, "001.05.40W",
-                  QObject::tr("Degrees, minutes and hundredths, E or W: 001.05.40W"));
+                  "Degrees, minutes and hundredths, E or W: 001.05.40W");
 }
 
 TimeEntry::TimeEntry(Messages& beeper, const char* text_name, const char* hours_name,
                      const char* minutes_name, QWidget* parent)
     : QWidget(parent),
-      text_(MakeEdit(KeyFilter::kTime, beeper, text_name, 5, "hh:mm",
-                     tr("Hours and minutes: 09:05"))),
-      hours_(MakeTwoDigitList(hours_name, 24, tr("Hours"))),
-      minutes_(MakeTwoDigitList(minutes_name, 60, tr("Minutes"))) {
+      text_(MakeEdit(KeyFilter::kTime, beeper, text_name, 5, "hh:mm", "Hours and minutes: 09:05")),
+      hours_(MakeTwoDigitList(hours_name, 24, "Hours")),
+      minutes_(MakeTwoDigitList(minutes_name, 60, "Minutes")) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(6);

@@ -60,7 +60,7 @@ void PicturePreview::Open(const std::string& path) {
   job_ = std::make_shared<Job>(false);
   QTimer::singleShot(kNoteDelay, this, [this, job = job_] {
     if (job != job_) return;
-    note_ = tr("Opening the picture");
+    note_ = "Opening the picture";
     update();
   });
   pool_.start([this, job = job_, path] {
@@ -81,7 +81,7 @@ void PicturePreview::Open(const std::string& path) {
 void PicturePreview::Show(const QImage& image) {
   job_.reset();
   pixmap_ = QPixmap::fromImage(image);
-  note_ = image.isNull() ? tr("No preview") : QString();
+  note_ = image.isNull() ? "No preview" : QString();
   update();
 }
 

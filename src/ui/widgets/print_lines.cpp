@@ -17,19 +17,18 @@ namespace {
 class PrintChoice final : public Dialog {
  public:
   PrintChoice(Desktop& desktop, QWidget* parent)
-      : Dialog(desktop, "frmPrint", QObject::tr("Print"), parent),
-        printers_(Named<QComboBox>("cmbPrinter")) {
+      : Dialog(desktop, "frmPrint", "Print", parent), printers_(Named<QComboBox>("cmbPrinter")) {
     const std::string last = desktop.settings.Get(kPrintSection, kPrinterKey);
     for (const std::string& name : PrinterNames()) printers_->addItem(ToQt(name), ToQt(name));
-    printers_->addItem(QObject::tr("PDF file..."), QString());
+    printers_->addItem("PDF file...", QString());
     if (const int row = printers_->findData(ToQt(last)); row >= 0) printers_->setCurrentIndex(row);
     printers_->setMinimumContentsLength(28);
-    body()->addWidget(MakeLabel(QObject::tr("Print &to:"), printers_));
+    body()->addWidget(MakeLabel("Print &to:", printers_));
     body()->addWidget(printers_);
     body()->addStretch(1);
-    QPushButton* print = AddButton("cmdPrint", QObject::tr("&Print"));
+    QPushButton* print = AddButton("cmdPrint", "&Print");
     print->setDefault(true);
-    QPushButton* cancel = AddButton("cmdCancel", QObject::tr("Cancel"));
+    QPushButton* cancel = AddButton("cmdCancel", "Cancel");
     connect(print, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   }

@@ -22,7 +22,7 @@ ProgressDialog::ProgressDialog(QWidget* parent, const char* what, std::unique_pt
   column->addWidget(new QLabel(QString::fromUtf8(what)));
   bar_->setRange(0, 100);
   column->addWidget(bar_);
-  auto* cancel = new QPushButton(QObject::tr("&Cancel"));
+  auto* cancel = new QPushButton("&Cancel");
   cancel->setObjectName(QStringLiteral("cmdCancel"));
   column->addWidget(cancel, 0, Qt::AlignRight);
   QObject::connect(cancel, &QPushButton::clicked, window_.get(), &QDialog::reject);

@@ -69,33 +69,33 @@ const Row kRows[] = {
      "List1 txtroutestartname txtroutestartlat txtroutestartlong txtroutedestname txtroutedestlat "
      "txtroutedestlong txtroutespeed cmdRouteSpeed cmdModify rtedeptime lsthrs lstmins chkLeeway "
      "cmdTack cmdreverse cmdCopy Cmdrteok cmdrtecancel",
-     "lblroutedist chkUseSOG cmdUseGPS cmdWind", Open<FrmCalcRoute>},
+     "lblroutedist chkUseSOG cmdUseGPS cmdWind", Open<frmcalcroute>},
     {"frmresults", "Results", "cmdOK",
      "optSummary lstResults Option1 Option2 cmdClipboardCopy cmdresultsprint cmdOK",
-     "optTidalDetails chkDisplayAll chKTidalStreams", Open<FrmResults>},
+     "optTidalDetails chkDisplayAll chKTidalStreams", Open<frmresults>},
     {"frmrouteinfo", "Route Calculations", "cmdOK",
-     "List1 Option1 Option2 cmdClipboardCopy cmdresultsprint cmdOK", "", Open<FrmRouteInfo>},
+     "List1 Option1 Option2 cmdClipboardCopy cmdresultsprint cmdOK", "", Open<frmrouteinfo>},
     {"frmroutehistory", "Calculation History", "cmdOK",
      "lsthistresults Option1 Option2 cmdClipboardCopy cmdresultsprint cmdOK", "",
-     Open<FrmRouteHistory>},
+     Open<frmroutehistory>},
     {"frmRouteOptDeparture", "Optimise Departure", "cmdOptimise",
      "List1 Option5 cmdreverse cmdOptimise cmdrtecancel", "ProgressBar1 lblProgress",
-     Open<FrmRouteOptDeparture>},
+     Open<frmRouteOptDeparture>},
     {"frmOptResults", "Optimum Results", "cmdClose", "pctResults lstResults cmdClose",
-     "pctScale lblCursor", Open<FrmOptResults>},
+     "pctScale lblCursor", Open<frmOptResults>},
     {"frmSetLeg", "Single Leg Set-up", "cmdCalculate",
      "txtstartlat txtstartlong txtdestlat txtdestlong optFillStart optFillDest Txtboatspeed "
      "txtTime lsthrs lstmins chkLeeway txtLeeWay optPort optStarboard lstWaypoints lstResults "
      "cmdCalculate cmdCancel",
-     "txtLeeWay optPort optStarboard", Open<FrmSetLeg>},
+     "txtLeeWay optPort optStarboard", Open<frmSetLeg>},
     {"frmtimdat", "Date and Time", "cmdOK",
      "txtTime lsthrs lstmins lstDay lstMonth lstYear cmdOK cmdCancel", "Predictedday",
-     Open<FrmTimDat>},
+     Open<frmtimdat>},
     {"frmLoadChart", "Select Chart", "cmdOK",
      "lstAreas cmbScale txtScale txtSearch cmdSearch List1 cmdOK cmdCancel",
-     "lblChartNumber GdViewer1", Open<FrmLoadChart>},
+     "lblChartNumber GdViewer1", Open<frmLoadChart>},
     {"frmQuickInstructions", "Quick Instructions", "cmdOK", "txtInstructions cmdOK", "",
-     Open<FrmQuickInstructions>},
+     Open<frmQuickInstructions>},
     {"frmConfigure", "General Settings", "cmdOK",
      "Txtboatspeed Txtvariation txtCPAWind chkLeeway txtLeeWay txtCalcInterval txtErrorCircle "
      "txtSearchCircle chkUseTides optSummerTime optDaylightSavings cmdOK cmdCancel",
@@ -103,54 +103,54 @@ const Row kRows[] = {
      "cmbBarbLength cmbLineSize chkHideStreamId chkShowwind chkBarbDisplayText chkUseSmartMet "
      "chkStreamAsShape chkStreamFilled pctFontCol pctTidalStreamCol pctCOGCol pctWindCol",
      [](Desktop& desktop) -> Opened {
-       return std::make_unique<FrmConfigure>(desktop, nullptr, nullptr);
+       return std::make_unique<frmConfigure>(desktop, nullptr, nullptr);
      }},
     {"Frmdisclaimer", "Skerrow Helm (v6.0.0.1)", "cmdCCok", "List1 cmdCCok cmddecline", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<Frmdisclaimer>(desktop.program, desktop.messages);
      }},
     {"frmRouteLoad", "Load Route", "cmdOK", "fillist chkUseDefaultSpeed cmdOK cmdCancel", "",
-     Open<FrmRouteLoad>},
+     Open<frmRouteLoad>},
     {"frmRouteSave", "Save Route", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
-     Open<FrmRouteSave>},
+     Open<frmRouteSave>},
     {"frmWaySave", "Save Waypoints", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
-     Open<FrmWaySave>},
+     Open<frmWaySave>},
     {"frmNewWay", "New Waypoint File", "cmdOK", "txtFileName fillist cmdOK cmdCancel", "",
-     Open<FrmNewWay>},
-    {"frmLoadWay", "Load Waypoint File", "cmdOK", "fillist cmdOK cmdCancel", "", Open<FrmLoadWay>},
+     Open<frmNewWay>},
+    {"frmLoadWay", "Load Waypoint File", "cmdOK", "fillist cmdOK cmdCancel", "", Open<frmLoadWay>},
     {"frmWayDelete", "Delete Waypoint File", "cmdOK", "fillist cmdOK cmdCancel", "List1",
-     OpenKind<FrmFileDelete, FileKind::kWaypoint>},
+     OpenKind<frmFileDelete, FileKind::kWaypoint>},
     {"frmRouteDelete", "Delete Route File", "cmdOK", "fillist cmdOK cmdCancel", "List1",
-     OpenKind<FrmFileDelete, FileKind::kRoute>},
+     OpenKind<frmFileDelete, FileKind::kRoute>},
     {"frmwayimport", "Import Skerrow Waypoint files from floppy or external storage", "cmdOK",
      "txtFolder cmdBrowse fillist cmdSelectAll cmdOK cmdCancel", "",
-     OpenKind<FrmWayImport, FileKind::kWaypoint>},
+     OpenKind<frmwayimport, FileKind::kWaypoint>},
     {"frmwayimport", "Import Skerrow Route files from floppy or external storage", "cmdOK",
      "txtFolder cmdBrowse fillist cmdSelectAll cmdOK cmdCancel", "",
-     OpenKind<FrmWayImport, FileKind::kRoute>},
+     OpenKind<frmwayimport, FileKind::kRoute>},
     {"frmRouteWayPoints", "Route by Waypoint List", "cmdOK",
-     "fillist List1 cmdAdd List2 cmdDelete cmdOK cmdCancel", "", Open<FrmRouteWayPoints>},
+     "fillist List1 cmdAdd List2 cmdDelete cmdOK cmdCancel", "", Open<frmRouteWayPoints>},
     {"frmRouteEdit", "Edit Route Points", "cmdExit",
      "List1 txtroutestartname txtroutestartlat txtroutestartlong txtroutedestname txtroutedestlat "
      "txtroutedestlong txtroutespeed cmdRouteSpeed cmdmodify fillist List2 optBefore optAfter "
      "cmdInsert cmdDelete cmdreverse cmdExit",
-     "", Open<FrmRouteEdit>},
+     "", Open<frmRouteEdit>},
     {"frmWayEdit", "Select a File to Edit", "cmdSave",
      "fillist cmdCreateNew cmdCopy cmdPrint optAll optSelected List1 txtWayName txtWayLat "
      "txtWayLong cmdAdd cmdInsert cmdChange cmdDelete cmdSave cmdCancel",
-     "labelnoofpoints", Open<FrmWayEdit>},
+     "labelnoofpoints", Open<frmWayEdit>},
     {"frmwaycopy", "Copy Waypoints", "cmdSave", "fillist List1 List2 txtFileName cmdSave cmdCancel",
-     "", Open<FrmWayCopy>},
+     "", Open<frmwaycopy>},
     {"frmWayFileLocate", "Locate a waypoint", "cmdOK", "fillist List1 cmdOK cmdCancel", "",
-     Open<FrmWayFileLocate>},
+     Open<frmWayFileLocate>},
     {"frmSingleWayPoint", "Waypoint Entry", "cmdOK",
      "txtWayName txtWayLat txtWayLong cmdOK cmdCancel", "",
      [](Desktop& desktop) -> Opened {
-       return std::make_unique<FrmSingleWayPoint>(desktop, std::nullopt, nullptr);
+       return std::make_unique<frmSingleWayPoint>(desktop, std::nullopt, nullptr);
      }},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
      [](Desktop& desktop) -> Opened {
-       return std::make_unique<FrmUnsaved>(desktop, "Unsaved.", nullptr);
+       return std::make_unique<frmUnsaved>(desktop, "Unsaved.", nullptr);
      }},
 };
 
@@ -263,7 +263,7 @@ TEST_F(NightLook, LeavesNoBrightSurface) {
     Show(*form);
     EXPECT_LT(BrightPart(form->grab().toImage()), 0.05) << row.name;
   }
-  FrmConfigure form(desktop, nullptr, nullptr);
+  frmConfigure form(desktop, nullptr, nullptr);
   Show(form);
   WithNextDialog([](QDialog& colours) { EXPECT_LT(BrightPart(colours.grab().toImage()), 0.05); });
   Find<QPushButton>(form, "pctWindCol")->click();

@@ -28,7 +28,7 @@ class PassageDialogs : public SampleDesk {
 };
 
 TEST_F(PassageDialogs, ACalculationOpensItsResults) {
-  FrmCalcRoute form(desktop, nullptr);
+  frmcalcroute form(desktop, nullptr);
   Show(form);
   Type(form, "rtedeptime", "06:15");
   // Esc at each step, as an impatient user presses it.
@@ -54,7 +54,7 @@ TEST_F(PassageDialogs, ACalculationOpensItsResults) {
 }
 
 TEST_F(PassageDialogs, ABadTimeIsRefusedInItsWords) {
-  FrmCalcRoute form(desktop, nullptr);
+  frmcalcroute form(desktop, nullptr);
   Show(form);
   struct Row {
     const char* typed;
@@ -78,7 +78,7 @@ TEST_F(PassageDialogs, ABadTimeIsRefusedInItsWords) {
 TEST_F(PassageDialogs, ACancelledCalculationLeavesTheLastResult) {
   Calculate();
   const std::vector<std::string> before = program.passage.result_lines;
-  FrmCalcRoute form(desktop, nullptr);
+  frmcalcroute form(desktop, nullptr);
   Show(form);
   window.stop_at = 20.0;
   Type(form, "rtedeptime", "11:00");
@@ -90,7 +90,7 @@ TEST_F(PassageDialogs, ACancelledCalculationLeavesTheLastResult) {
 }
 
 TEST_F(PassageDialogs, LegsAreEditedFromTheList) {
-  FrmCalcRoute form(desktop, nullptr);
+  frmcalcroute form(desktop, nullptr);
   Show(form);
   ClickRow(form, "List1", 6);  // the seventh row belongs to the second leg
   EXPECT_EQ(form.leg(), 2U);
@@ -116,9 +116,9 @@ TEST_F(PassageDialogs, LegsAreEditedFromTheList) {
 
 TEST_F(PassageDialogs, ResultsSwitchCopyAndFinish) {
   messages.Expect("No Results to display", MessageIcon::kInformation);
-  FrmResults::ShowLast(desktop, nullptr);
+  frmresults::ShowLast(desktop, nullptr);
   Calculate();
-  FrmResults form(desktop, nullptr);
+  frmresults form(desktop, nullptr);
   Show(form);
   auto& list = *Find<TextList>(form, "lstResults");
   EXPECT_EQ(list.LookOf(7).number, 1) << "the first leg is numbered beside its words";
@@ -143,7 +143,7 @@ TEST_F(PassageDialogs, ResultsSwitchCopyAndFinish) {
 }
 
 TEST_F(PassageDialogs, ASearchShowsItsChartAndTakesADeparture) {
-  FrmRouteOptDeparture form(desktop, nullptr);
+  frmRouteOptDeparture form(desktop, nullptr);
   Show(form);
   QTest::qWait(20);
   Click(form, "Option2");
@@ -177,7 +177,7 @@ TEST_F(PassageDialogs, ASearchShowsItsChartAndTakesADeparture) {
 
 TEST_F(PassageDialogs, ASearchCanBeStoppedAndLeavesNothing) {
   program.config.calc_interval = 1.0F;  // long enough to be caught on its way
-  FrmRouteOptDeparture form(desktop, nullptr);
+  frmRouteOptDeparture form(desktop, nullptr);
   Show(form);
   QTest::qWait(20);
   int presses = 0;
@@ -203,7 +203,7 @@ TEST_F(PassageDialogs, TheSearchChecksSpeedsOnOpeningAndAgain) {
   const std::string text =
       "Boat speed below 0.5kn between waypoints 2 and 3\nCannot continue - please correct.";
   messages.Expect(text);
-  FrmRouteOptDeparture form(desktop, nullptr);
+  frmRouteOptDeparture form(desktop, nullptr);
   Show(form);
   QTest::qWait(20);
   EXPECT_TRUE(messages.AllShown());

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QScrollBar>
 #include <QTextBrowser>
@@ -15,7 +16,9 @@
 #include "ui/dialogs/frmLoadChart.h"
 #include "ui/dialogs/frmQuickInstructions.h"
 #include "ui/dialogs/frmtimdat.h"
+#include "ui/forms/report_look.h"
 #include "ui/widgets/date_services.h"
+#include "ui/widgets/print_lines.h"
 
 namespace skerrow::testing {
 namespace {
@@ -23,7 +26,7 @@ namespace {
 class SingleDialogs : public SampleDesk {};
 
 TEST_F(SingleDialogs, DateAndTimeRefusesInItsWordsAndSetsTheTime) {
-  FrmTimDat form(desktop, nullptr);
+  frmtimdat form(desktop, nullptr);
   Show(form);
   const auto try_time = [&](const char* text) {
     Type(form, "txtTime", text);
@@ -52,7 +55,7 @@ TEST_F(SingleDialogs, DateAndTimeRefusesInItsWordsAndSetsTheTime) {
 
 TEST_F(SingleDialogs, SettingsFilterKeysAndShowTheFieldAtFault) {
   int tools = 0;
-  FrmConfigure form(
+  frmConfigure form(
       desktop, [&tools] { ++tools; }, nullptr);
   form.show();
   auto* variation = form.findChild<QLineEdit*>("Txtvariation");
@@ -112,7 +115,7 @@ TEST_F(SingleDialogs, PreviewDecodesBesideTheWindowAndShowsTheLastOneAskedFor) {
 }
 
 TEST_F(SingleDialogs, ChartListFiltersSearchesAndChooses) {
-  FrmLoadChart form(desktop, nullptr);
+  frmLoadChart form(desktop, nullptr);
   form.show();
   auto* list = form.findChild<QListWidget*>("List1");
   auto* preview = form.findChild<PicturePreview*>("GdViewer1");
@@ -128,7 +131,7 @@ TEST_F(SingleDialogs, ChartListFiltersSearchesAndChooses) {
   EXPECT_FALSE(form.isVisible());
   EXPECT_TRUE(program.config.chart_path.ends_with("/" + key.toStdString()));
 
-  FrmLoadChart none(desktop, nullptr);
+  frmLoadChart none(desktop, nullptr);
   none.show();
   auto* scale = none.findChild<QLineEdit*>("txtScale");
   scale->setFocus();
@@ -178,6 +181,33 @@ TEST_F(SingleDialogs, QuickInstructionsAreOfferedOnceAndFitTheirWindow) {
   OfferQuickInstructions(desktop, nullptr);
   OfferQuickInstructions(desktop, nullptr);
   EXPECT_EQ(opened, 1);
+}
+
+TEST_F(SingleDialogs, PrintingRemembersTheFolderOfItsPdfFiles) {
+  const TempFolder folder;
+  const auto print_to = [&](const std::string& name, const std::string& starts_in) {
+    WithNextDialog([](QDialog& choice) {
+      EXPECT_EQ(choice.objectName(), "frmPrint");
+      auto* printers = Find<QComboBox>(choice, "cmbPrinter");
+      printers->setCurrentIndex(printers->count() - 1);  // the file
+      Click(choice, "cmdPrint");
+    });
+    WithNextDialog([&](QDialog& dialog) {
+      auto* files = qobject_cast<QFileDialog*>(&dialog);
+      ASSERT_NE(files, nullptr);
+      if (!starts_in.empty()) {
+        EXPECT_EQ(files->directory().absolutePath().toStdString(), starts_in);
+      }
+      EXPECT_EQ(files->selectedFiles().front().section('/', -1), "Results - a-b.pdf");
+      files->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(name));
+      dialog.accept();
+    });
+    PrintPages(desktop, nullptr, ReportPage("Results", "a/b", {"line"}));
+  };
+  print_to(folder.File("first.pdf"), "");
+  EXPECT_TRUE(FileBytes(folder.File("first.pdf")).starts_with("%PDF"));
+  print_to("second.pdf", folder.path());
+  EXPECT_TRUE(FileBytes(folder.File("second.pdf")).starts_with("%PDF"));
 }
 
 }  // namespace

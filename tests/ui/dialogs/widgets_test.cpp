@@ -125,7 +125,7 @@ TEST(DesktopMessagesTest, ShowsUnderTheProgramsTitleAndTakesEscForNo) {
 
 TEST_F(DialogTestOnDesk, OpensAtTheSizeItWasLeftAt) {
   {
-    FrmTimDat form(desktop, nullptr);
+    frmtimdat form(desktop, nullptr);
     form.show();
     form.resize(form.width() + 120, form.height() + 60);
     form.reject();
@@ -133,16 +133,16 @@ TEST_F(DialogTestOnDesk, OpensAtTheSizeItWasLeftAt) {
               std::to_string(form.width()) + "x" + std::to_string(form.height()));
   }
   const std::string kept = settings.Get("Windows", "frmtimdat");
-  FrmTimDat form(desktop, nullptr);
+  frmtimdat form(desktop, nullptr);
   form.show();
   EXPECT_EQ(std::to_string(form.width()) + "x" + std::to_string(form.height()), kept);
   // A stored size beyond the screen is brought back onto it.
   settings.Set("Windows", "frmtimdat", "9000x9000");
-  FrmTimDat large(desktop, nullptr);
+  frmtimdat large(desktop, nullptr);
   large.show();
   EXPECT_LT(large.width(), 9000);
   settings.Set("Windows", "frmtimdat", "x-1");
-  FrmTimDat odd(desktop, nullptr);
+  frmtimdat odd(desktop, nullptr);
   odd.show();
   EXPECT_GT(odd.width(), 100);
 }

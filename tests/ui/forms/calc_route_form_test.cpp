@@ -29,7 +29,7 @@ TEST_F(CalcRouteForm, DepartureFollowsTheClockUntilTheUserHasSetATime) {
 
 // A control stored in its neighbour would come back at another place.
 TEST_F(CalcRouteForm, EveryBoxOfALegHasItsPlace) {
-  FrmCalcRoute form(desktop, nullptr);
+  frmcalcroute form(desktop, nullptr);
   Show(form);
   ClickRow(form, "List1", 5);
   for (const auto& [box, text] : {std::pair{"txtroutestartname", "First"},
@@ -71,7 +71,7 @@ TEST_F(CalcRouteForm, EveryBoxOfALegHasItsPlace) {
 }
 
 TEST_F(CalcRouteForm, OptionsReachTheCalculation) {
-  FrmCalcRoute form(desktop, nullptr);
+  frmcalcroute form(desktop, nullptr);
   Show(form);
   Type(form, "rtedeptime", "07:45");
   Find<QCheckBox>(form, "chkLeeway")->setChecked(true);

@@ -98,14 +98,14 @@ bool IsMark(const Stored& row) {
 TEST_F(ConfigureForm, EveryControlHasItsFieldOfTheFile) {
   EXPECT_EQ(ConfigureFields().size(), std::size(kStored));
   {
-    FrmConfigure form(desktop, nullptr, nullptr);
+    frmConfigure form(desktop, nullptr, nullptr);
     Show(form);
     for (const Stored& row : kStored) Put(form, row, true);
     Click(form, "cmdOK");
     ASSERT_FALSE(form.isVisible());
   }
   std::string file = FileBytes(program.folders.ConfigFile());
-  FrmConfigure again(desktop, nullptr, nullptr);
+  frmConfigure again(desktop, nullptr, nullptr);
   const SettingTexts texts = ShowSettings(ConfigureFields(), program.config);
   for (const Stored& row : kStored) {
     EXPECT_NEAR(ValueAt(file, row.offset, row.type), row.value, 1e-6) << row.control;
@@ -122,7 +122,7 @@ TEST_F(ConfigureForm, EveryControlHasItsFieldOfTheFile) {
   // One mark after the other is taken away: its field alone changes.
   for (const Stored& row : kStored) {
     if (!IsMark(row)) continue;
-    FrmConfigure form(desktop, nullptr, nullptr);
+    frmConfigure form(desktop, nullptr, nullptr);
     Show(form);
     Put(form, row, false);
     Click(form, "cmdOK");
@@ -185,7 +185,7 @@ TEST_F(ConfigureForm, RefusesEachFaultAndTheFirstOfSeveral) {
                 "Enter a value greater than 0 for Acceptable Calculation Error Distance", true});
 }
 
-TEST_F(ConfigureForm, TakesTextsAsTold) {
+TEST_F(ConfigureForm, TakesEachTextByItsRule) {
   AppConfig config = DefaultConfig("/p");
   config.track_colour = 17;
   config.boat_colour = 4711;

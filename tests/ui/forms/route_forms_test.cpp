@@ -111,53 +111,26 @@ TEST_F(FormTest, DeletionIsCheckedInOrder) {
   EXPECT_FALSE(FileReadable(WaypointPath(folders_, "Mine.way")));
 }
 
-TEST_F(FormTest, ChoosingAndCreatingTheCurrentFile) {
+// What the dialogs' own tests do not reach.
+TEST_F(FormTest, OddChoicesLeaveEverythingAsItWas) {
   ASSERT_TRUE(SaveConfig(folders_, config_));
-  const std::vector<Waypoint> marks = {{"a", 50, -1}};
-  ASSERT_TRUE(WriteWaypointFile(WaypointPath(folders_, "Mine.way"), marks));
-  ASSERT_TRUE(ChooseWaypointFile(folders_, " Mine.way ", config_, waypoints_, messages_));
-  EXPECT_EQ(waypoints_.waypoints, marks);
-  AppConfig stored;
-  ASSERT_TRUE(ReadConfig(folders_, stored));
-  EXPECT_EQ(stored.waypoint_file, "Mine.way");
-  // A file that is gone leaves the choice where it was.
+  const std::string before = config_.waypoint_file;
   EXPECT_FALSE(ChooseWaypointFile(folders_, "Gone.way", config_, waypoints_, messages_));
-  EXPECT_EQ(config_.waypoint_file, "Mine.way");
-  EXPECT_EQ(waypoints_.waypoints, marks);
-  ASSERT_TRUE(NewWaypointFile(folders_, "New.way", config_, waypoints_, messages_));
-  EXPECT_EQ(config_.waypoint_file, "New.way");
-  EXPECT_TRUE(waypoints_.waypoints.empty());
-  EXPECT_EQ(FileBytes(WaypointPath(folders_, "New.way")), "");
-  EXPECT_EQ(ListFiles(folders_.Waypoints(), FileKind::kWaypoint),
-            (std::vector<std::string>{"Mine.way", "New.way"}));
-  EXPECT_EQ(CountText(CountRecords(WaypointPath(folders_, "Mine.way"), kWaypointSize)),
-            "The highlighted file contains 1 waypoints");
-}
-
-TEST_F(FormTest, ImportCopiesWholeFiles) {
-  const TempFolder stick;
-  const std::string odd(50, 'x');  // copied unchanged, whatever it holds
-  const std::string a = stick.Write("a.way", odd);
-  const std::string b = stick.Write("b.way", "");
-  EXPECT_EQ(*ImportFiles(folders_, FileKind::kWaypoint, {a, b}, messages_), 2);
-  EXPECT_EQ(FileBytes(WaypointPath(folders_, "a.way")), odd);
-  stick.Write("a.way", "new");
-  messages_.ExpectQuestion("a.way: File already exists - continue and overwrite the contents?",
-                           false);
-  EXPECT_EQ(*ImportFiles(folders_, FileKind::kWaypoint, {a}, messages_), 0);
-  EXPECT_EQ(FileBytes(WaypointPath(folders_, "a.way")), odd);
-  messages_.ExpectQuestion("a.way: File already exists - continue and overwrite the contents?",
-                           true);
-  EXPECT_EQ(*ImportFiles(folders_, FileKind::kWaypoint, {a}, messages_), 1);
-  EXPECT_EQ(FileBytes(WaypointPath(folders_, "a.way")), "new");
+  EXPECT_EQ(config_.waypoint_file, before);
   // A file imported onto itself is not asked about, and stays.
-  EXPECT_EQ(
-      *ImportFiles(folders_, FileKind::kWaypoint, {WaypointPath(folders_, "a.way")}, messages_), 0);
-  EXPECT_EQ(FileBytes(WaypointPath(folders_, "a.way")), "new");
-  EXPECT_FALSE(ImportFiles(folders_, FileKind::kRoute, {stick.File("none.rte")}, messages_));
-  EXPECT_EQ(ImportFiles(folders_, FileKind::kRoute, {}, messages_).error().Text(),
-            "Nothing to import");
-  EXPECT_EQ(ImportText(2), "2 files transferred");
+  const std::string own = WaypointPath(folders_, "a.way");
+  ASSERT_TRUE(WriteWaypointFile(own, std::vector<Waypoint>{{"a", 50, -1}}));
+  EXPECT_EQ(*ImportFiles(folders_, FileKind::kWaypoint, {own}, messages_), 0);
+  EXPECT_EQ(FileBytes(own).size(), kWaypointSize);
+  EXPECT_EQ(CheckWaypointCopy("a/b", 1).refusal, WaypointRefusal::kBadDestination);
+  // The row "To" of the first leg: its name holds a comma.
+  Lay();
+  EXPECT_EQ(DeletePointOfRow(state_, "x\tFrom   :50.12.00N,", defaults_, messages_),
+            RouteFormRefusal::kRowWithoutLongitude);
+  EXPECT_EQ(DeletePointOfRow(state_, RouteRows(state_)[1], defaults_, messages_),
+            RouteFormRefusal::kNone);
+  ASSERT_EQ(state_.points.size(), 2U);
+  EXPECT_EQ(state_.points[1].name, "Berry");
 }
 
 TEST_F(FormTest, RowsOfTheRoute) {
@@ -229,43 +202,6 @@ TEST_F(FormTest, EditingALeg) {
   EXPECT_EQ(state_.points[0].next_longitude, state_.points[1].longitude);
 }
 
-TEST_F(FormTest, InsertingAndDeletingFromTheLists) {
-  Lay();
-  const WaypointRow row{"Prawle", "50.12.00N", "003.43.20W"};
-  const auto insert = [&](std::size_t leg, const std::optional<WaypointRow>& waypoint,
-                          InsertSide side) {
-    return InsertWaypointAtLeg(state_, leg, waypoint, side, defaults_, messages_);
-  };
-  EXPECT_EQ(insert(0, row, InsertSide::kBefore), RouteFormRefusal::kNoLegSelected);
-  EXPECT_EQ(insert(1, {}, InsertSide::kBefore), RouteFormRefusal::kNoWaypointSelected);
-  EXPECT_EQ(insert(1, row, InsertSide::kNotChosen), RouteFormRefusal::kNoInsertionSide);
-  EXPECT_EQ(insert(1, WaypointRow{}, InsertSide::kAfter), RouteFormRefusal::kEmptyWaypoint);
-  EXPECT_EQ(state_.points.size(), 3U);
-  EXPECT_EQ(insert(2, row, InsertSide::kAfter), RouteFormRefusal::kNone);
-  EXPECT_EQ(state_.points[2].name, "Prawle");
-  EXPECT_EQ(state_.points[2].speed, 5.5F);
-  EXPECT_EQ(insert(1, row, InsertSide::kBefore), RouteFormRefusal::kNone);
-  EXPECT_EQ(state_.points[0].name, "Prawle");
-
-  const auto remove = [&](std::string_view text) {
-    return DeletePointOfRow(state_, text, defaults_, messages_);
-  };
-  EXPECT_EQ(remove(""), RouteFormRefusal::kNoRowSelected);
-  EXPECT_EQ(remove(RouteRows(state_)[2]), RouteFormRefusal::kRowWithoutLongitude);
-  EXPECT_EQ(remove("x\tFrom   :50.12.00N,"), RouteFormRefusal::kRowWithoutLongitude);
-  EXPECT_EQ(state_.points.size(), 5U);
-  // The row "To" of the second leg: its name holds a comma.
-  EXPECT_EQ(remove(RouteRows(state_)[5]), RouteFormRefusal::kNone);
-  ASSERT_EQ(state_.points.size(), 4U);
-  EXPECT_EQ(state_.points[2].name, "Prawle");
-
-  EXPECT_EQ(ApplySpeedToAllLegs(state_, "0"), RouteFormRefusal::kBadSpeed);
-  EXPECT_EQ(ApplySpeedToAllLegs(state_, ""), RouteFormRefusal::kBadSpeed);
-  EXPECT_EQ(state_.points[0].speed, 5.5F);
-  EXPECT_EQ(ApplySpeedToAllLegs(state_, "6.25"), RouteFormRefusal::kNone);
-  for (const RoutePoint& point : state_.points) EXPECT_EQ(point.speed, 6.25F);
-}
-
 TEST_F(FormTest, RouteFromListRows) {
   EXPECT_EQ(CreateRouteFromRows(state_, {RowOf({"a", 50.5F, -1.25F}), RowOf({"b:,", 51, 1})},
                                 defaults_, messages_),
@@ -273,72 +209,6 @@ TEST_F(FormTest, RouteFromListRows) {
   EXPECT_EQ(state_.points[0].At(), (Position{50.5F, -1.25F}));
   EXPECT_EQ(state_.points[1].name, "b:,");
   EXPECT_EQ(PickListText(RowOf({"Lizard", 49.94F, -5.206F})), "Lizard,49.56.40N : 005.12.36W");
-}
-
-TEST_F(FormTest, WaypointEditor) {
-  const std::string path = folder_.File("w.way");
-  // The second position has more digits than a text shows.
-  ASSERT_TRUE(WriteWaypointFile(
-      path, std::vector<Waypoint>{{"Short", 50, -1}, {"St Peter Port", 49.456789F, -2.512345F}}));
-  WaypointEditor editor;
-  EXPECT_FALSE(editor.Open(folder_.File("none.way")));
-  ASSERT_TRUE(editor.Open(path));
-  EXPECT_EQ(WaypointEditText(editor.rows()[0]), "Short\t\t,50.00.00N : 001.00.00W");
-  EXPECT_EQ(WaypointEditText(editor.rows()[1]), "St Peter Port\t,49.27.41N : 002.30.74W");
-  EXPECT_EQ(CheckWaypointEntry("x", "00.00.00N", "001.00.00W").refusal,
-            WaypointRefusal::kBadLatitude);
-  EXPECT_EQ(CheckWaypointEntry("x", "50.00.00N", "001.00.00").refusal,
-            WaypointRefusal::kBadLongitude);
-  EXPECT_FALSE(editor.Delete(2));
-  EXPECT_FALSE(editor.changed());
-  EXPECT_TRUE(editor.Add(CheckWaypointEntry(" South ", "10.30.00S", "001.30.00E ").row));
-  EXPECT_TRUE(editor.Insert(0, CheckWaypointEntry("First", "50.06.00N", "000.00.00E").row));
-  EXPECT_TRUE(editor.Change(1, CheckWaypointEntry("Changed", "50.12.00N", "001.00.00W").row));
-  EXPECT_TRUE(editor.changed());
-  EXPECT_EQ(std::filesystem::file_size(path), 86U);  // nothing before Save
-  ASSERT_TRUE(editor.Save());
-  EXPECT_FALSE(editor.changed());
-  const auto saved = ReadWaypointFile(path);
-  ASSERT_TRUE(saved);
-  EXPECT_EQ(*saved, (std::vector<Waypoint>{{"First", 50.1F, 0},
-                                           {"Changed", 50.2F, -1},
-                                           {"St Peter Port", 49.456789F, -2.512345F},
-                                           {"South", -10.5F, 1.5F}}));
-}
-
-TEST_F(FormTest, CopyingAndSingleEntries) {
-  EXPECT_EQ(CheckWaypointCopy("", 3).refusal, WaypointRefusal::kNoDestination);
-  EXPECT_EQ(CheckWaypointCopy("a", 0).refusal, WaypointRefusal::kNothingToCopy);
-  EXPECT_EQ(CheckWaypointCopy("a/b", 1).refusal, WaypointRefusal::kBadDestination);
-  EXPECT_EQ(CheckWaypointCopy("a.txt", 1).file_name, "a.WAY");
-  ASSERT_TRUE(CopyWaypoints(folders_, "a.WAY", {{"S mark", "50.30.00N", "001.30.00W"}}));
-  EXPECT_EQ(*ReadWaypointFile(WaypointPath(folders_, "a.WAY")),
-            (std::vector<Waypoint>{{"S mark", 50.5F, -1.5F}}));
-  EXPECT_EQ(ListFiles(folders_.Waypoints(), FileKind::kWaypoint).size(), 1U);
-
-  EXPECT_EQ(CheckSingleWaypoint(" ", "50.30.00N", "001.00.00W").refusal,
-            WaypointRefusal::kNameMissing);
-  const SingleWaypoint both = CheckSingleWaypoint("x", "", "");
-  ASSERT_EQ(both.questions.size(), 2U);
-  EXPECT_EQ(both.questions[0], "Longitude = Zero - CONTINUE ANYWAY?");
-  EXPECT_EQ(both.questions[1], "Latitude = Zero - CONTINUE ANYWAY?");
-  EXPECT_TRUE(CheckSingleWaypoint("x", "50.30.00N", "001.00.00W").questions.empty());
-  EXPECT_EQ(CheckLocate(0, 0), WaypointRefusal::kEmptyFile);
-  EXPECT_EQ(CheckLocate(2, {}), WaypointRefusal::kNoneSelected);
-  EXPECT_EQ(CheckLocate(2, 2), WaypointRefusal::kNoneSelected);
-  EXPECT_EQ(CheckLocate(2, 1), WaypointRefusal::kNone);
-}
-
-TEST(Keys, PositionAndSpeedBoxes) {
-  for (const char key : std::string("0123456789.\b")) {
-    EXPECT_TRUE(PositionKeyAllowed(key));
-    EXPECT_TRUE(SpeedKeyAllowed(key));
-  }
-  for (const char key : std::string("NSEWnsew")) {
-    EXPECT_TRUE(PositionKeyAllowed(key));
-    EXPECT_FALSE(SpeedKeyAllowed(key));
-  }
-  for (const char key : std::string("-+, xZ:")) EXPECT_FALSE(PositionKeyAllowed(key)) << key;
 }
 
 }  // namespace

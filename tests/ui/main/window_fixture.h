@@ -34,7 +34,7 @@ class MainWindowTest : public ::testing::Test {
 
   void Start() {
     LoadProgram(program_, messages_);
-    window_ = std::make_unique<FrmChart>(program_, messages_, *settings_, clipboard_);
+    window_ = std::make_unique<frmChart>(program_, messages_, *settings_, clipboard_);
     window_->resize(1280, 720);
     window_->show();
     window_->Start();
@@ -102,7 +102,7 @@ class MainWindowTest : public ::testing::Test {
   RecordingMessages messages_;
   std::unique_ptr<SettingsStore> settings_;
   MemoryClipboard clipboard_;
-  std::unique_ptr<FrmChart> window_;
+  std::unique_ptr<frmChart> window_;
 };
 
 }  // namespace skerrow::testing

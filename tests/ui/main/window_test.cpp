@@ -823,7 +823,7 @@ TEST_F(Window, FilesOfTheCommandLineAreTakenOrRefused) {
 TEST_F(Window, WithoutAChartTheDefaultsComeBackAndTheProgramEnds) {
   LoadProgram(program_, messages_);
   program_.config.chart_path = user_.File("nothing");
-  window_ = std::make_unique<FrmChart>(program_, messages_, *settings_, clipboard_);
+  window_ = std::make_unique<frmChart>(program_, messages_, *settings_, clipboard_);
   window_->show();
   window_->Start();
   AppConfig own = program_.config;

@@ -25,7 +25,7 @@ TEST_F(EditingDialogs, LegTakesTypedValues) {
   LoadSample();
   program.passage.route_track.resize(3);  // as after a calculation
   const std::vector<RoutePoint> before = program.route.points;
-  FrmRouteEdit form(desktop, nullptr);
+  frmRouteEdit form(desktop, nullptr);
   Show(form);
   messages.Expect("Click on a route leg before trying to insert or delete a waypoint");
   Click(form, "cmdmodify");
@@ -66,7 +66,7 @@ TEST_F(EditingDialogs, LegTakesTypedValues) {
 
 TEST_F(EditingDialogs, PointsAreInsertedDeletedAndTurnedRound) {
   LoadSample();
-  FrmRouteEdit form(desktop, nullptr);
+  frmRouteEdit form(desktop, nullptr);
   Show(form);
   const auto names = [&] {
     std::string text;
@@ -143,7 +143,7 @@ TEST_F(EditingDialogs, KeysInsertAndDeleteAskFirst) {
 
 TEST_F(EditingDialogs, WaypointFileChangesOnlyBySave) {
   const std::string before = FileBytes(WayFile("Sample.way"));
-  FrmWayEdit form(desktop, nullptr);
+  frmWayEdit form(desktop, nullptr);
   Show(form);
   EXPECT_EQ(Find<QLabel>(form, "labelnoofpoints")->text(), "46 waypoints");
   EXPECT_EQ(TextOf(form, "List1", 4), "Brighton\t\t,50.48.33N : 000.06.42W");
@@ -192,7 +192,7 @@ TEST_F(EditingDialogs, WaypointChangesAreNotLostUnasked) {
   ASSERT_TRUE(WriteWaypointFile(WayFile("Other.way"), SampleWaypoints().first(3)));
   const std::string before = FileBytes(WayFile("Sample.way"));
   const char* question = "Leave Sample.way without saving the changes to its waypoints?";
-  FrmWayEdit form(desktop, nullptr);
+  frmWayEdit form(desktop, nullptr);
   Show(form);
   ClickRow(form, "List1", 7);
   Click(form, "cmdDelete");
@@ -221,7 +221,7 @@ TEST_F(EditingDialogs, WaypointChangesAreNotLostUnasked) {
 }
 
 TEST_F(EditingDialogs, ClickedWaypointsAreCopied) {
-  FrmWayCopy form(desktop, nullptr);
+  frmwaycopy form(desktop, nullptr);
   Show(form);
   messages.Expect("Enter a name for your destination file");
   Click(form, "cmdSave");
@@ -241,7 +241,7 @@ TEST_F(EditingDialogs, ClickedWaypointsAreCopied) {
   EXPECT_EQ((*copied)[0].name, "Berry Head");
   EXPECT_EQ((*copied)[1].name, "Anvil Point");
 
-  FrmWayCopy again(desktop, nullptr);
+  frmwaycopy again(desktop, nullptr);
   Show(again);
   ClickRow(again, "List1", 0);
   Type(again, "txtFileName", "COPIED");
@@ -252,7 +252,7 @@ TEST_F(EditingDialogs, ClickedWaypointsAreCopied) {
 }
 
 TEST_F(EditingDialogs, CopyOverTheFileOnShowIsNotWrittenOverByItsOldRows) {
-  FrmWayEdit form(desktop, nullptr);
+  frmWayEdit form(desktop, nullptr);
   Show(form);
   ASSERT_EQ(Find<QListWidget>(form, "List1")->count(), 46);
   WithNextDialog([this](QDialog& copy) {
@@ -270,7 +270,7 @@ TEST_F(EditingDialogs, CopyOverTheFileOnShowIsNotWrittenOverByItsOldRows) {
 
 TEST_F(EditingDialogs, FileInUseThatIsMadeAnewLeavesTheChart) {
   ASSERT_EQ(program.waypoints.waypoints.size(), 46U);
-  FrmWayEdit form(desktop, nullptr);
+  frmWayEdit form(desktop, nullptr);
   Show(form);
   WithNextDialog([this](QDialog& name) {
     Type(name, "txtFileName", "Sample");
@@ -285,7 +285,7 @@ TEST_F(EditingDialogs, FileInUseThatIsMadeAnewLeavesTheChart) {
 TEST_F(EditingDialogs, SingleWaypointIsCheckedAndAppended) {
   const std::size_t count = program.waypoints.waypoints.size();
   {
-    FrmSingleWayPoint form(desktop, Position{50.5F, -2.25F}, nullptr);
+    frmSingleWayPoint form(desktop, Position{50.5F, -2.25F}, nullptr);
     EXPECT_EQ(form.objectName(), "frmMouseInput");
     Show(form);
     messages.Expect("Point Must have a name");
@@ -297,7 +297,7 @@ TEST_F(EditingDialogs, SingleWaypointIsCheckedAndAppended) {
   ASSERT_EQ(program.waypoints.waypoints.size(), count + 1);
   EXPECT_EQ(program.waypoints.waypoints.back(), (Waypoint{"Picked", 50.5F, -2.25F}));
 
-  FrmSingleWayPoint form(desktop, std::nullopt, nullptr);
+  frmSingleWayPoint form(desktop, std::nullopt, nullptr);
   Show(form);
   Type(form, "txtWayName", "Null island");
   Type(form, "txtWayLat", "95.00.00N");
@@ -332,7 +332,7 @@ TEST_F(EditingDialogs, MouseEntryAsksForANameAndAnEmptyOneLeavesTheMode) {
 
 TEST_F(EditingDialogs, WaypointIsLocatedInAnyFile) {
   ASSERT_TRUE(WriteWaypointFile(WayFile("Empty.way"), {}));
-  FrmWayFileLocate form(desktop, nullptr);
+  frmWayFileLocate form(desktop, nullptr);
   Show(form);
   messages.Expect("Select a point");
   Click(form, "cmdOK");

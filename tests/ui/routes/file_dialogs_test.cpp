@@ -30,7 +30,7 @@ TEST_F(FileDialogs, RouteIsSavedClearedAndLoadedAgain) {
   program.route.points[1].speed = 0.9F;
   const std::vector<RouteRecord> before = RouteContent(program.route);
   {
-    FrmRouteSave form(desktop, nullptr);
+    frmRouteSave form(desktop, nullptr);
     Show(form);
     messages.Expect("Enter a new route file name an then click the OK button");
     Click(form, "cmdOK");
@@ -47,7 +47,7 @@ TEST_F(FileDialogs, RouteIsSavedClearedAndLoadedAgain) {
 
   EditRoute(desktop, "Clear Route", [&](RouteState& route) { ClearRoute(route); });
   ASSERT_TRUE(program.route.points.empty());
-  FrmRouteLoad form(desktop, nullptr);
+  frmRouteLoad form(desktop, nullptr);
   Show(form);
   messages.Expect("Enter a new file name and then click the OK button");
   Click(form, "cmdOK");
@@ -64,7 +64,7 @@ TEST_F(FileDialogs, RouteIsSavedClearedAndLoadedAgain) {
 
 TEST_F(FileDialogs, TickedBoxLoadsTheProgramsSpeed) {
   program.config.vessel_speed = 7.5F;
-  FrmRouteLoad form(desktop, nullptr);
+  frmRouteLoad form(desktop, nullptr);
   Show(form);
   ClickRow(form, "fillist", RowOfText(form, "fillist", "Sample.rte"));
   QTest::mouseClick(Find<QCheckBox>(form, "chkUseDefaultSpeed"), Qt::LeftButton, {}, {8, 8});
@@ -75,13 +75,13 @@ TEST_F(FileDialogs, TickedBoxLoadsTheProgramsSpeed) {
 
 TEST_F(FileDialogs, EmptyListOffersTheSampleRoute) {
   {
-    FrmRouteLoad full(desktop, nullptr);
+    frmRouteLoad full(desktop, nullptr);
     Show(full);
     EXPECT_FALSE(Find(full, "cmdSample")->isVisible());
   }
   std::filesystem::remove_all(program.folders.Routes());
   MakeUserFolders(program.folders);
-  FrmRouteLoad form(desktop, nullptr);
+  frmRouteLoad form(desktop, nullptr);
   Show(form);
   Click(form, "cmdSample");
   EXPECT_EQ(form.result(), QDialog::Accepted);
@@ -100,7 +100,7 @@ TEST_F(FileDialogs, EmptyRouteFileTakesTheRouteAwayAndDamagedOneDoesNot) {
   ASSERT_TRUE(ReplaceFile(RouteFile("Empty.rte"), ""));
   ASSERT_TRUE(ReplaceFile(RouteFile("Damaged.rte"), std::string(47, '\xff')));
   {
-    FrmRouteLoad form(desktop, nullptr);
+    frmRouteLoad form(desktop, nullptr);
     Show(form);
     ClickRow(form, "fillist", RowOfText(form, "fillist", "Damaged.rte"));
     const Status expected =
@@ -125,7 +125,7 @@ TEST_F(FileDialogs, EmptyRouteFileTakesTheRouteAwayAndDamagedOneDoesNot) {
 TEST_F(FileDialogs, OverwriteQuestionDecides) {
   LoadSample();
   const std::string before = FileBytes(RouteFile("Portland Bill.rte"));
-  FrmRouteSave form(desktop, nullptr);
+  frmRouteSave form(desktop, nullptr);
   Show(form);
   // The name is written over in any case of its letters.
   Type(form, "txtFileName", "portland bill");
@@ -142,7 +142,7 @@ TEST_F(FileDialogs, OverwriteQuestionDecides) {
 
 TEST_F(FileDialogs, NothingIsWrittenWithoutARouteOrWithoutRights) {
   {
-    FrmRouteSave form(desktop, nullptr);
+    frmRouteSave form(desktop, nullptr);
     Show(form);
     Type(form, "txtFileName", "Sample");
     messages.Expect("No route set-up");
@@ -154,7 +154,7 @@ TEST_F(FileDialogs, NothingIsWrittenWithoutARouteOrWithoutRights) {
             [&](RouteState& route) { ReverseRoute(route, RouteDefaultsOf(program), messages); });
   // A folder that cannot be written to; one that is gone does for a tester who may do anything.
   std::filesystem::rename(program.folders.Routes(), program.folders.Routes() + " away");
-  FrmRouteSave form(desktop, nullptr);
+  frmRouteSave form(desktop, nullptr);
   Show(form);
   Type(form, "txtFileName", "New");
   const Status expected = SaveRoute(RouteFile("New.rte"), program.route, 5.0F);
@@ -171,7 +171,7 @@ TEST_F(FileDialogs, WaypointsAreSavedAndAnotherFileBecomesCurrent) {
   EXPECT_TRUE(WaypointsUnsaved(program));
   const std::size_t count = program.waypoints.waypoints.size();
   {
-    FrmWaySave form(desktop, nullptr);
+    frmWaySave form(desktop, nullptr);
     Show(form);
     Type(form, "txtFileName", "Moved");
     Click(form, "cmdOK");
@@ -179,7 +179,7 @@ TEST_F(FileDialogs, WaypointsAreSavedAndAnotherFileBecomesCurrent) {
   EXPECT_FALSE(WaypointsUnsaved(program));  // though not in the current file
   EXPECT_EQ(program.config.waypoint_file, "Sample.way");
 
-  FrmLoadWay form(desktop, nullptr);
+  frmLoadWay form(desktop, nullptr);
   Show(form);
   messages.Expect(
       "Select a Waypoint file by clicking a name in the list, followed by the OK button");
@@ -221,7 +221,7 @@ TEST_F(FileDialogs, WaypointFileOfAnotherFolderIsBroughtInBeforeItIsInUse) {
 }
 
 TEST_F(FileDialogs, NewWaypointFileIsEmptyAndCurrent) {
-  FrmNewWay form(desktop, nullptr);
+  frmNewWay form(desktop, nullptr);
   Show(form);
   messages.Expect("Enter a new waypoint file name an then click the OK button");
   Click(form, "cmdOK");
@@ -235,7 +235,7 @@ TEST_F(FileDialogs, NewWaypointFileIsEmptyAndCurrent) {
 TEST_F(FileDialogs, DeletionChecksAsksAndDeletes) {
   ASSERT_TRUE(WriteWaypointFile(WayFile("Default.way"), {}));
   {
-    FrmFileDelete form(desktop, FileKind::kWaypoint, nullptr);
+    frmFileDelete form(desktop, FileKind::kWaypoint, nullptr);
     Show(form);
     messages.Expect("Select file by clicking a name in the list, followed by the OK button");
     Click(form, "cmdOK");
@@ -244,7 +244,7 @@ TEST_F(FileDialogs, DeletionChecksAsksAndDeletes) {
     Click(form, "cmdOK");
     EXPECT_TRUE(std::filesystem::exists(WayFile("Default.way")));
   }
-  FrmFileDelete form(desktop, FileKind::kRoute, nullptr);
+  frmFileDelete form(desktop, FileKind::kRoute, nullptr);
   Show(form);
   ClickRow(form, "fillist", RowOfText(form, "fillist", "Sample.rte"));
   EXPECT_EQ(TextOf(form, "List1", 0), "Bridge Buoy(Needles)\t50.39.63N\t001.36.88W\t5.5 kn");
@@ -265,7 +265,7 @@ TEST_F(FileDialogs, WholeFilesComeInAndGoOutUnchanged) {
   stick.Write("Odd.WAY", odd);
   stick.Write("notes.txt", "no waypoints");
   {
-    FrmWayImport form(desktop, FileKind::kWaypoint, nullptr);
+    frmwayimport form(desktop, FileKind::kWaypoint, nullptr);
     Show(form);
     Type(form, "txtFolder", stick.path().c_str());
     EXPECT_EQ(Find<QListWidget>(form, "fillist")->count(), 2);
@@ -281,7 +281,7 @@ TEST_F(FileDialogs, WholeFilesComeInAndGoOutUnchanged) {
   EXPECT_EQ(program.waypoints.waypoints.size(), 2U);
 
   const TempFolder other;
-  FrmWayImport out(desktop, FileKind::kRoute, nullptr, FrmWayImport::Direction::kExport);
+  frmwayimport out(desktop, FileKind::kRoute, nullptr, frmwayimport::Direction::kExport);
   Show(out);
   Type(out, "txtFolder", other.path().c_str());
   ClickRow(out, "fillist", RowOfText(out, "fillist", "Sample.rte"));
@@ -290,14 +290,14 @@ TEST_F(FileDialogs, WholeFilesComeInAndGoOutUnchanged) {
   EXPECT_EQ(FileBytes(other.File("Sample.rte")), FileBytes(RouteFile("Sample.rte")));
 
   // Both remember their folders.
-  FrmWayImport again(desktop, FileKind::kWaypoint, nullptr);
+  frmwayimport again(desktop, FileKind::kWaypoint, nullptr);
   EXPECT_EQ(Find<QLineEdit>(again, "txtFolder")->text().toStdString(), stick.path());
-  FrmWayImport out_again(desktop, FileKind::kRoute, nullptr, FrmWayImport::Direction::kExport);
+  frmwayimport out_again(desktop, FileKind::kRoute, nullptr, frmwayimport::Direction::kExport);
   EXPECT_EQ(Find<QLineEdit>(out_again, "txtFolder")->text().toStdString(), other.path());
 }
 
 TEST_F(FileDialogs, RouteIsMadeOfWaypoints) {
-  FrmRouteWayPoints form(desktop, nullptr);
+  frmRouteWayPoints form(desktop, nullptr);
   Show(form);
   EXPECT_EQ(TextOf(form, "List1", 0), "Anvil Point,50.34.94N : 001.55.85W");
   messages.Expect("Nothing to remove");

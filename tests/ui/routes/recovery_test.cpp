@@ -113,7 +113,7 @@ TEST_F(UnsavedWork, WaypointEditComesBackAfterABadEnd) {
   ASSERT_TRUE(kept);
   EXPECT_EQ(kept->file_name, "Sample.way");
   EXPECT_EQ(kept->count, 47U);
-  FrmWayEdit form(desktop, nullptr, kept->file_name);
+  frmWayEdit form(desktop, nullptr, kept->file_name);
   Show(form);
   EXPECT_EQ(TextOf(form, "List1", 46), "Wreck\t\t,50.10.00N : 002.20.00W");
   Click(form, "cmdSave");

@@ -24,7 +24,7 @@ void Read(Context& c) {
 
 constexpr Command kCommands[] = {
     {"mnuQuickHelp", "Quick Instructions", "help", "The first steps on one page", "", kNoNeed,
-     [](Context& c) { FrmQuickInstructions(c.desktop, &c.window).exec(); }},
+     [](Context& c) { frmQuickInstructions(c.desktop, &c.window).exec(); }},
     {kHelpDocuments[0].command, "&Overview", "info", "", "", kNoNeed, Read<0>},
     {kHelpDocuments[1].command, "&Mouse and Keyboard", "", "", "", kNoNeed, Read<1>},
     {kHelpDocuments[2].command, "&Toolbar", "", "", "", kNoNeed, Read<2>},

@@ -43,12 +43,12 @@ constexpr Command kCommands[] = {
     {"mnuSaveCurrentRoute", "&Save Current Route", "", "Save the route to a file of a new name",
      "Ctrl+Shift+S", kNeedsRoute, SaveAs},
     {"mnuFileRouteDelete", "&Route File", "", "Delete a route file", "", kNoNeed,
-     [](Context& c) { FrmFileDelete(c.desktop, FileKind::kRoute, &c.window).exec(); }},
+     [](Context& c) { frmFileDelete(c.desktop, FileKind::kRoute, &c.window).exec(); }},
     {"mnuFileRouteImport", "Route Files from Another Folder", "download", "", "", kNoNeed,
-     [](Context& c) { FrmWayImport(c.desktop, FileKind::kRoute, &c.window).exec(); }},
+     [](Context& c) { frmwayimport(c.desktop, FileKind::kRoute, &c.window).exec(); }},
     {"mnuExportDiskRoutes", "Route Files to Another Folder", "", "", "", kNoNeed,
      [](Context& c) {
-       FrmWayImport(c.desktop, FileKind::kRoute, &c.window, FrmWayImport::Direction::kExport)
+       frmwayimport(c.desktop, FileKind::kRoute, &c.window, frmwayimport::Direction::kExport)
            .exec();
      }},
     {"mnuRouteWaypoints", "By &Waypoint List", "routeplan", "Make a route from stored waypoints",
@@ -67,9 +67,9 @@ constexpr Command kCommands[] = {
      [](Context& c) { c.route.OptimiseDialog(); }, nullptr,
      [](const Context& c) { return c.program.config.use_tides != 0; }},
     {"mnuLastRouteResults", "&Show Last Results", "results", "The report of the last calculation",
-     "", kNoNeed, [](Context& c) { FrmResults::ShowLast(c.desktop, &c.window); }},
+     "", kNoNeed, [](Context& c) { frmresults::ShowLast(c.desktop, &c.window); }},
     {"mnuRouteResultsReview", "&Review Calculation History", "", "All calculations of this run", "",
-     kNoNeed, [](Context& c) { FrmRouteHistory(c.desktop, &c.window).exec(); }},
+     kNoNeed, [](Context& c) { frmroutehistory(c.desktop, &c.window).exec(); }},
     {"mnurouteresultsclear", "&Clear", "", "Forget the stored results", "", kNoNeed,
      [](Context& c) {
        if (c.messages.Ask("    Clear Results?", kProgramTitle)) {

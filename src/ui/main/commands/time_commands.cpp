@@ -17,7 +17,7 @@ constexpr Command kCommands[] = {
     {"mnudate", "&Date and Time", "time", "Set the time that tides and streams are shown for", "",
      kNoNeed,
      [](Context& c) {
-       if (FrmTimDat(c.desktop, &c.window).exec() == QDialog::Accepted)
+       if (frmtimdat(c.desktop, &c.window).exec() == QDialog::Accepted)
          c.desktop.window.Changed(kAllChanged);
      }},
     {"mnuselrealtime", "&Realtime Mode", "", "Follow the clock again", "", kNoNeed,

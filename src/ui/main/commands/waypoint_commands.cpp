@@ -20,17 +20,17 @@ namespace skerrow {
 namespace {
 
 void Load(Context& c) {
-  c.route.WithWaypoints([&c] { FrmLoadWay(c.desktop, &c.window).exec(); });
+  c.route.WithWaypoints([&c] { frmLoadWay(c.desktop, &c.window).exec(); });
 }
 
 void Save(Context& c) {
-  FrmWaySave(c.desktop, &c.window).exec();
+  frmWaySave(c.desktop, &c.window).exec();
   c.desktop.window.Changed(kViewChanged);
 }
 
 // Entry of one waypoint, typed or at the place last clicked.
 void Enter(Context& c, std::optional<Position> picked) {
-  c.route.WithWaypoints([&] { FrmSingleWayPoint(c.desktop, picked, &c.window).exec(); });
+  c.route.WithWaypoints([&] { frmSingleWayPoint(c.desktop, picked, &c.window).exec(); });
 }
 
 constexpr Command kCommands[] = {
@@ -43,28 +43,28 @@ constexpr Command kCommands[] = {
     {"mnuWaySave", "&Save As", "", "Save the marks on show to a file", "", kNoNeed, Save},
     {"mnuFileWayDelete", "&Waypoint File", "", "Delete a waypoint file", "", kNoNeed,
      [](Context& c) {
-       FrmFileDelete(c.desktop, FileKind::kWaypoint, &c.window).exec();
+       frmFileDelete(c.desktop, FileKind::kWaypoint, &c.window).exec();
        c.desktop.window.Changed(kViewChanged);
      }},
     {"mnuwaypointimport", "Waypoint Files from Another Folder", "", "", "", kNoNeed,
-     [](Context& c) { FrmWayImport(c.desktop, FileKind::kWaypoint, &c.window).exec(); }},
+     [](Context& c) { frmwayimport(c.desktop, FileKind::kWaypoint, &c.window).exec(); }},
     {"mnuExportWaypoints", "Waypoint Files to Another Folder", "", "", "", kNoNeed,
      [](Context& c) {
-       FrmWayImport(c.desktop, FileKind::kWaypoint, &c.window, FrmWayImport::Direction::kExport)
+       frmwayimport(c.desktop, FileKind::kWaypoint, &c.window, frmwayimport::Direction::kExport)
            .exec();
      }},
     {"mnuGoToWaypoint", "&Go To Waypoint", "search", "Show a stored waypoint on the chart", "",
      kNoNeed, [](Context& c) { c.route.GoToWaypoint(); }},
     {"mnuwayedit", "&Edit", "edit", "Change the marks of a waypoint file", "", kNoNeed,
      [](Context& c) {
-       c.route.WithWaypoints([&c] { FrmWayEdit(c.desktop, &c.window).exec(); });
+       c.route.WithWaypoints([&c] { frmWayEdit(c.desktop, &c.window).exec(); });
        c.view.mouse_mode = MouseMode::kRouteCreation;
        c.desktop.window.Changed(kViewChanged);
      }},
     {"mnuwaycopy", "C&opy", "copy", "Make a waypoint file from marks of others", "", kNoNeed,
-     [](Context& c) { FrmWayCopy(c.desktop, &c.window).exec(); }},
+     [](Context& c) { frmwaycopy(c.desktop, &c.window).exec(); }},
     {"mnuWayCreateNew", "Create &New", "add", "Make an empty waypoint file", "", kNoNeed,
-     [](Context& c) { c.route.WithWaypoints([&c] { FrmNewWay(c.desktop, &c.window).exec(); }); }},
+     [](Context& c) { c.route.WithWaypoints([&c] { frmNewWay(c.desktop, &c.window).exec(); }); }},
     {"mnuWayMouse", "By &Mouse", "", "Lay waypoints with Shift and the left button", "", kNoNeed,
      [](Context& c) { c.route.ToggleWaypointEntry(); },
      [](const Context& c) { return c.view.mouse_mode == MouseMode::kWaypointEntry; }},
