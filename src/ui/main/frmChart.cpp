@@ -84,6 +84,12 @@ class ToolbarCombo final : public QComboBox {
   bool open_ = false;
 };
 
+// A menu entry's text with its key behind it. Those of the platform's own style show theirs anyway.
+QString WithKey(const QAction& action, const QString& text) {
+  const QString key = action.data().toString();
+  return key.isEmpty() || !action.shortcut().isEmpty() ? text : text + '\t' + key;
+}
+
 }  // namespace
 
 // The progress bar of the status bar. Each step serves events, so that the window answers; Esc
@@ -181,6 +187,7 @@ void frmChart::MakeActions() {
     made->setToolTip(tip);
     made->setStatusTip(tip);
     if (command->checked != nullptr) made->setCheckable(true);
+    made->setData(ToQt(command->key));
     connect(made, &QAction::triggered, this, [this, command] {
       if (command->run != nullptr && !view_.busy) command->run(context_);
       Changed(0);
@@ -197,6 +204,7 @@ void frmChart::MakeActions() {
   action("mnuSaveCurrentRoute")->setShortcut(QKeySequence("Ctrl+Shift+S"));
   action("mnuexit")->setShortcut(QKeySequence::Quit);
   action("mnuHelpManual")->setShortcut(QKeySequence::HelpContents);
+  for (const auto& [name, made] : actions_) made->setText(WithKey(*made, made->text()));
 }
 
 void frmChart::FillMenu(std::span<const MenuRow> rows, QWidget* root) {
@@ -395,7 +403,7 @@ void frmChart::UpdateActions() {
   const RouteHistory& history = desktop_.program.edits.history;
   action("mnuUndo")->setText(named(history.UndoName(), "&Undo"));
   action("mnuRedo")->setText(named(history.RedoName(), "&Redo"));
-  action("tbMob")->setText(ToQt(mob_.MenuText()));
+  action("tbMob")->setText(WithKey(*action("tbMob"), ToQt(mob_.MenuText())));
   named_menus_.at("mnuTools")->menuAction()->setVisible(view_.tools_shown);
   const bool one_input = desktop_.program.config.gps_through_ais != 0;
   named_menus_.at("mnuGPS")->menuAction()->setVisible(!one_input);

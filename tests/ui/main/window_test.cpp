@@ -632,7 +632,7 @@ TEST_F(Window, ManOverboardIsMarkedWhereItIsPointedOut) {
   window_->Changed(kTargetsChanged);
   settle();
   EXPECT_FALSE(label->isVisible());
-  EXPECT_EQ(window_->action("tbMob")->text(), "Man Overboard: 40.00.00N  010.00.00E");
+  EXPECT_EQ(window_->action("tbMob")->text(), "Man Overboard: 40.00.00N  010.00.00E\tF7");
   messages_.ExpectQuestion("Cancel Man Overboard?", true);
   Command("tbMob");
   EXPECT_FALSE(program_.mob.on);
