@@ -2,9 +2,11 @@
 # the same bits on every machine.
 add_library(skerrow_flags INTERFACE)
 target_compile_options(skerrow_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -ffp-contract=off
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -ffp-contract=off)
+if(SKERROW_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # With this ccache keeps what is compiled on precompiled headers.
-  $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+  target_compile_options(skerrow_flags INTERFACE -fpch-preprocess)
+endif()
 # GCC 12 sees overlapping copies in std::string where there are none (its bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(skerrow_flags INTERFACE -Wno-restrict)
@@ -45,6 +47,9 @@ endfunction()
 
 # skerrow_precompiled(HEADERS TARGET...)
 function(skerrow_precompiled headers)
+  if(NOT SKERROW_PRECOMPILE)
+    return()
+  endif()
   foreach(target IN LISTS ARGN)
     target_precompile_headers(${target} REUSE_FROM ${headers})
     # Bug 105651 again: in a precompiled header the library's own headers are not exempt.

@@ -40,6 +40,8 @@ struct TimerState {
   int phase = 1;  // turned over at the start of each tick: 0 reads the GPS, 1 the AIS
   int cycle = 0;
   bool in_comms_tick = false;
+  bool log_due = false;        // a log record is to be written; the log takes it back
+  double next_log_time = 0.0;  // Julian date
 };
 
 struct Program {

@@ -89,6 +89,10 @@ void CommsTick(Program& program, TimerWindow& window, SerialPorts& ports) {
   if (timers.cycle == 1 || first_pass) FollowTimeAndFix(program, window);
   if (timers.cycle > kCyclesBetweenChecks) RepaintNowAndThen(program, window);
   ++timers.cycle;
+  if (program.clock_julian > timers.next_log_time || first_pass) {
+    timers.log_due = true;
+    timers.next_log_time = program.clock_julian + program.config.log_interval / 86400.0;
+  }
   timers.in_comms_tick = false;
 }
 

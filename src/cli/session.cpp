@@ -60,7 +60,7 @@ Session::Session(const Options& options, const Clock& clock)
     : program(ChooseFolders(options), clock), options_(options) {}
 
 Status Session::Open() {
-  if (FileReadable(program.folders.ConfigFile())) {
+  if (FileIsThere(program.folders.ConfigFile())) {
     if (const Status read = ReadConfig(program.folders, program.config); !read) return read;
   }
   for (const std::string& set : options_.sets) {

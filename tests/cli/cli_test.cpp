@@ -118,6 +118,12 @@ TEST_F(CommandLine, KeepsSettings) {
   ASSERT_EQ(record.size(), kAppConfigSize);
   EXPECT_EQ(bytes::GetFloat(record, 2558), -3.5F);
   EXPECT_EQ(bytes::Get32(record, 2904), 0x030201U);
+  // What stands in the place of the settings and is no file is told, and nothing waits for it.
+  const std::string stored = user_.File("settings/SkerrowHelm/HelmConfigv60.cfg");
+  std::filesystem::rename(stored, stored + ".kept");
+  ASSERT_EQ(std::system(("mkfifo " + stored).c_str()), 0);
+  ExpectError("config show", 1, "this is not a file");
+  std::filesystem::rename(stored + ".kept", stored);
   // An override lasts for its run.
   const auto shown = Json("--set Variation=2 config show")["fields"];
   EXPECT_EQ(FileBytes(user_.File("settings/SkerrowHelm/HelmConfigv60.cfg")), record);

@@ -48,13 +48,6 @@ TEST(Numbers, RoundingIsThatOfTheProcessorInItsNearestEvenMode) {
   }
 }
 
-TEST(Numbers, WholePartsOfNegativesDiffer) {
-  EXPECT_EQ(WholePartDown(-0.5), -1.0);
-  EXPECT_EQ(WholePart(-0.5), 0.0);
-  EXPECT_EQ(WholePartDown(7.9), 7.0);
-  EXPECT_EQ(WholePart(-7.9), -7.0);
-}
-
 TEST(Numbers, TextToNumberReadsTheLongestPrefix) {
   const struct {
     const char* text;

@@ -81,6 +81,7 @@ bool ChartController::DrawChart(Failure failure) {
   const Status opened = viewer_.OpenAndWait(NativePath(config.chart_path) + ".l55",
                                             ChartViewer::OnFailure::kKeepOld, *progress);
   redraw_ = true;
+  viewer_.Redraw();
   if (!opened) {
     // At the start the window comes up without a chart and says so when it is used.
     const Error& error = opened.error();

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
+#include <numeric>
 
 #include "app/edits.h"
 #include "app/timers.h"
@@ -15,6 +16,7 @@
 #include "core/text.h"
 #include "platform/settings_store.h"
 #include "routes/route_rows.h"
+#include "ui/dialogs/frmQuickInstructions.h"
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
@@ -336,6 +338,7 @@ void frmChart::Start() {
   time_.Start();
   viewer_->setFocus();
   OfferRecovery(desktop_, this);
+  OfferQuickInstructions(desktop_, this);
 }
 
 void frmChart::OpenFile(const std::string& path) {
@@ -427,13 +430,16 @@ void frmChart::UpdateStatusBar() {
     panels_[i]->setText(ToQt(texts[i]));
     panels_[i]->setToolTip(ToQt(texts[i]));
   }
-  // A line that is longer than its share takes room from panels that have it to spare.
-  constexpr int kShares[] = {30, 25, 15, 10, 20};
-  const int room = statusBar()->width();
+  // Each line has the room it needs where there is enough for all; otherwise all give way alike.
+  constexpr int kAround = 22;  // margins of a panel and the gap beside it
+  std::vector<int> wanted;
+  for (const QLabel* panel : panels_) {
+    wanted.push_back(panel->fontMetrics().horizontalAdvance(panel->text()) + kAround);
+  }
+  const int all = std::accumulate(wanted.begin(), wanted.end(), 0);
+  const int room = statusBar()->width() - (progress_->isVisible() ? progress_->width() : 0) - 24;
   for (std::size_t i = 0; i < panels_.size(); ++i) {
-    const int wanted = panels_[i]->fontMetrics().horizontalAdvance(panels_[i]->text()) + 16;
-    panels_[i]->setMinimumWidth(wanted > room * kShares[i] / 100 ? std::min(wanted, room * 2 / 5)
-                                                                 : 0);
+    panels_[i]->setMinimumWidth(all <= room ? wanted[i] : wanted[i] * room / std::max(1, all));
   }
 }
 

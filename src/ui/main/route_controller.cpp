@@ -2,8 +2,6 @@
 
 #include "app/edits.h"
 #include "app/situation.h"
-#include "core/files.h"
-#include "routes/record_files.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmcalcroute.h"
@@ -40,20 +38,8 @@ void RouteController::LoadFile(const std::string& path) {
 }
 
 void RouteController::OpenSample() {
-  const std::vector<std::string> names =
-      ListFiles(desktop_.program.folders.Samples(), FileKind::kRoute);
-  if (names.empty()) {
-    desktop_.messages.Show(
-        "The sample routes are missing from " + desktop_.program.folders.Samples(),
-        MessageIcon::kWarning);
-    return;
-  }
-  // The plain passage, where there is one, shows most at first.
-  const auto plain = std::find(names.begin(), names.end(), "Sample.rte");
-  LoadFile(JoinPath(desktop_.program.folders.Samples(), plain != names.end() ? *plain : names[0]));
-  // It is the user's own from here on, to be saved under a name of theirs.
-  desktop_.program.edits.route_path.clear();
-  desktop_.window.Changed(kRouteChanged);
+  if (!MayLoseRoute(desktop_, &window_)) return;
+  if (OpenSampleRoute(desktop_)) chart_.FitRoute();
 }
 
 void RouteController::Save() {

@@ -28,6 +28,7 @@ class MainWindowTest : public ::testing::Test {
                  clock_) {
     MakeUserFolders(program_.folders);
     settings_ = OpenSettingsStore(user_.File("settings/SkerrowHelm/skerrow.ini"));
+    settings_->SetInt("Help", "QuickInstructionsOffered", 1);
   }
   ~MainWindowTest() override { ApplyTheme(false); }
 
