@@ -179,6 +179,7 @@ TEST_F(SingleDialogs, QuickInstructionsAreOfferedOnceAndFitTheirWindow) {
     EXPECT_TRUE(text->toPlainText().contains("Point & Click at Waypoint"));
   });
   OfferQuickInstructions(desktop, nullptr);
+  ASSERT_EQ(settings.GetInt("Help", "QuickInstructionsOffered", 0), 1);
   OfferQuickInstructions(desktop, nullptr);
   EXPECT_EQ(opened, 1);
 }
