@@ -177,10 +177,7 @@ void RollTides(Program& program, Roll roll) {
 }
 
 void ForgetCalculation(Program& program) {
-  program.passage.route_track.clear();
-  program.passage.route_streams.clear();
-  program.passage.legs.clear();
-  program.passage.calc_mode = 0;
+  DropTrack(program.passage);
   for (RoutePoint& point : program.route.points) point.calculated = false;
 }
 

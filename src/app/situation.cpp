@@ -33,16 +33,9 @@ RouteOutcome ReworkResult(Program& program, Progress& progress) {
 
 std::optional<std::size_t> NearestTrackPoint(const Program& program, Position place) {
   const std::vector<TrackPoint>& track = program.passage.route_track;
-  std::optional<std::size_t> nearest;
-  float best = kFarthestTrackPoint;
-  for (std::size_t i = 0; i < track.size(); ++i) {
-    const float range = RangeOnly(place, track[i].position);
-    if (range < best) {
-      best = range;
-      nearest = i;
-    }
-  }
-  return nearest;
+  const std::optional<Nearest> nearest = NearestOf(
+      track.size(), place, kFarthestTrackPoint, [&](std::size_t i) { return track[i].position; });
+  return nearest ? std::optional(nearest->index) : std::nullopt;
 }
 
 void ResetSituation(Program& program, Messages& messages) {

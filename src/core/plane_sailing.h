@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
+
 #include "core/position.h"
 
 // Plane-sailing arithmetic: short legs on a flat sea, one minute of latitude being one nautical
@@ -69,5 +72,23 @@ float MercatorInverse(float meridional);
 
 // Hyperbolic sine, with exp(x) stored in single precision.
 float Sinh(float x);
+
+// One of a row of places, by its index, and the range to it in nautical miles.
+struct Nearest {
+  std::size_t index = 0;
+  float range = 0.0F;
+};
+
+// The nearest to `from` of `count` places, which `place_of` gives by index; the first of equals.
+// Empty when none is nearer than `limit` nautical miles.
+template <typename PlaceOf>
+std::optional<Nearest> NearestOf(std::size_t count, Position from, float limit, PlaceOf place_of) {
+  std::optional<Nearest> best;
+  for (std::size_t i = 0; i < count; ++i) {
+    const float range = RangeOnly(from, place_of(i));
+    if (range < (best ? best->range : limit)) best = Nearest{i, range};
+  }
+  return best;
+}
 
 }  // namespace skerrow

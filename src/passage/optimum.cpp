@@ -168,10 +168,7 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
   ShowNoTide(tides, no_tide, messages);
   passage.result_lines = std::move(lines);
   passage.route_distance = distance;
-  passage.route_track.clear();
-  passage.route_streams.clear();
-  passage.legs.clear();
-  passage.calc_mode = 0;
+  DropTrack(passage);
   return RouteOutcome::kDone;
 }
 

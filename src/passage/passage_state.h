@@ -41,4 +41,12 @@ struct PassageState {
   float optimum_start_hour = 0.0F;
 };
 
+// Forgets a calculated track with its legs and streams; the report stays.
+inline void DropTrack(PassageState& passage) {
+  passage.route_track.clear();
+  passage.route_streams.clear();
+  passage.legs.clear();
+  passage.calc_mode = 0;
+}
+
 }  // namespace skerrow

@@ -109,8 +109,8 @@ void RecomputeWinds(RouteState& state, const RouteDefaults& defaults, Messages& 
     RoutePoint& point = state.points[i];
     if (i > 0) hours += LegHours(state.points[i - 1], point);
     if (const std::optional<Wind> wind = WindAfter(point, hours, defaults)) {
-      point.wind_speed = wind->speed;
-      point.wind_direction = wind->direction;
+      point.wind_speed = wind->speed_kn;
+      point.wind_direction = wind->from_deg;
     } else {
       missed = true;
     }
@@ -173,8 +173,8 @@ Status LoadRoute(const std::string& path, RouteSpeeds speeds, const RouteDefault
       last_good = wind.value_or(last_good);
     }
     RoutePoint& added = loaded.points.back();
-    added.wind_speed = last_good.speed;
-    added.wind_direction = last_good.direction;
+    added.wind_speed = last_good.speed_kn;
+    added.wind_direction = last_good.from_deg;
     if (speeds == RouteSpeeds::kProgramDefault) added.speed = defaults.speed;
   }
   RouteChanged(loaded);

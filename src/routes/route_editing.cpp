@@ -31,8 +31,8 @@ RoutePoint NewPoint(const std::string& name, Position at, const RouteDefaults& d
   point.longitude = at.longitude;
   point.name = name;
   point.speed = defaults.speed;
-  point.wind_speed = defaults.wind.speed;
-  point.wind_direction = defaults.wind.direction;
+  point.wind_speed = defaults.wind.speed_kn;
+  point.wind_direction = defaults.wind.from_deg;
   return point;
 }
 
@@ -69,8 +69,8 @@ RouteEdit AddRoutePoint(RouteState& state, Position cursor, const std::optional<
   if (!defaults.constant_wind) {
     // Only the new point asks for its wind: those before it have theirs.
     if (const auto wind = WindAtPoint(state.points, state.points.size() - 1, defaults)) {
-      state.points.back().wind_speed = wind->speed;
-      state.points.back().wind_direction = wind->direction;
+      state.points.back().wind_speed = wind->speed_kn;
+      state.points.back().wind_direction = wind->from_deg;
     } else {
       messages.Show("GRIB Wind file data coverage incorrect - using last good wind values");
     }
@@ -132,12 +132,8 @@ RouteEdit DeleteRoutePoint(RouteState& state, Position position, const RouteDefa
 }
 
 std::optional<Nearest> NearestRoutePoint(const RouteState& state, Position position, float limit) {
-  std::optional<Nearest> best;
-  for (std::size_t i = 0; i < state.points.size(); ++i) {
-    const float range = RangeOnly(position, state.points[i].At());
-    if (range < (best ? best->range : limit)) best = Nearest{i, range};
-  }
-  return best;
+  return NearestOf(state.points.size(), position, limit,
+                   [&](std::size_t i) { return state.points[i].At(); });
 }
 
 std::optional<std::size_t> DragCandidate(const RouteState& state, Position cursor) {

@@ -81,12 +81,8 @@ Status EnsureSampleWaypoints(const Folders& folders) {
 
 std::optional<Nearest> NearestWaypoint(std::span<const Waypoint> waypoints, Position position,
                                        float limit) {
-  std::optional<Nearest> best;
-  for (std::size_t i = 0; i < waypoints.size(); ++i) {
-    const float range = RangeOnly(position, waypoints[i].At());
-    if (range < (best ? best->range : limit)) best = Nearest{i, range};
-  }
-  return best;
+  return NearestOf(waypoints.size(), position, limit,
+                   [&](std::size_t i) { return waypoints[i].At(); });
 }
 
 }  // namespace skerrow

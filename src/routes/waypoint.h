@@ -11,6 +11,7 @@
 #include "core/config.h"
 #include "core/folders.h"
 #include "core/messages.h"
+#include "core/plane_sailing.h"
 #include "core/position.h"
 #include "core/record.h"
 #include "core/result.h"
@@ -86,12 +87,6 @@ Status CreateSampleWaypoints(const Folders& folders);
 // Creates the sample file if it is missing, as the start of the program does. Error: it cannot be
 // written, or there is one that cannot be read, which stays as it is.
 Status EnsureSampleWaypoints(const Folders& folders);
-
-// An entry of a table and its range in nautical miles.
-struct Nearest {
-  std::size_t index = 0;
-  float range = 0.0F;
-};
 
 // The waypoint with the smallest range from `position` that lies strictly below `limit`; the first
 // of equals.

@@ -53,7 +53,8 @@ struct TideState {
   std::shared_ptr<const DayTides> loaded = std::make_shared<DayTides>();
   std::vector<RefPortState> ref_port_states;
   std::vector<TidalStream> tidal_streams;
-  std::string reported_problem;  // the last message about the reference ports, shown once
+  bool harmonic_streams = false;  // streams come from harmonic stations, not from diamonds
+  std::string reported_problem;   // the last message about the reference ports, shown once
 };
 
 // Reads the diamonds of a sea area. When the file cannot be read the table is empty and

@@ -5,8 +5,8 @@
 namespace skerrow {
 
 Wind WindConfig::Default() const {
-  return {static_cast<float>(TextToNumber(default_speed)),
-          static_cast<float>(TextToNumber(default_direction))};
+  return {.speed_kn = static_cast<float>(TextToNumber(default_speed)),
+          .from_deg = static_cast<float>(TextToNumber(default_direction))};
 }
 
 WindConfig LoadWindConfig(const Folders& folders) {

@@ -13,10 +13,10 @@
 
 namespace skerrow {
 
-// A wind: speed in knots, direction in degrees true that it blows from.
+// A wind by its speed in knots and the direction in degrees true that it blows from.
 struct Wind {
-  float speed = 0.0F;
-  float direction = 0.0F;
+  float speed_kn = 0.0F;
+  float from_deg = 0.0F;
 };
 
 // The wind settings, one 24-byte record in WindConfig.cfg. Numbers are kept as short texts.

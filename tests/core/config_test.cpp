@@ -347,17 +347,17 @@ TEST_F(ConfigTest, WindSettings) {
       "290"
       "\0\0",
       24);
-  EXPECT_EQ(LoadWindConfig(folders_).Default().speed, 5.0F);
+  EXPECT_EQ(LoadWindConfig(folders_).Default().speed_kn, 5.0F);
   EXPECT_EQ(FileBytes(folders_.WindConfigFile()), defaults);
   std::string changed = defaults;
   changed.replace(15, 7, "12.5045");
   folder_.Write("SkerrowHelm/WindConfig.cfg", changed);
-  EXPECT_EQ(LoadWindConfig(folders_).Default().speed, 12.5F);
-  EXPECT_EQ(LoadWindConfig(folders_).Default().direction, 45.0F);
+  EXPECT_EQ(LoadWindConfig(folders_).Default().speed_kn, 12.5F);
+  EXPECT_EQ(LoadWindConfig(folders_).Default().from_deg, 45.0F);
   // Short: the direction is that of the defaults.
   folder_.Write("SkerrowHelm/WindConfig.cfg", changed.substr(0, 19));
-  EXPECT_EQ(LoadWindConfig(folders_).Default().speed, 12.5F);
-  EXPECT_EQ(LoadWindConfig(folders_).Default().direction, 290.0F);
+  EXPECT_EQ(LoadWindConfig(folders_).Default().speed_kn, 12.5F);
+  EXPECT_EQ(LoadWindConfig(folders_).Default().from_deg, 290.0F);
 }
 
 }  // namespace

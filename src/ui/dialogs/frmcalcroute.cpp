@@ -104,7 +104,7 @@ QWidget* frmcalcroute::MakeSideColumn() {
   column->addWidget(leeway);
   connect(tack, &QPushButton::clicked, this, [this] {
     Edit("Set Tacks", [this](RouteState& route) {
-      SetTacks(route, this->desktop().program.wind_config.Default().direction);
+      SetTacks(route, this->desktop().program.wind_config.Default().from_deg);
       return RouteFormRefusal::kNone;
     });
   });

@@ -32,14 +32,13 @@ void FinishResults(Program& program, const RouteDefaults& defaults) {
     for (RoutePoint& point : program.route.points) {
       if (const std::optional<Wind> wind =
               defaults.wind_at(point.At(), arrival.date, arrival.hours)) {
-        point.wind_speed = wind->speed;
-        point.wind_direction = wind->direction;
+        point.wind_speed = wind->speed_kn;
+        point.wind_direction = wind->from_deg;
       }
       arrival = AddHours(arrival.date, arrival.hours, point.leg_time);
     }
   }
-  RefreshTideState(program.tides, program.selected_time.override_, program.selected_time.hours,
-                   program.clock->Now());
+  TimeMoved(program);
 }
 
 }  // namespace skerrow

@@ -22,6 +22,9 @@ constexpr int kStatusNoPicture = 2;  // it holds no picture that can be decoded
 constexpr double kRouteMargin = 0.1;
 constexpr double kLargestRouteZoom = 1.0;
 
+// The least zoom that is chosen by itself, which is that of the key 1.
+constexpr double kFarthestZoom = 0.1;
+
 }  // namespace
 
 ChartController::ChartController(Desktop& desktop, ChartViewer& viewer, QWidget& window)
@@ -144,8 +147,7 @@ void ChartController::Choose() {
   };
   if (!ChangeChart(desktop_.program, desktop_.messages, open, Show())) return;
   if (had_place && HasPlaces() && OnChart(middle)) {
-    viewer_.SetZoom(std::clamp(ground_scale / View().pixels_per_degree,
-                               static_cast<double>(kSmallestZoom),
+    viewer_.SetZoom(std::clamp(ground_scale / View().pixels_per_degree, kFarthestZoom,
                                static_cast<double>(kLargestZoom)));
     LocatePoint(middle);
   }
@@ -270,8 +272,7 @@ void ChartController::FitRoute() {
   const double share = 1.0 - 2.0 * kRouteMargin;
   const double across = share * viewer_.viewport()->width() / std::max(1.0, right - left);
   const double down = share * viewer_.viewport()->height() / std::max(1.0, bottom - top);
-  viewer_.SetZoom(std::clamp(std::min(across, down), static_cast<double>(kSmallestZoom) / 2.0,
-                             kLargestRouteZoom));
+  viewer_.SetZoom(std::clamp(std::min(across, down), kFarthestZoom, kLargestRouteZoom));
   viewer_.CentreOn({(left + right) / 2.0, (top + bottom) / 2.0});
 }
 

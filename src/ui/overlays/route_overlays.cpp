@@ -47,7 +47,8 @@ void DrawRoutePoint(DrawingSurface& surface, const OverlayView& view, const Prog
     surface.Ring(*place, radius);
   }
   if (kDrawInWind != nullptr && program.config.show_wind_over_route != 0) {
-    kDrawInWind(surface, view, program, point.At(), {point.wind_direction, point.wind_speed});
+    kDrawInWind(surface, view, program, point.At(),
+                {.speed_kn = point.wind_speed, .from_deg = point.wind_direction});
   }
 }
 

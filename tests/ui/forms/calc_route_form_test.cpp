@@ -98,10 +98,10 @@ TEST(WindSide, IsStarboardBetweenAheadAndAsternClockwise) {
 
 TEST_F(CalcRouteForm, TacksComeFromTheDefaultWind) {
   // All legs run south; a wind from 290 comes over their starboard side, one from 090 over port.
-  SetTacks(program.route, program.wind_config.Default().direction);
+  SetTacks(program.route, program.wind_config.Default().from_deg);
   EXPECT_EQ(points()[0].tack, 2);
   program.wind_config.default_direction = "090";
-  SetTacks(program.route, program.wind_config.Default().direction);
+  SetTacks(program.route, program.wind_config.Default().from_deg);
   for (std::size_t i = 0; i + 1 < points().size(); ++i) EXPECT_EQ(points()[i].tack, 1) << i;
 }
 

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <cmath>
 #include <filesystem>
 
@@ -580,9 +581,75 @@ TEST_F(Window, BrightnessGoesDownAndUpByTenths) {
   EXPECT_FALSE(window_->view().night);
 }
 
+TEST_F(Window, NightAndBrightnessComeBackAtTheNextStart) {
+  Start();
+  for (int i = 0; i < 3; ++i) Key(Qt::Key_F9);
+  window_->close();
+  window_.reset();
+  Start();
+  EXPECT_TRUE(window_->view().night);
+  EXPECT_EQ(window_->viewer().look().brightness, 70);
+}
+
+// Ctrl+S writes to the file the route came from; the title tells its name and what is not saved.
+TEST_F(Window, SavesUnderTheNameItHas) {
+  Start();
+  Command("mnuOpenSampleRoute");
+  EXPECT_TRUE(window_->windowTitle().endsWith("  -  Sample"));
+  Command("mnuRouteReverse");
+  EXPECT_TRUE(window_->windowTitle().endsWith("  -  Sample*"));
+  Command("mnuSaveRoute");
+  EXPECT_TRUE(window_->windowTitle().endsWith("  -  Sample"));
+  const auto stored = ReadRouteFile(RoutePath(program_.folders, "Sample.rte"));
+  ASSERT_TRUE(stored);
+  EXPECT_EQ(stored->front().name, program_.route.points.front().name);
+  EXPECT_TRUE(window_->findChild<QStatusBar*>()->currentMessage().startsWith("Saved: "));
+}
+
+// A chart from the list shows the same place at the same ground scale.
+TEST_F(Window, AnotherChartKeepsPlaceAndGroundScale) {
+  Start();
+  Key(Qt::Key_0);
+  window_->context().chart.LocatePoint({50.7F, -1.3F});
+  const auto ground = [&] {  // view pixels to a degree of longitude
+    return At({50.7F, -1.0F}).x() - At({50.7F, -1.6F}).x();
+  };
+  const QPoint place = At({50.7F, -1.3F});
+  const int scale = ground();
+  OnDialog([](QWidget* dialog) {
+    auto* charts = dialog->findChild<QListWidget*>("List1");
+    const auto number = [&] { return dialog->findChild<QLabel*>("lblChartNumber")->text(); };
+    for (int row = 0; row < charts->count() && number() != "9999-3"; ++row) {
+      charts->setCurrentRow(row);
+    }
+    QTest::keyClick(dialog, Qt::Key_Return);
+  });
+  Command("mnuSelectChartVisually");
+  ASSERT_TRUE(program_.config.chart_path.ends_with("9999-3"));
+  EXPECT_NEAR(ground(), scale, scale / 20);
+  EXPECT_LE((At({50.7F, -1.3F}) - place).manhattanLength(), 200);
+}
+
 TEST_F(Window, ARightClickBesideTheChartShowsItsMenu) {
   Start();
   auto* menu = window_->findChild<QMenu*>("mnuPopUP");
+  // On the chart the press shows it, or the release where the press might have begun a drag.
+  const auto showing = [menu] {
+    const bool shown = menu->isVisible();
+    menu->close();
+    return shown;
+  };
+  QTest::mousePress(canvas(), Qt::RightButton, Qt::NoModifier, QPoint(400, 300));
+  EXPECT_TRUE(showing());
+  QTest::mouseRelease(canvas(), Qt::RightButton, Qt::NoModifier, QPoint(400, 300));
+  const Position mark = program_.waypoints.waypoints.front().At();
+  window_->context().chart.LocatePoint(mark);
+  MoveTo(At(mark));
+  Key(Qt::Key_M);
+  QTest::mousePress(canvas(), Qt::RightButton, Qt::NoModifier, QPoint(400, 300));
+  EXPECT_FALSE(showing());
+  QTest::mouseRelease(canvas(), Qt::RightButton, Qt::NoModifier, QPoint(400, 300));
+  EXPECT_TRUE(showing());
   const QPoint at(40, window_->height() - 8);
   QContextMenuEvent click(QContextMenuEvent::Mouse, at, window_->mapToGlobal(at));
   QApplication::sendEvent(window_->childAt(at), &click);
@@ -840,6 +907,27 @@ TEST_F(Window, WithoutAChartTheDefaultsComeBackAndTheProgramEnds) {
   ASSERT_TRUE(ReadConfig(program_.folders, stored));
   EXPECT_TRUE(stored.chart_path.ends_with("9999-1"));
   EXPECT_EQ(testing::FileBytes(copy), EncodeRecord(own, kAppConfigFields));
+}
+
+// Where the sample chart itself is broken, the settings would be lost for nothing.
+TEST_F(Window, ABrokenSampleChartCostsNoSettings) {
+  program_.folders.program = user_.File("program");
+  std::filesystem::copy(SKERROW_PROGRAM_FOLDER, program_.folders.program,
+                        std::filesystem::copy_options::recursive);
+  program_.config = DefaultConfig(program_.folders.program);
+  ASSERT_TRUE(ReplaceFile(program_.folders.Charts() + "/9999-1.l55", "no picture"));
+  AppConfig own = program_.config;
+  own.vessel_speed = 7.25F;
+  ASSERT_TRUE(SaveConfig(program_.folders, own));
+  Start();
+  messages_.Expect("Error in Chart File\n" + program_.folders.Charts() +
+                   "/9999-1\n\nRestoring defaults to Sample Chart and exiting program");
+  MoveTo({200, 200});
+  QTest::qWait(100);
+  EXPECT_FALSE(window_->isVisible());
+  AppConfig stored;
+  ASSERT_TRUE(ReadConfig(program_.folders, stored));
+  EXPECT_EQ(stored.vessel_speed, 7.25F);
 }
 
 TEST(Readout, RecentChartsKeepSixAndTheNewestFirst) {

@@ -34,7 +34,7 @@ constexpr Command kCommands[] = {
     {"mnuLoadExistRoute", "&Load Existing Route", "openroute", "Open a saved route", "Ctrl+O",
      kNoNeed, Load},
     {"mnuLoadExistingRoute", "&Load Existing Route", "", "Open a saved route", "", kNoNeed, Load},
-    {"mnuOpenSampleRoute", "Open a Sample &Route", "", "A passage to try the program with", "",
+    {"mnuOpenSampleRoute", "Open a Sam&ple Route", "", "A passage to try the program with", "",
      kNoNeed, [](Context& c) { c.route.OpenSample(); }},
     {"mnuSaveRoute", "Save", "save", "Save the route under the name it has", "Ctrl+S", kNeedsRoute,
      [](Context& c) { c.route.Save(); }},
