@@ -106,12 +106,16 @@ TEST_F(Started, FirstStartStandsOnTheSampleChart) {
 
 TEST_F(Started, SettingsSurviveAndTidesOffHidesTheVectors) {
   Start();
-  ASSERT_TRUE(ReloadThenSave(folders_, program_.config,
-                             [](AppConfig& config) { config.use_tides = kFalse; }));
+  ASSERT_TRUE(ReloadThenSave(folders_, program_.config, [](AppConfig& config) {
+    config.use_tides = kFalse;
+    config.use_leeway = kTrue;
+  }));
+  EXPECT_FALSE(program_.use_leeway);
   Program again(folders_, clock_);
   LoadProgram(again, messages_);
   EXPECT_EQ(again.config.use_tides, kFalse);
   EXPECT_FALSE(VectorsShown(again.config));
+  EXPECT_TRUE(again.use_leeway);
 }
 
 TEST_F(Started, AReadOnlySettingsFolderIsToldAndDoesNotStopTheStart) {
@@ -268,11 +272,18 @@ TEST_F(Started, TheTidesRollByHalfHoursThroughMidnight) {
     float to;
     int day;
   };
-  const Row rows[] = {{6.5F, Roll::kForward, 7.0F, 339},  {6.2F, Roll::kForward, 6.5F, 339},
-                      {6.75F, Roll::kForward, 7.0F, 339}, {23.5F, Roll::kForward, 0.0F, 340},
-                      {6.5F, Roll::kBack, 6.0F, 339},     {6.75F, Roll::kBack, 6.0F, 339},
-                      {7.25F, Roll::kBack, 6.5F, 339},    {0.5F, Roll::kBack, 23.5F, 338},
-                      {0.0F, Roll::kBack, 23.5F, 338}};
+  const Row rows[] = {{6.5F, Roll::kForward, 7.0F, 339},
+                      {6.2F, Roll::kForward, 6.5F, 339},
+                      {6.75F, Roll::kForward, 7.0F, 339},
+                      {23.5F, Roll::kForward, 0.0F, 340},
+                      {6.5F, Roll::kBack, 6.0F, 339},
+                      {6.75F, Roll::kBack, 6.0F, 339},
+                      {7.25F, Roll::kBack, 6.5F, 339},
+                      {0.5F, Roll::kBack, 23.5F, 338},
+                      {0.0F, Roll::kBack, 23.5F, 338},
+                      // A thousandth of an hour short of the half counts as the half.
+                      {6.9995F, Roll::kBack, 6.5F, 339},
+                      {6.9985F, Roll::kBack, 6.0F, 339}};
   for (const Row& row : rows) {
     program_.selected_time.hours = row.from;
     SetDay(program_.selected_time, {339, 2026});

@@ -232,6 +232,11 @@ TEST_F(CommandLine, PlansTheSampleRoutes) {
   const auto tacked = Json("plan --date 2026-12-05 --time 06:30 --leeway 5 --tack 1=port");
   EXPECT_NEAR(plain["legs"][0]["heading"].get<double>() - 5,
               tacked["legs"][0]["heading"].get<double>(), 1e-3);
+  const auto set = Json(
+      "--set UseLeeway=-1 --set LeewayAngle=7 plan --date 2026-12-05 --time 06:30 "
+      "--tack 1=starboard");
+  EXPECT_NEAR(plain["legs"][0]["heading"].get<double>() + 7,
+              set["legs"][0]["heading"].get<double>(), 1e-3);
 }
 
 TEST_F(CommandLine, ReadsAUsersRouteAndWarns) {

@@ -71,10 +71,11 @@ TEST_F(CalcRouteForm, EveryBoxOfALegHasItsPlace) {
 }
 
 TEST_F(CalcRouteForm, OptionsReachTheCalculation) {
+  program.use_leeway = true;
   frmcalcroute form(desktop, nullptr);
   Show(form);
   Type(form, "rtedeptime", "07:45");
-  Find<QCheckBox>(form, "chkLeeway")->setChecked(true);
+  EXPECT_TRUE(Find<QCheckBox>(form, "chkLeeway")->isChecked());
   Type(form, "txtLeeway", "8.5");
   std::string lines;
   WithNextDialog([&](QDialog&) { lines = JoinLines(program.passage.result_lines); });
