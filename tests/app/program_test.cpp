@@ -6,19 +6,15 @@
 
 #include "app/timers.h"
 #include "support/recording_messages.h"
+#include "support/still_clock.h"
 #include "support/temp_folder.h"
 
 namespace skerrow {
 namespace {
 
 using testing::RecordingMessages;
+using testing::StillClock;
 using testing::TempFolder;
-
-class StillClock final : public Clock {
- public:
-  ClockReading Now() const override { return now; }
-  ClockReading now{2026, 12, 5, 6, 30, 20};
-};
 
 class Window final : public TimerWindow {
  public:
@@ -27,7 +23,7 @@ class Window final : public TimerWindow {
   void ServeEvents() override {
     if (on_events) on_events();
   }
-  void ShowReadout() override { ++readouts; }
+  void ShowReadout() override {}
   void ShowEta(const std::string& text) override { eta = text; }
   void LocatePoint(Position position) override { located.push_back(position); }
   std::optional<VisibleChart> Visible() const override { return visible; }
@@ -35,7 +31,6 @@ class Window final : public TimerWindow {
   std::function<void()> on_events;
   bool minimised = false;
   int repaints = 0;
-  int readouts = 0;
   std::string eta;
   std::vector<Position> located;
   std::optional<VisibleChart> visible;

@@ -121,11 +121,6 @@ TEST_F(CalcRouteForm, TheGpsMovesTheStartOnlyWhileItReceives) {
   EXPECT_FALSE(GpsReadingOf(program));
 }
 
-TEST_F(CalcRouteForm, ThePlanForTheClipboardHoldsTimeDateAndLegs) {
-  EXPECT_EQ(RoutePlanText("09:05", "14 Jun 2026", {"one", " "}),
-            "Route Plan \n\nDeparture Time 09:05 on 14 Jun 2026\n\none\n \n");
-}
-
 TEST_F(CalcRouteForm, ASearchLeavesNoCalculatedRoute) {
   NoProgress progress;
   ASSERT_EQ(RunCalculation(program, {"06:00", false, ""}, messages, progress), RouteOutcome::kDone);
