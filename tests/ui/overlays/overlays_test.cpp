@@ -15,6 +15,7 @@
 
 #include "core/plane_sailing.h"
 #include "support/recording_surface.h"
+#include "support/still_clock.h"
 #include "ui/drawing/qt_surface.h"
 #include "ui/overlays/live_overlays.h"
 
@@ -24,25 +25,8 @@ namespace {
 // A chart of 4000 x 6400 pixels from 50 to 51 north and 2 to 1 west. Worked out by the Mercator
 // formula outside the program: 50.5 north is row 3217, 50.75 north 1613, 50.25 north 4813.
 ChartRecord TestChart() {
-  ChartFileRecord file;
-  file.upper_lat = 51.0F;
-  file.top_pix = 0.0F;
-  file.lower_lat = 50.0F;
-  file.bottom_pix = 6400.0F;
-  file.lower_lon = -2.0F;
-  file.left_pix = 0.0F;
-  file.upper_lon = -1.0F;
-  file.right_pix = 4000.0F;
-  file.scale = 100000.0F;
-  file.width = 4000.0F;
-  file.height = 6400.0F;
-  return WorkOutChart(file).value();
+  return *WorkOutChart({51, 0, 50, 6400, -2, 0, -1, 4000, 100000, 0, 0, 0, 4000, 6400, ""});
 }
-
-class StillClock final : public Clock {
- public:
-  ClockReading Now() const override { return {}; }
-};
 
 class OverlaysTest : public ::testing::Test {
  protected:
@@ -149,7 +133,7 @@ class OverlaysTest : public ::testing::Test {
     program.tracks.plot_on = true;
   }
 
-  StillClock clock;
+  testing::StillClock clock;
   Program program;
   ViewState state;
   OverlayView view;
