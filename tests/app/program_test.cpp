@@ -136,31 +136,16 @@ TEST_F(Started, AMissingProgramFolderIsToldStepByStep) {
   EXPECT_TRUE(lost.charts.index.empty());
 }
 
-TEST_F(Started, TypedTimesAreCheckedInOrder) {
+TEST_F(Started, ATypedTimeMovesTheTidesUntilTheClockComesBack) {
   Start();
-  struct Row {
-    const char* text;
-    int day, month, year;
-    SelectedTimeRefusal refusal;
-  };
-  const Row rows[] = {{"1235", 5, 12, 2026, SelectedTimeRefusal::kNoTime},
-                      {"1:5", 5, 12, 2026, SelectedTimeRefusal::kNoTime},
-                      {"24:00", 5, 12, 2026, SelectedTimeRefusal::kOutOfRange},
-                      {"12:61", 5, 12, 2026, SelectedTimeRefusal::kOutOfRange},
-                      {"12:35", 30, 2, 2026, SelectedTimeRefusal::kNoSuchDate},
-                      {"12:35", 29, 2, 2028, SelectedTimeRefusal::kNone}};
-  for (const Row& row : rows) {
-    EXPECT_EQ(SetSelectedTime(program_, {row.text, row.day, row.month, row.year}, messages_),
-              row.refusal)
-        << row.text;
-  }
+  EXPECT_EQ(SetSelectedTime(program_, {"12:35", 30, 2, 2026}, messages_),
+            SelectedTimeRefusal::kNoSuchDate);
+  EXPECT_FALSE(program_.selected_time.override_);
+  EXPECT_EQ(SetSelectedTime(program_, {"12:35", 29, 2, 2028}, messages_),
+            SelectedTimeRefusal::kNone);
   EXPECT_EQ(program_.selected_time.day_of_year, 60);
   EXPECT_TRUE(program_.selected_time.override_);
   EXPECT_EQ(program_.tides.loaded->date, (DayAndYear{60, 2028}));
-  // Minutes of 60 give the next whole hour.
-  SetSelectedTime(program_, {"12:60", 29, 2, 2028}, messages_);
-  EXPECT_EQ(program_.selected_time.hours, 13.0F);
-
   ReturnToRealtime(program_, messages_);
   EXPECT_FALSE(program_.selected_time.override_);
   EXPECT_EQ(program_.selected_time.Day(), (DayAndYear{339, 2026}));

@@ -113,31 +113,6 @@ TEST_F(ConfigTest, EachFieldAloneChangesOnlyItsOwnBytes) {
   }
 }
 
-// Every byte but those of a text behind its first NUL, which are blanked; reserved texts keep all.
-TEST_F(ConfigTest, AnyBytesGoRound) {
-  std::string bytes(2956, '\0');
-  std::uint32_t state = 12345;
-  for (char& c : bytes) {
-    state = state * 1664525U + 1013904223U;
-    c = static_cast<char>(state >> 24);
-  }
-  bytes[300] = '\0';   // in ChartPath
-  bytes[1700] = '\0';  // in Reserved1
-  std::string expected = bytes;
-  for (const GoldenRow& row : kGolden) {
-    if (row.kind != 't' || row.name.starts_with("Reserved")) continue;
-    const std::size_t end = row.offset + row.size;
-    const std::size_t nul = std::min(bytes.find('\0', row.offset), end);
-    expected.replace(nul, end - nul, end - nul, ' ');
-  }
-  ASSERT_NE(expected, bytes);
-  folder_.Write("SkerrowHelm/HelmConfigv60.cfg", bytes);
-  AppConfig config;
-  ASSERT_TRUE(ReadConfig(folders_, config));
-  ASSERT_TRUE(SaveConfig(folders_, config));
-  EXPECT_EQ(FileBytes(folders_.ConfigFile()), expected);
-}
-
 TEST_F(ConfigTest, ShortFilesKeepTheRestAndLongOnesAreCut) {
   const std::string golden = GoldenFile();
   // Cut in the middle of VesselSpeed (2550, 4 bytes): what was held fills the rest of it.

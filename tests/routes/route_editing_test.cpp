@@ -146,10 +146,6 @@ TEST_F(RouteEditingTest, DraggingClearsTheNameAndKeepsTheSpeed) {
   ExpectWhole(state_);
   DragRoutePoint(state_, 2, {0, 0});
   EXPECT_EQ(state_.points.size(), 2U);
-  WaypointState waypoints{{{"mark", 50, 0}}};
-  DragWaypoint(waypoints, 0, {51, 1});
-  DragWaypoint(waypoints, 1, {52, 2});
-  EXPECT_EQ(waypoints.waypoints[0], (Waypoint{"mark", 51, 1}));
 }
 
 TEST_F(RouteEditingTest, ReversingCarriesSpeedWindAndTack) {
