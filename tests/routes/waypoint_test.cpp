@@ -44,6 +44,7 @@ TEST_F(WaypointTest, RecordIsThatOfTheFile) {
   Store(bytes);
   config_.waypoint_file = "Mine.way   ";
   ASSERT_TRUE(LoadCurrentWaypoints(folders_, config_, state_, messages_));
+  EXPECT_EQ(config_.waypoint_file, "Mine.way");
   ASSERT_EQ(state_.waypoints.size(), 2U);
   EXPECT_EQ(state_.waypoints[0], (Waypoint{"Needles", 50.5F, -1.25F}));
   EXPECT_EQ(state_.waypoints[1].name, "\u00cele de R\u00e9");

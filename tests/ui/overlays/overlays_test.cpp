@@ -360,6 +360,8 @@ TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
       << boat;
   // Towards the chart's edge 0.5 degrees away the vector ends short of it.
   program.config.heading_vector_length = 100.0F;
+  const std::string east = DrawOne("boat");
+  EXPECT_NEAR(std::stod(east.substr(east.find("line ") + 19)), 0.99 * 2000.0 + 100.0, 2.0);
   program.boat.course = 30.0F;
   double x = 0.0;
   double y = 0.0;
