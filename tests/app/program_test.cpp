@@ -6,19 +6,15 @@
 
 #include "app/timers.h"
 #include "support/recording_messages.h"
+#include "support/still_clock.h"
 #include "support/temp_folder.h"
 
 namespace skerrow {
 namespace {
 
 using testing::RecordingMessages;
+using testing::StillClock;
 using testing::TempFolder;
-
-class StillClock final : public Clock {
- public:
-  ClockReading Now() const override { return now; }
-  ClockReading now{2026, 12, 5, 6, 30, 20};
-};
 
 class Window final : public TimerWindow {
  public:
@@ -27,7 +23,7 @@ class Window final : public TimerWindow {
   void ServeEvents() override {
     if (on_events) on_events();
   }
-  void ShowReadout() override { ++readouts; }
+  void ShowReadout() override {}
   void ShowEta(const std::string& text) override { eta = text; }
   void LocatePoint(Position position) override { located.push_back(position); }
   std::optional<VisibleChart> Visible() const override { return visible; }
@@ -35,7 +31,6 @@ class Window final : public TimerWindow {
   std::function<void()> on_events;
   bool minimised = false;
   int repaints = 0;
-  int readouts = 0;
   std::string eta;
   std::vector<Position> located;
   std::optional<VisibleChart> visible;
@@ -106,12 +101,16 @@ TEST_F(Started, FirstStartStandsOnTheSampleChart) {
 
 TEST_F(Started, SettingsSurviveAndTidesOffHidesTheVectors) {
   Start();
-  ASSERT_TRUE(ReloadThenSave(folders_, program_.config,
-                             [](AppConfig& config) { config.use_tides = kFalse; }));
+  ASSERT_TRUE(ReloadThenSave(folders_, program_.config, [](AppConfig& config) {
+    config.use_tides = kFalse;
+    config.use_leeway = kTrue;
+  }));
+  EXPECT_FALSE(program_.use_leeway);
   Program again(folders_, clock_);
   LoadProgram(again, messages_);
   EXPECT_EQ(again.config.use_tides, kFalse);
   EXPECT_FALSE(VectorsShown(again.config));
+  EXPECT_TRUE(again.use_leeway);
 }
 
 TEST_F(Started, AReadOnlySettingsFolderIsToldAndDoesNotStopTheStart) {
@@ -137,31 +136,16 @@ TEST_F(Started, AMissingProgramFolderIsToldStepByStep) {
   EXPECT_TRUE(lost.charts.index.empty());
 }
 
-TEST_F(Started, TypedTimesAreCheckedInOrder) {
+TEST_F(Started, ATypedTimeMovesTheTidesUntilTheClockComesBack) {
   Start();
-  struct Row {
-    const char* text;
-    int day, month, year;
-    SelectedTimeRefusal refusal;
-  };
-  const Row rows[] = {{"1235", 5, 12, 2026, SelectedTimeRefusal::kNoTime},
-                      {"1:5", 5, 12, 2026, SelectedTimeRefusal::kNoTime},
-                      {"24:00", 5, 12, 2026, SelectedTimeRefusal::kOutOfRange},
-                      {"12:61", 5, 12, 2026, SelectedTimeRefusal::kOutOfRange},
-                      {"12:35", 30, 2, 2026, SelectedTimeRefusal::kNoSuchDate},
-                      {"12:35", 29, 2, 2028, SelectedTimeRefusal::kNone}};
-  for (const Row& row : rows) {
-    EXPECT_EQ(SetSelectedTime(program_, {row.text, row.day, row.month, row.year}, messages_),
-              row.refusal)
-        << row.text;
-  }
+  EXPECT_EQ(SetSelectedTime(program_, {"12:35", 30, 2, 2026}, messages_),
+            SelectedTimeRefusal::kNoSuchDate);
+  EXPECT_FALSE(program_.selected_time.override_);
+  EXPECT_EQ(SetSelectedTime(program_, {"12:35", 29, 2, 2028}, messages_),
+            SelectedTimeRefusal::kNone);
   EXPECT_EQ(program_.selected_time.day_of_year, 60);
   EXPECT_TRUE(program_.selected_time.override_);
   EXPECT_EQ(program_.tides.loaded->date, (DayAndYear{60, 2028}));
-  // Minutes of 60 give the next whole hour.
-  SetSelectedTime(program_, {"12:60", 29, 2, 2028}, messages_);
-  EXPECT_EQ(program_.selected_time.hours, 13.0F);
-
   ReturnToRealtime(program_, messages_);
   EXPECT_FALSE(program_.selected_time.override_);
   EXPECT_EQ(program_.selected_time.Day(), (DayAndYear{339, 2026}));
@@ -268,11 +252,18 @@ TEST_F(Started, TheTidesRollByHalfHoursThroughMidnight) {
     float to;
     int day;
   };
-  const Row rows[] = {{6.5F, Roll::kForward, 7.0F, 339},  {6.2F, Roll::kForward, 6.5F, 339},
-                      {6.75F, Roll::kForward, 7.0F, 339}, {23.5F, Roll::kForward, 0.0F, 340},
-                      {6.5F, Roll::kBack, 6.0F, 339},     {6.75F, Roll::kBack, 6.0F, 339},
-                      {7.25F, Roll::kBack, 6.5F, 339},    {0.5F, Roll::kBack, 23.5F, 338},
-                      {0.0F, Roll::kBack, 23.5F, 338}};
+  const Row rows[] = {{6.5F, Roll::kForward, 7.0F, 339},
+                      {6.2F, Roll::kForward, 6.5F, 339},
+                      {6.75F, Roll::kForward, 7.0F, 339},
+                      {23.5F, Roll::kForward, 0.0F, 340},
+                      {6.5F, Roll::kBack, 6.0F, 339},
+                      {6.75F, Roll::kBack, 6.0F, 339},
+                      {7.25F, Roll::kBack, 6.5F, 339},
+                      {0.5F, Roll::kBack, 23.5F, 338},
+                      {0.0F, Roll::kBack, 23.5F, 338},
+                      // A thousandth of an hour short of the half counts as the half.
+                      {6.9995F, Roll::kBack, 6.5F, 339},
+                      {6.9985F, Roll::kBack, 6.0F, 339}};
   for (const Row& row : rows) {
     program_.selected_time.hours = row.from;
     SetDay(program_.selected_time, {339, 2026});

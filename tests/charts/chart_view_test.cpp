@@ -8,18 +8,8 @@ namespace skerrow {
 namespace {
 
 ChartView Channel() {
-  ChartFileRecord file;
-  file.upper_lat = 51.0F;
-  file.top_pix = 100.0F;
-  file.lower_lat = 49.0F;
-  file.bottom_pix = 3100.0F;
-  file.lower_lon = -5.0F;
-  file.left_pix = 50.0F;
-  file.upper_lon = 1.0F;
-  file.right_pix = 4050.0F;
-  file.scale = 500000.0F;
-  file.width = 4100.0F;
-  file.height = 3200.0F;
+  const ChartFileRecord file = {51,     100, 49, 3100, -5,   50,   1, 4050,
+                                500000, 0,   0,  0,    4100, 3200, ""};
   return MakeChartView(*WorkOutChart(file), 4100, 3200);
 }
 
@@ -74,17 +64,15 @@ TEST(ChartView, PanningByFourFifths) {
     PixelRect from;
     PanDirection direction;
     PixelRect to;
-  } rows[] = {
-      {{500, 1000, 1000, 500}, PanDirection::kUp, {500, 600, 1000, 500}},
-      {{500, 1000, 1000, 500}, PanDirection::kDown, {500, 1400, 1000, 500}},
-      {{500, 1000, 1000, 500}, PanDirection::kRight, {1300, 1000, 1000, 500}},
-      {{500, 1000, 1000, 500}, PanDirection::kLeft, {0, 1000, 1000, 500}},
-      {{500, 0, 1000, 500}, PanDirection::kUp, {500, 0, 1000, 500}},
-      {{500, 100, 1000, 500}, PanDirection::kUp, {500, 0, 1000, 500}},
-      {{500, 2650, 1000, 500}, PanDirection::kDown, {500, 2700, 1000, 500}},
-      {{3000, 0, 1000, 500}, PanDirection::kRight, {3100, 0, 1000, 500}},
-      {{0, 0, 5000, 5000}, PanDirection::kDown, {0, 0, 5000, 5000}},
-  };
+  } rows[] = {{{500, 1000, 1000, 500}, PanDirection::kUp, {500, 600, 1000, 500}},
+              {{500, 1000, 1000, 500}, PanDirection::kDown, {500, 1400, 1000, 500}},
+              {{500, 1000, 1000, 500}, PanDirection::kRight, {1300, 1000, 1000, 500}},
+              {{500, 1000, 1000, 500}, PanDirection::kLeft, {0, 1000, 1000, 500}},
+              {{500, 0, 1000, 500}, PanDirection::kUp, {500, 0, 1000, 500}},
+              {{500, 100, 1000, 500}, PanDirection::kUp, {500, 0, 1000, 500}},
+              {{500, 2650, 1000, 500}, PanDirection::kDown, {500, 2700, 1000, 500}},
+              {{3000, 0, 1000, 500}, PanDirection::kRight, {3100, 0, 1000, 500}},
+              {{0, 0, 5000, 5000}, PanDirection::kDown, {0, 0, 5000, 5000}}};
   for (const auto& row : rows) EXPECT_EQ(Pan(row.from, row.direction, 4100, 3200), row.to);
 }
 

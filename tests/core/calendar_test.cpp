@@ -5,9 +5,6 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "core/clock.h"
-#include "core/selected_time.h"
-
 namespace skerrow {
 namespace {
 
@@ -115,24 +112,6 @@ TEST(Calendar, NamesOfTrackFilesAndDates) {
   EXPECT_EQ(LongMonthName(9), "September");
   EXPECT_EQ(LongMonthName(13), "");
   EXPECT_EQ(JulianDate(1, 1, 99, 12, 0, 0), 2451180.0);  // 1 January 1999, noon
-}
-
-TEST(SelectedTime, SavedOnceAndRestoredOnce) {
-  SelectedTime time;
-  SetFromClock(time, {2026, 12, 5, 6, 30, 59});
-  EXPECT_EQ(time.day_of_year, 339);
-  EXPECT_FLOAT_EQ(time.hours, 6.5F);
-  SavedTime saved;
-  SaveOnce(time, saved);
-  SetDay(time, {60, 2024});
-  EXPECT_EQ(time.month, 2);
-  EXPECT_EQ(time.day_of_month, 29);
-  SaveOnce(time, saved);  // A second departure does not count.
-  RestoreSaved(time, saved);
-  EXPECT_EQ(time.day_of_year, 339);
-  SetDay(time, {1, 2030});
-  RestoreSaved(time, saved);
-  EXPECT_EQ(time.year, 2030);
 }
 
 }  // namespace

@@ -55,12 +55,5 @@ TEST(DateOrder, RefusesOtherForms) {
   EXPECT_EQ(DetectDateOrder(FakeDates("07/05.2012", {{"03.01.2001", "Wed"}})), "DD.MM.YYYY");
 }
 
-TEST(DateOrder, JoinsInTheMachinesOrder) {
-  EXPECT_EQ(JoinDate("DD/MM/YYYY", "7", "May", "2012"), "7 May 2012");
-  EXPECT_EQ(JoinDate("MM.DD.YYYY", "7", "May", "2012"), "May 7 2012");
-  EXPECT_EQ(JoinDate("YYYY-MM-DD", "7", "May", "2012"), "2012 May 7");
-  EXPECT_EQ(JoinDate("YYYY-DD-MM", "7", "May", "2012"), "2012 7 May");
-}
-
 }  // namespace
 }  // namespace skerrow

@@ -247,6 +247,31 @@ TEST_F(RouteCalculation, NeedsTwoPoints) {
   EXPECT_EQ(Run({8.0F, kDate, false, ""}), RouteOutcome::kNoRoute);
 }
 
+// By hand: 30 nm at 6 knots, and 0.0065 more by moves in single precision, which take 4 seconds
+// off; then 0.5 x 60 x cos 50.5 = 19.0823 nm at 7.5, to the end of the 31st step of 7.5/12
+// nm. 7.5432 h show as 54 hundredths, or 32 minutes; the water distance goes by the speed of the
+// last leg.
+TEST_F(RouteCalculation, ARowOfTheDepartureTable) {
+  route_.points[1].speed = 7.5F;
+  OptimumRequest request;
+  request.slot = kDepartureSlots[2];
+  request.date = {365, 2026};
+  ASSERT_EQ(SearchDeparture(request, config_, tides_, route_, passage_, messages_, progress_),
+            RouteOutcome::kDone);
+  const std::string rest = "\t07Hrs 32Min \t6.51kt.\t49.38nm.\t56.6nm.";
+  EXPECT_EQ(passage_.result_lines[14], "16:00\t23:32" + rest);
+  EXPECT_EQ(passage_.result_lines[16], "17:00\t00:32 (1 Jan)" + rest);
+}
+
+// A leg of 1,200 steps of half a mile; a point holds the first thousand of its drift.
+TEST_F(RouteCalculation, APointHoldsAThousandEntriesOfTheDrift) {
+  route_ = MakeRoute({{40.0F, -1.0F}, {50.0F, -1.0F}});
+  ASSERT_EQ(ReworkRoute({8.0F, kDate, false, ""}, config_, tides_, route_, passage_, progress_),
+            RouteOutcome::kDone);
+  EXPECT_NEAR(route_.points[0].steps, 1200, 2);
+  EXPECT_EQ(route_.points[0].tide_vector.size(), 1000U);
+}
+
 TEST(DepartureTime, RowsOfTheHeader) {
   struct Row {
     const char* text;
@@ -296,12 +321,7 @@ TEST_F(Optimum, TriesEachHourOfASlot) {
   EXPECT_EQ(passage_.result_lines[2], "Optimum Departure for 5 Dec 2026");
   EXPECT_EQ(passage_.result_lines[4],
             "Depart\tArrive\tTime Taken\tEffective Speed\tGround Distance\tWater Distance");
-  EXPECT_TRUE(passage_.result_lines[6].starts_with("06:00\t"));
   EXPECT_EQ(passage_.route_history.size(), 10U);
-  EXPECT_EQ(std::count(passage_.result_lines.begin(), passage_.result_lines.end(),
-                       "Route Details - Distance = " +
-                           FormatFixed(RouteLengthOf(route_.points), 1, 1) + "nm."),
-            1);
 
   // Each entry is what the route calculation gives for that departure.
   for (const std::size_t j : {std::size_t{0}, std::size_t{5}}) {
@@ -327,18 +347,6 @@ TEST_F(Optimum, DoesNotDependOnTheNumberOfThreads) {
     if (threads == 1) lines = passage.result_lines;
     EXPECT_EQ(passage.result_lines, lines) << threads;
   }
-}
-
-TEST_F(Optimum, WaterDistanceFollowsTheLastLegsSpeed) {
-  route_.points[0].speed = 4.0F;
-  route_.points[2].speed = 7.0F;
-  OptimumRequest request;
-  request.slot = kDepartureSlots[3];
-  request.date = kDate;
-  ASSERT_EQ(SearchDeparture(request, config_, tides_, route_, passage_, messages_, progress_),
-            RouteOutcome::kDone);
-  const std::string water = FormatFixed(passage_.optimum_times[0] * 7.0F, 1, 1) + "nm.";
-  EXPECT_TRUE(passage_.result_lines[6].ends_with("\t" + water)) << passage_.result_lines[6];
 }
 
 TEST(OptimumExtremes, TakeTheEarliestOfEquals) {

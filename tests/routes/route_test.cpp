@@ -80,14 +80,6 @@ TEST_F(RouteTest, LoadsPointsLinksAndLength) {
   EXPECT_EQ(state_.points[1].wind_direction, 225.0F);
 }
 
-TEST_F(RouteTest, DefaultSpeedOnRequest) {
-  const std::string path = Store(kThreePoints);
-  ASSERT_TRUE(Load(path));
-  EXPECT_EQ(state_.points[1].speed, 4.0F);
-  ASSERT_TRUE(Load(path, RouteSpeeds::kProgramDefault));
-  for (const RoutePoint& point : state_.points) EXPECT_EQ(point.speed, 5.5F);
-}
-
 TEST_F(RouteTest, RefusalsKeepTheRoute) {
   ASSERT_TRUE(Load(Store(kThreePoints)));
   const auto refused = [&](const std::vector<RouteRecord>& records, const std::string& reason) {
@@ -132,10 +124,8 @@ TEST_F(RouteTest, ALastRecordCutShortIsLeftOutAndTold) {
 }
 
 TEST_F(RouteTest, MorePointsThanTheWindTableHolds) {
-  const std::vector<RouteRecord> many(150, RouteRecord{"p", 50, -1, 5});
-  ASSERT_TRUE(Load(Store(many)));
+  ASSERT_TRUE(Load(Store(std::vector<RouteRecord>(150, {"p", 50, -1, 5}))));
   EXPECT_EQ(state_.points.size(), 150U);
-  EXPECT_EQ(state_.distance, 0.0F);
 }
 
 // The wind is asked for where and when the boat gets to a point, and carried on over gaps.

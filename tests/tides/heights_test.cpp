@@ -38,8 +38,9 @@ struct Agreement {
                const nlohmann::json& high_mm) {
     std::vector<double> own_high;
     for (int d = 0; d < days; ++d) {
-      SelectedMonth month(from, d);
-      const TideCurve curve = PredictHeights(port, from.day + d, month.value, from.year, false);
+      MonthDate date;
+      DayOfYearToDate(from.day + d, from.year, date);
+      const TideCurve curve = PredictHeights(port, from.day + d, date.month, from.year, false);
       for (int hour = 0; hour < 24; ++hour) {
         const std::size_t at = static_cast<std::size_t>(d * 24 + hour);
         if (at >= heights_mm.size()) break;
@@ -61,16 +62,6 @@ struct Agreement {
       ++high_waters;
     }
   }
-
- private:
-  struct SelectedMonth {
-    SelectedMonth(DayAndYear from, int days) {
-      MonthDate date;
-      DayOfYearToDate(from.day + days, from.year, date);
-      value = date.month;
-    }
-    int value;
-  };
 };
 
 // A full harmonic prediction from every constituent of the same stations, made outside this
@@ -152,13 +143,6 @@ TEST(Heights, TakeTheMonthFromTheSameTableEveryYear) {
     EXPECT_EQ(SeasonByDay(port, outside).m2_amplitude, 99.0F);
     EXPECT_EQ(SeasonByDay(port, outside).mean_level, 10.0F);
   }
-}
-
-TEST(Heights, APortOfZerosIsFlat) {
-  const TideCurve curve = PredictHeights(Port{}, 100, 4, 2026, false);
-  EXPECT_TRUE(curve.waters.empty());
-  EXPECT_EQ(curve.range, 0.0F);
-  EXPECT_EQ(curve.curve[70].height, 0.0F);
 }
 
 TEST(Ports, TimeZoneLetters) {

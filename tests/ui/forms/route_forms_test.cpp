@@ -40,13 +40,8 @@ TEST(FileNames, TypedNamesAndTheirRefusals) {
     EXPECT_EQ(name.refusal, row.refusal) << row.typed;
     EXPECT_EQ(name.file_name, row.name) << row.typed;
   }
-  EXPECT_EQ(FileRefusalText(FileRefusal::kNameEmpty, NameEntry::kWaypointEditNew),
-            "Enter a new waypoint file name an then clich the OK button");
-  EXPECT_EQ(FileRefusalText(FileRefusal::kNameEmpty, NameEntry::kNewWaypointFile),
-            "Enter a new waypoint file name an then click the OK button");
   EXPECT_EQ(FileRefusalText(FileRefusal::kNameEmpty, NameEntry::kWaypointSave),
             "Enter a new route file name an then click the OK button");
-  EXPECT_EQ(FileRefusalText(FileRefusal::kNameBad), "Check Waypoint file name");
   EXPECT_EQ(CheckWaypointFileChoice(" "), FileRefusal::kNothingSelected);
   EXPECT_EQ(CheckWaypointFileChoice("a.WAY"), FileRefusal::kNone);
   EXPECT_EQ(CheckWaypointFileChoice("a.rte"), FileRefusal::kNotAWaypointFile);
@@ -101,14 +96,8 @@ TEST_F(FormTest, DeletionIsCheckedInOrder) {
   for (const auto& row : rows) {
     EXPECT_EQ(CheckDelete(folders_, row.kind, row.name), row.refusal) << row.name;
   }
-  EXPECT_EQ(DeleteQuestion(FileKind::kWaypoint, "Mine.way"),
-            "Are you sure that you want to delete Waypoint File ** Mine.way **");
-  EXPECT_EQ(DeleteQuestion(FileKind::kRoute, "a.rte"),
-            "Are you sure that you want to delete Route File ** a.rte **");
   EXPECT_EQ(FileRefusalText(FileRefusal::kDeleteUnreachable),
             "The file selected has a problem  - it may be in use");
-  EXPECT_TRUE(DeleteRecordFile(folders_, FileKind::kWaypoint, "Mine.way"));
-  EXPECT_FALSE(FileReadable(WaypointPath(folders_, "Mine.way")));
 }
 
 // What the dialogs' own tests do not reach.
@@ -184,31 +173,9 @@ TEST_F(FormTest, EditingALeg) {
       EXPECT_EQ(state.points[0].name, expected == kNone ? "changed" : "Lizard") << row.text;
     }
   }
-  const auto edit = [&](std::size_t leg, const LegEntry& entry) {
-    return EditLeg(state_, leg, entry, kLetters, defaults_, messages_);
-  };
-  EXPECT_EQ(edit(0, shown), kNoLegSelected);
-  EXPECT_EQ(edit(3, shown), kNoLegSelected);
-  LegEntry entry = shown;
-  entry.end_name = "Prawle";
-  entry.end_longitude = "003.43.20W";
-  entry.speed = "7.5";
-  EXPECT_EQ(edit(1, entry), kNone);
-  EXPECT_EQ(state_.points[0].speed, 7.5F);
-  EXPECT_EQ(state_.points[0].At(), (Position{49.94F, -5.206F}));  // untouched, to the bit
-  EXPECT_EQ(state_.points[1].latitude, 50.208F);
-  EXPECT_FLOAT_EQ(state_.points[1].longitude, -3.72F);
-  EXPECT_EQ(state_.points[0].next_name, "Prawle");
-  EXPECT_EQ(state_.points[0].next_longitude, state_.points[1].longitude);
-}
-
-TEST_F(FormTest, RouteFromListRows) {
-  EXPECT_EQ(CreateRouteFromRows(state_, {RowOf({"a", 50.5F, -1.25F}), RowOf({"b:,", 51, 1})},
-                                defaults_, messages_),
-            RouteEdit::kDone);
-  EXPECT_EQ(state_.points[0].At(), (Position{50.5F, -1.25F}));
-  EXPECT_EQ(state_.points[1].name, "b:,");
-  EXPECT_EQ(PickListText(RowOf({"Lizard", 49.94F, -5.206F})), "Lizard,49.56.40N : 005.12.36W");
+  for (const std::size_t leg : {0U, 3U}) {
+    EXPECT_EQ(EditLeg(state_, leg, shown, kLetters, defaults_, messages_), kNoLegSelected);
+  }
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "app/edits.h"
 #include "routes/route.h"
 #include "ui/main/context.h"
+#include "ui/main/readout.h"
 #include "window_fixture.h"
 
 namespace skerrow {
@@ -357,6 +358,9 @@ TEST_F(Window, PointsSnapToWaypoints) {
   ASSERT_EQ(program_.route.points.size(), 1U);
   EXPECT_EQ(program_.route.points[0].name, "EC2 HFP Buoy");
   EXPECT_EQ(program_.route.points[0].latitude, mark->latitude);
+  // Six miles from the mark, not from the click.
+  MoveTo(At({mark->latitude + 0.1F, mark->longitude}));
+  EXPECT_TRUE(window_->findChild<QLabel*>("Picture1")->text().contains("Range 6.0nm @"));
 }
 
 TEST_F(Window, EscHasTwoStages) {
@@ -438,6 +442,10 @@ TEST_F(Window, KeysZoomAndPan) {
   EXPECT_NEAR(after.left - before.left, before.width * 4 / 5, 3);
   Key(Qt::Key_Left);
   EXPECT_NEAR(window_->viewer().VisibleRect().left, before.left, 3);
+  Key(Qt::Key_PageDown);
+  EXPECT_NEAR(window_->viewer().VisibleRect().top - before.top, before.height * 4 / 5, 3);
+  Key(Qt::Key_PageUp);
+  EXPECT_NEAR(window_->viewer().VisibleRect().top, before.top, 3);
   for (int i = 0; i < 9; ++i) Key(Qt::Key_Up);
   EXPECT_EQ(window_->viewer().VisibleRect().top, 0);
   Key(Qt::Key_Home);
@@ -928,6 +936,24 @@ TEST_F(Window, ABrokenSampleChartCostsNoSettings) {
   AppConfig stored;
   ASSERT_TRUE(ReadConfig(program_.folders, stored));
   EXPECT_EQ(stored.vessel_speed, 7.25F);
+}
+
+// By hand: 6 miles south and 0.1 x 60 x cos 50.45 = 3.82 west are 7.1 miles towards 212.
+TEST(Readout, TellsRangeAndBearingFromThePlaceInForce) {
+  ViewState view;
+  view.cursor = {50.4F, -1.6F};
+  const Position from{50.5F, -1.5F};
+  view.zero_point = view.last_click = from;
+  view.marked = from;
+  view.dividers_fresh = false;
+  EXPECT_EQ(CursorReadout(view, "N", "W"), (std::vector<std::string>{"Cursor", "N  W"}));
+  EXPECT_EQ(DividersText(view), "Range 7.1nm @212°T");
+  view.route_entry_on = true;
+  EXPECT_EQ(CursorReadout(view, "N", "W").back(), "Range 7.1nm @212°T");
+  view.marked_point_on = true;
+  EXPECT_EQ(CursorReadout(view, "N", "W").back(), "From Mark 7.1nm @212°T");
+  view.dividers_on = true;
+  EXPECT_EQ(CursorReadout(view, "N", "W").back(), "Range 7.1  @212");
 }
 
 TEST(Readout, RecentChartsKeepSixAndTheNewestFirst) {
