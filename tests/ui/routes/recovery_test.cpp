@@ -2,6 +2,8 @@
 
 #include "app/recovery.h"
 
+#include <limits>
+
 #include "app/waypoint_work.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
@@ -36,6 +38,12 @@ TEST_F(UnsavedWork, RouteIsKeptWhileItIsInNoFile) {
   EXPECT_FALSE(Kept());
   EXPECT_TRUE(RedoRouteEdit(program, messages));
   EXPECT_TRUE(Kept());
+  // A route that no reader would take does not go over the one that is kept.
+  const std::string kept = FileBytes(RouteRecoveryPath(program.folders));
+  RouteState broken = program.route;
+  broken.points[0].speed = std::numeric_limits<float>::quiet_NaN();
+  EXPECT_FALSE(KeepRoute(program.folders, broken));
+  EXPECT_EQ(FileBytes(RouteRecoveryPath(program.folders)), kept);
   EditRoute(desktop, "Clear Route", [&](RouteState& route) { ClearRoute(route); });
   EXPECT_FALSE(Kept());
 }
