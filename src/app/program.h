@@ -94,7 +94,8 @@ void LoadConfig(Program& program, Messages& messages);
 // others.
 void LoadProgram(Program& program, Messages& messages);
 
-// Writes the default settings over the stored ones.
+// Puts the default settings in the place of the stored ones, and tells the name of the copy that
+// is kept of these. False, with a message, where that cannot be done; the settings are as they were.
 bool RestoreDefaults(Program& program, Messages& messages);
 
 // Whether course-to-steer vectors are drawn: where they are wanted and tides are in use.
