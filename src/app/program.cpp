@@ -31,6 +31,11 @@ void LoadConfig(Program& program, Messages& messages) {
 }
 
 void LoadProgram(Program& program, Messages& messages) {
+  const Folders& folders = program.folders;
+  for (const std::string& folder :
+       {folders.SettingsData(), folders.Waypoints(), folders.Routes()}) {
+    ClearLeftovers(folder);
+  }
   LoadConfig(program, messages);
   FollowClock(program);
   ShowFailure(LoadCurrentWaypoints(program.folders, program.config, program.waypoints, messages),
