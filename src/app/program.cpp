@@ -31,6 +31,11 @@ void LoadConfig(Program& program, Messages& messages) {
 }
 
 void LoadProgram(Program& program, Messages& messages) {
+  const Folders& folders = program.folders;
+  for (const std::string& folder :
+       {folders.SettingsData(), folders.Waypoints(), folders.Routes()}) {
+    ClearLeftovers(folder);
+  }
   LoadConfig(program, messages);
   FollowClock(program);
   ShowFailure(LoadCurrentWaypoints(program.folders, program.config, program.waypoints, messages),
@@ -47,7 +52,16 @@ void LoadProgram(Program& program, Messages& messages) {
 }
 
 bool RestoreDefaults(Program& program, Messages& messages) {
-  return WriteDefaultConfig(program.folders, messages);
+  const Result<std::string> copy = RestoreDefaultConfig(program.folders);
+  if (!copy) {
+    messages.Show("Unable to create a configuration file.\n" + copy.error().Text(),
+                  MessageIcon::kWarning);
+    return false;
+  }
+  if (!copy->empty()) {
+    messages.Show("The settings up to now are kept in " + *copy, MessageIcon::kInformation);
+  }
+  return true;
 }
 
 bool VectorsShown(const AppConfig& config) {

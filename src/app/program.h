@@ -89,12 +89,14 @@ struct Program {
 // defaults in force.
 void LoadConfig(Program& program, Messages& messages);
 
-// The data steps of the start, in their order: settings, time, waypoints, chart, reference ports,
-// tides, diamonds, port marks and chart index. A step that fails says so and does not stop the
-// others.
+// Clears what a killed program left in the user's folders, and takes the data steps of the start,
+// in their order: settings, time, waypoints, chart, reference ports, tides, diamonds, port marks
+// and chart index. A step that fails says so and does not stop the others.
 void LoadProgram(Program& program, Messages& messages);
 
-// Writes the default settings over the stored ones.
+// Puts the default settings in the place of the stored ones, and tells the name of the copy that
+// is kept of these. False, with a message, where that cannot be done; the settings are as they
+// were.
 bool RestoreDefaults(Program& program, Messages& messages);
 
 // Whether course-to-steer vectors are drawn: where they are wanted and tides are in use.

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <filesystem>
-#include <span>
 
 #include "app/edit_session.h"
 #include "core/calendar.h"
@@ -37,9 +36,7 @@ std::string WaypointRecoveryPath(const Folders& folders, std::string_view file_n
 }
 
 Status KeepRoute(const Folders& folders, const RouteState& route) {
-  const std::vector<RouteRecord> records = RouteContent(route);
-  return ReplaceFile(RouteRecoveryPath(folders),
-                     EncodeRecords(std::span<const RouteRecord>(records), kRouteFields));
+  return WriteRouteFile(RouteRecoveryPath(folders), RouteContent(route));
 }
 
 Status DropRouteRecovery(const Folders& folders) { return DeleteFile(RouteRecoveryPath(folders)); }

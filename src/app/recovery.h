@@ -18,7 +18,8 @@ std::string RouteRecoveryPath(const Folders& folders);
 // Where the unsaved rows of the waypoint file `file_name` are kept: "recovery.Solent.way".
 std::string WaypointRecoveryPath(const Folders& folders, std::string_view file_name);
 
-// Keeps the route, its speeds as they are.
+// Keeps the route, its speeds as they are. Error, with what was kept before as it was: those of
+// WriteRouteFile.
 Status KeepRoute(const Folders& folders, const RouteState& route);
 
 // Forgets the kept route; none is no error.

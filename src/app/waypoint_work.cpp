@@ -5,18 +5,19 @@
 
 namespace skerrow {
 
-Status WaypointWork::Open(const std::string& file_name, bool kept) {
+Status WaypointWork::Open(const std::string& file_name, Messages& messages, bool kept) {
   const std::string path = WaypointPath(folders_, file_name);
   std::string copy = WaypointRecoveryPath(folders_, file_name);
+  WaypointEditor opened;
+  if (Status status = opened.Open(kept ? copy : path, messages); !status) return status;
   if (!kept) {
     const Result<std::string> content = ReadFile(path);
     if (!content) return content.error();
-    if (!ReplaceFile(copy, *content)) copy.clear();
-  }
-  WaypointEditor opened;
-  if (const Status status = opened.Open(copy.empty() ? path : copy); !status) {
-    if (!kept && !copy.empty()) (void)DeleteFile(copy);
-    return status.error();
+    if (ReplaceFile(copy, *content)) {
+      opened.WriteTo(copy);
+    } else {
+      copy.clear();
+    }
   }
   if (copy_ != copy) Abandon();
   editor_ = std::move(opened);

@@ -20,9 +20,9 @@ class WaypointWork {
   WaypointWork(const WaypointWork&) = delete;
   WaypointWork& operator=(const WaypointWork&) = delete;
 
-  // Takes up a file, and with `kept` the rows that an earlier run left of it. On an error the work
-  // stays with what it has.
-  Status Open(const std::string& file_name, bool kept = false);
+  // Takes up a file, and with `kept` the rows that an earlier run left of it. A message tells the
+  // records that were left out, which Save would lose. On an error the work stays with what it has.
+  Status Open(const std::string& file_name, Messages& messages, bool kept = false);
 
   // Empty before the first Open.
   const std::string& file_name() const { return file_name_; }

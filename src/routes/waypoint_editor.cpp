@@ -22,8 +22,8 @@ Waypoint WaypointOf(const WaypointRow& row) {
   return {Trim(row.name), TextToLat(row.latitude_text), TextToLong(row.longitude_text)};
 }
 
-Status WaypointEditor::Open(const std::string& path) {
-  Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path);
+Status WaypointEditor::Open(const std::string& path, Messages& messages) {
+  Result<std::vector<Waypoint>> waypoints = ReadWaypointFile(path, messages);
   if (!waypoints) return waypoints.error();
   path_ = path;
   waypoints_ = std::move(waypoints.value());

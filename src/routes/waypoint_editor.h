@@ -24,8 +24,12 @@ Waypoint WaypointOf(const WaypointRow& row);
 // The rows of a waypoint file while it is edited; nothing reaches the file before Save.
 class WaypointEditor {
  public:
-  // Takes the rows of a file; on an error the editor keeps what it has.
-  Status Open(const std::string& path);
+  // Takes the rows of a file; a message tells what was left out. On an error the editor keeps what
+  // it has.
+  Status Open(const std::string& path, Messages& messages);
+
+  // Makes Save write over another file than the one that was opened.
+  void WriteTo(const std::string& path) { path_ = path; }
 
   const std::vector<WaypointRow>& rows() const { return rows_; }
   // Whether rows differ from the file as opened or saved.
@@ -37,8 +41,8 @@ class WaypointEditor {
   bool Change(std::size_t row, const WaypointRow& entry);
   bool Delete(std::size_t row);
 
-  // Writes all rows in list order over the file that was opened. Rows that were not touched keep
-  // their position to the last bit; the others get that of their texts.
+  // Writes all rows in list order over the file that was opened or named since. Rows that were not
+  // touched keep their position to the last bit; the others get that of their texts.
   Status Save();
 
  private:

@@ -99,6 +99,19 @@ TEST_F(Started, FirstStartStandsOnTheSampleChart) {
   EXPECT_TRUE(std::filesystem::is_directory(folders_.GribData()));
 }
 
+TEST_F(Started, LeftoversOfAKilledProgramAreCleared) {
+  MakeUserFolders(folders_);
+  for (const std::string& folder :
+       {folders_.SettingsData(), folders_.Waypoints(), folders_.Routes()}) {
+    ASSERT_TRUE(ReplaceFile(folder + "/a.4711-0.new", "half"));
+  }
+  Start();
+  for (const std::string& folder :
+       {folders_.SettingsData(), folders_.Waypoints(), folders_.Routes()}) {
+    EXPECT_FALSE(FileIsThere(folder + "/a.4711-0.new")) << folder;
+  }
+}
+
 TEST_F(Started, SettingsSurviveAndTidesOffHidesTheVectors) {
   Start();
   ASSERT_TRUE(ReloadThenSave(folders_, program_.config, [](AppConfig& config) {

@@ -96,6 +96,7 @@ SetLegReport CalculateSetLeg(Program& program, const CheckedLeg& leg, Messages& 
   if (solution.fault != StreamFault::kNone) {
     messages.Show(StreamFaultText("CalculateTidalStreams"), MessageIcon::kWarning);
   }
+  ShowNoTide(program.tides, solution.gaps.diamonds, messages);
   const LegResult& result = solution.result;
   const RangeAndBearing direct = RangeBearing(request.start, request.destination);
   const std::string course = ThreeDigits(result.course_to_steer) + "°T";

@@ -142,7 +142,7 @@ bool frmWayEdit::MayLeaveFile() {
 }
 
 void frmWayEdit::Open(const std::string& file_name, bool kept) {
-  if (const Status opened = work_.Open(file_name, kept); !opened) {
+  if (const Status opened = work_.Open(file_name, desktop().messages, kept); !opened) {
     desktop().messages.Show(opened.error().Text(), MessageIcon::kWarning);
   }
   const QSignalBlocker quiet(files_);

@@ -147,11 +147,21 @@ TEST_F(SingleDialogs, StartFormAcceptsDeclinesAndRestoresDefaults) {
   ASSERT_TRUE(SaveConfig(program.folders, changed).ok());
   Frmdisclaimer form(program, messages);
   form.show();
+  const std::string copy = program.folders.SettingsData() + "/HelmConfig.bak";
+  const std::string before = FileBytes(program.folders.ConfigFile());
+  messages.Expect("The settings up to now are kept in " + copy, MessageIcon::kInformation);
   form.findChild<QAction*>("mnuRestoreDefaults")->trigger();
   EXPECT_TRUE(form.isVisible());
+  EXPECT_EQ(FileBytes(copy), before);
   AppConfig stored;
   ASSERT_TRUE(ReadConfig(program.folders, stored).ok());
   EXPECT_FLOAT_EQ(stored.vessel_speed, 5.0F);
+  std::filesystem::remove(program.folders.ConfigFile());
+  std::filesystem::create_directory(program.folders.ConfigFile());
+  messages.Expect("Unable to create a configuration file.\n" +
+                      ReadFile(program.folders.ConfigFile()).error().Text(),
+                  MessageIcon::kWarning);
+  form.findChild<QAction*>("mnuRestoreDefaults")->trigger();
   QTest::mouseClick(form.findChild<QPushButton*>("cmdCCok"), Qt::LeftButton);
   EXPECT_EQ(form.result(), QDialog::Accepted);
   EXPECT_TRUE(program.charts.history.empty());

@@ -81,5 +81,19 @@ TEST_F(SetLegFormOnDesk, ReportsTrueCourseInTheLinesAndMagneticHeadingInTheStatu
   EXPECT_FALSE(program.passage.route_track.empty());
 }
 
+TEST_F(SetLegFormOnDesk, TellsWhichPortHadNoHighWater) {
+  TideState& tides = program.tides;
+  tides.diamonds.resize(1);
+  tides.diamonds[0].latitude = 50.3F;
+  tides.diamonds[0].longitude = -1.8F;
+  tides.index = std::make_shared<DiamondIndex>(tides.diamonds);
+  tides.port_of_diamond = {-1};
+  messages.Expect(
+      "Part of the passage is calculated without a tidal stream:\n" + NoTideText(tides, {0}),
+      MessageIcon::kWarning);
+  CalculateSetLeg(program, CheckSetLeg(kGood, {165, 2026}, messages), messages);
+  EXPECT_TRUE(messages.AllShown());
+}
+
 }  // namespace
 }  // namespace skerrow::testing

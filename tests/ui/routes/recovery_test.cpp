@@ -2,6 +2,8 @@
 
 #include "app/recovery.h"
 
+#include <limits>
+
 #include "app/waypoint_work.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
@@ -36,6 +38,12 @@ TEST_F(UnsavedWork, RouteIsKeptWhileItIsInNoFile) {
   EXPECT_FALSE(Kept());
   EXPECT_TRUE(RedoRouteEdit(program, messages));
   EXPECT_TRUE(Kept());
+  // A route that no reader would take does not go over the one that is kept.
+  const std::string kept = FileBytes(RouteRecoveryPath(program.folders));
+  RouteState broken = program.route;
+  broken.points[0].speed = std::numeric_limits<float>::quiet_NaN();
+  EXPECT_FALSE(KeepRoute(program.folders, broken));
+  EXPECT_EQ(FileBytes(RouteRecoveryPath(program.folders)), kept);
   EditRoute(desktop, "Clear Route", [&](RouteState& route) { ClearRoute(route); });
   EXPECT_FALSE(Kept());
 }
@@ -97,9 +105,9 @@ TEST_F(UnsavedWork, WaypointEditComesBackAfterABadEnd) {
   std::string left_behind;
   {
     WaypointWork work(program.folders);
-    ASSERT_TRUE(work.Open("Sample.way"));
+    ASSERT_TRUE(work.Open("Sample.way", messages));
     EXPECT_FALSE(FindWaypointRecovery(program.folders));  // nothing changed yet
-    ASSERT_TRUE(work.Open("Sample.way"));
+    ASSERT_TRUE(work.Open("Sample.way", messages));
     EXPECT_TRUE(work.Add({"Wreck", "50.10.00N", "002.20.00W"}));
     EXPECT_FALSE(work.Delete(999));
     left_behind = FileBytes(copy);
@@ -123,6 +131,17 @@ TEST_F(UnsavedWork, WaypointEditComesBackAfterABadEnd) {
   EXPECT_EQ(program.waypoints.waypoints.size(), 47U);
 }
 
+TEST_F(UnsavedWork, RecordsThatTheEditorLeavesOutAreTold) {
+  const std::string path = WayFile("Cut.way");
+  ASSERT_TRUE(ReplaceFile(path, FileBytes(WayFile("Sample.way")) + "cut"));
+  WaypointWork work(program.folders);
+  messages.Expect(path + ": the last record is left out, it is cut short after 3 of " +
+                      std::to_string(kWaypointSize) + " bytes",
+                  MessageIcon::kWarning);
+  ASSERT_TRUE(work.Open("Cut.way", messages));
+  EXPECT_EQ(work.rows().size(), 46U);
+}
+
 TEST_F(UnsavedWork, SettingsFolderThatCannotBeWrittenIsToldOnce) {
   std::filesystem::remove_all(program.folders.settings);
   std::ofstream(program.folders.settings) << "in the way";
@@ -135,7 +154,7 @@ TEST_F(UnsavedWork, SettingsFolderThatCannotBeWrittenIsToldOnce) {
   EXPECT_EQ(program.route.points.size(), 3U);
   // The waypoint editor works without its copy.
   WaypointWork work(program.folders);
-  ASSERT_TRUE(work.Open("Sample.way"));
+  ASSERT_TRUE(work.Open("Sample.way", messages));
   EXPECT_TRUE(work.Delete(0));
   EXPECT_TRUE(work.Save());
   EXPECT_EQ(CountRecords(WayFile("Sample.way"), kWaypointSize), 45);
