@@ -196,12 +196,6 @@ TEST_F(ConfigTest, DefaultsCostNoSettings) {
   EXPECT_EQ(FileBytes(folders_.ConfigFile()), kept);
 }
 
-TEST_F(ConfigTest, UnwritableSettingsAreTold) {
-  const Folders nowhere{"/opt/skerrow", folder_.path(), folder_.File("no/such")};
-  messages_.Expect("Unable to create a configuration file.");
-  EXPECT_FALSE(WriteDefaultConfig(nowhere, messages_));
-}
-
 TEST_F(ConfigTest, SetFieldRefusesWhatDoesNotFit) {
   const struct {
     const char* name;

@@ -1,7 +1,5 @@
 // Route and waypoint files saved, loaded, deleted and carried about by real events.
 
-#include <QCheckBox>
-
 #include "core/files.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
@@ -67,7 +65,7 @@ TEST_F(FileDialogs, TickedBoxLoadsTheProgramsSpeed) {
   frmRouteLoad form(desktop, nullptr);
   Show(form);
   ClickRow(form, "fillist", RowOfText(form, "fillist", "Sample.rte"));
-  QTest::mouseClick(Find<QCheckBox>(form, "chkUseDefaultSpeed"), Qt::LeftButton, {}, {8, 8});
+  Click(form, "chkUseDefaultSpeed");
   Click(form, "cmdOK");
   ASSERT_EQ(program.route.points.size(), 6U);
   for (const RoutePoint& point : program.route.points) EXPECT_EQ(point.speed, 7.5F);
