@@ -546,8 +546,7 @@ TEST_F(Window, TheNightViewIsDark) {
   LayRoute();
   Key(Qt::Key_F9);
   EXPECT_TRUE(window_->view().night);
-  const QColor text =
-      window_->findChild<QComboBox*>("cmbRoute")->palette().color(QPalette::Text);
+  const QColor text = window_->findChild<QComboBox*>("cmbRoute")->palette().color(QPalette::Text);
   EXPECT_EQ(text.red() + text.blue(), 0);
   EXPECT_NEAR(text.green(), 255 * 9 / 10, 1) << "green, and as dim as the chart";
   QTest::qWait(300);
