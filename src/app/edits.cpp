@@ -65,7 +65,7 @@ bool FinishRouteEdit(Program& program, Messages& messages, const char* name, Rou
     program.route = std::move(before);
     return false;
   }
-  program.edits.history.Remember(name, before, std::move(time_before));
+  program.edits.history.Remember(name, before, time_before);
   RouteReplaced(program, messages);
   return true;
 }

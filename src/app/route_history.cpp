@@ -24,7 +24,7 @@ void RouteHistory::Remember(std::string name, const RouteState& before,
                             std::optional<TimeInForce> time_before) {
   redo_.clear();
   if (undo_.size() == kDepth) undo_.erase(undo_.begin());
-  undo_.push_back({std::move(name), WithoutResults(before), std::move(time_before)});
+  undo_.push_back({std::move(name), WithoutResults(before), time_before});
 }
 
 RouteHistory::Moved RouteHistory::Step(std::vector<Snapshot>& from, std::vector<Snapshot>& onto,

@@ -132,7 +132,7 @@ std::string OptimumText(const PassageState& passage) {
 // An angle that the dialog takes, which has no sign; one beyond a right angle is a slip of the
 // hand.
 Result<float> ParseLeeway(std::string_view text) {
-  const Result<float> leeway = ParseNumber(text, "leeway");
+  Result<float> leeway = ParseNumber(text, "leeway");
   if (leeway && !(*leeway >= 0.0F && *leeway <= 90.0F)) {
     return Error{"", "\"" + Trim(text) + "\" is no leeway (0 to 90 degrees)"};
   }

@@ -61,14 +61,13 @@ Session::Session(const Options& options, const Clock& clock)
 
 Status Session::Open() {
   if (FileIsThere(program.folders.ConfigFile())) {
-    if (const Status read = ReadConfig(program.folders, program.config); !read) return read;
+    if (Status read = ReadConfig(program.folders, program.config); !read) return read;
   }
   for (const std::string& set : options_.sets) {
     const std::size_t equals = set.find('=');
     if (equals == std::string::npos)
       return Error{"", "--set takes FIELD=VALUE, not \"" + set + "\""};
-    if (const Status done =
-            SetConfigField(program.config, set.substr(0, equals), set.substr(equals + 1));
+    if (Status done = SetConfigField(program.config, set.substr(0, equals), set.substr(equals + 1));
         !done) {
       return done;
     }
@@ -87,7 +86,7 @@ void Session::LoadTides(DayAndYear date) {
 std::string Session::FindFile(const std::string& name, const std::vector<std::string>& folders) {
   if (FileReadable(name)) return name;
   for (const std::string& folder : folders) {
-    const std::string path = JoinPath(folder, name);
+    std::string path = JoinPath(folder, name);
     if (FileReadable(path)) return path;
   }
   return name.find('/') != std::string::npos ? name : JoinPath(folders.front(), name);

@@ -55,7 +55,7 @@ Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
 std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& tides,
                               const std::vector<RoutePoint>& points, const LegSettings& settings,
                               Progress& progress) {
-  const auto count = static_cast<std::size_t>(request.slot.last_hour - request.slot.first_hour + 1);
+  const auto count = static_cast<std::size_t>(request.slot.last_hour - request.slot.first_hour) + 1;
   std::vector<Departure> departures(count);
   std::atomic<std::size_t> next{0};
   std::atomic<bool> stop{false};
@@ -77,6 +77,7 @@ std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& ti
   // of the progress serves may load another day meanwhile.
   std::vector<LegSolver> solvers(std::min<std::size_t>(wanted, count), LegSolver(tides));
   std::vector<std::jthread> threads;
+  threads.reserve(solvers.size());
   for (LegSolver& solver : solvers) threads.emplace_back(work, std::ref(solver));
   std::size_t done = 0;
   while (done < count && !stop) {

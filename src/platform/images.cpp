@@ -63,7 +63,8 @@ class WatchedFile final : public QIODevice {
 void RaiseAllocationLimit() {
   static std::once_flag once;
   std::call_once(once, [] {
-    QImageReader::setAllocationLimit(static_cast<int>(kMaxPicturePixels * 4 / (1024 * 1024)));
+    QImageReader::setAllocationLimit(
+        static_cast<int>(kMaxPicturePixels * 4 / (std::int64_t{1024} * 1024)));
   });
 }
 

@@ -42,7 +42,7 @@ Status SaveWaypointsAs(const Folders& folders, std::string_view file_name,
 
 Status AppendWaypoint(const Folders& folders, const AppConfig& config, const Waypoint& waypoint) {
   const std::string path = WaypointPath(folders, config.waypoint_file);
-  if (const Status sound = CheckRecords<Waypoint>(path, {&waypoint, 1}, kWaypointFields); !sound) {
+  if (Status sound = CheckRecords<Waypoint>(path, {&waypoint, 1}, kWaypointFields); !sound) {
     return sound;
   }
   std::string content;

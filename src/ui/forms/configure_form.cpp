@@ -210,7 +210,7 @@ std::optional<SettingRefusal> TakeConfigure(const SettingTexts& texts, AppConfig
 
 Status CommitConfigure(Program& program, const AppConfig& config, Messages& messages) {
   const bool summer_time_changed = program.config.summer_time != config.summer_time;
-  const Status status = SaveConfig(program.folders, config);
+  Status status = SaveConfig(program.folders, config);
   program.config = config;
   program.route_speed = config.vessel_speed;
   program.use_leeway = config.use_leeway != 0;

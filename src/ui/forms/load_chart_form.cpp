@@ -32,7 +32,7 @@ std::optional<std::size_t> FindChartRow(const std::vector<ChartRow>& rows, std::
                                         int current) {
   const std::string wanted = ToLowerAscii(Trim(letters));
   if (wanted.empty() || rows.empty()) return std::nullopt;
-  const auto from = static_cast<std::size_t>(current + 1);
+  const auto from = static_cast<std::size_t>(current) + 1;
   for (std::size_t k = 0; k < rows.size(); ++k) {
     const std::size_t row = (from + k) % rows.size();
     if (ToLowerAscii(rows[row].title).find(wanted) != std::string::npos) return row;

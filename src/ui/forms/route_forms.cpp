@@ -139,6 +139,7 @@ RouteFormRefusal ApplySpeedToAllLegs(RouteState& state, std::string_view speed_t
 RouteEdit CreateRouteFromRows(RouteState& state, const std::vector<WaypointRow>& rows,
                               const RouteDefaults& defaults, Messages& messages) {
   std::vector<Waypoint> waypoints;
+  waypoints.reserve(rows.size());
   for (const WaypointRow& row : rows) waypoints.push_back(WaypointOf(row));
   return CreateRouteFromWaypoints(state, waypoints, defaults, messages);
 }

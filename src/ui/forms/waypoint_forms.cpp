@@ -69,6 +69,7 @@ CheckedCopy CheckWaypointCopy(std::string_view typed_name, std::size_t entries) 
 Status CopyWaypoints(const Folders& folders, std::string_view file_name,
                      const std::vector<WaypointRow>& rows) {
   std::vector<Waypoint> waypoints;
+  waypoints.reserve(rows.size());
   for (const WaypointRow& row : rows) waypoints.push_back(WaypointOf(row));
   return WriteWaypointFile(WaypointPath(folders, file_name), waypoints);
 }

@@ -136,8 +136,9 @@ void ChartController::Choose() {
   if (had_place) {
     const ImageRect seen = viewer_.VisibleRect();
     const ChartView chart = View();
-    middle = {chart.RowToLat(seen.top + seen.height / 2),
-              chart.ColToLong(seen.left + seen.width / 2)};
+    const int middle_row = seen.top + seen.height / 2;
+    const int middle_column = seen.left + seen.width / 2;
+    middle = {chart.RowToLat(middle_row), chart.ColToLong(middle_column)};
     ground_scale = viewer_.zoom() * chart.pixels_per_degree;
   }
   const auto open = [this](AppConfig&, ChartState&) -> Status {

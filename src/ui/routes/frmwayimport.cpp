@@ -92,7 +92,7 @@ frmwayimport::frmwayimport(Desktop& desktop, FileKind kind, QWidget* parent, Dir
 }
 
 std::string frmwayimport::FirstFolder() const {
-  const std::string stored = desktop().settings.Get(kFoldersSection, FolderKey(kind_, direction_));
+  std::string stored = desktop().settings.Get(kFoldersSection, FolderKey(kind_, direction_));
   if (QFileInfo(ToQt(stored)).isDir()) return stored;
   const Folders& folders = desktop().program.folders;
   // At first the routes that come with the program are at hand.
@@ -124,6 +124,7 @@ void frmwayimport::Accept() {
     if (files_->item(row)->isSelected()) names.push_back(FromQt(files_->item(row)->text()));
   }
   std::vector<std::string> sources;
+  sources.reserve(names.size());
   for (const std::string& name : names) sources.push_back(JoinPath(folder, name));
   const Result<int> copied =
       importing() ? ImportFiles(program.folders, kind_, sources, desktop().messages)

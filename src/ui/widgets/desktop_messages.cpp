@@ -76,7 +76,7 @@ bool DesktopMessages::Ask(std::string_view text, std::string_view title) {
 }
 
 void DesktopMessages::Notice(std::string_view text) {
-  constexpr qint64 kQuiet = 60 * 1000;  // ms
+  constexpr qint64 kQuiet = 60000;  // ms
   constexpr std::size_t kMostTexts = 200;
   const auto told = told_.find(text);
   if (told != told_.end() && !told->second.hasExpired(kQuiet)) return;
