@@ -134,7 +134,7 @@ void Config(Place& place, const std::string& bytes) {
 void WindSettings(Place& place, const std::string& bytes) {
   place.folder.Write("SkerrowHelm/WindConfig.cfg", bytes);
   const Wind wind = LoadWindConfig(place.folders).Default();
-  Require(!std::isnan(wind.speed) && !std::isnan(wind.direction));
+  Require(!std::isnan(wind.speed_kn) && !std::isnan(wind.from_deg));
 }
 
 // A port as the curve and the streams use it: the heights of a damaged one must never get there.
