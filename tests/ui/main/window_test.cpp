@@ -479,6 +479,7 @@ TEST_F(Window, LargerAndSmallerScaleWalkTheCharts) {
   AppConfig stored;
   ASSERT_TRUE(ReadConfig(program_.folders, stored));
   EXPECT_TRUE(stored.chart_path.ends_with("9999-3"));
+  EXPECT_EQ(stored.chart_file_name, "9999-3.cht");
   Key(Qt::Key_Minus);
   EXPECT_TRUE(program_.config.chart_path.ends_with("9999-1"));
   ASSERT_TRUE(ReadConfig(program_.folders, stored));
