@@ -94,6 +94,7 @@ Studio::Studio() : program(FoldersIn(user_), clock_) {
                                {program.folders.Samples() + "/" + name}, messages);
   }
   settings_ = skerrow::OpenSettingsStore(user_.filePath("skerrow.ini").toStdString());
+  settings_->SetInt("Help", "QuickInstructionsOffered", 1);
   window_ = std::make_unique<skerrow::frmChart>(program, messages, *settings_, clipboard_);
   window_->show();
   window_->Start();

@@ -65,7 +65,7 @@ void KeepPassage(const Album& album, Studio& studio) {
   RunDepartureSearch(program, 4, studio.messages, progress);
   frmOptResults departures(desktop, nullptr);
   album.Keep(departures, "frmOptResults");
-  SetTacks(program.route, program.wind_config.Default().direction);
+  SetTacks(program.route, program.wind_config.Default().from_deg);
   frmcalcroute calculation(desktop, nullptr);
   album.Keep(calculation, "frmcalcroute");
   RunCalculation(program, {"09:30", true, "5"}, studio.messages, progress);

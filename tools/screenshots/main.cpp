@@ -8,6 +8,8 @@
 #include <cstdio>
 
 #include "album.h"
+#include "core/progress.h"
+#include "passage/route_calculation.h"
 #include "ui/widgets/theme.h"
 
 namespace screenshots {
@@ -65,6 +67,12 @@ void KeepChart(const Album& album, Studio& studio) {
 }
 
 void KeepTrack(const Album& album, Studio& studio) {
+  // The dialogs before have left tracks of their own.
+  skerrow::Program& program = studio.program;
+  skerrow::NoProgress progress;
+  skerrow::CalculateRoute({9.5F, program.selected_time.Day(), false, ""}, program.config,
+                          program.tides, program.route, program.passage, studio.messages, progress);
+  program.animation = {};
   studio.window().view().calculation_on_show = true;
   studio.window().Changed(skerrow::kAllChanged);
   studio.Settle(kWindow);

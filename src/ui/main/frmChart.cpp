@@ -274,7 +274,7 @@ void frmChart::MakeToolbars() {
   route_combo_->setObjectName("cmbRoute");
   route_combo_->setToolTip("The legs of the route, or of the last calculation");
   route_combo_->setAccessibleName("Legs of the route");
-  route_combo_->setMinimumWidth(260);
+  route_combo_->setMinimumWidth(150);
   route_combo_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   route_combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   connect(route_combo_, &QComboBox::activated, this, [this] { viewer_->setFocus(); });
