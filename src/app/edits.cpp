@@ -31,6 +31,9 @@ bool StepThroughEdits(Program& program, Messages& messages,
   TimeInForce time{program.selected_time, program.saved_time};
   const RouteHistory::Moved moved = (program.edits.history.*step)(program.route, time);
   if (moved == RouteHistory::Moved::kNothing) return false;
+  // The step may lead back behind a load: which file the route belongs to is no longer sure, and a
+  // save must not go over another route's file.
+  program.edits.route_path.clear();
   RouteReplaced(program, messages);
   if (moved == RouteHistory::Moved::kRouteAndTime) {
     program.selected_time = time.selected;
@@ -55,6 +58,8 @@ bool EditAt(Program& program, Messages& messages, const char* name, Position pos
 }  // namespace
 
 void RouteReplaced(Program& program, Messages& messages) {
+  // A route that begins anew belongs to no file yet.
+  if (program.route.points.empty()) program.edits.route_path.clear();
   ForgetCalculation(program);
   KeepForRecovery(program, messages);
 }

@@ -159,6 +159,7 @@ void RouteController::Escape() {
 void RouteController::ByWaypointList() {
   if (frmRouteWayPoints(desktop_, &window_).exec() == QDialog::Accepted) {
     listed_route_ = desktop_.program.route;
+    desktop_.program.edits.route_path.clear();
     chart_.FitRoute();
   }
   desktop_.window.Changed(kRouteChanged);

@@ -613,6 +613,15 @@ TEST_F(Window, SavesUnderTheNameItHas) {
   ASSERT_TRUE(stored);
   EXPECT_EQ(stored->front().name, program_.route.points.front().name);
   EXPECT_TRUE(window_->findChild<QStatusBar*>()->currentMessage().startsWith("Saved: "));
+  // A route begun anew, or one that came back by undo, never goes over that file unasked.
+  Command("mnuRouteReverse");
+  Command("mnuUndo");
+  EXPECT_EQ(program_.edits.route_path, "");
+  Command("mnuRedo");
+  program_.edits.route_path = RoutePath(program_.folders, "Sample.rte");
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(program_.route.points.empty());
+  EXPECT_EQ(program_.edits.route_path, "");
 }
 
 // A chart from the list shows the same place at the same ground scale.
