@@ -48,6 +48,9 @@ std::span<const Command> RouteCommands();
 std::span<const Command> TimeCommands();
 std::span<const Command> WaypointCommands();
 std::span<const Command> ViewCommands();
+std::span<const Command> TideCommands();
+std::span<const Command> StreamCommands();
+std::span<const Command> DriftCommands();
 std::span<const Command> HelpCommands();
 // What belongs to subsystems that are not there yet.
 std::span<const Command> LaterCommands();
