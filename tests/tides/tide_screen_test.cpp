@@ -57,6 +57,14 @@ TEST(TideScreen, ScaleRunsFromTheMetreBelowToTheMetreAbove) {
     EXPECT_FALSE(screen.spring_neap);
     EXPECT_EQ(screen.lines.size(), 3U);
   }
+  const Port southampton = SamplePort("Southampton");
+  for (std::int16_t day = 1; day <= 60; ++day) {
+    const TideScreen screen = MakeTideScreen(southampton, {day, 2026}, {});
+    for (std::size_t i = 0; i + 1 < kCurveCount; ++i) {
+      EXPECT_GE(screen.tide.curve[i].height, screen.plot_bottom) << day << ", " << i;
+      EXPECT_LE(screen.tide.curve[i].height, screen.plot_top) << day << ", " << i;
+    }
+  }
 }
 
 TEST(TideScreen, SpringsAndNeapsByTheTimeBetweenTheTerms) {
@@ -66,6 +74,8 @@ TEST(TideScreen, SpringsAndNeapsByTheTimeBetweenTheTerms) {
     const char *left, *right, *label;
   } rows[] = {
       {2.0, 2.0 - 1.0 / 6, 1, 1, "Springs", "Neaps", "Springs"},
+      // The M2 term is highest with the S2 term: the next time counts.
+      {2.0, 2.0, 75, 36, "Neaps ", "Springs ", "Springs -1 day"},
       {5.0, 2.0, 18, 18, "Springs", "Neaps", "Neaps -3 days"},
       {8.0, 2.0, 36, 0, "Neaps ", "Springs ", "Neaps"},
       {10.0, 1.0, 54, 18, "Neaps ", "Springs ", "Neaps +3 days"},
@@ -195,6 +205,13 @@ TEST(TideScreen, ReadingsUnderCursorAndMouse) {
   EXPECT_FALSE(ReadMouse(still, 3.0));
 }
 
+TEST(TideScreen, HeightsAtDatumAndBelowAreEmpty) {
+  EXPECT_EQ(TideHeightText(0.0F), "");
+  EXPECT_EQ(TideHeightText(-0.3F), "");
+  EXPECT_EQ(TideHeightText(0.04F), "0.0");
+  EXPECT_EQ(TideHeightText(12.25F), "12.3");
+}
+
 TEST(TideScreen, CaptionsAndDepthAtTheUsersPlace) {
   EXPECT_EQ(DepthCaption({1, 1.0F, 1.0F, false}), "Depths to Chart Datum");
   EXPECT_EQ(DepthCaption({2, 1.0F, 1.0F, false}), "");
@@ -238,6 +255,7 @@ TEST(TideScreen, TextsOfADayAndAMonth) {
   // The day of the table and the day of the list are the same waters, to two decimals and to one.
   ASSERT_EQ(month->days[22].size(), screen.tide.waters.size());
   EXPECT_EQ(month->days[22][0].time, HoursToClock(first.hours));
+  EXPECT_EQ(month->days[22][0].height.size(), 4U);
   EXPECT_EQ(month->days[22][0].height.substr(0, 2), TideHeightText(first.height).substr(0, 2));
   const std::vector<std::string> head = {"",
                                          "",
