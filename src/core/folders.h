@@ -17,6 +17,7 @@ struct Folders {
   std::string TidalStreams() const { return JoinPath(program, "TS"); }
   std::string RefPortFile() const { return JoinPath(program, "RefPorts.hc"); }
   std::string Samples() const { return JoinPath(program, "Samples"); }
+  std::string InstalledPolars() const { return JoinPath(program, "Polars.db"); }
 
   // Below the documents folder.
   std::string UserData() const { return JoinPath(documents, "SkerrowHelm"); }
@@ -24,6 +25,7 @@ struct Folders {
   std::string Routes() const { return JoinPath(UserData(), "Routes"); }
   std::string Tracks() const { return JoinPath(UserData(), "Tracks"); }
   std::string GoogleEarth() const { return JoinPath(UserData(), "Google Earth"); }
+  std::string OwnPolars() const { return JoinPath(UserData(), "Polars.db"); }
   std::string GribData() const { return JoinPath(documents, "Grib Data"); }
 
   // Below the settings folder.
