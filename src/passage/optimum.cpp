@@ -22,20 +22,23 @@ struct Departure {
   float ground_distance = 0.0F;
   float arrival_hours = 0.0F;
   DayAndYear arrival_date;
+  float last_speed = 0.0F;  // of the last leg, knots
   std::vector<std::int16_t> steps;
   StreamFault fault = StreamFault::kNone;
   std::vector<std::int32_t> no_tide;  // diamonds
 };
 
-Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points, int hour,
-                       DayAndYear date, const LegSettings& settings) {
+Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
+                       const std::vector<float>& speeds, int hour, DayAndYear date,
+                       const LegSettings& settings) {
   Departure departure;
+  departure.last_speed = speeds.back();
   departure.arrival_hours = static_cast<float>(hour);
   departure.arrival_date = date;
   for (std::size_t i = 0; i + 1 < points.size(); ++i) {
     const RoutePoint& point = points[i];
     const LegResult leg = solver.CalcResultOnly(
-        {point.At(), point.Next(), point.speed, departure.arrival_hours, departure.arrival_date},
+        {point.At(), point.Next(), speeds[i], departure.arrival_hours, departure.arrival_date},
         settings);
     if (solver.fault() != StreamFault::kNone) departure.fault = solver.fault();
     AddDiamonds(solver.gaps().diamonds, departure.no_tide);
@@ -50,11 +53,26 @@ Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
   return departure;
 }
 
+// The speeds of the legs for each departure of a slot: those of the request, or the route's.
+std::vector<std::vector<float>> SpeedsOf(const OptimumRequest& request,
+                                         const std::vector<RoutePoint>& points) {
+  std::vector<float> own;
+  for (std::size_t i = 0; i + 1 < points.size(); ++i) own.push_back(points[i].speed);
+  std::vector<std::vector<float>> speeds;
+  for (int hour = request.slot.first_hour; hour <= request.slot.last_hour; ++hour) {
+    std::vector<float> given;
+    if (request.speeds_at) given = request.speeds_at(static_cast<float>(hour));
+    speeds.push_back(given.size() == own.size() ? std::move(given) : own);
+  }
+  return speeds;
+}
+
 // All departures of a slot, worked off by several threads with a solver each. Empty when the user
 // cancelled.
 std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& tides,
-                              const std::vector<RoutePoint>& points, const LegSettings& settings,
-                              Progress& progress) {
+                              const std::vector<RoutePoint>& points,
+                              const std::vector<std::vector<float>>& speeds,
+                              const LegSettings& settings, Progress& progress) {
   const auto count = static_cast<std::size_t>(request.slot.last_hour - request.slot.first_hour) + 1;
   std::vector<Departure> departures(count);
   std::atomic<std::size_t> next{0};
@@ -64,8 +82,9 @@ std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& ti
   std::size_t finished = 0;
   const auto work = [&](LegSolver& solver) {
     for (std::size_t i = next++; i < count && !stop; i = next++) {
-      departures[i] = TryDeparture(solver, points, request.slot.first_hour + static_cast<int>(i),
-                                   request.date, settings);
+      departures[i] =
+          TryDeparture(solver, points, speeds[i], request.slot.first_hour + static_cast<int>(i),
+                       request.date, settings);
       const std::lock_guard lock(mutex);
       ++finished;
       changed.notify_one();
@@ -102,14 +121,13 @@ std::string ArrivalText(const Departure& departure, DayAndYear from) {
   return arrival.text + " (" + std::to_string(date.day_of_month) + " " + date.month_name + ")";
 }
 
-std::string TableLine(const Departure& departure, int hour, DayAndYear date, float distance,
-                      float last_speed) {
+std::string TableLine(const Departure& departure, int hour, DayAndYear date, float distance) {
   const float total = departure.total_hours;
   const float speed = total > 0.0F ? distance / total : 0.0F;
   return HoursToClock(static_cast<float>(hour)) + "\t" + ArrivalText(departure, date) + "\t" +
          HoursToDuration(total) + "\t" + FormatFixed(speed, 1, 2) + "kt.\t" +
          FormatFixed(departure.ground_distance, 1, 2) + "nm.\t" +
-         FormatFixed(total * last_speed, 1, 1) + "nm.";
+         FormatFixed(total * departure.last_speed, 1, 1) + "nm.";
 }
 
 }  // namespace
@@ -128,11 +146,11 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
   // Built before the threads start, so that all share it.
   (void)tides.days.Get(request.date);
   const std::vector<Departure> departures =
-      TryAll(request, tides, route.points, LegSettingsOf(config), progress);
+      TryAll(request, tides, route.points, SpeedsOf(request, route.points), LegSettingsOf(config),
+             progress);
   if (departures.empty()) return RouteOutcome::kCancelled;
 
   const float distance = RouteLengthOf(route.points);
-  const float last_speed = route.points[route.points.size() - 2].speed;
   const std::string title = "Optimum Departure for " + DateText(request.date);
   std::vector<std::string> lines = {
       kDerivedDataNotice, "   ", title, " ",
@@ -147,7 +165,7 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
     fault = fault || departure.fault != StreamFault::kNone;
     AddDiamonds(departure.no_tide, no_tide);
     passage.optimum_times.push_back(departure.total_hours);
-    const std::string line = TableLine(departure, hour++, request.date, distance, last_speed);
+    const std::string line = TableLine(departure, hour++, request.date, distance);
     lines.emplace_back(" ");
     lines.push_back(line);
     passage.route_history.push_back(line);

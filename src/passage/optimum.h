@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,9 @@ struct OptimumRequest {
   DayAndYear date;
   // Departures calculated side by side; 0 takes as many as the machine has processors.
   unsigned threads = 0;
+  // The speeds of the legs, knots, for a departure at an hour, where they depend on it; empty
+  // keeps those of the route. Asked for on the caller's thread, once a departure.
+  std::function<std::vector<float>(float hour)> speeds_at;
 };
 
 // Searches the departures of a slot. A leg that cannot be achieved counts with the time that the
