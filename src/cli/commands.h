@@ -134,11 +134,26 @@ struct LegWords {
 // The course to steer for one leg, with its track, streams and drift.
 Outcome SolveLeg(Session& session, const LegWords& words);
 
+// The polar of a command: a set-up of the database, or a file of the shared text form.
+struct PolarWords {
+  std::string name;
+  std::string closest;  // the smallest angle to the wind, degrees; empty takes the setting
+};
+
+// Sailing by a polar: the speeds and tacks of a route's legs come from it and the wind.
+struct SailWords {
+  PolarWords polar;        // no name: the speeds of the route
+  std::string wind_from;   // degrees; empty takes the default wind
+  std::string wind_speed;  // knots
+  bool forecast = false;   // the imported wind instead
+};
+
 struct PlanWords {
   std::string file;  // as RouteWords; empty takes the sample route
   WhenWords when;
   std::string leeway;              // degrees, 0 to 90; empty takes the setting
   std::vector<std::string> tacks;  // "N=port", "N=starboard" or "N=none" for leg N
+  SailWords sail;
 };
 // The passage plan of a route.
 Outcome PlanRoute(Session& session, const PlanWords& words);
@@ -147,8 +162,69 @@ struct OptimumWords {
   std::string file;  // as PlanWords
   std::string date;
   std::string slot;  // 1 to 5: night, morning, afternoon, evening, the whole day
+  SailWords sail;
+  bool each = false;  // work out the speeds anew for each departure
 };
 // Passage time and distances for a departure at each hour of a slot.
 Outcome FindDeparture(Session& session, const OptimumWords& words);
+
+struct GribWords {
+  std::string file;
+  bool today = false;  // on import: move the forecast by whole days to begin today
+};
+// The messages of a forecast file.
+Outcome ShowGrib(Session& session, const GribWords& words);
+// Puts the wind of a forecast file in the place of the store's.
+Outcome ImportGrib(Session& session, const GribWords& words);
+
+// The imported wind at a place and time, or the reason why none is known there.
+Outcome ShowWind(Session& session, const StreamWords& words);
+
+struct WindListWords {
+  WhenWords when;
+  std::string box;  // "S,W,N,E", degrees; empty for everywhere
+};
+// The imported winds that serve a time.
+Outcome ListWind(Session& session, const WindListWords& words);
+
+// All records of the imported wind.
+Outcome ShowWindStore(Session& session, const NoWords& words);
+
+struct RelativeWords {
+  std::string from, course;  // degrees true
+};
+// The angle between a wind and a course, and its side.
+Outcome ShowRelativeWind(Session& session, const RelativeWords& words);
+
+struct ConvertWords {
+  std::string speed, angle;  // of the wind given: knots, degrees from the bow
+  std::string boat;          // the boat's speed, knots
+  bool to_true = false;      // from an apparent wind
+};
+// The apparent wind of a true one, or the other way round.
+Outcome ConvertWind(Session& session, const ConvertWords& words);
+
+// The set-ups of the polar database.
+Outcome ListPolars(Session& session, const NoWords& words);
+// The table of a set-up.
+Outcome ShowPolar(Session& session, const PolarWords& words);
+// The shared text form of a set-up.
+Outcome ExportPolar(Session& session, const PolarWords& words);
+
+struct PolarImportWords {
+  std::string file;
+  std::string name;  // of the new set-up
+};
+// Adds a set-up from a file of the shared text form.
+Outcome ImportPolar(Session& session, const PolarImportWords& words);
+
+struct PolarSpeedWords {
+  PolarWords polar;
+  std::string wind;          // knots
+  std::string angle;         // to the bow, degrees; or
+  std::string from, course;  // the wind's direction and the course, degrees
+};
+// The boat's speed in a wind.
+Outcome ShowPolarSpeed(Session& session, const PolarSpeedWords& words);
 
 }  // namespace skerrow::cli

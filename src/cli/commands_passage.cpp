@@ -5,11 +5,14 @@
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/polars.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "passage/leg.h"
 #include "passage/optimum.h"
 #include "passage/route_calculation.h"
+#include "passage/wind_on_route.h"
+#include "wind/wind_store.h"
 
 namespace skerrow::cli {
 namespace {
@@ -139,6 +142,46 @@ Result<float> ParseLeeway(std::string_view text) {
   return leeway;
 }
 
+// What a route is sailed by: a polar, and the wind at a departure.
+struct Sailing {
+  PolarTable polar;
+  RouteWindRequest wind;
+  WindStore store;  // what wind.wind_at looks into
+};
+
+// Reads the polar and the wind; null when the route keeps its own speeds.
+Result<std::unique_ptr<Sailing>> ReadSailing(const Session& session, const SailWords& words) {
+  if (words.polar.name.empty()) return std::unique_ptr<Sailing>();
+  const Result<PolarRows> rows = ReadPolar(session, words.polar.name);
+  if (!rows) return rows.error();
+  const Result<float> closest = ParseClosest(session, words.polar.closest);
+  if (!closest) return closest.error();
+  auto sailing = std::make_unique<Sailing>(Sailing{PolarTable(*rows), {}, {}});
+  RouteWindRequest& wind = sailing->wind;
+  wind.closest = *closest;
+  wind.default_wind = session.program.wind_config.Default();
+  if (!words.wind_from.empty()) {
+    const Result<float> from = ParseNumber(words.wind_from, "wind-from");
+    if (!from) return from.error();
+    if (*from < 0 || *from > 360) return Error{"", "Invalid Wind Direction"};
+    wind.default_wind.from_deg = *from;
+  }
+  if (!words.wind_speed.empty()) {
+    const Result<float> speed = ParseNumber(words.wind_speed, "wind-speed");
+    if (!speed) return speed.error();
+    if (*speed < 0 || *speed > 40) return Error{"", "Invalid Wind Speed"};
+    wind.default_wind.speed_kn = *speed;
+  }
+  if (words.forecast) {
+    Result<std::vector<WindCell>> cells = ReadWindStore(session.program.folders);
+    if (!cells) return cells.error();
+    sailing->store = WindStore(std::move(cells.value()));
+    wind.constant_wind = false;
+    wind.wind_at = LookupIn(sailing->store);
+  }
+  return sailing;
+}
+
 Failure NotCalculated(const Session& session) {
   const auto& texts = session.messages.texts();
   return {kFailed, texts.empty() ? "the route could not be calculated" : ""};
@@ -214,6 +257,16 @@ Outcome PlanRoute(Session& session, const PlanWords& words) {
   program.selected_time.hours = *hours;
   if (auto failure = OpenRoute(session, words.file)) return *failure;
   if (auto failure = ApplyTacks(program.route.points, words.tacks)) return *failure;
+  const Result<std::unique_ptr<Sailing>> sailing = ReadSailing(session, words.sail);
+  if (!sailing) return Failed(sailing.error());
+  if (*sailing) {
+    RouteWindRequest& wind = (*sailing)->wind;
+    wind.date = *date;
+    wind.hours = *hours;
+    if (!SetSpeedsByWind(program.route.points, (*sailing)->polar, wind, session.messages)) {
+      return NotCalculated(session);
+    }
+  }
   session.LoadTides(*date);
   if (CalculateRoute(request, program.config, program.tides, program.route, program.passage,
                      session.messages, session.progress) != RouteOutcome::kDone) {
@@ -253,6 +306,19 @@ Outcome FindDeparture(Session& session, const OptimumWords& words) {
   OptimumRequest request;
   request.slot = kDepartureSlots[static_cast<std::size_t>(*slot - 1)];
   request.date = *date;
+  const Result<std::unique_ptr<Sailing>> sailing = ReadSailing(session, words.sail);
+  if (!sailing) return Failed(sailing.error());
+  if (*sailing) {
+    RouteWindRequest& wind = (*sailing)->wind;
+    wind.date = *date;
+    wind.hours = static_cast<float>(request.slot.first_hour);
+    if (!SetSpeedsByWind(program.route.points, (*sailing)->polar, wind, session.messages)) {
+      return NotCalculated(session);
+    }
+    if (words.each) {
+      request.speeds_at = SpeedsByDeparture(program.route.points, (*sailing)->polar, wind);
+    }
+  }
   if (SearchDeparture(request, program.config, program.tides, program.route, program.passage,
                       session.messages, session.progress) != RouteOutcome::kDone) {
     return NotCalculated(session);

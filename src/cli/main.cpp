@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -13,6 +15,22 @@ namespace {
 
 using namespace skerrow;       // NOLINT: this file is the program
 using namespace skerrow::cli;  // NOLINT
+
+// "grib FILE" and "wind LAT LONG" leave out the name of the command below. `words` stand last
+// first.
+void SpellOut(std::vector<std::string>& words) {
+  const auto spell = [&](std::string_view group, std::initializer_list<std::string_view> names,
+                         const char* meant) {
+    const auto at = std::find(words.rbegin(), words.rend(), group);
+    if (at == words.rend() || at + 1 == words.rend()) return;
+    const std::string& next = *(at + 1);
+    if (next.starts_with("--") || std::find(names.begin(), names.end(), next) != names.end())
+      return;
+    words.insert(at.base() - 1, meant);
+  };
+  spell("grib", {"show", "import"}, "show");
+  spell("wind", {"at", "list", "store", "relative", "apparent", "true"}, "at");
+}
 
 // A word such as "-1.33" or "-5" is a value and not an option: the blank keeps the parser from
 // taking it for one, and the readers of numbers pass over it.
@@ -26,6 +44,7 @@ std::vector<std::string> Words(int argc, char** argv) {
     }
     words.push_back(std::move(word));  // The parser takes them last first.
   }
+  SpellOut(words);
   return words;
 }
 
@@ -143,6 +162,46 @@ void AddTideCommands(CLI::App& app, Chosen& chosen) {
   Add(app, "streams", "the tidal stream at every diamond", chosen, ShowStreams, TakeWhen);
 }
 
+void TakePolar(CLI::App& app, PolarWords& words) {
+  app.add_option("NAME", words.name, "set-up, or a polar file")->required();
+}
+
+void TakeSail(CLI::App& app, SailWords& words) {
+  auto* polar = app.add_option("--polar", words.polar.name, "set-up or polar file to sail by");
+  app.add_option("--closest", words.polar.closest, "smallest angle to the wind, degrees")
+      ->needs(polar);
+  auto* from = app.add_option("--wind-from", words.wind_from, "wind direction, degrees");
+  from->needs(polar);
+  app.add_option("--wind-speed", words.wind_speed, "wind speed, knots")->needs(polar);
+  app.add_flag("--grib", words.forecast, "sail with the imported wind")
+      ->needs(polar)
+      ->excludes(from);
+}
+
+void AddPolarCommands(CLI::App& app, Chosen& chosen) {
+  CLI::App& polar = AddGroup(app, "polar", "the boat's speeds by the wind");
+  Add(polar, "list", "the set-ups", chosen, ListPolars, TakeNothing);
+  Add(polar, "show", "the table of a set-up", chosen, ShowPolar, TakePolar);
+  Add(polar, "export", "a set-up in the text form of routing programs", chosen, ExportPolar,
+      TakePolar);
+  Add(polar, "import", "add a set-up from a polar file", chosen, ImportPolar,
+      [](CLI::App& sub, PolarImportWords& words) {
+        sub.add_option("FILE", words.file, "polar file")->required();
+        sub.add_option("--name", words.name, "name of the set-up")->required();
+      });
+  Add(polar, "speed", "the boat's speed in a wind", chosen, ShowPolarSpeed,
+      [](CLI::App& sub, PolarSpeedWords& words) {
+        TakePolar(sub, words.polar);
+        sub.add_option("--wind", words.wind, "wind speed, knots")->required();
+        auto* angle = sub.add_option("--angle", words.angle, "angle to the wind, 0 to 180");
+        auto* from = sub.add_option("--from", words.from, "wind direction, degrees");
+        auto* course = sub.add_option("--course", words.course, "course, degrees");
+        from->needs(course)->excludes(angle);
+        course->needs(from);
+        sub.add_option("--closest", words.polar.closest, "smallest angle to the wind, degrees");
+      });
+}
+
 void AddPassageCommands(CLI::App& app, Chosen& chosen) {
   Add(app, "leg", "the course to steer for one leg", chosen, SolveLeg,
       [](CLI::App& sub, LegWords& words) {
@@ -157,6 +216,7 @@ void AddPassageCommands(CLI::App& app, Chosen& chosen) {
         sub.add_option("--tack", words.tacks, "tack of leg N: N=port or N=starboard")
             ->expected(1)
             ->take_all();
+        TakeSail(sub, words.sail);
         TakeWhen(sub, words.when);
       });
   Add(app, "optimum", "the best hour to leave", chosen, FindDeparture,
@@ -166,6 +226,51 @@ void AddPassageCommands(CLI::App& app, Chosen& chosen) {
         sub.add_option("--slot", words.slot,
                        "departures: 1 night, 2 morning, 3 afternoon, 4 evening, 5 all day")
             ->default_val("5");
+        TakeSail(sub, words.sail);
+        sub.add_flag("--each", words.each, "work out the speeds anew for each departure");
+      });
+}
+
+void TakeConversion(CLI::App& app, ConvertWords& words) {
+  app.add_option("--speed", words.speed, "speed of the wind given, knots")->required();
+  app.add_option("--angle", words.angle, "its angle from the bow, 0 to 180 degrees")->required();
+  app.add_option("--boat", words.boat, "speed of the boat, knots")->required();
+}
+
+void AddWindCommands(CLI::App& app, Chosen& chosen) {
+  const auto take_file = [](CLI::App& sub, GribWords& words) {
+    sub.add_option("FILE", words.file, "forecast file")->required();
+  };
+  CLI::App& grib = AddGroup(app, "grib", "forecast files");
+  Add(grib, "show", "the messages of a forecast file; \"grib FILE\" will do", chosen, ShowGrib,
+      take_file);
+  Add(grib, "import", "take over the wind of a forecast file", chosen, ImportGrib,
+      [take_file](CLI::App& sub, GribWords& words) {
+        take_file(sub, words);
+        sub.add_flag("--today", words.today, "move the forecast by whole days to begin today");
+      });
+  CLI::App& wind = AddGroup(app, "wind", "the wind");
+  Add(wind, "at", "the imported wind at a place; \"wind LAT LONG\" will do", chosen, ShowWind,
+      [](CLI::App& sub, StreamWords& words) {
+        TakePosition(sub, words.place);
+        TakeWhen(sub, words.when);
+      });
+  Add(wind, "list", "the imported winds that serve a time", chosen, ListWind,
+      [](CLI::App& sub, WindListWords& words) {
+        TakeWhen(sub, words.when);
+        sub.add_option("--box", words.box, "S,W,N,E in degrees");
+      });
+  Add(wind, "store", "all records of the imported wind", chosen, ShowWindStore, TakeNothing);
+  Add(wind, "relative", "the angle between a wind and a course", chosen, ShowRelativeWind,
+      [](CLI::App& sub, RelativeWords& words) {
+        sub.add_option("--from", words.from, "where the wind blows from, degrees")->required();
+        sub.add_option("--course", words.course, "course, degrees")->required();
+      });
+  Add(wind, "apparent", "the apparent wind of a true one", chosen, ConvertWind, TakeConversion);
+  Add(wind, "true", "the true wind behind an apparent one", chosen, ConvertWind,
+      [](CLI::App& sub, ConvertWords& words) {
+        TakeConversion(sub, words);
+        words.to_true = true;
       });
 }
 
@@ -204,6 +309,8 @@ int main(int argc, char** argv) {
   AddFileCommands(app, chosen);
   AddTideCommands(app, chosen);
   AddPassageCommands(app, chosen);
+  AddWindCommands(app, chosen);
+  AddPolarCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {

@@ -204,6 +204,76 @@ TEST_F(CommandLine, SunMoonAndTideScreen) {
   ExpectError("sun 50 -1 --zone 12", 2, "zone");
 }
 
+TEST_F(CommandLine, ForecastsAndTheWindTheyBring) {
+  const std::string sample = "'" SKERROW_SOURCE_DIR "/program/Samples/Channel low.grb'";
+  const auto grib = Json("grib " + sample);
+  ASSERT_EQ(grib["messages"].size(), 82U);
+  EXPECT_EQ(grib["messages"][0]["parameter"], 33);
+  EXPECT_EQ(grib["messages"][0]["time"], 9835.0);
+  EXPECT_EQ(grib["messages"][0]["ni"], 47);
+  EXPECT_TRUE(grib["messagesShown"].empty());
+  ExpectError("wind 50 -2 --date 2026-12-05", 1, "grib import");
+  EXPECT_EQ(Json("grib import " + sample)["messagesShown"][0], "File Imported");
+  const auto records = Json("wind store")["records"];
+  ASSERT_EQ(records.size(), 1U + 41 * 47 * 21);
+  EXPECT_EQ(records[0], nlohmann::json({0.0, 0.0, 1.0, 0.0, 0.0}));
+  const auto wind = Json("wind 50.1 -2.05 --date 2026-12-06 --time 12:30");
+  EXPECT_EQ(wind["found"], true);
+  EXPECT_LT(wind["range"].get<double>(), 10.0);
+  EXPECT_EQ(Json("wind 45 -2 --date 2026-12-06 --time 12:30")["found"], false);
+  EXPECT_EQ(
+      Json("wind list --date 2026-12-06 --time 12:30 --box 50,-2,50.2,-1.8")["records"].size(), 1U);
+  EXPECT_NE(Run("wind 50 -2 --date 2026-12-20 --time 6").out.find("the forecast ends"),
+            std::string::npos);
+  // Moved to begin today, it lies on the same hours of other days.
+  Json("grib import " + sample + " --today");
+  const auto moved = Json("wind store")["records"];
+  const double shift = moved[1][0].get<double>() - records[1][0].get<double>();
+  EXPECT_EQ(shift, std::floor(shift));
+  EXPECT_EQ(moved[1][3], records[1][3]);
+  const std::string cut = user_.Write(
+      "cut.grb",
+      testing::FileBytes(SKERROW_SOURCE_DIR "/program/Samples/Channel low.grb").substr(0, 2000));
+  const Ran part = Run("grib " + cut);
+  EXPECT_EQ(part.status, 0);
+  EXPECT_NE(part.err.find("the file ends inside a message"), std::string::npos);
+}
+
+TEST_F(CommandLine, PolarsAndSailingByThem) {
+  const std::string sloop = "'Cruising sloop 10 m (illustrative)'";
+  EXPECT_EQ(Json("polar list")["setUps"].size(), 4U);
+  EXPECT_EQ(Json("polar show " + sloop)["rows"].size(), 31U);
+  const auto speed = Json("polar speed " + sloop + " --wind 11 --from 225 --course 90");
+  EXPECT_EQ(Keys(speed), (std::vector<std::string>{"error", "speed", "tack"}));
+  EXPECT_EQ(speed["tack"], 2);
+  EXPECT_TRUE(speed["speed"].is_string());
+  // A file of two speeds and two angles, by hand: half way between all four values.
+  const std::string file = user_.Write("mine.pol", "TWA\t6\t10\n60\t4\t6\n120\t6\t8\n");
+  EXPECT_EQ(Json("polar speed " + file + " --wind 7 --angle 90")["speed"], "5.5");
+  EXPECT_EQ(Json("polar speed " + file + " --wind 7 --angle 20 --closest 10")["speed"], "4.5");
+  EXPECT_EQ(Json("polar import " + file + " --name \"Jo's boat\"")["guessed"].get<int>() > 0, true);
+  EXPECT_EQ(Json("polar speed \"Jo's boat\" --wind 7 --angle 90")["speed"], "5.5");
+  ExpectError("polar import " + file + " --name \"Jo's boat\"", 1, "is taken");
+  ExpectError("polar show Nobody", 1, "there is no set-up");
+  ExpectError("polar speed " + sloop + " --wind 41 --angle 60", 2, "Invalid Wind Speed");
+  const std::string when = " --date 2026-12-05 --time 06:30";
+  const auto own = Json("plan" + when);
+  const auto sailed = Json("plan --polar " + file + " --wind-from 0 --wind-speed 7" + when);
+  EXPECT_NE(own["hours"], sailed["hours"]);
+  // The first leg heads 205 degrees, 155 from the wind: the edge of the table between 6 and 10.
+  EXPECT_NE(sailed["lines"].dump().find(" at 6.5 kt."), std::string::npos);
+  ExpectError("plan --grib" + when, 2, "--polar");
+  const auto each = Json("optimum --date 2026-12-05 --slot 1 --polar " + file +
+                         " --wind-from 0 --wind-speed 7 --each");
+  EXPECT_EQ(each["times"], Json("optimum --date 2026-12-05 --slot 1 --polar " + file +
+                                " --wind-from 0 --wind-speed 7")["times"]);
+  EXPECT_EQ(Json("wind relative --from 315 --course 0"),
+            nlohmann::json({{"angle", 45.0}, {"starboard", false}}));
+  EXPECT_NEAR(Json("wind apparent --speed 8 --angle 90 --boat 6")["speed"].get<double>(), 10, 1e-9);
+  EXPECT_NEAR(Json("wind true --speed 10 --angle 53.1301 --boat 6")["angle"].get<double>(), 90,
+              1e-3);
+}
+
 TEST_F(CommandLine, SummerTimeIsAnHourAhead) {
   const std::string summer = "--set SummerTime=-1 ";
   const auto tide = Json("tide dover --date 2026-12-05");
