@@ -14,7 +14,10 @@
 #include "routes/route_rows.h"
 #include "support/temp_folder.h"
 #include "tides/streams.h"
+#include "wind/grib.h"
+#include "wind/polar.h"
 #include "wind/wind_config.h"
+#include "wind/wind_store.h"
 
 namespace skerrow {
 namespace {
@@ -196,6 +199,43 @@ void Diamonds(Place& place, const std::string& bytes) {
   SaveTidalDiamonds(state, place.folders, "f", place.messages);
 }
 
+void Grib(Place& place, const std::string& bytes) {
+  NoProgress progress;
+  const GribFile file = DecodeGrib(bytes, place.messages, progress);
+  std::size_t points = 0;
+  for (const GribRecord& record : file.records) {
+    Require(record.values.empty() || record.values.size() == record.grid.Points());
+    points += record.values.size();
+  }
+  Require(points <= MostGribPoints(bytes.size()));
+  const WindStore store(MakeWindCells(file.records, place.messages));
+  store.Find({50, -1}, {100, 2026}, 6.5F);
+}
+
+void WindFile(Place& place, const std::string& bytes) {
+  place.folder.Write("SkerrowHelm/~wind.dat", bytes);
+  const auto cells = ReadWindStore(place.folders);
+  Require(cells.ok() && cells->size() == bytes.size() / kWindCellSize);
+  const WindStore store(*cells);
+  for (const float hours : {0.0F, 23.9F}) {
+    const auto found = store.Find({50, -1}, {1, 2000}, hours);
+    Require(!found || (found->record < cells->size() && found->speed < kNoWind));
+    store.Serving({1, 2000}, hours);
+  }
+}
+
+void PolarText(Place&, const std::string& bytes) {
+  const Result<PolarImport> import = PolarFromText(bytes);
+  if (!import) return;
+  Require(import->rows.size() == kPolarAngles);
+  const PolarTable table(import->rows);
+  for (const double angle : {0.0, 44.0, 180.0}) {
+    const auto speed = table.Estimate(11.0, angle, 30.0);
+    Require(speed && std::isfinite(*speed) && *speed >= 0 && *speed <= 200);
+  }
+  Require(PolarFromText(PolarToText(import->rows)).ok());
+}
+
 using Feeder = void (*)(Place&, const std::string&);
 
 // One folder serves all inputs of a reader.
@@ -213,7 +253,8 @@ const std::vector<FuzzReader>& FuzzReaders() {
       {"cht", InItsPlace<Chart>, 0, 14, 8},         {"xrf", InItsPlace<Index>, 80, 5, 2},
       {"config", InItsPlace<Config>, 2432, 0, 524}, {"wind", InItsPlace<WindSettings>, 24, 0, 0},
       {"hc", InItsPlace<AreaPorts>, 36, 40, 1},     {"refports", InItsPlace<RefPorts>, 40, 39, 1},
-      {"l25", InItsPlace<Diamonds>, 0, 49, 0}};
+      {"l25", InItsPlace<Diamonds>, 0, 49, 0},      {"grib", InItsPlace<Grib>, 0, 0, 200},
+      {"store", InItsPlace<WindFile>, 0, 5, 0},     {"polar", InItsPlace<PolarText>, 40, 0, 0}};
   return readers;
 }
 
