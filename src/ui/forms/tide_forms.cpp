@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 #include <filesystem>
+#include <limits>
+#include <utility>
 
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
@@ -17,7 +19,8 @@ constexpr double kMostMetres = 100.0;
 constexpr double kMostDepth = 1000.0;
 constexpr std::size_t kMonthHeadLines = 5;
 
-std::string AreaFileOf(const Program& program) { return Trim(program.config.tidal_port_file); }
+// No record has this position, so that the first sound one is taken.
+constexpr int kFirstPort = std::numeric_limits<int>::max();
 
 const PrintFont kTitleFont = {"", 15.0, true};
 const PrintFont kHeadFont = {"", 11.0, true};
@@ -96,16 +99,16 @@ int PortNear(const PortList& ports, Position place, float range) {
   return 0;
 }
 
-TideForm::TideForm(Program& program) : program_(program) {
+TideForm::TideForm(Program& program)
+    : program_(program), area_(Trim(program.config.tidal_port_file)) {
   screen_.date = program.selected_time.Day();
 }
 
 Status TideForm::Open(int position) {
-  const std::string file = AreaFileOf(program_);
-  const Result<PortList> ports = ListPorts(program_.folders, file);
+  const Result<PortList> ports = ListPorts(program_.folders, area_);
   if (!ports) return ports.error();
   if (ports->rows.empty()) {
-    return Error{JoinPath(program_.folders.TidalStreams(), file), "the file holds no ports"};
+    return Error{JoinPath(program_.folders.TidalStreams(), area_), "the file holds no ports"};
   }
   const int wanted = position > 0 ? position : program_.config.tide_port_number;
   const auto found = std::find_if(ports->rows.begin(), ports->rows.end(),
@@ -118,26 +121,23 @@ Status TideForm::Open(int position) {
   return Done{};
 }
 
-Status TideForm::Choose(int position) {
-  if (position < 1) return Done{};
-  if (Status opened = Open(position); !opened) return opened;
+Status TideForm::Keep() {
   return ReloadThenSave(program_.folders, program_.config, [&](AppConfig& config) {
+    config.tidal_port_file = area_;
     config.tide_port_number = static_cast<std::int16_t>(position_);
     config.tide_port_name = Trim(screen_.port.name);
   });
 }
 
-Status TideForm::ChooseArea(const std::string& file_name) {
-  const Result<PortList> ports = ListPorts(program_.folders, file_name);
-  if (!ports) return ports.error();
-  if (ports->rows.empty()) {
-    return Error{JoinPath(program_.folders.TidalStreams(), file_name), "the file holds no ports"};
+Status TideForm::OpenArea(const std::string& file_name) {
+  const std::string before = std::exchange(area_, file_name);
+  const int position = std::exchange(position_, 0);
+  const Status opened = Open(kFirstPort);
+  if (!opened) {
+    area_ = before;
+    position_ = position;
   }
-  const Status saved = ReloadThenSave(program_.folders, program_.config, [&](AppConfig& config) {
-    config.tidal_port_file = file_name;
-  });
-  const Status chosen = Choose(ports->rows.front().position);
-  return saved ? chosen : saved;
+  return opened;
 }
 
 void TideForm::GoTo(DayAndYear date) {
@@ -178,6 +178,11 @@ std::string TideForm::DayFileName() const {
       LongMonthName(screen_.month_date.month) + "_" + std::to_string(screen_.date.year));
 }
 
+int DayOfMonthLine(std::string_view line) {
+  if (line.empty() || line.back() != ')' || line.find(" (") == std::string_view::npos) return 0;
+  return static_cast<int>(TextToNumber(line));
+}
+
 bool TideForm::MakeMonth(Progress& progress) {
   const int month = screen_.month_date.month;
   const int year = screen_.date.year;
@@ -185,7 +190,7 @@ bool TideForm::MakeMonth(Progress& progress) {
       MakeMonthTable(screen_.port, month, year, screen_.display.summer_time, progress);
   if (!table) return false;
   const std::string name = LongMonthName(month);
-  month_ = {name + " " + std::to_string(year),
+  month_ = {name + " " + std::to_string(year), month, year,
             SafeFileName(Trim(screen_.port.name) + "_" + name + "_" + std::to_string(year)),
             std::move(table->lines)};
   return true;
@@ -241,7 +246,7 @@ PrintDocument HourlyPage(const TideForm& form) {
 
 PrintDocument MonthPage(const TideForm& form) {
   const std::vector<std::string>& month_lines = form.month().lines;
-  PrintDocument page = PageOf(form, "Monthly Tidal Prediction", form.month().month);
+  PrintDocument page = PageOf(form, "Monthly Tidal Prediction", form.month().title);
   AddLines(page, HeightHeadings({}), kPlainFont);
   page.items.push_back(PrintLine(" ", kPlainFont));
   std::vector<std::vector<PrintItem>> blocks;

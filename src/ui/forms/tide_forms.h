@@ -38,9 +38,14 @@ int PortNear(const PortList& ports, Position place, float range);
 
 // ---------------------------------------------------------------- the tide screen
 
+// The day of the month that a line of the month's list begins, "14 Jun (Sun)"; 0: it begins none.
+int DayOfMonthLine(std::string_view line);
+
 // A month's list of high and low waters.
 struct MonthList {
-  std::string month;      // "June 2026"
+  std::string title;  // "June 2026"
+  int month = 1;
+  int year = 2000;
   std::string file_name;  // the name offered for its file, "Dover_June_2026"
   std::vector<std::string> lines;
 };
@@ -48,18 +53,18 @@ struct MonthList {
 // The tide screen's state: one port on one day.
 class TideForm {
  public:
-  // The day is that of the selected time; no port is open yet.
+  // The day is that of the selected time, the area file that of the settings; no port is open yet.
   explicit TideForm(Program& program);
 
-  // Opens the port at `position` of the area file in force; 0: that of the settings. Where that
+  // Opens the port at `position` of its area file; 0: that of the settings. Where that
   // file has no such port, as after a change of the file, the first sound one is taken. Error, with
   // the screen as it was: the file cannot be read or holds no sound port.
   Status Open(int position = 0);
-  // Opens a port and keeps it as that of the settings. Nothing is done for a position below 1.
-  // Errors: as Open; the settings cannot be written, which leaves the port open.
-  Status Choose(int position);
-  // Makes a file the area's and opens its first port.
-  Status ChooseArea(const std::string& file_name);
+  // Makes the open port that of the settings, and stores them. Error: they cannot be written.
+  Status Keep();
+  // Makes a file the area's, opens its first port and keeps it. Errors, with everything as it was:
+  // the file cannot be read or holds no sound port.
+  Status OpenArea(const std::string& file_name);
 
   void GoTo(DayAndYear date);
   void ToNextDay() { GoTo(NextDay(screen_.date)); }
@@ -71,6 +76,8 @@ class TideForm {
   void Refresh();
 
   const TideScreen& screen() const { return screen_; }
+  // The name of the file that the port stands in.
+  const std::string& area() const { return area_; }
   int position() const { return position_; }
   // The clock's time when the day was last worked out, hours.
   double hours() const { return hours_; }
@@ -93,6 +100,7 @@ class TideForm {
 
  private:
   Program& program_;
+  std::string area_;  // the file
   TideScreen screen_;
   MonthList month_;
   int position_ = 0;
