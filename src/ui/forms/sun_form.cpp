@@ -11,7 +11,7 @@ namespace skerrow {
 namespace {
 
 constexpr const char* kHead =
-    "Date\tAstronomical\tNautical\tCivil\tSunrise\tSunset\tCivil\tNautical\tAstronomical";
+    "Date	Astro	Nautical	Civil	Sunrise	Sunset	Civil	Nautical	Astro";
 
 // Whether a text ends with one of two letters, begins with neither, and is not too long.
 bool SidedText(const std::string& text, std::size_t longest, std::string_view sides) {

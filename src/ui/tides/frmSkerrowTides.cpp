@@ -493,6 +493,13 @@ void frmSkerrowTides::CalculateMonth() {
   month_->SetLines(lines, looks);
   form_.Refresh();
   ShowView(View::kMonth);
+  // The day on the screen is chosen among those of the list.
+  const int day = form_.screen().month_date.day_of_month;
+  for (int row = 0; row < month_->count(); ++row) {
+    if (DayOfMonthLine(lines[static_cast<std::size_t>(row)]) != day) continue;
+    month_->setCurrentRow(row);
+    month_->scrollToItem(month_->item(row), QAbstractItemView::PositionAtTop);
+  }
   month_->setFocus();
 }
 

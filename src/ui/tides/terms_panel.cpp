@@ -23,7 +23,7 @@ constexpr TermNames kNames[kTideTerms] = {
     {"chkZ0", "lblz0Harm", "lblHtZ0"}};
 
 QString Constants(float phase, float size, const char* unit, int decimals) {
-  return ToQt("g " + FormatFixed(phase, 1, 1) + "°  H " + FormatFixed(size, 1, decimals) + unit);
+  return ToQt("g " + FormatFixed(phase, 1, 1) + "°\nH " + FormatFixed(size, 1, decimals) + unit);
 }
 
 // The line or the dots of a term as a small picture.
@@ -85,7 +85,7 @@ void TermsPanel::ShowConstants(const Port& port) {
   // The corrections are factors, not metres.
   constants_[4]->setText(Constants(port.sf4, port.lf4, "", 3));
   constants_[5]->setText(Constants(port.sf6, port.lf6, "", 3));
-  constants_[6]->setText(ToQt(FormatFixed(port.z0, 1, 2) + " m"));
+  constants_[6]->setText(ToQt("\nH " + FormatFixed(port.z0, 1, 2) + " m"));
 }
 
 void TermsPanel::ShowReading(const LayerReading& reading) {
