@@ -2,11 +2,14 @@
 
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QTextCharFormat>
+#include <QToolButton>
 
 #include "core/date_order.h"
 #include "ui/forms/date_form.h"
 #include "ui/widgets/date_services.h"
 #include "ui/widgets/qt_text.h"
+#include "ui/widgets/theme.h"
 
 namespace skerrow {
 namespace {
@@ -14,6 +17,21 @@ namespace {
 // The years that the constituents are computed for.
 constexpr int kFirstYear = 1900;
 constexpr int kLastYear = 2100;
+
+// The toolkit's red weekends and white arrows would shine at night.
+void CalmColours(QCalendarWidget& calendar) {
+  QTextCharFormat weekend;
+  weekend.setForeground(ThemeInForce().text);
+  calendar.setWeekdayTextFormat(Qt::Saturday, weekend);
+  calendar.setWeekdayTextFormat(Qt::Sunday, weekend);
+  for (const auto& [name, arrow] : {std::pair("qt_calendar_prevmonth", Qt::LeftArrow),
+                                    std::pair("qt_calendar_nextmonth", Qt::RightArrow)}) {
+    if (auto* button = calendar.findChild<QToolButton*>(QLatin1String(name))) {
+      button->setIcon({});
+      button->setArrowType(arrow);
+    }
+  }
+}
 
 }  // namespace
 
@@ -46,6 +64,7 @@ frmTidesTimeDate::frmTidesTimeDate(Desktop& desktop, DayAndYear date, QWidget* p
   calendar_->setMaximumDate(QDate(kLastYear, 12, 31));
   calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar_->setAccessibleName("Calendar");
+  CalmColours(*calendar_);
   body()->addWidget(calendar_, 1);
   QPushButton* today = AddLeftButton("cmdToday", "&Today");
   QPushButton* ok = AddButton("cmdOK", "OK");
