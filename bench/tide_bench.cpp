@@ -96,8 +96,7 @@ int main(int argc, char** argv) {
           widget.render(&paper);
         }));
   NoProgress progress;
-  Print("the month's table", Median([&](int run) {
-          MakeMonthTable(port, 1 + run % 12, 2026, false, progress);
-        }));
+  Print("the month's table",
+        Median([&](int run) { MakeMonthTable(port, 1 + run % 12, 2026, false, progress); }));
   return 0;
 }
