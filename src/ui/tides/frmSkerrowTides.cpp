@@ -46,9 +46,9 @@ frmSkerrowTides::frmSkerrowTides(Desktop& desktop, TideForm form, QWidget* paren
   pages_->addWidget(MakeMonthPage());
   middle->addWidget(pages_, 1);
   body()->addLayout(middle, 1);
-  QLabel* notice = MakeHint(ToQt(DerivedDataNotice()));
-  notice->setObjectName(QStringLiteral("lblNotice"));
-  body()->addWidget(notice);
+  notice_ = MakeHint({});
+  notice_->setObjectName(QStringLiteral("lblNotice"));
+  body()->addWidget(notice_);
   MakeMenus();
   QPushButton* close = AddButton("cmdClose", "&Close");
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
@@ -235,7 +235,10 @@ void frmSkerrowTides::MakeMenus() {
   file->addSeparator();
   AddEntry(
       file, "mnudayprint", "&Print Day...",
-      [this, print] { print(DayPage(form_, plot_->ToPicture(960, 400, 2))); }, QKeySequence::Print);
+      [this, print] {
+        print(DayPage(form_, PlotPicture(TideDayPlot(form_.screen()), {}, 960, 400, 2)));
+      },
+      QKeySequence::Print);
   AddEntry(file, "mnuhrprint", "Print H&ourly Details...",
            [this, print] { print(HourlyPage(form_)); });
   AddEntry(file, "mnumonthprint", "Print Mo&nth...", [this, print] {
@@ -314,6 +317,8 @@ void frmSkerrowTides::ShowAll() {
   lines_->SetLines(lines, looks);
   sun_times_->setText(ToQt("Sunrise " + SunEventText(screen.sun, kSunrise) + "\nSunset  " +
                            SunEventText(screen.sun, kSunset)));
+  notice_->setText(
+      ToQt(DerivedDataNotice() + "\n" + Trim(PrintedTimeBasis(screen.display.summer_time))));
   ShowSpringNeap();
   terms_->ShowConstants(screen.port);
   ShowPlot();

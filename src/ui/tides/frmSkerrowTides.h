@@ -100,6 +100,7 @@ class frmSkerrowTides : public Dialog {
   QLabel* depth_ = nullptr;
   QLabel* mouse_status_ = nullptr;
   TextList* month_ = nullptr;
+  QLabel* notice_ = nullptr;
 };
 
 // Opens the tide screen on the port at `position` of the area's file, which becomes that of the

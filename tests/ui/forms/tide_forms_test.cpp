@@ -10,6 +10,7 @@
 #include "core/text.h"
 #include "support/sample_desk.h"
 #include "ui/forms/sun_form.h"
+#include "ui/forms/tide_plot.h"
 
 namespace skerrow {
 namespace {
@@ -165,6 +166,23 @@ TEST_F(TideFormTest, TheMonthStaysUntilThePortChanges) {
   }
 }
 
+TEST_F(TideFormTest, APortWithoutATideHasAMonthWithoutWaters) {
+  Port flat;
+  flat.name = "Flat";
+  flat.z0 = 1.5F;
+  Write("UK.hc", {flat});
+  NoProgress go;
+  TideForm form(program);
+  ASSERT_TRUE(form.Open());
+  EXPECT_FALSE(form.screen().spring_neap);
+  EXPECT_EQ(form.SideLines().size(), 3U);
+  EXPECT_TRUE(TideDayPlot(form.screen()).spots.empty());
+  ASSERT_TRUE(form.MakeMonth(go));
+  EXPECT_TRUE(form.HasMonth());
+  EXPECT_EQ(form.month().lines.size(), 5U + 2 * 30);
+  EXPECT_EQ(MonthPage(form).items.back().blocks.size(), 30U);
+}
+
 TEST_F(TideFormTest, PagesCarryThePortTheDateTheTimeBasisAndTheNotice) {
   program.config.tide_display_option = 3;
   program.config.summer_time = -1;
@@ -178,7 +196,9 @@ TEST_F(TideFormTest, PagesCarryThePortTheDateTheTimeBasisAndTheNotice) {
     EXPECT_EQ(page.items[4].text,
               "Dotted curve shows effect of Draft 0.5M + Under keel Clearance 0.5M. taken from "
               "prediction");
-    EXPECT_EQ(page.foot, DerivedDataNotice());
+    EXPECT_EQ(page.foot,
+              "Heights in Metres, all data are derived and should therefore be considered as "
+              "approximate. Source: the harmonic constants of UK.hc");
   }
   ASSERT_EQ(pages[1].items.back().blocks.size(), 24U);
   EXPECT_TRUE(pages[1].items.back().blocks[23][5].text.starts_with("23:50\t"));

@@ -215,10 +215,11 @@ TEST_F(TideWindow, TheDayIsSavedAndCopied) {
   Run("mnusaveday");
   EXPECT_EQ(offered, "Save hourly details|Dover_14_June_2026.txt");
   EXPECT_EQ(*ReadFile(user_.File("day.txt")), HourlyText(Shown()));
-  // A place that cannot be written to is named, and what is there stays.
-  fs::create_directories(user_.File("taken.txt"));
+  // A cancel writes nothing.
   testing::WithNextDialog([](QDialog& dialog) { dialog.reject(); });
+  const auto written = fs::last_write_time(user_.File("day.txt"));
   Run("mnusaveday");
+  EXPECT_EQ(fs::last_write_time(user_.File("day.txt")), written);
   Run("mnuCopyDaysTides");
   EXPECT_EQ(clipboard.Text(), DayClipboardText(Shown()));
   Run("mnuCopySunTimes");
@@ -344,6 +345,9 @@ TEST_F(TideWindow, TheDepthAtThePlaceIsShownOnceThereIsOne) {
   });
   Run("mnuoutputoptions");
   EXPECT_EQ(program.config.summer_time, -1);
+  EXPECT_EQ(Label("lblNotice"),
+            "Heights in Metres, all data are derived and should therefore be considered as "
+            "approximate\nTimes shown are with Summer Time correction");
   EXPECT_EQ(plot_->plot().captions[0].text, " : Draft=1.25M");
   ASSERT_EQ(plot_->plot().series.size(), 2U);
   const float height = Shown().tide.curve[57].height;
@@ -362,6 +366,19 @@ TEST_F(TideWindow, APortFileThatIsGoneIsToldAndTheScreenGoesOn) {
   EXPECT_EQ(testing::TextOf(*screen_, "lstTides", 1), "Date : 15/6/2026");
   messages.Expect(AreaFile() + ": the file does not exist", MessageIcon::kWarning);
   OpenTideScreen(desktop, 0, nullptr);
+}
+
+TEST_F(TideWindow, ADepthThatCannotBeStoredIsTold) {
+  testing::WithNextDialog([&](QDialog& dialog) {
+    fs::remove(AreaFile());
+    messages.Expect("This file could not be written, and nothing in it has changed:\n" +
+                        AreaFile() + ": the file does not exist",
+                    MessageIcon::kError);
+    testing::Type(dialog, "depth", "2");
+    testing::Click(dialog, "cdok");
+    EXPECT_TRUE(dialog.isVisible());
+  });
+  Run("mnuchartdepth");
 }
 
 TEST_F(TideWindow, ByNightTheCurveIsDark) {
