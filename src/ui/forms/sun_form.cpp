@@ -112,10 +112,14 @@ PrintDocument SunPage(const SunResults& results) {
   const std::string place = (results.name.empty() ? "" : results.name + "     ") +
                             results.latitude + "  " + results.longitude;
   page.title = SafeFileName("Sun and Moon " + results.name + " " + MonthText(results));
-  page.foot = "Times of sun and moon are computed and should be considered as approximate";
+  page.foot = results.name;
   page.items = {PrintLine("Sun and Moon", title),
                 PrintLine("Port : " + place + "     Date : " + MonthText(results), head),
-                PrintLine(PrintedTimeBasis(results.summer_time), plain), PrintLine(" ", plain)};
+                PrintLine(PrintedTimeBasis(results.summer_time), plain),
+                PrintLine("All data are computed from short series and should therefore be "
+                          "considered as approximate",
+                          plain),
+                PrintLine(" ", plain)};
   const std::vector<double> tabs = {20, 43, 62, 80, 98, 116, 134, 152};
   const std::vector<std::string> lines = SunTableLines(results);
   for (std::size_t i = 0; i < lines.size(); ++i) {

@@ -51,10 +51,13 @@ PrintDocument PageOf(const TideForm& form, const std::string& heading, const std
   const std::string port = Trim(screen.port.name);
   PrintDocument page;
   page.title = SafeFileName(heading + " " + port + " " + date);
-  page.foot = DerivedDataNotice() + ". Source: the harmonic constants of " + form.area();
-  page.items = {PrintLine(heading, kTitleFont),
-                PrintLine("Port : " + port + "     Date : " + date, kHeadFont),
-                PrintLine(PrintedTimeBasis(screen.display.summer_time), kPlainFont)};
+  page.foot = port;
+  page.items = {
+      PrintLine(heading, kTitleFont),
+      PrintLine("Port : " + port + "     Date : " + date, kHeadFont),
+      PrintLine(PrintedTimeBasis(screen.display.summer_time), kPlainFont),
+      PrintLine(DerivedDataNotice() + ". Source: the harmonic constants of " + form.area(),
+                kPlainFont)};
   return page;
 }
 

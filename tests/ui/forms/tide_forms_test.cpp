@@ -192,13 +192,13 @@ TEST_F(TideFormTest, PagesCarryThePortTheDateTheTimeBasisAndTheNotice) {
   for (const PrintDocument& page : pages) {
     EXPECT_EQ(page.items[1].text, "Port : Dover     Date : Sunday 14 June 2026");
     EXPECT_EQ(page.items[2].text, " Times shown are with Summer Time correction");
-    EXPECT_EQ(page.items[3].text, "Heights shown in Metres");
-    EXPECT_EQ(page.items[4].text,
-              "Dotted curve shows effect of Draft 0.5M + Under keel Clearance 0.5M. taken from "
-              "prediction");
-    EXPECT_EQ(page.foot,
+    EXPECT_EQ(page.items[3].text,
               "Heights in Metres, all data are derived and should therefore be considered as "
               "approximate. Source: the harmonic constants of UK.hc");
+    EXPECT_EQ(page.items[4].text, "Heights shown in Metres");
+    EXPECT_EQ(page.items[5].text,
+              "Dotted curve shows effect of Draft 0.5M + Under keel Clearance 0.5M. taken from "
+              "prediction");
   }
   ASSERT_EQ(pages[1].items.back().blocks.size(), 24U);
   EXPECT_TRUE(pages[1].items.back().blocks[23][5].text.starts_with("23:50\t"));
