@@ -39,6 +39,7 @@ class TideWindow : public testing::SampleDesk {
     screen_ = std::make_unique<frmSkerrowTides>(desktop, std::move(form), nullptr);
     plot_ = testing::Find<PlotWidget>(*screen_, "picTides");
     testing::Show(*screen_);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
   }
 
   std::string Label(const char* name) const {
@@ -50,7 +51,7 @@ class TideWindow : public testing::SampleDesk {
     found->trigger();
   }
   void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    QTest::keyClick(screen_->focusWidget(), static_cast<Qt::Key>(key), modifiers);
   }
   QPoint At(double hours) const {
     const PlotAxis& y = plot_->plot().y;
@@ -284,7 +285,7 @@ TEST_F(TideWindow, DateAndPortAreChosen) {
 
   testing::WithNextDialog([](QDialog& dialog) {
     auto* box = testing::Find<QLineEdit>(dialog, "txtFind");
-    EXPECT_TRUE(box->hasFocus());
+    EXPECT_EQ(dialog.focusWidget(), box);
     QTest::keyClicks(box, "portsm");
     QTest::keyClick(box, Qt::Key_Return);
   });
