@@ -44,7 +44,7 @@ Picture PlotPicture(const Plot& plot, const std::vector<PlotCursor>& cursors, in
     const SurfaceRect whole = surface.Bounds();
     DrawPlot(surface, whole, plot);
     const PlotArea area(surface, whole, plot);
-    for (const PlotCursor& cursor : cursors) DrawPlotCursor(surface, area, plot, cursor);
+    DrawPlotCursors(surface, area, plot, cursors);
   }
   std::vector<std::uint32_t> pixels(static_cast<std::size_t>(image.width()) *
                                     static_cast<std::size_t>(image.height()));
@@ -128,7 +128,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
   painter.drawPixmap(0, 0, picture_);
   QtSurface surface(painter, size(), look_, &texts_);
   const PlotArea area(surface, Whole(), plot_);
-  for (const PlotCursor& cursor : cursors_) DrawPlotCursor(surface, area, plot_, cursor);
+  DrawPlotCursors(surface, area, plot_, cursors_);
   if (hasFocus()) {
     const SurfaceRect& inner = area.inner();
     surface.SetPen(2, 0xA85F1A);

@@ -321,6 +321,7 @@ void frmSkerrowTides::ShowAll() {
       ToQt(DerivedDataNotice() + "\n" + Trim(PrintedTimeBasis(screen.display.summer_time))));
   ShowSpringNeap();
   terms_->ShowConstants(screen.port);
+  if (!mouse_hours_) plot_->SetPlace(form_.hours());
   ShowPlot();
   Tick();
 }

@@ -251,6 +251,7 @@ TEST_F(TideWindow, TheSunOfTheMonthADayAtATime) {
       scroll->setFocus();
       QTest::keyClick(scroll, Qt::Key_Down);
       EXPECT_TRUE(label("lblDate").startsWith("Jun 15 2026  Monday"));
+      EXPECT_EQ(testing::Find<QListWidget>(results, "lstSun")->currentRow(), 15);
       testing::ClickRow(results, "lstSun", 3);
       EXPECT_TRUE(label("lblDate").startsWith("Jun 3 2026"));
       EXPECT_EQ(testing::Find<QListWidget>(results, "lstMoon")->count(), 4);
@@ -334,6 +335,7 @@ TEST_F(TideWindow, TheDepthAtThePlaceIsShownOnceThereIsOne) {
   });
   Run("mnuchartdepth");
   EXPECT_EQ(Label("lbldepth"), "");  // to chart datum only
+  Run("mnumonth");
   testing::WithNextDialog([](QDialog& dialog) {
     auto* draught = testing::Find<QLineEdit>(dialog, "draughttext");
     EXPECT_FALSE(draught->isEnabled());
@@ -345,6 +347,9 @@ TEST_F(TideWindow, TheDepthAtThePlaceIsShownOnceThereIsOne) {
     testing::Click(dialog, "cmdOK");
   });
   Run("mnuoutputoptions");
+  // A month of other times is none of the screen's.
+  messages.Expect("Calculate a months tides\nbefore choosing this option");
+  Run("mnusavmonth");
   EXPECT_EQ(program.config.summer_time, -1);
   EXPECT_EQ(Label("lblNotice"),
             "Heights in Metres, all data are derived and should therefore be considered as "
@@ -380,6 +385,29 @@ TEST_F(TideWindow, ADepthThatCannotBeStoredIsTold) {
     EXPECT_TRUE(dialog.isVisible());
   });
   Run("mnuchartdepth");
+}
+
+// A damaged record may hold any numbers.
+TEST_F(TideWindow, AbsurdConstantsNeitherHangNorCrash) {
+  Port absurd;
+  absurd.name = "Absurd";
+  absurd.z0 = -3e38F;
+  absurd.m2_g = 3e38F;
+  absurd.m2_hm = absurd.s2_hm = absurd.lf4 = 3e38F;
+  absurd.mhm2.fill(3e38F);
+  absurd.latitude = 90.0F;
+  const Port ports[] = {absurd};
+  ASSERT_TRUE(WriteRecords(AreaFile(), std::span<const Port>(ports), kPortFields));
+  testing::WithNextDialog([](QDialog& dialog) {
+    testing::ClickRow(dialog, "lstPorts", 0);
+    testing::Click(dialog, "cmdOK");
+  });
+  Run("mnuPortList");
+  EXPECT_EQ(Label("lblPort"), "Port    : Absurd");
+  for (const char* entry : {"mnuday", "mnuLayersShow", "mnumonth"}) {
+    Run(entry);
+    EXPECT_FALSE(screen_->grab().isNull());
+  }
 }
 
 TEST_F(TideWindow, ByNightTheCurveIsDark) {
