@@ -1,6 +1,7 @@
 #include "ui/tides/Frmriseresults.h"
 
 #include <QGridLayout>
+#include <QHeaderView>
 #include <algorithm>
 
 #include "core/calendar.h"
@@ -10,6 +11,11 @@
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
+namespace {
+
+constexpr int kColumnGap = 10;
+
+}  // namespace
 
 Frmriseresults::Frmriseresults(Desktop& desktop, const SunResults& results, int day,
                                QWidget* parent)
@@ -19,7 +25,7 @@ Frmriseresults::Frmriseresults(Desktop& desktop, const SunResults& results, int 
       daylight_(Named<QLabel>("lblDaylight")),
       twilight_(Named<QLabel>("lblTwilight")),
       scroll_(Named<QScrollBar>("VScroll1", Qt::Vertical)),
-      table_(new TextList(desktop.clipboard, "lstSun")),
+      table_(Named<QTreeWidget>("lstSun")),
       moon_(new TextList(desktop.clipboard, "lstMoon")) {
   auto* place =
       MakeHeading(ToQt(results.name + "   " + results.latitude + "  " + results.longitude + "   " +
@@ -52,10 +58,7 @@ Frmriseresults::Frmriseresults(Desktop& desktop, const SunResults& results, int 
   scroll_->setToolTip("The day of the month");
   scroll_->setFocusPolicy(Qt::StrongFocus);
 
-  const std::vector<std::string> lines = SunTableLines(results);
-  std::vector<RowLook> looks(lines.size());
-  looks[0].bold = true;
-  table_->SetLines(lines, looks);
+  FillTable();
   table_->setAccessibleName("The sun of the month");
   moon_->SetLines(results.moon);
   moon_->setAccessibleName("Phases of the moon");
@@ -74,6 +77,8 @@ Frmriseresults::Frmriseresults(Desktop& desktop, const SunResults& results, int 
 
   QPushButton* save = AddLeftButton("cmdSave", "&Save...", "Saves the month as a text file");
   QPushButton* print = AddLeftButton("cmdPrint", "&Print...", "Prints the month");
+  QPushButton* copy =
+      AddLeftButton("cmdCopy", "&Copy", "Puts the table of the month on the clipboard");
   QPushButton* close = AddButton("cmdOK", "OK");
   close->setDefault(true);
   connect(save, &QPushButton::clicked, this, [this] {
@@ -82,16 +87,35 @@ Frmriseresults::Frmriseresults(Desktop& desktop, const SunResults& results, int 
   });
   connect(print, &QPushButton::clicked, this,
           [this] { PrintPages(this->desktop(), this, SunPage(results_)); });
+  connect(copy, &QPushButton::clicked, this,
+          [this] { this->desktop().clipboard.SetText(JoinLines(SunTableLines(results_))); });
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   connect(scroll_, &QScrollBar::valueChanged, this, [this](int index) { ShowDay(index); });
-  connect(table_, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (row > 0) scroll_->setValue(row - 1);
+  connect(table_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+    if (item != nullptr) scroll_->setValue(table_->indexOfTopLevelItem(item));
   });
   const int first = std::clamp(day - 1, 0, scroll_->maximum());
   scroll_->setValue(first);
   ShowDay(first);
   scroll_->setFocus();
   resize(960, 520);
+}
+
+void Frmriseresults::FillTable() {
+  const auto columns = [](const std::string& line) { return ToQt(line).split(QLatin1Char('\t')); };
+  const std::vector<std::string> lines = SunTableLines(results_);
+  table_->setRootIsDecorated(false);
+  table_->setAlternatingRowColors(true);
+  table_->setUniformRowHeights(true);
+  table_->setHeaderLabels(columns(lines.front()));
+  table_->header()->setSectionsMovable(false);
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    table_->addTopLevelItem(new QTreeWidgetItem(columns(lines[i])));
+  }
+  for (int column = 0; column < table_->columnCount(); ++column) {
+    table_->resizeColumnToContents(column);
+    table_->setColumnWidth(column, table_->columnWidth(column) + kColumnGap);
+  }
 }
 
 void Frmriseresults::ShowDay(int index) {
@@ -105,7 +129,7 @@ void Frmriseresults::ShowDay(int index) {
   }
   daylight_->setText(ToQt(DaylightText(day.times)));
   twilight_->setText(ToQt(TwilightText(day.times)));
-  table_->setCurrentRow(index + 1);
+  table_->setCurrentItem(table_->topLevelItem(index));
 }
 
 }  // namespace skerrow

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QScrollBar>
+#include <QTreeWidget>
 #include <vector>
 
 #include "ui/forms/sun_form.h"
@@ -18,6 +19,7 @@ class Frmriseresults : public Dialog {
   Frmriseresults(Desktop& desktop, const SunResults& results, int day, QWidget* parent);
 
  private:
+  void FillTable();
   void ShowDay(int index);
 
   const SunResults& results_;
@@ -26,7 +28,7 @@ class Frmriseresults : public Dialog {
   QLabel* daylight_;
   QLabel* twilight_;
   QScrollBar* scroll_;
-  TextList* table_;
+  QTreeWidget* table_;
   TextList* moon_;
 };
 

@@ -182,7 +182,7 @@ const Row kRows[] = {
        return std::make_unique<Frmsunrise>(desktop, SunEntry{}, QString(), nullptr);
      }},
     {"Frmriseresults", "Sun and Moon Results", "cmdOK",
-     "VScroll1 lstSun lstMoon cmdSave cmdPrint cmdOK", "",
+     "VScroll1 lstSun lstMoon cmdSave cmdPrint cmdCopy cmdOK", "",
      [](Desktop& desktop) -> Opened {
        static const SunResults results =
            MakeSunResults({"Dover", "51.06.00N", "001.19.00E"}, {51.1F, 1.3F}, 6, 2026, 0, false);
