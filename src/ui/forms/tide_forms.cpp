@@ -135,7 +135,7 @@ Status TideForm::Keep() {
 Status TideForm::OpenArea(const std::string& file_name) {
   const std::string before = std::exchange(area_, file_name);
   const int position = std::exchange(position_, 0);
-  const Status opened = Open(kFirstPort);
+  Status opened = Open(kFirstPort);
   if (!opened) {
     area_ = before;
     position_ = position;

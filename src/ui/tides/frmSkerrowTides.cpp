@@ -1,6 +1,7 @@
 #include "ui/tides/frmSkerrowTides.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolButton>
@@ -414,7 +415,7 @@ void frmSkerrowTides::LeaveCurve() {
 
 // ---------------------------------------------------------------- what the commands do
 
-void frmSkerrowTides::StepTo(std::function<void()> step) {
+void frmSkerrowTides::StepTo(const std::function<void()>& step) {
   if (busy()) return;
   step();
   ShowView(view_ == View::kMonth ? View::kDay : view_);

@@ -56,7 +56,7 @@ class frmSkerrowTides : public Dialog {
   void Freeze();
   void LeaveCurve();
 
-  void StepTo(std::function<void()> step);
+  void StepTo(const std::function<void()>& step);
   void ChooseDate();
   void ChoosePort();
   void ChooseArea();
