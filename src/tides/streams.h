@@ -12,6 +12,7 @@
 #include "core/messages.h"
 #include "tides/diamond.h"
 #include "tides/diamond_index.h"
+#include "tides/harmonic_streams.h"
 #include "tides/tide_day.h"
 
 // The tidal stream at a place and time, from the nearest diamond and the state of the tide at its
@@ -53,8 +54,10 @@ struct TideState {
   std::shared_ptr<const DayTides> loaded = std::make_shared<DayTides>();
   std::vector<RefPortState> ref_port_states;
   std::vector<TidalStream> tidal_streams;
-  bool harmonic_streams = false;  // streams come from harmonic stations, not from diamonds
-  std::string reported_problem;   // the last message about the reference ports, shown once
+  bool harmonic_streams_on = false;  // harmonic stations are shown besides the diamonds
+  std::vector<HarmonicStation> harmonic_stations;  // of a file, the first not shown on the chart
+  std::vector<HarmonicStream> harmonic_streams;    // theirs, for the time last calculated
+  std::string reported_problem;  // the last message about the reference ports, shown once
 };
 
 // Reads the diamonds of a sea area. When the file cannot be read the table is empty and

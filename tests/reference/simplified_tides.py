@@ -1,4 +1,5 @@
-"""Prints the rows of tests/tides/reference_test.cpp: the tide by the simplified method.
+"""Prints the rows of tests/tides/reference_test.cpp and of tests/tides/harmonic_streams_test.cpp:
+tides and harmonic streams by the simplified method.
 
 Written from the published form of the method and apart from the program: double precision, complex
 vectors, and the constants of the ports taken from the bytes of the sample file. Run it again after
@@ -101,6 +102,38 @@ def height(port, year, day, time):
     return sum(wave.real for wave in waves) + z0 + port[13 + month] + shallow
 
 
+# A harmonic station, as harmonic_streams_test.cpp has it: amplitude (knots) and lag of M2, S2, K1
+# and O1, eastward and northward.
+STATION = ([(2.5, 110.0), (0.8, 155.0), (0.12, 30.0), (0.09, 285.0)],
+           [(1.75, 62.5), (0.55, 118.0), (0.2, 301.0), (0.07, 14.0)])
+MOMENTS = [(1995, 182, 6.25), (2000, 366, 23.75), (2026, 339, 1 / 60), (2026, 339, 14.5)]
+
+
+def component(terms, year, day, hours):
+    """A component of a stream `hours` after 0 h of the day, along the lines of that day itself."""
+    total = 0
+    for i, limit in enumerate((600, 600, 300, 300)):
+        (v0, f0), (v1, f1) = groups(year, day)[i], groups(year, day + 1)[i]
+        v0, v1 = round(v0) % 360, round(v1) % 360
+        gain = (v0 - v1) % 360
+        while gain <= limit:
+            gain += 360
+        amplitude, lag = terms[i]
+        total += ((f0 + hours * (f1 - f0) / 24) * amplitude
+                  * math.cos(math.radians(lag + v0 - hours * gain / 24)))
+    return total
+
+
+def print_streams():
+    for year, day, hours in MOMENTS:
+        for number in (day, day + 1):
+            for v, _ in groups(year, number):
+                assert abs(v % 1 - 0.5) > 0.02, (year, number, v)
+        x, y = (component(terms, year, day, hours) for terms in STATION)
+        print("    {%d, %d, %.6fF, %.5f, %.5f, %.5f, %.3f}," % (
+            year, day, hours, x, y, math.hypot(x, y), math.degrees(math.atan2(x, y)) % 360))
+
+
 def main():
     found = ports()
     for year, month, day_of_month in DAYS:
@@ -114,6 +147,7 @@ def main():
             ", ".join("%.5f" % f for _, f in values),
             ",\n      ".join("{%s}" % ", ".join("%.4f" % height(found[p], year, day, t)
                                                for t in TIMES) for p in PORTS)))
+    print_streams()
 
 
 main()
