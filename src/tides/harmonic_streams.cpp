@@ -55,7 +55,7 @@ std::string HarmonicStationPath(const Folders& folders, std::string_view tidal_a
   return JoinPath(folders.HarmonicStreams(), Trim(tidal_area) + ".l27");
 }
 
-void LoadHarmonicStations(TideState& state, const std::string& folder, std::string_view file_name,
+bool LoadHarmonicStations(TideState& state, const std::string& folder, std::string_view file_name,
                           float hours, DayAndYear date, Messages& messages) {
   state.harmonic_stations.clear();
   const std::string path = JoinPath(folder, file_name);
@@ -71,6 +71,7 @@ void LoadHarmonicStations(TideState& state, const std::string& folder, std::stri
     messages.Show(file.error().Text(), MessageIcon::kWarning);
   }
   CalcHarmonicStreams(state, hours, date);
+  return file.ok();
 }
 
 void CalcHarmonicStreams(TideState& state, float hours, DayAndYear date) {

@@ -92,8 +92,9 @@ std::string HarmonicStationPath(const Folders& folders, std::string_view tidal_a
 // Replaces the stations by those of a file and calculates their streams for a time. A file that
 // cannot be read leaves none, and a message says so; whole records are read of one that is cut
 // short or damaged, and a message tells what is left out. A first record that is damaged leaves an
-// empty station in its place, since the chart does not show the first one.
-void LoadHarmonicStations(TideState& state, const std::string& folder, std::string_view file_name,
+// empty station in its place, since the chart does not show the first one. Gives whether the file
+// could be read.
+bool LoadHarmonicStations(TideState& state, const std::string& folder, std::string_view file_name,
                           float hours, DayAndYear date, Messages& messages);
 
 // Recomputes the streams of all stations for a time of a day. The time of the program stays as it
