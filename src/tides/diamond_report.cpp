@@ -45,7 +45,7 @@ std::string NoStreamLine(const TideState& state, const Diamond& diamond) {
 
 void AddPort(const RefPortState& port, int number, std::vector<DiamondLine>& lines) {
   lines.push_back({"Reference Port " + std::to_string(number)});
-  lines.push_back({"Port Name " + port.port_name});
+  lines.push_back({"Port Name " + port.port_name, {}, true});
   for (const auto& [time, height] : port.tides) lines.push_back({time + "\t" + height});
   if (port.hw_time.empty()) {
     lines.push_back({"No high water"});
@@ -201,10 +201,10 @@ DiamondDay MakeDiamondDay(const TideState& state, const DiamondRequest& request)
   StreamReader reader(state);
   day.fault = FillDayStream(reader, request.diamond, request.date, day.stream);
   if (day.fault != StreamFault::kNone) return day;
-  day.lines.push_back({"Tidal Streams"});
-  day.lines.push_back({WeekdayAndDate(request.date), request.date});
+  day.lines.push_back({"Tidal Streams", {}, true});
+  day.lines.push_back({WeekdayAndDate(request.date), request.date, true});
   if (const std::string head = ReportHead(request.report); !head.empty()) {
-    day.lines.push_back({head, request.date});
+    day.lines.push_back({head, {}, true});
   }
   AddTimes(state, request, day.stream, day.lines);
   day.lines.push_back({" "});
@@ -215,7 +215,7 @@ DiamondDay MakeDiamondDay(const TideState& state, const DiamondRequest& request)
                          "kn @" + FormatFixed(now.direction, 3, 0) + "°T"});
     day.lines.push_back({" "});
   }
-  day.lines.push_back({"Tidal Height Prediction"});
+  day.lines.push_back({"Tidal Height Prediction", {}, true});
   AddPorts(state, request, day.lines);
   return day;
 }
@@ -223,8 +223,10 @@ DiamondDay MakeDiamondDay(const TideState& state, const DiamondRequest& request)
 std::optional<std::vector<DiamondLine>> MakeDiamondMonth(const TideState& state,
                                                          const DiamondRequest& request,
                                                          Progress& progress) {
-  std::vector<DiamondLine> lines = {{"Monthly Tidal Stream Times"}};
-  if (const std::string head = ReportHead(request.report); !head.empty()) lines.push_back({head});
+  std::vector<DiamondLine> lines = {{"Monthly Tidal Stream Times", {}, true}};
+  if (const std::string head = ReportHead(request.report); !head.empty()) {
+    lines.push_back({head, {}, true});
+  }
   MonthDate month;
   DayOfYearToDate(request.date.day, request.date.year, month);
   StreamReader reader(state);
@@ -238,7 +240,7 @@ std::optional<std::vector<DiamondLine>> MakeDiamondMonth(const TideState& state,
       return std::vector<DiamondLine>();
     }
     lines.push_back({" "});
-    lines.push_back({WeekdayAndDate(of_day.date), of_day.date});
+    lines.push_back({WeekdayAndDate(of_day.date), of_day.date, true});
     AddTimes(state, of_day, stream, lines);
   }
   return lines;

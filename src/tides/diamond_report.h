@@ -35,10 +35,11 @@ StreamFault FillDayStream(StreamReader& reader, const Diamond& diamond, DayAndYe
 
 enum class DiamondReport { kSlack, kFlood, kAboveAndBelow };
 
-// A line of a report, and the day that it tells of; heads and what stands below have none.
+// A line of a report.
 struct DiamondLine {
   std::string text;
-  std::optional<DayAndYear> date = {};
+  std::optional<DayAndYear> date = {};  // the day that it tells of
+  bool heading = false;
 };
 
 // What a report is asked for.

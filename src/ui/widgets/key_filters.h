@@ -7,6 +7,7 @@ namespace skerrow {
 
 enum class KeyFilter {
   kNumber,       // digits and "."
+  kSignedNumber,  // digits, ".", "-" and "+"
   kQuietNumber,  // the same; other keys are dropped without a beep
   kVariation,    // digits, ".", and "W" and "E" in either case
   kLatitude,     // digits, ".", and "N" and "S" in either case
