@@ -1,5 +1,5 @@
-"""Prints the rows of tests/tides/reference_test.cpp and of tests/tides/harmonic_streams_test.cpp:
-tides and harmonic streams by the simplified method.
+"""Prints the rows of tests/tides/reference_test.cpp, harmonic_streams_test.cpp and
+diamond_report_test.cpp: tides and streams by the simplified method.
 
 Written from the published form of the method and apart from the program: double precision, complex
 vectors, and the constants of the ports taken from the bytes of the sample file. Run it again after
@@ -134,6 +134,63 @@ def print_streams():
             year, day, hours, x, y, math.hypot(x, y), math.degrees(math.atan2(x, y)) % 360))
 
 
+def record(name, size, number, form, at):
+    with open(os.path.join(os.path.dirname(__file__), "../../program", name), "rb") as stream:
+        data = stream.read()
+    return struct.unpack_from(form, data, (number - 1) * size + at)
+
+
+def diamond_day(ref, year, day):
+    """Rate, direction and slot of a diamond of the sample area at each 10 minutes of a day."""
+    chart, dia = (float(part) for part in ref.split("-"))
+    path = os.path.join(os.path.dirname(__file__), "../../program/TS/Sample Chart.l25")
+    with open(path, "rb") as stream:
+        records = list(struct.iter_unpack("<49f", stream.read()))
+    diamond = next(r for r in records if r[0] == chart and r[1] == dia)
+    port = record("RefPorts.hc", 197, int(diamond[2]), "<13f12f12f", 49)
+    # Three days of heights, six an hour; the second day begins at index 144.
+    h = [height(port, year, number, i / 6) for number in (day - 1, day, day + 1)
+         for i in range(144)] + [height(port, year, day + 1, 24)]
+    result = []
+    for entry in range(144):
+        start, minute = 144 + entry, 10 * entry
+        tops = [i for i in range(start + 1, start + 38) if h[i - 1] < h[i] > h[i + 1]]
+        if tops:
+            high = tops[-1]
+        else:
+            high = next(i for i in range(start + 1, start - 44, -1) if h[i - 1] < h[i] > h[i + 1])
+        spread = h[start - 39:start + 40]
+        tide = min(max(max(spread) - min(spread), diamond[4]), diamond[3])
+        after = minute - 10 * (high - 144)  # minutes past high water, below 0 before it
+        slot = math.floor((after + 30) / 60)
+        left = 60 - (after + 30) % 60
+        if left == 60:
+            slot, left = slot - 1, 0
+        column = slot + 7
+        share = (tide - diamond[4]) / (diamond[3] - diamond[4])
+        rates = [neap + share * (spring - neap)
+                 for neap, spring in zip(diamond[35:49], diamond[21:35])]
+        behind = column + 1 if column < 13 else 1
+        rate = rates[column] + (60 - left) / 60 * (rates[behind] - rates[column])
+        result.append((rate, diamond[7 + (column if left >= 30 else behind)], slot))
+    return result
+
+
+def print_diamond():
+    stream = diamond_day("9999-51", 2026, 339)
+    rates = [entry[0] for entry in stream]
+    clock = lambda tens: "%02d:%02d" % (tens * 10 // 60 % 24, tens * 10 % 60)
+    for k in (0, 35, 71, 100, 143):
+        print("    {%d, %.4f, %.0fF, %d}," % (k, *stream[k]))
+    turns = range(142)
+    print("    slack", ["%s %.3f" % (clock(k + 3), rates[k]) for k in turns
+                        if rates[k] > rates[k + 1] < rates[k + 2]])
+    print("    flood", ["%s %.3f" % (clock(k + 3), rates[k]) for k in turns
+                        if rates[k] < rates[k + 1] > rates[k + 2]])
+    print("    above", [clock(k + 1) for k in range(143)
+                        if rates[k] < 1.5 <= rates[k + 1] or rates[k] > 1.5 >= rates[k + 1]])
+
+
 def main():
     found = ports()
     for year, month, day_of_month in DAYS:
@@ -148,6 +205,7 @@ def main():
             ",\n      ".join("{%s}" % ", ".join("%.4f" % height(found[p], year, day, t)
                                                for t in TIMES) for p in PORTS)))
     print_streams()
+    print_diamond()
 
 
 main()

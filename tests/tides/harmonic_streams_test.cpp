@@ -120,7 +120,7 @@ TEST(HarmonicStations, TellWhatAFileLacks) {
     }
   }
   RecordingMessages messages;
-  messages.Expect(folder.File("None.l27") + ": No such file or directory");
+  messages.Expect(folder.File("None.l27") + ": the file does not exist");
   state.harmonic_stations = {Station()};
   LoadHarmonicStations(state, folder.path(), "None.l27", 6.0F, {10, 2026}, messages);
   EXPECT_TRUE(state.harmonic_stations.empty() && state.harmonic_streams.empty());

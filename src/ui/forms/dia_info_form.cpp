@@ -41,7 +41,8 @@ struct Value {
 std::vector<Value> ValuesOf(Diamond& d, std::size_t row) {
   if (row >= kFirstSlotRow && row < kFirstSlotRow + kDiamondColumns - 1) {
     const std::size_t c = row - kFirstSlotRow + 1;
-    return {{" Dir", &d.direction[c]}, {"Sp Rate", &d.spring_rate[c]}, {"Np Rate", &d.neap_rate[c]}};
+    return {
+        {" Dir", &d.direction[c]}, {"Sp Rate", &d.spring_rate[c]}, {"Np Rate", &d.neap_rate[c]}};
   }
   // Each head row is edited where it is shown: the first one tells chart and diamond.
   switch (row) {
@@ -137,7 +138,8 @@ std::optional<float> ReadThreshold(std::string_view text, Messages& messages) {
 
 std::string StepThreshold(std::string_view text, int steps) {
   const std::int64_t tenths = RoundToInteger(TextToNumber(text) * 10.0) + steps;
-  return ShortText(static_cast<float>(static_cast<double>(std::max<std::int64_t>(tenths, 0)) / 10.0));
+  return ShortText(
+      static_cast<float>(static_cast<double>(std::max<std::int64_t>(tenths, 0)) / 10.0));
 }
 
 std::vector<DiamondField> DiamondFields(const Diamond& diamond, std::size_t row) {
@@ -170,9 +172,9 @@ ChangedDiamond ChangeDiamond(const Folders& folders, const Diamond& before, std:
     }
     if (!typed) {
       return {{},
-              row == kPositionRow
-                  ? (i == 0 ? "A latitude is typed as 50.30.25N." : "A longitude is typed as 001.05.40W.")
-                  : "\"" + Trim(texts[i]) + "\" is no number.",
+              row == kPositionRow ? (i == 0 ? "A latitude is typed as 50.30.25N."
+                                            : "A longitude is typed as 001.05.40W.")
+                                  : "\"" + Trim(texts[i]) + "\" is no number.",
               i};
     }
     *values[i].place = *typed;
@@ -283,8 +285,7 @@ PrintDocument DiamondPage(const Program& program, const Diamond& diamond,
                                      "/" + FormatFixed(now.year, 4, 0) + "  at " + two(now.hour) +
                                      ":" + two(now.minute),
                                  kPlainFont));
-  page.items.push_back(
-      PrintLine(DiamondTimeBasis(program.config.summer_time != 0), kPlainFont));
+  page.items.push_back(PrintLine(DiamondTimeBasis(program.config.summer_time != 0), kPlainFont));
   page.items.push_back(PrintLine(" ", kPlainFont));
   for (PrintItem& item : DiamondTableItems(diamond, port)) page.items.push_back(std::move(item));
   page.items.push_back(PrintLine(" ", kPlainFont));

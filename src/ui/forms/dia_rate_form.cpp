@@ -1,7 +1,6 @@
 #include "ui/forms/dia_rate_form.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 #include "core/numbers.h"
@@ -31,8 +30,16 @@ const char* const kRateGraphNotes[2] = {
     "way between hourly slots whereby it adopts the rate direction of the next slot.",
     "The graph can often look erratic, always refer to the tidal diamond data."};
 
-Plot DiamondRatePlot(const DayStream& stream, std::optional<float> threshold) {
+std::string RateGraphTitle(const RateGraph& graph) {
+  return "Graph of Time versus Rate " + graph.line;
+}
+
+Plot DiamondRatePlot(const Diamond& diamond, const RateGraph& graph) {
+  const DayStream& stream = graph.stream;
+  const std::optional<float> threshold = graph.threshold;
   Plot plot;
+  plot.captions.push_back({"Diamond " + DiamondRef(diamond)});
+  plot.captions.push_back({DateText(graph.date), AlignX::kRight});
   PlotSeries rates;
   rates.colour = kRateColour;
   rates.fill_to = 0.0;
@@ -76,38 +83,37 @@ Plot DiamondRatePlot(const DayStream& stream, std::optional<float> threshold) {
     mark.words = ShortText(*threshold) + " kn";
     plot.marks.push_back(std::move(mark));
   }
-  plot.tags = true;
   return plot;
 }
 
 int RateEntry(double x) {
-  return static_cast<int>(std::clamp<std::int64_t>(
-      RoundToInteger(x), 1, static_cast<std::int64_t>(kDayStreamEntries)));
+  return static_cast<int>(
+      std::clamp<std::int64_t>(RoundToInteger(x), 1, static_cast<std::int64_t>(kDayStreamEntries)));
 }
 
 std::string RateReadout(const DayStream& stream, int entry) {
   const std::size_t i = static_cast<std::size_t>(std::clamp(entry, 1, 144)) - 1;
   const std::string time = "Time: " + HoursToClock(DayStreamHours(i));
   if (!stream[i].known) return time + "     No high water to count from";
-  return time + "     Rate: " + FormatFixed(stream[i].rate, 1, 1) + "Kn.    Dir: " +
-         FormatFixed(stream[i].direction, 3, 0) + " °T";
+  return time + "     Rate: " + FormatFixed(stream[i].rate, 1, 1) +
+         "Kn.    Dir: " + FormatFixed(stream[i].direction, 3, 0) + " °T";
 }
 
 PrintDocument DiamondRatePage(const Program& program, const Diamond& diamond,
-                              const std::string& title, const Picture& picture) {
+                              const RateGraph& graph, const Picture& picture) {
   const std::string ref = DiamondRef(diamond);
   const std::string port = RefPortName(program.tides, diamond);
   PrintDocument page;
   page.title = "Tidal Diamond " + ref + " Rate";
   page.foot = "Tidal Diamond " + ref;
-  page.items.push_back(PrintLine(title, kTitleFont));
+  page.items.push_back(PrintLine(RateGraphTitle(graph), kTitleFont));
   page.items.push_back(PrintLine(" ", kPlainFont));
   page.items.push_back(PrintPicture(picture));
   page.items.push_back(PrintLine(" ", kPlainFont));
   page.items.push_back(PrintLine("Prediction for Tidal Diamond Reference: " + ref, kHeadFont));
-  page.items.push_back(PrintLine("Diamond Position " + LatToText(diamond.latitude) + ", " +
-                                     LongToText(diamond.longitude),
-                                 kPlainFont));
+  page.items.push_back(PrintLine(
+      "Diamond Position " + LatToText(diamond.latitude) + ", " + LongToText(diamond.longitude),
+      kPlainFont));
   page.items.push_back(PrintLine("Diamond Referenced to: " + port, kPlainFont));
   page.items.push_back(PrintLine(" ", kPlainFont));
   page.items.push_back(PrintLine("TIDAL DIAMOND DETAILS", kHeadFont));

@@ -45,21 +45,21 @@ frmDiaInfo::frmDiaInfo(Desktop& desktop, std::size_t index, QWidget* parent)
   columns->addWidget(MakeDataColumn(), 5);
   columns->addWidget(MakeReportColumn(), 6);
   body()->addLayout(columns, 1);
-  QPushButton* copy = AddLeftButton("cmdCopy", "&Copy", "Puts the lines of both lists on the clipboard");
+  QPushButton* copy =
+      AddLeftButton("cmdCopy", "&Copy", "Puts the lines of both lists on the clipboard");
   QPushButton* print = AddLeftButton("cmdPrint", "&Print...", "Prints both lists");
   QPushButton* close = AddButton("cmdClose", "Close");
-  connect(copy, &QPushButton::clicked, this, [this] {
-    this->desktop().clipboard.SetText(DiamondClipboardText(data_, report_));
-  });
+  connect(copy, &QPushButton::clicked, this,
+          [this] { this->desktop().clipboard.SetText(DiamondClipboardText(data_, report_)); });
   connect(print, &QPushButton::clicked, this, [this] {
     PrintPages(this->desktop(), this, DiamondPage(this->desktop().program, diamond_, report_));
   });
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  close->setDefault(true);
+  // No button is the default one: Enter belongs to the boxes and lists.
   ShowTable();
   Recalculate();
   report_list_->setFocus();
-  resize(860, 600);
+  resize(880, 650);
 }
 
 QWidget* frmDiaInfo::MakeDataColumn() {
@@ -99,8 +99,8 @@ QWidget* frmDiaInfo::MakeEditBox() {
   grid->setHorizontalSpacing(8);
   for (std::size_t i = 0; i < texts_.size(); ++i) {
     const std::string number = std::to_string(i + 1);
-    texts_[i] = new FilteredEdit(KeyFilter::kSignedNumber, desktop().messages,
-                                 ("Text" + number).c_str());
+    texts_[i] =
+        new FilteredEdit(KeyFilter::kSignedNumber, desktop().messages, ("Text" + number).c_str());
     labels_[i] = Named<QLabel>(("Label" + number).c_str());
     labels_[i]->setBuddy(texts_[i]);
     grid->addWidget(labels_[i], 0, static_cast<int>(i));
@@ -144,8 +144,10 @@ QWidget* frmDiaInfo::MakeReportBox() {
   rate_->setToolTip("Threshold in knots; the up and down keys change it by 0.1");
   rate_->setAccessibleName("Threshold, knots");
   rate_->SetText(ShortText(desktop().program.config.slack_threshold));
-  recalculate_ = MakeButton("cmdRecalculate", "&Recalculate", "Makes the report with these options");
-  QPushButton* month = MakeButton("Command1", "&Monthly Report", "The times of each day of the month");
+  recalculate_ =
+      MakeButton("cmdRecalculate", "&Recalculate", "Makes the report with these options");
+  QPushButton* month =
+      MakeButton("Command1", "&Monthly Report", "The times of each day of the month");
   auto* box = new QGroupBox("Report");
   auto* grid = new QGridLayout(box);
   grid->addWidget(slack_, 0, 0);
@@ -204,8 +206,8 @@ QWidget* frmDiaInfo::MakeReportBox() {
 QWidget* frmDiaInfo::MakePortBox() {
   auto* box = new QGroupBox("Reference Port Tides");
   auto* row = new QHBoxLayout(box);
-  QPushButton* calculate =
-      MakeButton("cmdCalculate", "Calc&ulate", "A month of high and low waters of the reference port");
+  QPushButton* calculate = MakeButton("cmdCalculate", "Calc&ulate",
+                                      "A month of high and low waters of the reference port");
   row->addWidget(calculate);
   row->addWidget(MakeHint("The high and low waters of the month"), 1);
   connect(calculate, &QPushButton::clicked, this, [this] { MonthlyHeights(); });
@@ -316,7 +318,8 @@ void frmDiaInfo::OpenGraph() {
     desktop().messages.Show(StreamFaultText("CalcDaysStream"), MessageIcon::kWarning);
     return;
   }
-  frmDiaRate(desktop(), diamond_, stream, threshold_, report_[row].text, this).exec();
+  frmDiaRate(desktop(), diamond_, {*report_[row].date, stream, threshold_, report_[row].text}, this)
+      .exec();
 }
 
 void frmDiaInfo::BeginChange() {
@@ -335,6 +338,8 @@ void frmDiaInfo::BeginChange() {
     texts_[i]->SetText(fields[i].text);
   }
   edit_box_->show();
+  layout()->activate();
+  data_list_->scrollToItem(data_list_->currentItem());
   texts_[0]->setFocus();
   texts_[0]->selectAll();
 }

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QLabel>
-#include <optional>
-#include <string>
 
 #include "ui/forms/dia_rate_form.h"
 #include "ui/plot/plot_widget.h"
@@ -15,9 +13,7 @@ class frmDiaRate : public Dialog {
   Q_OBJECT
 
  public:
-  // `line` is the line of the report that was chosen; `threshold`, in knots, is drawn across.
-  frmDiaRate(Desktop& desktop, const Diamond& diamond, const DayStream& stream,
-             std::optional<float> threshold, const std::string& line, QWidget* parent);
+  frmDiaRate(Desktop& desktop, const Diamond& diamond, const RateGraph& graph, QWidget* parent);
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -27,9 +23,8 @@ class frmDiaRate : public Dialog {
   void FollowLook();
 
   Diamond diamond_;
-  DayStream stream_;
-  std::string title_;
-  PlotWidget* graph_;
+  RateGraph graph_;
+  PlotWidget* picture_;
   QLabel* readout_;
 };
 
