@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "app/stream_work.h"
-#include "main/window_fixture.h"
+#include "window_fixture.h"
 #include "ui/overlays/stream_overlays.h"
 
 namespace skerrow {
