@@ -1,8 +1,8 @@
 #include <filesystem>
 
 #include "app/stream_work.h"
-#include "window_fixture.h"
 #include "ui/overlays/stream_overlays.h"
+#include "window_fixture.h"
 
 namespace skerrow {
 namespace {
