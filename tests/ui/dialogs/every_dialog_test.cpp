@@ -38,6 +38,13 @@
 #include "ui/routes/frmwaycopy.h"
 #include "ui/routes/frmwayimport.h"
 #include "ui/routes/leaving.h"
+#include "ui/tides/Frmriseresults.h"
+#include "ui/tides/Frmsunrise.h"
+#include "ui/tides/frmChartdepth.h"
+#include "ui/tides/frmPortName.h"
+#include "ui/tides/frmTideOptions.h"
+#include "ui/tides/frmTidesSeaArea.h"
+#include "ui/tides/frmTidesTimeDate.h"
 
 namespace skerrow::testing {
 namespace {
@@ -63,6 +70,8 @@ template <typename Form, FileKind kind>
 Opened OpenKind(Desktop& desktop) {
   return std::make_unique<Form>(desktop, kind, nullptr);
 }
+
+PortList UkPorts(const Desktop& desktop) { return *ListPorts(desktop.program.folders, "UK.hc"); }
 
 const Row kRows[] = {
     {"frmcalcroute", "Route Calculation", "Cmdrteok",
@@ -147,6 +156,37 @@ const Row kRows[] = {
      "txtWayName txtWayLat txtWayLong cmdOK cmdCancel", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmSingleWayPoint>(desktop, std::nullopt, nullptr);
+     }},
+    {"frmPortName", "Tidal Port", "cmdOK", "txtFind lstPorts cmdOK cmdCancel", "",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmPortName>(desktop, UkPorts(desktop), 76, nullptr);
+     }},
+    {"frmTidesSeaArea", "Tidal Sea Area", "cmdOK", "lstAreas cmdOK cmdCancel", "",
+     Open<frmTidesSeaArea>},
+    {"frmTidesTimeDate", "Tide Date", "cmdOK", "lstYear lstMonth lstDay cmdToday cmdOK cmdCancel",
+     "calendar lblWeekday",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmTidesTimeDate>(desktop, DayAndYear{60, 2028}, nullptr);
+     }},
+    {"frmTideOptions", "Tide Display Options", "cmdOK",
+     "Option2 optDaylightSavings optNonDaylightsavings cmdOK cmdCancel",
+     "Option1 Option3 draughttext ukctext", Open<frmTideOptions>},
+    {"frmChartdepth", "Enter Tidal Offset", "cdok",
+     "txtFind lstPorts depth cmdReset cdok cmdCancel", "",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmChartdepth>(desktop, "UK.hc", UkPorts(desktop), 76, nullptr);
+     }},
+    {"Frmsunrise", "Sun and Moon", "Frmsunrise_ok",
+     "txtName txtLatitude txtLongitude Frmsunrise_ok cmdCancel", "lblHint",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<Frmsunrise>(desktop, SunEntry{}, QString(), nullptr);
+     }},
+    {"Frmriseresults", "Sun and Moon Results", "cmdOK",
+     "VScroll1 lstSun lstMoon cmdSave cmdPrint cmdOK", "",
+     [](Desktop& desktop) -> Opened {
+       static const SunResults results =
+           MakeSunResults({"Dover", "51.06.00N", "001.19.00E"}, {51.1F, 1.3F}, 6, 2026, 0, false);
+       return std::make_unique<Frmriseresults>(desktop, results, 31, nullptr);
      }},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
      [](Desktop& desktop) -> Opened {
