@@ -1,6 +1,6 @@
 #include <filesystem>
 
-#include "app/stream_work.h"
+#include "app/chart_change.h"
 #include "ui/overlays/stream_overlays.h"
 #include "window_fixture.h"
 
@@ -79,9 +79,14 @@ TEST_F(StreamCommands, HarmonicStreamsFollowTimeAndArea) {
   EXPECT_EQ(
       program_.tides.harmonic_streams[1].x,
       CalcStreamComponent(program_.tides.harmonic_stations[1], StreamAxis::kX, 2026, 339, hours));
-  // An area without stations ends it.
+  // They are read anew with the area; one without stations ends them.
+  program_.tides.harmonic_stations.clear();
+  LoadArea(program_, messages_);
+  EXPECT_EQ(program_.tides.harmonic_streams.size(), 2U);
+  std::filesystem::copy(DiamondFilePath(program_.folders, "Sample Chart"),
+                        DiamondFilePath(program_.folders, "Elsewhere"));
   program_.config.tidal_area = "Elsewhere";
-  HarmonicStreamsFollowArea(program_, messages_);
+  LoadArea(program_, messages_);
   window_->Changed(kAllChanged);
   EXPECT_FALSE(action->isEnabled() || action->isChecked());
   EXPECT_TRUE(program_.tides.harmonic_streams.empty());

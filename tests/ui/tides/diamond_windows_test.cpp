@@ -106,6 +106,16 @@ TEST_F(DiamondWindows, ReportAsTheOptionsSay) {
   EXPECT_TRUE(Find<QRadioButton>(form, "OptAbove")->isChecked());
 }
 
+TEST(Threshold, StepsByTenthsAndStopsAtZero) {
+  const struct {
+    const char* text;
+    int steps;
+    const char* stepped;
+  } rows[] = {{"3", 1, "3.1"}, {"0.1", -1, "0"},   {"0", -1, "0"},
+              {"", 1, "0.1"},  {"1.95", 1, "2.1"}, {"0.3", -2, "0.1"}};
+  for (const auto& row : rows) EXPECT_EQ(StepThreshold(row.text, row.steps), row.stepped);
+}
+
 TEST_F(DiamondWindows, ReportTheMonthAndThePortsMonth) {
   frmDiaInfo form(desktop, index, nullptr);
   Show(form);
