@@ -45,6 +45,7 @@ struct Place {
     MakeUserFolders(folders);
     (void)MakeFolder(folders.Charts());
     (void)MakeFolder(folders.TidalStreams());
+    (void)MakeFolder(folders.HarmonicStreams());
   }
   testing::TempFolder folder{FastFolder()};
   Folders folders;
@@ -236,6 +237,18 @@ void PolarText(Place&, const std::string& bytes) {
   Require(PolarFromText(PolarToText(import->rows)).ok());
 }
 
+void HarmonicStations(Place& place, const std::string& bytes) {
+  place.folder.Write("HarmTS/f.l27", bytes);
+  TideState state;
+  LoadHarmonicStations(state, place.folders.HarmonicStreams(), "f.l27", 6.5F, {100, 2026},
+                       place.messages);
+  Require(state.harmonic_stations.size() <= bytes.size() / kHarmonicStationSize);
+  Require(state.harmonic_streams.size() == state.harmonic_stations.size());
+  for (const HarmonicStream& stream : state.harmonic_streams) {
+    Require(stream.name.size() <= 3 * 12 && stream.name.find('\0') == std::string::npos);
+  }
+}
+
 using Feeder = void (*)(Place&, const std::string&);
 
 // One folder serves all inputs of a reader.
@@ -253,7 +266,8 @@ const std::vector<FuzzReader>& FuzzReaders() {
       {"cht", InItsPlace<Chart>, 0, 14, 8},         {"xrf", InItsPlace<Index>, 80, 5, 2},
       {"config", InItsPlace<Config>, 2432, 0, 524}, {"wind", InItsPlace<WindSettings>, 24, 0, 0},
       {"hc", InItsPlace<AreaPorts>, 36, 40, 1},     {"refports", InItsPlace<RefPorts>, 40, 39, 1},
-      {"l25", InItsPlace<Diamonds>, 0, 49, 0},      {"grib", InItsPlace<Grib>, 0, 0, 200},
+      {"l25", InItsPlace<Diamonds>, 0, 49, 0},      {"l27", InItsPlace<HarmonicStations>, 12, 36, 0},
+      {"grib", InItsPlace<Grib>, 0, 0, 200},
       {"store", InItsPlace<WindFile>, 0, 5, 0},     {"polar", InItsPlace<PolarText>, 40, 0, 0}};
   return readers;
 }

@@ -11,6 +11,8 @@ std::u32string_view Extras(KeyFilter filter) {
     case KeyFilter::kNumber:
     case KeyFilter::kQuietNumber:
       return U".";
+    case KeyFilter::kSignedNumber:
+      return U".-+";
     case KeyFilter::kVariation:
     case KeyFilter::kLongitude:
       return U".EW";

@@ -41,6 +41,8 @@
 #include "ui/tides/Frmriseresults.h"
 #include "ui/tides/Frmsunrise.h"
 #include "ui/tides/frmChartdepth.h"
+#include "ui/tides/frmDiaInfo.h"
+#include "ui/tides/frmDiaRate.h"
 #include "ui/tides/frmPortName.h"
 #include "ui/tides/frmTideOptions.h"
 #include "ui/tides/frmTidesSeaArea.h"
@@ -188,6 +190,17 @@ const Row kRows[] = {
            MakeSunResults({"Dover", "51.06.00N", "001.19.00E"}, {51.1F, 1.3F}, 6, 2026, 0, false);
        return std::make_unique<Frmriseresults>(desktop, results, 31, nullptr);
      }},
+    {"frmDiaInfo", "Tidal Diamond Data", "",
+     "lstDiaData cmdChange cmdAdd cmdDelete OptSlack txtRate Command1 lstTides cmdCalculate "
+     "cmdCopy "
+     "cmdPrint cmdClose",
+     "optFlood OptAbove Text1 Text2 Text3 cmdAccept cmdRecalculate",
+     [](Desktop& desktop) -> Opened { return std::make_unique<frmDiaInfo>(desktop, 0, nullptr); }},
+    {"frmDiaRate", "Graph of Predicted Stream vs Time", "cmdClose", "picRate cmdPrint cmdClose",
+     "lblTitle lblReadout",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmDiaRate>(desktop, Diamond{}, RateGraph{}, nullptr);
+     }},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmUnsaved>(desktop, "Unsaved.", nullptr);
@@ -298,6 +311,7 @@ class NightLook : public SampleDesk {};
 TEST_F(NightLook, LeavesNoBrightSurface) {
   LoadSample();
   ApplyTheme(true);
+  view.night = true;
   for (const Row& row : kRows) {
     const Opened form = row.open(desktop);
     Show(*form);
