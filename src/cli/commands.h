@@ -136,4 +136,15 @@ struct OptimumWords {
 // Passage time and distances for a departure at each hour of a slot.
 Outcome FindDeparture(Session& session, const OptimumWords& words);
 
+struct DriftWords {
+  PositionWords place;
+  WhenWords when;
+  std::string duration;         // hours
+  std::string heading;          // degrees true; empty with the speed for what drifts freely
+  std::string speed;            // through the water, knots
+  std::vector<std::string> to;  // latitude, longitude; empty for none
+};
+// Where an object goes with the stream, holding its heading.
+Outcome PredictDrift(Session& session, const DriftWords& words);
+
 }  // namespace skerrow::cli

@@ -158,6 +158,22 @@ void AddPassageCommands(CLI::App& app, Chosen& chosen) {
       });
 }
 
+void AddDriftCommands(CLI::App& app, Chosen& chosen) {
+  Add(app, "drift", "where an object goes with the stream", chosen, PredictDrift,
+      [](CLI::App& sub, DriftWords& words) {
+        TakePosition(sub, words.place);
+        TakeWhen(sub, words.when);
+        sub.add_option("--duration", words.duration, "hours")->required();
+        CLI::Option* heading =
+            sub.add_option("--heading", words.heading, "its way through the water, degrees true");
+        CLI::Option* speed =
+            sub.add_option("--speed", words.speed, "its speed through the water, knots");
+        heading->needs(speed);
+        speed->needs(heading);
+        sub.add_option("--to", words.to, "LAT LONG: the place to come close to")->expected(2);
+      });
+}
+
 // Prints an outcome; gives the exit status.
 int Report(const Outcome& outcome, const Options& options) {
   if (const auto* failure = std::get_if<Failure>(&outcome)) {
@@ -193,6 +209,7 @@ int main(int argc, char** argv) {
   AddFileCommands(app, chosen);
   AddTideCommands(app, chosen);
   AddPassageCommands(app, chosen);
+  AddDriftCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {

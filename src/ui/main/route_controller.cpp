@@ -182,7 +182,8 @@ void RouteController::Calculate() {
   desktop_.view.calculation_on_show = !program.passage.route_track.empty();
   time_.DropAnimation();
   desktop_.window.Changed(kRouteChanged | kTimeChanged);
-  if (program.passage.calc_mode == 1) desktop_.window.Tell(program.passage.route_summary_text);
+  if (program.passage.calc_mode == kCalcModeRoute)
+    desktop_.window.Tell(program.passage.route_summary_text);
 }
 
 void RouteController::CalculateDialog() { Calculate<frmcalcroute>(); }
