@@ -147,4 +147,14 @@ struct DriftWords {
 // Where an object goes with the stream, holding its heading.
 Outcome PredictDrift(Session& session, const DriftWords& words);
 
+struct ExportStreamsWords {
+  std::string date;
+  std::string days;
+};
+// Writes the components of the streams of all diamonds, hour by hour, to the user's folder.
+Outcome ExportStreamFiles(Session& session, const ExportStreamsWords& words);
+
+// Writes a cleaned copy of the diamonds of the sea area beside its file.
+Outcome ExportDiamonds(Session& session, const NoWords& words);
+
 }  // namespace skerrow::cli

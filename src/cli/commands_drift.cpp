@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "passage/drift.h"
 #include "passage/route_calculation.h"
+#include "tides/stream_export.h"
 
 namespace skerrow::cli {
 namespace {
@@ -79,6 +80,41 @@ Outcome PredictDrift(Session& session, const DriftWords& words) {
   for (const std::string& line : DriftReport(tides, *request, drift)) {
     answer.text += TrimRight(ReplaceAll(line, "\t", " ")) + "\n";
   }
+  return answer;
+}
+
+Outcome ExportStreamFiles(Session& session, const ExportStreamsWords& words) {
+  const Result<DayAndYear> date = ParseDate(words.date, session.program.clock->Now());
+  if (!date) return WrongUsage(date.error());
+  const Result<int> days = ParseWhole(words.days, "number of days", 1, kMaxExportDays);
+  if (!days) return WrongUsage(days.error());
+  session.LoadTides(*date);
+  const Folders& folders = session.program.folders;
+  const Result<std::optional<StreamExport>> exported = ExportStreams(
+      session.program.tides, folders, *date, *days, session.messages, session.progress);
+  if (!exported) return Failed(exported.error());
+  const StreamExport& done = **exported;
+  const std::string folder = TidalComponentsFolder(folders);
+  Answer answer;
+  answer.json() = {
+      {"folder", folder}, {"diamonds", done.diamonds}, {"days", *days}, {"leftOut", done.left_out}};
+  answer.text = "End of routine\n" + std::to_string(done.diamonds) + " diamonds, " +
+                std::to_string(*days) + " days, in " + folder + "\n";
+  if (!done.left_out.empty()) answer.text += LeftOutStreamsText(done.left_out) + "\n";
+  return answer;
+}
+
+Outcome ExportDiamonds(Session& session, const NoWords&) {
+  Program& program = session.program;
+  LoadDiamonds(program.tides, program.folders, program.config.tidal_area, session.messages);
+  if (program.tides.diamonds.empty()) return Failed({"", "There are no tidal diamonds to export."});
+  if (!SaveTidalDiamonds(program.tides, program.folders, program.config.tidal_area,
+                         session.messages)) {
+    return Failure{kFailed, ""};
+  }
+  Answer answer;
+  answer.text = session.messages.texts().back() + "\n";
+  answer.json() = {{"messages", session.messages.texts()}};
   return answer;
 }
 

@@ -174,6 +174,16 @@ void AddDriftCommands(CLI::App& app, Chosen& chosen) {
       });
 }
 
+void AddExportCommands(CLI::App& app, Chosen& chosen) {
+  CLI::App& group = AddGroup(app, "export", "files made of the tidal streams");
+  Add(group, "streams", "east and north components of every diamond, hour by hour", chosen,
+      ExportStreamFiles, [](CLI::App& sub, ExportStreamsWords& words) {
+        TakeDate(sub, words.date);
+        sub.add_option("--days", words.days, "number of days")->required();
+      });
+  Add(group, "diamonds", "a cleaned copy of the diamond file", chosen, ExportDiamonds, TakeNothing);
+}
+
 // Prints an outcome; gives the exit status.
 int Report(const Outcome& outcome, const Options& options) {
   if (const auto* failure = std::get_if<Failure>(&outcome)) {
@@ -210,6 +220,7 @@ int main(int argc, char** argv) {
   AddTideCommands(app, chosen);
   AddPassageCommands(app, chosen);
   AddDriftCommands(app, chosen);
+  AddExportCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {
