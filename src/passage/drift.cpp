@@ -66,8 +66,7 @@ void AddEnd(const TideState& tides, const DriftRequest& request, const Drift& dr
             std::vector<std::string>& lines) {
   const Position end = drift.track.back().position;
   const RangeAndBearing made_good = RangeBearing(request.start, end);
-  const float run_hours = static_cast<float>(drift.steps) * drift.time_step;
-  lines.push_back("Position at " + TimeAfter(request, run_hours) + " : " + PlaceText(end, ""));
+  lines.push_back(DriftEndText(request, drift));
   lines.push_back("Made good from the start : " + FormatFixed(made_good.range, 1, 2) + "nm @ " +
                   ThreeDigits(made_good.bearing) + "°T");
   if (request.destination) {
@@ -204,11 +203,19 @@ std::vector<std::string> DriftReport(const TideState& tides, const DriftRequest&
   return lines;
 }
 
-void ShowDrift(Drift drift, std::vector<std::string> report, PassageState& passage) {
+std::string DriftEndText(const DriftRequest& request, const Drift& drift) {
+  const float run_hours = static_cast<float>(drift.steps) * drift.time_step;
+  return "Position at " + TimeAfter(request, run_hours) + " : " +
+         PlaceText(drift.track.back().position, "");
+}
+
+void ShowDrift(Drift drift, std::vector<std::string> report, std::string summary,
+               PassageState& passage) {
   DropTrack(passage);
   passage.route_track = std::move(drift.track);
   passage.route_streams = std::move(drift.streams);
   passage.result_lines = std::move(report);
+  passage.route_summary_text = std::move(summary);
   passage.calc_mode = kCalcModeDrift;
 }
 

@@ -87,7 +87,11 @@ std::vector<std::string> CourseOverGroundReport(const TideState& tides, const Dr
 std::vector<std::string> DriftReport(const TideState& tides, const DriftRequest& request,
                                      const Drift& drift);
 
-// Makes a prediction the result on show: track, streams and report, CalcMode 2.
-void ShowDrift(Drift drift, std::vector<std::string> report, PassageState& passage);
+// Where and when a prediction ends: "Position at 10:30 : 50.06.00N , 000.56.89W".
+std::string DriftEndText(const DriftRequest& request, const Drift& drift);
+
+// Makes a prediction the result on show: track, streams, report and its short form, CalcMode 2.
+void ShowDrift(Drift drift, std::vector<std::string> report, std::string summary,
+               PassageState& passage);
 
 }  // namespace skerrow

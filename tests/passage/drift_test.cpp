@@ -250,12 +250,13 @@ TEST(Drift, TakesThePlaceOfTheResultBefore) {
   passage.calc_mode = kCalcModeRoute;
   passage.route_track.resize(40);
   passage.route_history = {"kept"};
-  ShowDrift(Predict(EastwardSea(kDate), Northward(), Every(30.0F)), {"report"}, passage);
+  ShowDrift(Predict(EastwardSea(kDate), Northward(), Every(30.0F)), {"report"}, "short", passage);
   EXPECT_EQ(passage.calc_mode, 2);
   EXPECT_EQ(passage.route_track.size(), 3U);
   EXPECT_EQ(passage.route_streams.size(), 3U);
   EXPECT_TRUE(passage.legs.empty());
   EXPECT_EQ(passage.result_lines, std::vector<std::string>{"report"});
+  EXPECT_EQ(passage.route_summary_text, "short");
   EXPECT_EQ(passage.route_history, std::vector<std::string>{"kept"});
 }
 

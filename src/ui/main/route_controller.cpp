@@ -2,6 +2,8 @@
 
 #include "app/edits.h"
 #include "app/situation.h"
+#include "ui/dialogs/frmCalcCOG.h"
+#include "ui/dialogs/frmCalcMOB.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmcalcroute.h"
@@ -189,6 +191,10 @@ void RouteController::Calculate() {
 void RouteController::CalculateDialog() { Calculate<frmcalcroute>(); }
 
 void RouteController::OptimiseDialog() { Calculate<frmRouteOptDeparture>(); }
+
+void RouteController::CourseOverGroundDialog() { Calculate<frmCalcCOG>(); }
+
+void RouteController::ManOverboardDialog() { Calculate<frmCalcMOB>(); }
 
 void RouteController::SettingsDialog() {
   frmConfigure dialog(
