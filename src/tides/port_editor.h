@@ -44,6 +44,8 @@ struct PortEntry {
   std::array<std::string, kPortNumbers.size()> numbers;
   std::array<std::string, 12> delta_z0;
   std::array<std::string, 12> mhm2;
+
+  friend bool operator==(const PortEntry&, const PortEntry&) = default;
 };
 
 PortEntry EntryOf(const Port& port);

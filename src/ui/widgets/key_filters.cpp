@@ -18,6 +18,8 @@ std::u32string_view Extras(KeyFilter filter) {
       return U".NS";
     case KeyFilter::kTime:
       return U":";
+    case KeyFilter::kSigned:
+      return U".-+";
     case KeyFilter::kWholeNumber:
       break;
   }

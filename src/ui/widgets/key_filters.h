@@ -13,6 +13,7 @@ enum class KeyFilter {
   kLongitude,    // digits, ".", and "E" and "W" in either case
   kTime,         // digits and ":"
   kWholeNumber,  // digits
+  kSigned,       // digits, ".", "-" and "+"
 };
 
 struct KeyVerdict {
