@@ -52,13 +52,15 @@ float TrackLength(const std::vector<TrackPoint>& track) {
   return length;
 }
 
-std::string TimesLine(const DriftRequest& request) {
-  return "Starting at " + HoursToClock(request.hours) + " Completion Time " +
-         AddHours(request.date, request.hours, request.duration).text;
+std::string TimesLine(const DriftRequest& request, const std::string& completion) {
+  return "Starting at " + HoursToClock(request.hours) + " Completion Time " + completion;
 }
 
+// The time `hours` after the start, with its date when that is another one. Two seconds more keep
+// the minutes, which are cut off, from falling one short.
 std::string TimeAfter(const DriftRequest& request, float hours) {
-  return AddHours(request.date, request.hours, hours).text;
+  constexpr float kTwoSeconds = 0.0006F;
+  return AddHours(request.date, request.hours, hours + kTwoSeconds).text;
 }
 
 // What both reports tell at their end: the place reached, and what the prediction could not know.
@@ -178,7 +180,8 @@ std::vector<std::string> CourseOverGroundReport(const TideState& tides, const Dr
   }
   lines.push_back("Steer " + ThreeDigits(names.steer) + "°M\t Time taken=" +
                   HoursToDuration(request.duration) + " at " + OneDecimal(request.speed) + " kt.");
-  lines.push_back(TimesLine(request));
+  lines.push_back(
+      TimesLine(request, AddHours(request.date, request.hours, request.duration).text));
   if (request.destination) {
     const RangeAndBearing direct = RangeBearing(request.start, *request.destination);
     lines.push_back("Range and bearing between waypoints : " + OneDecimal(direct.range) + "nm @ " +
@@ -194,7 +197,8 @@ std::vector<std::string> CourseOverGroundReport(const TideState& tides, const Dr
 std::vector<std::string> DriftReport(const TideState& tides, const DriftRequest& request,
                                      const Drift& drift) {
   std::vector<std::string> lines = {"Drift Prediction for " + DateText(request.date),
-                                    "From \t" + PlaceText(request.start, ""), TimesLine(request)};
+                                    "From \t" + PlaceText(request.start, ""),
+                                    TimesLine(request, TimeAfter(request, request.duration))};
   if (request.speed > 0.0F) {
     lines.push_back("Heading " + ThreeDigits(request.heading) + "°T at " +
                     OneDecimal(request.speed) + " kt.");

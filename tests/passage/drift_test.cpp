@@ -232,6 +232,8 @@ TEST(Drift, ReportsTheTimeAskedFor) {
                 "Closest to the destination : 2.00nm at 10:30",
             }));
   request.destination.reset();
+  request.hours = 6.0F + 25.0F / 60.0F;  // the sum falls short of 7:25 by a bit
+  EXPECT_EQ(DriftReport(tides, request, drift)[2], "Starting at 06:25 Completion Time 07:25");
   request.hours = 23.5F;
   request.speed = 0.0F;
   EXPECT_EQ(DriftReport(tides, request, Predict(tides, request, Every(30.0F))),

@@ -12,6 +12,16 @@
 
 namespace skerrow {
 
+namespace {
+
+// A name takes room only where there is one.
+void ShowName(QLabel* label, const QString& name) {
+  label->setText(name);
+  label->setVisible(!name.isEmpty());
+}
+
+}  // namespace
+
 frmCalcCOG::frmCalcCOG(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmCalcCOG", "Leg Set-up", parent),
       start_latitude_(MakeLatitudeEdit(desktop.messages, "txtstartlat")),
@@ -58,13 +68,14 @@ frmCalcCOG::frmCalcCOG(Desktop& desktop, QWidget* parent)
   enable_leeway();
   // What is typed belongs to no waypoint.
   for (FilteredEdit* box : {start_latitude_, start_longitude_}) {
-    connect(box, &QLineEdit::textEdited, start_name_, &QLabel::clear);
+    connect(box, &QLineEdit::textEdited, this, [this] { ShowName(start_name_, ""); });
     connect(box, &QLineEdit::textChanged, this, [this] { OfferHeading(); });
   }
   for (FilteredEdit* box : {dest_latitude_, dest_longitude_}) {
-    connect(box, &QLineEdit::textEdited, dest_name_, &QLabel::clear);
+    connect(box, &QLineEdit::textEdited, this, [this] { ShowName(dest_name_, ""); });
     connect(box, &QLineEdit::textChanged, this, [this] { OfferHeading(); });
   }
+  for (QLabel* name : {start_name_, dest_name_}) ShowName(name, "");
   start_latitude_->setFocus();
   resize(900, 540);
 }
@@ -92,7 +103,7 @@ QWidget* frmCalcCOG::MakeEntries() {
   rows->addWidget(new QLabel("Start:"), 3, 0);
   const CalcRouteTexts texts = CalcRouteTextsOf(desktop().program);
   auto* start = Named<QLabel>("lblDate", ToQt(texts.time + ", " + texts.date));
-  start->setToolTip("The selected time: Date and Time in the Tides menu changes it");
+  start->setToolTip("The selected time: Date and Time in the Time menu changes it");
   rows->addWidget(start, 3, 1);
   rows->setColumnStretch(1, 1);
   column->addWidget(boat);
@@ -173,7 +184,7 @@ void frmCalcCOG::TakeWaypoint(bool to_start) {
   const Waypoint& waypoint = waypoints[static_cast<std::size_t>(row)];
   (to_start ? start_latitude_ : dest_latitude_)->SetText(LatToText(waypoint.latitude));
   (to_start ? start_longitude_ : dest_longitude_)->SetText(LongToText(waypoint.longitude));
-  (to_start ? start_name_ : dest_name_)->setText(ToQt(waypoint.name));
+  ShowName(to_start ? start_name_ : dest_name_, ToQt(waypoint.name));
   next_is_dest_ = to_start;
 }
 

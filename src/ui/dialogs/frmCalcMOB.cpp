@@ -82,7 +82,7 @@ frmCalcMOB::frmCalcMOB(Desktop& desktop, QWidget* parent)
   } else {
     duration_->setFocus();
   }
-  resize(560, 520);
+  resize(560, 440);
 }
 
 QWidget* frmCalcMOB::MakeStart() {
