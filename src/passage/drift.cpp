@@ -180,8 +180,7 @@ std::vector<std::string> CourseOverGroundReport(const TideState& tides, const Dr
   }
   lines.push_back("Steer " + ThreeDigits(names.steer) + "°M\t Time taken=" +
                   HoursToDuration(request.duration) + " at " + OneDecimal(request.speed) + " kt.");
-  lines.push_back(
-      TimesLine(request, AddHours(request.date, request.hours, request.duration).text));
+  lines.push_back(TimesLine(request, AddHours(request.date, request.hours, request.duration).text));
   if (request.destination) {
     const RangeAndBearing direct = RangeBearing(request.start, *request.destination);
     lines.push_back("Range and bearing between waypoints : " + OneDecimal(direct.range) + "nm @ " +

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <algorithm>
 
 #include "core/numbers.h"
 #include "core/text.h"
@@ -57,8 +58,13 @@ frmharmedit::frmharmedit(Desktop& desktop, QWidget* parent)
   body()->addLayout(columns, 1);
   MakeButtons();
 
-  connect(files_, &QListWidget::currentRowChanged, this, [this](int row) { OpenFile(row); });
-  connect(list_, &QListWidget::currentRowChanged, this, [this](int row) { ChoosePort(row); });
+  // Queued, so that a list has taken its click whole when the question puts the selection back.
+  connect(
+      files_, &QListWidget::currentRowChanged, this, [this] { OpenFile(files_->currentRow()); },
+      Qt::QueuedConnection);
+  connect(
+      list_, &QListWidget::currentRowChanged, this, [this] { ChoosePort(list_->currentRow()); },
+      Qt::QueuedConnection);
   // The year's amplitude goes to all months, January's to the year. Only what was typed does, so
   // that passing through a field changes nothing.
   FilteredEdit* m2 = numbers_[kM2hm];
@@ -73,7 +79,7 @@ frmharmedit::frmharmedit(Desktop& desktop, QWidget* parent)
     m2->setText(mhm2_[0]->text());
   });
   ListFiles();
-  files_->setFocus();
+  list_->setFocus();
   resize(980, 560);
 }
 
@@ -202,9 +208,14 @@ void frmharmedit::MakeButtons() {
 }
 
 void frmharmedit::ListFiles() {
-  for (const std::string& name : ListTidalFiles(desktop().program.folders, ".hc")) {
-    files_->addItem(ToQt(name));
+  {
+    const QSignalBlocker quiet(files_);
+    for (const std::string& name : ListTidalFiles(desktop().program.folders, ".hc")) {
+      files_->addItem(ToQt(name));
+      if (InUse(desktop().program, name)) files_->setCurrentRow(files_->count() - 1);
+    }
   }
+  OpenFile(files_->currentRow());
 }
 
 void frmharmedit::OpenFile(int row) {
@@ -215,17 +226,20 @@ void frmharmedit::OpenFile(int row) {
   }
   file_row_ = row;
   editor_.reset();
+  int port = 0;
   if (row >= 0) {
+    const Program& program = desktop().program;
     Result<PortEditor> opened =
-        PortEditor::Open(desktop().program.folders, FromQt(files_->item(row)->text()));
+        PortEditor::Open(program.folders, FromQt(files_->item(row)->text()));
     if (opened) {
       editor_ = std::move(opened.value());
       TellLeftOut(editor_->path(), editor_->left_out(), desktop().messages);
+      if (InUse(program, editor_->file_name())) port = program.config.tide_port_number - 1;
     } else {
       desktop().messages.Show(opened.error().Text(), MessageIcon::kWarning);
     }
   }
-  ShowPorts(-1);
+  ShowPorts(port);
 }
 
 void frmharmedit::ShowPorts(int selected) {
@@ -235,7 +249,7 @@ void frmharmedit::ShowPorts(int selected) {
     if (editor_) {
       for (const std::string& name : editor_->Names()) list_->addItem(ToQt(name));
     }
-    list_->setCurrentRow(selected);
+    list_->setCurrentRow(std::clamp(selected, 0, std::max(0, list_->count() - 1)));
   }
   port_row_ = -1;
   shown_ = {};
@@ -359,8 +373,7 @@ void frmharmedit::Delete() {
 void frmharmedit::AfterWrite(PortsChange change, std::size_t index) {
   const std::string told =
       FollowPorts(desktop().program, desktop().messages, *editor_, change, index);
-  const int row = std::min(static_cast<int>(index), static_cast<int>(editor_->ports().size()) - 1);
-  ShowPorts(row);
+  ShowPorts(static_cast<int>(index));
   desktop().window.Tell(told.empty() ? "Saved: " + editor_->path() : told);
   desktop().window.Changed(kSettingsChanged | kViewChanged);
 }
