@@ -1,5 +1,6 @@
 #include "app/chart_change.h"
 
+#include "app/stream_work.h"
 #include "core/files.h"
 #include "core/text.h"
 
@@ -92,9 +93,8 @@ bool ChangeToPreviousChart(Program& program, Messages& messages, const ShowChart
 }
 
 void LoadArea(Program& program, Messages& messages) {
-  FindRefPorts(program.tides, program.folders, program.config.tidal_area);
-  RebuildTides(program, messages);
-  LoadDiamonds(program.tides, program.folders, program.config.tidal_area, messages);
+  ReloadDiamonds(program, messages);
+  HarmonicStreamsFollowArea(program, messages);
   program.port_markers = LoadPortMarkers(program.folders, program.config.tidal_port_file, messages);
   const Status index = LoadChartIndex(program.folders, program.config, program.charts, messages);
   if (!index) messages.Show(index.error().Text(), MessageIcon::kWarning);

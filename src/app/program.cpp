@@ -93,8 +93,10 @@ void RebuildTides(Program& program, Messages& messages) {
 
 void TimeMoved(Program& program) {
   const SelectedTime& time = program.selected_time;
-  if (program.tides.loaded->date != time.Day()) LoadTideDay(program.tides, time.Day());
-  RefreshTideState(program.tides, time.override_, time.hours, program.clock->Now());
+  TideState& tides = program.tides;
+  if (tides.loaded->date != time.Day()) LoadTideDay(tides, time.Day());
+  if (tides.harmonic_streams_on) CalcHarmonicStreams(tides, time.hours, time.Day());
+  RefreshTideState(tides, time.override_, time.hours, program.clock->Now());
 }
 
 void Timer1Routine(Program& program) {
@@ -181,9 +183,11 @@ void RollTides(Program& program, Roll roll) {
                  ? DayAndYear{static_cast<std::int16_t>(date.day - 1), date.year}
                  : DayAndYear{static_cast<std::int16_t>(DaysInYear(year_before)), year_before};
     } else {
-      const float whole = std::floor(time.hours);
-      const float fraction = time.hours + 0.001F - whole;
-      time.hours = fraction >= 0.5F ? whole + 0.5F : whole;
+      // A little is added first, so that a time just short of a step does not fall to the one
+      // below.
+      const float raised = time.hours + 0.001F;
+      const float whole = std::floor(raised);
+      time.hours = raised - whole >= 0.5F ? whole + 0.5F : whole;
     }
   }
   SetDay(time, date);

@@ -104,6 +104,14 @@ Result<float> ParseTime(std::string_view text, const ClockReading& now) {
   return stored;
 }
 
+Result<When> ParseWhen(std::string_view date, std::string_view time, const ClockReading& now) {
+  const Result<DayAndYear> day = ParseDate(date, now);
+  if (!day) return day.error();
+  const Result<float> hours = ParseTime(time, now);
+  if (!hours) return hours.error();
+  return When{*day, *hours};
+}
+
 Result<float> ParseNumber(std::string_view text, std::string_view what) {
   double value = 0.0;
   if (!Decimal(text, value) || !std::isfinite(static_cast<float>(value))) {

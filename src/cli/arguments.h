@@ -26,6 +26,13 @@ Result<DayAndYear> ParseDate(std::string_view text, const ClockReading& now);
 // A time of the day, "06:30" or decimal hours from 0 to under 24; empty takes that of `now`.
 Result<float> ParseTime(std::string_view text, const ClockReading& now);
 
+// A date and a time, each as above.
+struct When {
+  DayAndYear date;
+  float hours = 0.0F;
+};
+Result<When> ParseWhen(std::string_view date, std::string_view time, const ClockReading& now);
+
 // Any finite number; `what` names it in the error.
 Result<float> ParseNumber(std::string_view text, std::string_view what);
 

@@ -111,6 +111,19 @@ Outcome ShowStream(Session& session, const StreamWords& words);
 // The stream at every diamond of the sea area, as the chart shows it.
 Outcome ShowStreams(Session& session, const WhenWords& words);
 
+struct DiamondWords {
+  std::string ref;  // "chart-diamond", as ShowStreams prints it
+  WhenWords when;
+  std::string report;     // "slack", "flood" or "above"; empty takes the first
+  std::string threshold;  // knots, of "above"; empty takes the setting
+  bool month = false;     // the whole month of the date
+};
+// A diamond's table and its report of a day or a month.
+Outcome ShowDiamond(Session& session, const DiamondWords& words);
+
+// The streams of the sea area's harmonic stations.
+Outcome ShowHarmonic(Session& session, const WhenWords& words);
+
 struct LegWords {
   std::vector<std::string> place;  // latitude, longitude, latitude, longitude
   std::string speed;               // through the water, knots, above 0.5

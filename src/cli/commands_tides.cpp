@@ -59,21 +59,6 @@ std::string StreamText(float rate, float direction) {
   return FormatFixed(rate, 1, 1) + " kn " + FormatFixed(direction, 3, 0) + "°T";
 }
 
-// The date and time of a request about streams.
-struct When {
-  DayAndYear date;
-  float hours = 0.0F;
-};
-
-Result<When> ParseWhen(Session& session, const WhenWords& words) {
-  const ClockReading now = session.program.clock->Now();
-  const Result<DayAndYear> day = ParseDate(words.date, now);
-  if (!day) return day.error();
-  const Result<float> hours = ParseTime(words.time, now);
-  if (!hours) return hours.error();
-  return When{*day, *hours};
-}
-
 }  // namespace
 
 Outcome ShowConstituents(Session& session, const DayWords& words) {
@@ -159,7 +144,7 @@ Outcome ShowRefPorts(Session& session, const WhenWords& words) {
   Program& program = session.program;
   // Without a time the state of the tide is that of midnight.
   const Result<When> when =
-      ParseWhen(session, {words.date, words.time.empty() ? "00:00" : words.time});
+      ParseWhen(words.date, words.time.empty() ? "00:00" : words.time, program.clock->Now());
   if (!when) return WrongUsage(when.error());
   session.LoadTides(when->date);
   const int minute = MinuteOfDay(when->hours);
@@ -207,7 +192,8 @@ Outcome ShowRefPorts(Session& session, const WhenWords& words) {
 Outcome ShowStream(Session& session, const StreamWords& words) {
   const Result<Position> place = ParsePosition(words.place.latitude, words.place.longitude);
   if (!place) return WrongUsage(place.error());
-  const Result<When> when = ParseWhen(session, words.when);
+  const Result<When> when =
+      ParseWhen(words.when.date, words.when.time, session.program.clock->Now());
   if (!when) return WrongUsage(when.error());
   session.LoadTides(when->date);
   StreamReader reader(session.program.tides);
@@ -244,7 +230,7 @@ Outcome ShowStream(Session& session, const StreamWords& words) {
 
 Outcome ShowStreams(Session& session, const WhenWords& words) {
   Program& program = session.program;
-  const Result<When> when = ParseWhen(session, words);
+  const Result<When> when = ParseWhen(words.date, words.time, program.clock->Now());
   if (!when) return WrongUsage(when.error());
   session.LoadTides(when->date);
   RefreshTideState(program.tides, true, when->hours, program.clock->Now());

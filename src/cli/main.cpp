@@ -132,6 +132,21 @@ void AddTideCommands(CLI::App& app, Chosen& chosen) {
   Add(app, "streams", "the tidal stream at every diamond", chosen, ShowStreams, TakeWhen);
 }
 
+void AddDiamondCommands(CLI::App& app, Chosen& chosen) {
+  Add(app, "diamond", "a tidal diamond and its report of a day", chosen, ShowDiamond,
+      [](CLI::App& sub, DiamondWords& words) {
+        sub.add_option("REF", words.ref, "chart-diamond, as \"streams\" prints it")->required();
+        sub.add_option("--report", words.report, "slack (when left out), flood or above");
+        sub.add_option("--threshold", words.threshold,
+                       "knots, for the times above and below it; that of the settings when left "
+                       "out");
+        sub.add_flag("--month", words.month, "each day of the month");
+        TakeWhen(sub, words.when);
+      });
+  Add(app, "harmonic", "the tidal stream at every harmonic station", chosen, ShowHarmonic,
+      TakeWhen);
+}
+
 void AddPassageCommands(CLI::App& app, Chosen& chosen) {
   Add(app, "leg", "the course to steer for one leg", chosen, SolveLeg,
       [](CLI::App& sub, LegWords& words) {
@@ -218,6 +233,7 @@ int main(int argc, char** argv) {
   AddPlaceCommands(app, chosen);
   AddFileCommands(app, chosen);
   AddTideCommands(app, chosen);
+  AddDiamondCommands(app, chosen);
   AddPassageCommands(app, chosen);
   AddDriftCommands(app, chosen);
   AddExportCommands(app, chosen);

@@ -15,6 +15,7 @@ struct Folders {
   // Below the program folder.
   std::string Charts() const { return JoinPath(program, "Charts"); }
   std::string TidalStreams() const { return JoinPath(program, "TS"); }
+  std::string HarmonicStreams() const { return JoinPath(program, "HarmTS"); }
   std::string RefPortFile() const { return JoinPath(program, "RefPorts.hc"); }
   std::string Samples() const { return JoinPath(program, "Samples"); }
 

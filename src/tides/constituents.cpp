@@ -146,4 +146,11 @@ DayConstituents CalcDayConstituents(int year, int day) {
   return {SumOf(m2), SumOf(s2), SumOf(k1), SumOf(o1)};
 }
 
+GroupLine LineOf(float g, const GroupValue& before, const GroupValue& at, double least_turn) {
+  double turn = static_cast<double>(before.v) - at.v;
+  while (turn <= least_turn) turn += 360.0;
+  return {static_cast<double>(g) + before.v, static_cast<float>(turn / 24.0), before.f,
+          static_cast<float>((static_cast<double>(at.f) - before.f) / 24.0)};
+}
+
 }  // namespace skerrow

@@ -26,20 +26,12 @@ SeasonalValues SeasonByMonth(const Port& port, int month) {
   return {port.mhm2[i], port.z0 + port.delta_z0[i]};
 }
 
-HeightCurve::Line HeightCurve::LineOf(float g, float amplitude, const GroupValue& before,
-                                      const GroupValue& at, double limit) {
-  double turn = static_cast<double>(before.v) - at.v;
-  while (turn <= limit) turn += 360.0;
-  return {static_cast<double>(g) + before.v, static_cast<float>(turn / 24.0), before.f,
-          static_cast<float>((static_cast<double>(at.f) - before.f) / 24.0), amplitude};
-}
-
 HeightCurve::HeightCurve(const Port& port, const SeasonalValues& season,
                          const DayConstituents& before, const DayConstituents& at)
-    : m2_(LineOf(port.m2_g, season.m2_amplitude, before.m2, at.m2, 600.0)),
-      s2_(LineOf(port.s2_g, port.s2_hm, before.s2, at.s2, 600.0)),
-      k1_(LineOf(port.k1_g, port.k1_hm, before.k1, at.k1, 300.0)),
-      o1_(LineOf(port.o1_g, port.o1_hm, before.o1, at.o1, 300.0)),
+    : m2_{LineOf(port.m2_g, before.m2, at.m2, kSemidiurnalTurn), season.m2_amplitude},
+      s2_{LineOf(port.s2_g, before.s2, at.s2, kSemidiurnalTurn), port.s2_hm},
+      k1_{LineOf(port.k1_g, before.k1, at.k1, kDiurnalTurn), port.k1_hm},
+      o1_{LineOf(port.o1_g, before.o1, at.o1, kDiurnalTurn), port.o1_hm},
       lf4_(port.lf4),
       sf4_(port.sf4),
       lf6_(port.lf6),
@@ -52,8 +44,8 @@ HeightTerms HeightCurve::Sample(int i) const {
     double x, y;
   };
   const auto vector = [t](const Line& line) {
-    const double amplitude = (line.f + t * line.f_rate) * line.amplitude;
-    const double angle = (line.g_plus_v - t * line.speed) * kRadiansPerDegree;
+    const double amplitude = line.group.Factor(t) * line.amplitude;
+    const double angle = line.group.Degrees(t) * kRadiansPerDegree;
     return Vector{amplitude * std::sin(angle), amplitude * std::cos(angle)};
   };
   const Vector m2 = vector(m2_);

@@ -45,10 +45,9 @@ class HeightCurve {
 
  private:
   struct Line {
-    double g_plus_v, speed, f, f_rate, amplitude;
+    GroupLine group;
+    double amplitude;
   };
-  static Line LineOf(float g, float amplitude, const GroupValue& before, const GroupValue& at,
-                     double limit);
   Line m2_, s2_, k1_, o1_;
   float lf4_, sf4_, lf6_, sf6_, mean_level_;
 };

@@ -55,6 +55,7 @@ int IndexOfPort(const TideState& state, float ref_port) {
 }
 
 void LinkDiamondsToPorts(TideState& state) {
+  ++state.revision;
   state.port_of_diamond.clear();
   for (const Diamond& diamond : state.diamonds) {
     state.port_of_diamond.push_back(IndexOfPort(state, diamond.ref_port));
@@ -170,9 +171,14 @@ void LoadTideDay(TideState& state, DayAndYear date) { state.loaded = state.days.
 
 void RefreshTideState(TideState& state, bool override_, float hours, const ClockReading& now) {
   const int minute = override_ ? MinuteOfDay(hours) : now.hour * 60 + now.minute;
-  state.ref_port_states.clear();
-  for (std::size_t p = 0; p < state.loaded->ports.size(); ++p) {
-    const PortTides& port = state.loaded->ports[p];
+  state.ref_port_states = RefPortStatesAt(state, *state.loaded, minute);
+  ++state.revision;
+}
+
+std::vector<RefPortState> RefPortStatesAt(const TideState& state, const DayTides& day, int minute) {
+  std::vector<RefPortState> states;
+  for (std::size_t p = 0; p < day.ports.size(); ++p) {
+    const PortTides& port = day.ports[p];
     RefPortState shown;
     if (p < state.ref_port_names.size()) shown.port_name = state.ref_port_names[p];
     if (port.HasTide(minute)) {
@@ -186,8 +192,9 @@ void RefreshTideState(TideState& state, bool override_, float hours, const Clock
     for (const Water& water : port.waters) {
       shown.tides.emplace_back(HoursToClock(water.hours), FormatFixed(water.height, 1, 1));
     }
-    state.ref_port_states.push_back(std::move(shown));
+    states.push_back(std::move(shown));
   }
+  return states;
 }
 
 bool SaveTidalDiamonds(const TideState& state, const Folders& folders, std::string_view tidal_area,
@@ -296,6 +303,7 @@ std::string StreamRef(const Diamond& diamond) {
 
 int CalculateTidalStreamTable(TideState& state, Messages& messages) {
   state.tidal_streams.clear();
+  state.streams_revision = state.revision;
   for (std::size_t i = 0; i < state.diamonds.size(); ++i) {
     const Diamond& diamond = state.diamonds[i];
     const int port = state.port_of_diamond[i];
@@ -324,6 +332,10 @@ int CalculateTidalStreamTable(TideState& state, Messages& messages) {
     state.tidal_streams.push_back(std::move(stream));
   }
   return static_cast<int>(state.diamonds.size());
+}
+
+void UpdateTidalStreams(TideState& state, Messages& messages) {
+  if (state.streams_revision != state.revision) CalculateTidalStreamTable(state, messages);
 }
 
 }  // namespace skerrow

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "core/messages.h"
 #include "tides/diamond.h"
 #include "tides/diamond_index.h"
+#include "tides/harmonic_streams.h"
 #include "tides/tide_day.h"
 
 // The tidal stream at a place and time, from the nearest diamond and the state of the tide at its
@@ -52,9 +54,14 @@ struct TideState {
   TideDays days;
   std::shared_ptr<const DayTides> loaded = std::make_shared<DayTides>();
   std::vector<RefPortState> ref_port_states;
-  std::vector<TidalStream> tidal_streams;
-  bool harmonic_streams = false;  // streams come from harmonic stations, not from diamonds
-  std::string reported_problem;   // the last message about the reference ports, shown once
+  std::vector<TidalStream> tidal_streams;  // of the revision that streams_revision tells
+  // Counts the changes of what tidal_streams is made from.
+  std::uint32_t revision = 0;
+  std::optional<std::uint32_t> streams_revision;
+  bool harmonic_streams_on = false;  // harmonic stations are shown besides the diamonds
+  std::vector<HarmonicStation> harmonic_stations;  // of a file, the first not shown on the chart
+  std::vector<HarmonicStream> harmonic_streams;    // theirs, for the time last calculated
+  std::string reported_problem;  // the last message about the reference ports, shown once
 };
 
 // Reads the diamonds of a sea area. When the file cannot be read the table is empty and
@@ -82,6 +89,9 @@ void LoadTideDay(TideState& state, DayAndYear date);
 // Recomputes ref_port_states for the loaded day and a time: `hours` when `override_` is set,
 // otherwise the clock's hours and minutes.
 void RefreshTideState(TideState& state, bool override_, float hours, const ClockReading& now);
+
+// The state of the tide at the reference ports, in their order, at a minute of a day.
+std::vector<RefPortState> RefPortStatesAt(const TideState& state, const DayTides& day, int minute);
 
 // Writes the loaded diamonds of a sea area, those from latitude 10 to 70, behind an all-zero record
 // to the area's file with "001" in its name, and tells their number and the path, or the failure.
@@ -152,5 +162,8 @@ std::string StreamRef(const Diamond& diamond);
 // The stream at every diamond for the state last refreshed, into `tidal_streams`. A diamond with
 // equal spring and neap ranges shows a message and ends the filling. Gives the number of diamonds.
 int CalculateTidalStreamTable(TideState& state, Messages& messages);
+
+// Does that only where `tidal_streams` is not that of the state as it stands.
+void UpdateTidalStreams(TideState& state, Messages& messages);
 
 }  // namespace skerrow

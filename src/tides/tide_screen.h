@@ -40,7 +40,7 @@ struct SpringNeap {
 std::optional<SpringNeap> FindSpringNeap(const TideCurve& tide);
 
 // The label of a number of hours.
-std::string SpringNeapLabel(float hours);
+std::string SpringNeapLabel(double hours);
 
 // A day of a port, all that its picture and its lists need.
 struct TideScreen {
@@ -60,6 +60,10 @@ struct TideScreen {
 };
 
 TideScreen MakeTideScreen(const Port& port, DayAndYear date, const TideDisplay& display);
+
+// The time of an event, and "none" beside it where it does not happen: what the clock then shows is
+// only the zone's offset.
+std::string SunEventText(const SunTimes& times, SunEvent event);
 
 // "Depths to Chart Datum", empty, or " : Draft=0.5M : Clearance=0.5M".
 std::string DepthCaption(const TideDisplay& display);

@@ -276,7 +276,8 @@ TEST_F(Started, TheTidesRollByHalfHoursThroughMidnight) {
                       {0.0F, Roll::kBack, 23.5F, 338},
                       // A thousandth of an hour short of the half counts as the half.
                       {6.9995F, Roll::kBack, 6.5F, 339},
-                      {6.9985F, Roll::kBack, 6.0F, 339}};
+                      {6.9985F, Roll::kBack, 6.0F, 339},
+                      {10.4995F, Roll::kBack, 10.0F, 339}};
   for (const Row& row : rows) {
     program_.selected_time.hours = row.from;
     SetDay(program_.selected_time, {339, 2026});

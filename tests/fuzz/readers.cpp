@@ -42,6 +42,7 @@ struct Place {
     MakeUserFolders(folders);
     (void)MakeFolder(folders.Charts());
     (void)MakeFolder(folders.TidalStreams());
+    (void)MakeFolder(folders.HarmonicStreams());
   }
   testing::TempFolder folder{FastFolder()};
   Folders folders;
@@ -196,6 +197,18 @@ void Diamonds(Place& place, const std::string& bytes) {
   SaveTidalDiamonds(state, place.folders, "f", place.messages);
 }
 
+void HarmonicStations(Place& place, const std::string& bytes) {
+  place.folder.Write("HarmTS/f.l27", bytes);
+  TideState state;
+  LoadHarmonicStations(state, place.folders.HarmonicStreams(), "f.l27", 6.5F, {100, 2026},
+                       place.messages);
+  Require(state.harmonic_stations.size() <= bytes.size() / kHarmonicStationSize);
+  Require(state.harmonic_streams.size() == state.harmonic_stations.size());
+  for (const HarmonicStream& stream : state.harmonic_streams) {
+    Require(stream.name.size() <= 3 * 12 && stream.name.find('\0') == std::string::npos);
+  }
+}
+
 using Feeder = void (*)(Place&, const std::string&);
 
 // One folder serves all inputs of a reader.
@@ -208,12 +221,16 @@ void InItsPlace(const std::string& bytes) {
 }  // namespace
 
 const std::vector<FuzzReader>& FuzzReaders() {
-  static const std::vector<FuzzReader> readers = {
-      {"way", InItsPlace<Waypoints>, 35, 2, 0},     {"rte", InItsPlace<Route>, 35, 3, 0},
-      {"cht", InItsPlace<Chart>, 0, 14, 8},         {"xrf", InItsPlace<Index>, 80, 5, 2},
-      {"config", InItsPlace<Config>, 2432, 0, 524}, {"wind", InItsPlace<WindSettings>, 24, 0, 0},
-      {"hc", InItsPlace<AreaPorts>, 36, 40, 1},     {"refports", InItsPlace<RefPorts>, 40, 39, 1},
-      {"l25", InItsPlace<Diamonds>, 0, 49, 0}};
+  static const std::vector<FuzzReader> readers = {{"way", InItsPlace<Waypoints>, 35, 2, 0},
+                                                  {"rte", InItsPlace<Route>, 35, 3, 0},
+                                                  {"cht", InItsPlace<Chart>, 0, 14, 8},
+                                                  {"xrf", InItsPlace<Index>, 80, 5, 2},
+                                                  {"config", InItsPlace<Config>, 2432, 0, 524},
+                                                  {"wind", InItsPlace<WindSettings>, 24, 0, 0},
+                                                  {"hc", InItsPlace<AreaPorts>, 36, 40, 1},
+                                                  {"refports", InItsPlace<RefPorts>, 40, 39, 1},
+                                                  {"l25", InItsPlace<Diamonds>, 0, 49, 0},
+                                                  {"l27", InItsPlace<HarmonicStations>, 12, 36, 0}};
   return readers;
 }
 

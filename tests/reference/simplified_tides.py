@@ -1,4 +1,5 @@
-"""Prints the rows of tests/tides/reference_test.cpp: the tide by the simplified method.
+"""Prints the rows of tests/tides/reference_test.cpp, harmonic_streams_test.cpp and
+diamond_report_test.cpp: tides and streams by the simplified method.
 
 Written from the published form of the method and apart from the program: double precision, complex
 vectors, and the constants of the ports taken from the bytes of the sample file. Run it again after
@@ -101,6 +102,95 @@ def height(port, year, day, time):
     return sum(wave.real for wave in waves) + z0 + port[13 + month] + shallow
 
 
+# A harmonic station, as harmonic_streams_test.cpp has it: amplitude (knots) and lag of M2, S2, K1
+# and O1, eastward and northward.
+STATION = ([(2.5, 110.0), (0.8, 155.0), (0.12, 30.0), (0.09, 285.0)],
+           [(1.75, 62.5), (0.55, 118.0), (0.2, 301.0), (0.07, 14.0)])
+MOMENTS = [(1995, 182, 6.25), (2000, 366, 23.75), (2026, 339, 1 / 60), (2026, 339, 14.5)]
+
+
+def component(terms, year, day, hours):
+    """A component of a stream `hours` after 0 h of the day, along the lines of that day itself."""
+    total = 0
+    for i, limit in enumerate((600, 600, 300, 300)):
+        (v0, f0), (v1, f1) = groups(year, day)[i], groups(year, day + 1)[i]
+        v0, v1 = round(v0) % 360, round(v1) % 360
+        gain = (v0 - v1) % 360
+        while gain <= limit:
+            gain += 360
+        amplitude, lag = terms[i]
+        total += ((f0 + hours * (f1 - f0) / 24) * amplitude
+                  * math.cos(math.radians(lag + v0 - hours * gain / 24)))
+    return total
+
+
+def print_streams():
+    for year, day, hours in MOMENTS:
+        for number in (day, day + 1):
+            for v, _ in groups(year, number):
+                assert abs(v % 1 - 0.5) > 0.02, (year, number, v)
+        x, y = (component(terms, year, day, hours) for terms in STATION)
+        print("    {%d, %d, %.6fF, %.5f, %.5f, %.5f, %.3f}," % (
+            year, day, hours, x, y, math.hypot(x, y), math.degrees(math.atan2(x, y)) % 360))
+
+
+def record(name, size, number, form, at):
+    with open(os.path.join(os.path.dirname(__file__), "../../program", name), "rb") as stream:
+        data = stream.read()
+    return struct.unpack_from(form, data, (number - 1) * size + at)
+
+
+def diamond_day(ref, year, day):
+    """Rate, direction and slot of a diamond of the sample area at each 10 minutes of a day."""
+    chart, dia = (float(part) for part in ref.split("-"))
+    path = os.path.join(os.path.dirname(__file__), "../../program/TS/Sample Chart.l25")
+    with open(path, "rb") as stream:
+        records = list(struct.iter_unpack("<49f", stream.read()))
+    diamond = next(r for r in records if r[0] == chart and r[1] == dia)
+    port = record("RefPorts.hc", 197, int(diamond[2]), "<13f12f12f", 49)
+    # Three days of heights, six an hour; the second day begins at index 144.
+    h = [height(port, year, number, i / 6) for number in (day - 1, day, day + 1)
+         for i in range(144)] + [height(port, year, day + 1, 24)]
+    result = []
+    for entry in range(144):
+        start, minute = 144 + entry, 10 * entry
+        tops = [i for i in range(start + 1, start + 38) if h[i - 1] < h[i] > h[i + 1]]
+        if tops:
+            high = tops[-1]
+        else:
+            high = next(i for i in range(start + 1, start - 44, -1) if h[i - 1] < h[i] > h[i + 1])
+        spread = h[start - 39:start + 40]
+        tide = min(max(max(spread) - min(spread), diamond[4]), diamond[3])
+        after = minute - 10 * (high - 144)  # minutes past high water, below 0 before it
+        slot = math.floor((after + 30) / 60)
+        left = 60 - (after + 30) % 60
+        if left == 60:
+            slot, left = slot - 1, 0
+        column = slot + 7
+        share = (tide - diamond[4]) / (diamond[3] - diamond[4])
+        rates = [neap + share * (spring - neap)
+                 for neap, spring in zip(diamond[35:49], diamond[21:35])]
+        behind = column + 1 if column < 13 else 1
+        rate = rates[column] + (60 - left) / 60 * (rates[behind] - rates[column])
+        result.append((rate, diamond[7 + (column if left >= 30 else behind)], slot))
+    return result
+
+
+def print_diamond():
+    stream = diamond_day("9999-51", 2026, 339)
+    rates = [entry[0] for entry in stream]
+    clock = lambda tens: "%02d:%02d" % (tens * 10 // 60 % 24, tens * 10 % 60)
+    for k in (0, 35, 71, 100, 143):
+        print("    {%d, %.4f, %.0fF, %d}," % (k, *stream[k]))
+    turns = range(142)
+    print("    slack", ["%s %.3f" % (clock(k + 3), rates[k]) for k in turns
+                        if rates[k] > rates[k + 1] < rates[k + 2]])
+    print("    flood", ["%s %.3f" % (clock(k + 3), rates[k]) for k in turns
+                        if rates[k] < rates[k + 1] > rates[k + 2]])
+    print("    above", [clock(k + 1) for k in range(143)
+                        if rates[k] < 1.5 <= rates[k + 1] or rates[k] > 1.5 >= rates[k + 1]])
+
+
 def main():
     found = ports()
     for year, month, day_of_month in DAYS:
@@ -114,6 +204,8 @@ def main():
             ", ".join("%.5f" % f for _, f in values),
             ",\n      ".join("{%s}" % ", ".join("%.4f" % height(found[p], year, day, t)
                                                for t in TIMES) for p in PORTS)))
+    print_streams()
+    print_diamond()
 
 
 main()

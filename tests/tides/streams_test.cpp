@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -142,6 +143,30 @@ TEST_F(OneDiamond, TheTableOfTheChartRoundsTwice) {
     EXPECT_EQ(stream.direction, row.left >= 30 ? 70.0F : 80.0F);
     EXPECT_FLOAT_EQ(stream.direction_rad, row.left >= 30 ? 1.2217305F : 1.3962634F);
   }
+}
+
+// What the chart shows is worked out anew when something has changed, and only then.
+TEST_F(OneDiamond, TheTableFollowsItsState) {
+  Make();
+  RecordingMessages messages;
+  const auto shown_at = [&](int minute) {
+    RefreshTideState(state_, true, static_cast<float>(minute / 60.0), {});
+    UpdateTidalStreams(state_, messages);
+    return state_.tidal_streams.at(0).rate;
+  };
+  EXPECT_EQ(shown_at(MinuteWith(0, 30)), 7.5F);
+  state_.tidal_streams[0].rate = 99.0F;
+  UpdateTidalStreams(state_, messages);
+  EXPECT_EQ(state_.tidal_streams[0].rate, 99.0F);
+  EXPECT_EQ(shown_at(MinuteWith(3, 30)), 10.5F);
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.File("TS"));
+  diamond_.latitude = 51.0F;
+  folder.Write("TS/Area.l25", EncodeRecord(diamond_, kDiamondFields));
+  LoadDiamonds(state_, {folder.path(), "", ""}, "Area", messages);
+  UpdateTidalStreams(state_, messages);
+  EXPECT_EQ(state_.tidal_streams.at(0).latitude, 51.0);
+  EXPECT_EQ(state_.tidal_streams.at(0).rate, 10.5F);
 }
 
 TEST_F(OneDiamond, KeepsItsDirectionOnTheWayToSlack) {

@@ -6,6 +6,7 @@
 #include "routes/route.h"
 #include "routes/waypoint.h"
 #include "tides/diamond.h"
+#include "tides/harmonic_streams.h"
 #include "tides/port.h"
 #include "wind/wind_config.h"
 
@@ -28,6 +29,7 @@ std::string AllRecordTables() {
          Section("Chart calibration: *.cht", kChartFileFields) +
          Section("Chart index: *.xrf", kChartIndexFields) +
          Section("Tidal diamonds: *.l25", kDiamondFields) +
+         Section("Harmonic stream stations: HarmTS/*.l27", kHarmonicStationFields) +
          Section("Tidal ports of an area: TS/*.hc", kPortFields) +
          Section("Reference ports: RefPorts.hc", kRefPortFields);
 }

@@ -11,6 +11,7 @@
 #include <numeric>
 
 #include "app/edits.h"
+#include "app/stream_work.h"
 #include "app/timers.h"
 #include "core/files.h"
 #include "core/text.h"
@@ -89,6 +90,17 @@ QString WithKey(const QAction& action, const QString& text) {
   const QString key = action.data().toString();
   return key.isEmpty() || !action.shortcut().isEmpty() ? text : text + '\t' + key;
 }
+
+// Keeps what a paint has to say until it is over.
+class HeldMessages final : public Messages {
+ public:
+  void Show(std::string_view text, MessageIcon, std::string_view) override { held_ = text; }
+  bool Ask(std::string_view, std::string_view) override { return false; }
+  const std::string& held() const { return held_; }
+
+ private:
+  std::string held_;
+};
 
 }  // namespace
 
@@ -383,6 +395,7 @@ std::uint32_t frmChart::NeedsMet() const {
   if (view_.tools_shown) met |= kNeedsTools;
   if (p.mob.on) met |= kNeedsMob;
   if (chart_.HasPlaces()) met |= kNeedsPlaces;
+  if (HasHarmonicStreams(p)) met |= kNeedsHarmonicStreams;
   return met;
 }
 
@@ -513,8 +526,28 @@ void frmChart::PaintLive(DrawingSurface& surface) {
                    program, view_);
 }
 
+// The streams are those of the state as it is now, whatever has changed it; a paint that finds them
+// up to date spares the work.
+void frmChart::UpdateStreams() {
+  TideState& tides = desktop_.program.tides;
+  const AppConfig& config = desktop_.program.config;
+  if (config.use_tides == 0 || config.show_streams != 1.0F ||
+      tides.streams_revision == tides.revision) {
+    return;
+  }
+  HeldMessages held;
+  UpdateTidalStreams(tides, held);
+  if (held.held() == stream_trouble_) return;
+  stream_trouble_ = held.held();
+  if (stream_trouble_.empty()) return;
+  QMetaObject::invokeMethod(
+      this, [this, text = stream_trouble_] { desktop_.messages.Show(text, MessageIcon::kWarning); },
+      Qt::QueuedConnection);
+}
+
 void frmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) {
   if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
+  UpdateStreams();
   const Program& program = desktop_.program;
   const OverlayView seen =
       MakeOverlayView(program.charts.chart, viewer_->geometry(), area, program.config.text_size);

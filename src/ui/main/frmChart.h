@@ -71,6 +71,7 @@ class frmChart final : public QMainWindow, public MainWindowPort {
   void MakeStatusBar();
   void FillMenu(std::span<const MenuRow> rows, QWidget* root);
   void ShowPopUp(QPoint at);
+  void UpdateStreams();
   void PaintOverlays(DrawingSurface& surface, const ViewGeometry& area);
   void PaintLive(DrawingSurface& surface);
   void FollowLook();
@@ -112,6 +113,7 @@ class frmChart final : public QMainWindow, public MainWindowPort {
   QLabel* mob_label_ = nullptr;              // lblMOB
   QLabel* quiet_line_ = nullptr;             // what an empty or incomplete chart says
   std::string mob_shown_line_;               // the position, where the mark lies on the chart
+  std::string stream_trouble_;               // what the last table of streams had to say
   std::vector<QLabel*> panels_;
   QProgressBar* progress_ = nullptr;
 };

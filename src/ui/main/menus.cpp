@@ -122,6 +122,7 @@ constexpr MenuRow kMenuBar[] = {
     Item(1, "mnutrackoff"),
     Menu(0, "T&ides"),
     Item(1, "mnuTidesCalculate"),
+    Item(1, "mnuHarmonicStreams"),
     Menu(0, "Win&d"),
     Item(1, "mnuWindEnter"),
     Item(1, "mnuUserEntered"),

@@ -11,7 +11,7 @@
 namespace skerrow {
 
 // How much a name matters; the first are placed first.
-enum class LabelRank { kMark, kRoute, kWaypoint, kPort, kRemark };
+enum class LabelRank { kMark, kRoute, kWaypoint, kPort, kRemark, kStream };
 
 // On which side of its mark a name is tried first.
 enum class LabelSide { kRight, kLeft };

@@ -6,6 +6,7 @@
 #include "ui/overlays/chart_overlays.h"
 #include "ui/overlays/mark_overlays.h"
 #include "ui/overlays/route_overlays.h"
+#include "ui/overlays/stream_overlays.h"
 
 namespace skerrow {
 namespace {
@@ -36,6 +37,9 @@ bool CandidateShown(const Program&, const ViewState& state) {
 }
 bool StreamsShown(const Program& program, const ViewState& state) {
   return !state.rectangle_dragging && program.config.show_streams == 1.0F;
+}
+bool HarmonicStreamsShown(const Program& program, const ViewState& state) {
+  return StreamsShown(program, state) && program.tides.harmonic_streams_on;
 }
 bool PortsShown(const Program& program, const ViewState& state) {
   return !state.rectangle_dragging && program.config.show_tide_heights != 0;
@@ -79,7 +83,8 @@ constexpr std::array kOverlays = {
     Overlay{"AIS mark", AisMarked, DrawAisMark},
     Overlay{"chart boundaries", BoundariesShown, DrawChartBoundaries},
     Overlay{"candidate chart", CandidateShown, DrawCandidateChart, NameCandidateChart},
-    Overlay{"tidal streams", StreamsShown, nullptr},
+    Overlay{"tidal streams", StreamsShown, DrawStreams, NameStreams},
+    Overlay{"harmonic streams", HarmonicStreamsShown, DrawHarmonicStreams, NameHarmonicStreams},
     Overlay{"tidal ports", PortsShown, DrawPorts, NamePorts},
     Overlay{"wind entered", ManualWindShown, nullptr},
     Overlay{"wind imported", StoredWindShown, nullptr},
@@ -94,6 +99,10 @@ constexpr std::array kOverlays = {
 
 std::span<const Overlay> Overlays() { return kOverlays; }
 
+bool EveryNameShows(const OverlayView& view, const ViewState& state) {
+  return state.every_name || view.geometry.zoom() >= 1.0;
+}
+
 void DrawOverlays(DrawingSurface& surface, const OverlayView& view, const Program& program,
                   const ViewState& state) {
   if (!view.geometry.HasImage()) return;
@@ -103,8 +112,7 @@ void DrawOverlays(DrawingSurface& surface, const OverlayView& view, const Progra
     overlay.draw(surface, view, program, state);
     if (overlay.names != nullptr) overlay.names(names, view, program, state);
   }
-  // At the chart's own size and above, every name that belongs there shows.
-  DrawLabels(surface, view, names, state.every_name || view.geometry.zoom() >= 1.0);
+  DrawLabels(surface, view, names, EveryNameShows(view, state));
 }
 
 }  // namespace skerrow

@@ -26,6 +26,10 @@ struct Overlay {
 // The overlays, the lowest first.
 std::span<const Overlay> Overlays();
 
+// Whether every name over the chart shows, be there room for it or not: where the user wants that,
+// and at the chart's own size and above.
+bool EveryNameShows(const OverlayView& view, const ViewState& state);
+
 // Draws the overlays that are shown, and above them their names.
 void DrawOverlays(DrawingSurface& surface, const OverlayView& view, const Program& program,
                   const ViewState& state);

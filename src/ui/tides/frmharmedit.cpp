@@ -84,7 +84,7 @@ frmharmedit::frmharmedit(Desktop& desktop, QWidget* parent)
 }
 
 FilteredEdit* frmharmedit::MakeNumber(const char* name) {
-  auto* box = new FilteredEdit(KeyFilter::kSigned, desktop().messages, name);
+  auto* box = new FilteredEdit(KeyFilter::kSignedNumber, desktop().messages, name);
   box->SetColumns(7);
   box->setMaxLength(16);
   return box;

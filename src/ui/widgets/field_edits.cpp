@@ -55,6 +55,12 @@ QComboBox* MakeTwoDigitList(const char* name, int count, const QString& tip) {
 FilteredEdit::FilteredEdit(KeyFilter filter, Messages& beeper, const char* name, QWidget* parent)
     : QLineEdit(parent), filter_(filter), beeper_(beeper) {
   setObjectName(QString::fromUtf8(name));
+  SetFilter(filter);
+}
+
+void FilteredEdit::SetFilter(KeyFilter filter) {
+  filter_ = filter;
+  delete validator();
   setValidator(new FilterValidator(filter, this));
 }
 

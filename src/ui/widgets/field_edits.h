@@ -22,6 +22,7 @@ class FilteredEdit : public QLineEdit {
 
   std::string Text() const;
   void SetText(std::string_view text);
+  void SetFilter(KeyFilter filter);
   // Makes the box as wide as so many digits need.
   void SetColumns(int digits);
 

@@ -11,6 +11,8 @@ std::u32string_view Extras(KeyFilter filter) {
     case KeyFilter::kNumber:
     case KeyFilter::kQuietNumber:
       return U".";
+    case KeyFilter::kSignedNumber:
+      return U".-+";
     case KeyFilter::kVariation:
     case KeyFilter::kLongitude:
       return U".EW";
@@ -18,8 +20,6 @@ std::u32string_view Extras(KeyFilter filter) {
       return U".NS";
     case KeyFilter::kTime:
       return U":";
-    case KeyFilter::kSigned:
-      return U".-+";
     case KeyFilter::kWholeNumber:
       break;
   }

@@ -6,14 +6,14 @@
 namespace skerrow {
 
 enum class KeyFilter {
-  kNumber,       // digits and "."
-  kQuietNumber,  // the same; other keys are dropped without a beep
-  kVariation,    // digits, ".", and "W" and "E" in either case
-  kLatitude,     // digits, ".", and "N" and "S" in either case
-  kLongitude,    // digits, ".", and "E" and "W" in either case
-  kTime,         // digits and ":"
-  kWholeNumber,  // digits
-  kSigned,       // digits, ".", "-" and "+"
+  kNumber,        // digits and "."
+  kSignedNumber,  // digits, ".", "-" and "+"
+  kQuietNumber,   // the same; other keys are dropped without a beep
+  kVariation,     // digits, ".", and "W" and "E" in either case
+  kLatitude,      // digits, ".", and "N" and "S" in either case
+  kLongitude,     // digits, ".", and "E" and "W" in either case
+  kTime,          // digits and ":"
+  kWholeNumber,   // digits
 };
 
 struct KeyVerdict {

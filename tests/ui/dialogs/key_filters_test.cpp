@@ -14,6 +14,7 @@ TEST(KeyFilters, PassDropAndBeepByField) {
   };
   const Row rows[] = {
       {KeyFilter::kNumber, U"1a2.5-", U"12.5", true},
+      {KeyFilter::kSignedNumber, U"-1.5a+", U"-1.5+", true},
       {KeyFilter::kQuietNumber, U"x0.5 ", U"0.5", false},
       {KeyFilter::kVariation, U"4w", U"4W", true},
       {KeyFilter::kVariation, U"2.5e", U"2.5E", true},

@@ -128,6 +128,10 @@ class OverlaysTest : public ::testing::Test {
     program.ais.mark = Position{50.48F, -1.49F};
     state.calculation_on_show = true;
     state.candidate_chart = program.charts.index[0];
+    program.tides.tidal_streams = {{"9999-1", 50.49, -1.49, 90.0F, 1.570796F, 1.5F}};
+    program.tides.harmonic_streams_on = true;
+    program.tides.harmonic_streams = {{},
+                                      {"9999-1", 50.48F, -1.48F, 1.0F, 0.0F, 90.0F, 1.0F, 1.57F}};
     program.tracks.live = {{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}};
     program.tracks.historical = {program.tracks.live};
     program.tracks.plot_on = true;
@@ -140,13 +144,29 @@ class OverlaysTest : public ::testing::Test {
 };
 
 TEST_F(OverlaysTest, StandInTheirOrder) {
-  const std::vector<std::string_view> expected = {
-      "dividers",           "route",         "route legs",       "waypoints",
-      "course over ground", "boat",          "range rings",      "future positions",
-      "man overboard",      "marked point",  "AIS mark",         "chart boundaries",
-      "candidate chart",    "tidal streams", "tidal ports",      "wind entered",
-      "wind imported",      "AIS targets",   "boat of a replay", "live track",
-      "historical tracks",  "vectors"};
+  const std::vector<std::string_view> expected = {"dividers",
+                                                  "route",
+                                                  "route legs",
+                                                  "waypoints",
+                                                  "course over ground",
+                                                  "boat",
+                                                  "range rings",
+                                                  "future positions",
+                                                  "man overboard",
+                                                  "marked point",
+                                                  "AIS mark",
+                                                  "chart boundaries",
+                                                  "candidate chart",
+                                                  "tidal streams",
+                                                  "harmonic streams",
+                                                  "tidal ports",
+                                                  "wind entered",
+                                                  "wind imported",
+                                                  "AIS targets",
+                                                  "boat of a replay",
+                                                  "live track",
+                                                  "historical tracks",
+                                                  "vectors"};
   std::vector<std::string_view> names;
   for (const Overlay& overlay : Overlays()) names.push_back(overlay.name);
   EXPECT_EQ(names, expected);
@@ -165,8 +185,8 @@ TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOtherAndThenTheNames) {
   }
   EXPECT_EQ(shapes(whole), rows);
   // No replay runs; the others have no drawer yet.
-  EXPECT_EQ(silent, (std::set<std::string_view>{"tidal streams", "wind entered", "wind imported",
-                                                "AIS targets", "boat of a replay"}));
+  EXPECT_EQ(silent, (std::set<std::string_view>{"wind entered", "wind imported", "AIS targets",
+                                                "boat of a replay"}));
   EXPECT_EQ(Draw(), whole) << "a paint changed something that the next one sees";
 }
 

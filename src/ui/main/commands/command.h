@@ -20,10 +20,11 @@ enum Need : std::uint32_t {
   kNeedsTrack = 1U << 3,  // a calculated track
   kNeedsUndo = 1U << 5,
   kNeedsRedo = 1U << 6,
-  kNeedsStreams = 1U << 7,  // streams shown
-  kNeedsTools = 1U << 8,    // the tools menu shown
-  kNeedsMob = 1U << 9,      // a man-overboard position
-  kNeedsPlaces = 1U << 10,  // a chart with a calibration
+  kNeedsStreams = 1U << 7,           // streams shown
+  kNeedsTools = 1U << 8,             // the tools menu shown
+  kNeedsMob = 1U << 9,               // a man-overboard position
+  kNeedsPlaces = 1U << 10,           // a chart with a calibration
+  kNeedsHarmonicStreams = 1U << 11,  // a file of harmonic stations for the sea area
 };
 
 struct Command {

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+#include <optional>
+#include <vector>
+
+#include "platform/images.h"
+#include "ui/drawing/look.h"
+#include "ui/drawing/text_pictures.h"
+#include "ui/plot/plot.h"
+
+namespace skerrow {
+
+// A plot in a window. The picture is drawn once; only the cursors are drawn anew when they move.
+// The arrow keys move a place along x as the mouse does.
+class PlotWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PlotWidget(const char* name, QWidget* parent = nullptr);
+
+  void SetPlot(Plot plot);
+  const Plot& plot() const { return plot_; }
+  void SetLook(Look look);
+  void SetCursors(std::vector<PlotCursor> cursors);
+  const std::vector<PlotCursor>& cursors() const { return cursors_; }
+  // How far an arrow key moves along x; a page key moves ten such steps.
+  void SetKeyStep(double step) { key_step_ = step; }
+  // Where the place that the keys move stands; the mouse moves it too.
+  void SetPlace(double x) { place_ = x; }
+
+  // The x of a place on the widget, within the range of the plot; and where an x stands.
+  double XAt(QPointF at) const;
+  QPointF PlaceOf(DataPoint point) const;
+
+  // The picture by day with its cursors, for paper and the clipboard: laid out for `width` x
+  // `height` pixels and drawn `scale` times as large.
+  Picture ToPicture(int width, int height, int scale = 1) const;
+
+  QSize sizeHint() const override { return {720, 360}; }
+  QSize minimumSizeHint() const override { return {260, 160}; }
+
+ signals:
+  // The mouse or a key is at an x.
+  void Pointed(double x);
+  // The left button, Space or Enter at an x.
+  void Clicked(double x);
+  // The mouse has left.
+  void Left();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  SurfaceRect Whole() const;
+  PlotArea Area() const;
+  void UpdateCursors();
+
+  Plot plot_;
+  Look look_;
+  std::vector<PlotCursor> cursors_;
+  double key_step_ = 1.0;
+  std::optional<double> place_;
+  QPixmap picture_;  // null: to be drawn
+  mutable TextPictures texts_;
+};
+
+}  // namespace skerrow
