@@ -33,7 +33,7 @@ TEST(HarmonicRoundTrip, TheStationsFollowTheDiamondsTheyCameFrom) {
     ASSERT_NEAR(station.longitude, diamond.longitude, 1e-5) << station.name;
     double sum = 0.0;
     int count = 0;
-    for (std::int16_t day = 335; day <= 365; ++day) {
+    for (std::int16_t day = 335; day <= 365; day += 2) {
       for (int hour = 0; hour < 24; ++hour, ++count) {
         StreamReading reading;
         ASSERT_EQ(reader.CalcDaysStream(diamond, static_cast<float>(hour), {day, 2026}, reading),
@@ -56,7 +56,7 @@ TEST(HarmonicRoundTrip, TheStationsFollowTheDiamondsTheyCameFrom) {
   EXPECT_GT(std::sqrt(all / n),
             0.26);  // a station that repeats its diamond would hide a fault here
   EXPECT_LT(worst, 1.0);
-  EXPECT_NEAR(std::sqrt(run / n / (31 * 24)), 1.6, 0.05);
+  EXPECT_NEAR(std::sqrt(run / n / (16 * 24)), 1.6, 0.05);
 }
 
 }  // namespace
