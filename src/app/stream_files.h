@@ -9,8 +9,8 @@ namespace skerrow {
 
 // Writes the components of all diamonds, hour by hour from midnight of the selected day on, and
 // tells the end of it. The selected time stays where the export left it, at midnight after its last
-// day; the time before comes back as from an animation. Refused, with its words, or cancelled:
-// everything as it was, and false.
+// day, and no more follows the clock. Refused, with its words, or cancelled: everything as it was,
+// and false.
 bool ExportSelectedStreams(Program& program, Messages& messages, Progress& progress);
 
 // Writes the cleaned copy of the area's diamonds, and tells its path. A copy that is there is asked
