@@ -60,12 +60,15 @@ frmHCcopy::frmHCcopy(Desktop& desktop, QWidget* parent, CopyKind kind)
   connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
   connect(close, &QPushButton::clicked, this, &QDialog::reject);
   connect(sources_, &QListWidget::currentRowChanged, this, [this](int row) { OpenSource(row); });
-  const auto name_it = [this](QListWidgetItem* item) {
-    if (item != nullptr) name_->setText(item->text());
+  // What is selected counts: the keyboard passing through names no file.
+  const auto name_it = [this] {
+    const QList<QListWidgetItem*> selected = destinations_->selectedItems();
+    if (!selected.isEmpty()) name_->setText(selected.front()->text());
   };
+  connect(destinations_, &QListWidget::itemSelectionChanged, this, name_it);
   connect(destinations_, &QListWidget::itemClicked, this, name_it);
-  connect(destinations_, &QListWidget::currentItemChanged, this, name_it);
   ListFiles();
+  sources_->setCurrentRow(0);
   sources_->setFocus();
   resize(820, 460);
 }
@@ -75,7 +78,8 @@ void frmHCcopy::ListFiles() {
       ListTidalFiles(desktop().program.folders, ExtensionOf(kind_));
   for (QListWidget* list : {sources_, destinations_}) {
     const QSignalBlocker quiet(list);
-    const QString before = list->currentItem() != nullptr ? list->currentItem()->text() : "";
+    const QList<QListWidgetItem*> chosen = list->selectedItems();
+    const QString before = chosen.isEmpty() ? QString() : chosen.front()->text();
     list->clear();
     for (const std::string& name : names) list->addItem(ToQt(name));
     const QList<QListWidgetItem*> again = list->findItems(before, Qt::MatchExactly);

@@ -212,7 +212,9 @@ void frmharmedit::ListFiles() {
     const QSignalBlocker quiet(files_);
     for (const std::string& name : ListTidalFiles(desktop().program.folders, ".hc")) {
       files_->addItem(ToQt(name));
-      if (InUse(desktop().program, name)) files_->setCurrentRow(files_->count() - 1);
+      if (files_->count() == 1 || InUse(desktop().program, name)) {
+        files_->setCurrentRow(files_->count() - 1);
+      }
     }
   }
   OpenFile(files_->currentRow());
