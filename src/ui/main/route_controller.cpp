@@ -180,12 +180,12 @@ template <typename Dialog>
 void RouteController::Calculate() {
   const Program& program = desktop_.program;
   desktop_.view.route_drag_on = false;
-  Dialog(desktop_, &window_).exec();
+  const bool done = Dialog(desktop_, &window_).exec() == QDialog::Accepted;
   desktop_.view.calculation_on_show = !program.passage.route_track.empty();
   time_.DropAnimation();
   desktop_.window.Changed(kRouteChanged | kTimeChanged);
-  if (program.passage.calc_mode == kCalcModeRoute)
-    desktop_.window.Tell(program.passage.route_summary_text);
+  if (done && program.passage.calc_mode == kCalcModeDrift) chart_.ShowTrack();
+  if (program.passage.calc_mode != 0) desktop_.window.Tell(program.passage.route_summary_text);
 }
 
 void RouteController::CalculateDialog() { Calculate<frmcalcroute>(); }

@@ -11,8 +11,8 @@ class DriftWindow : public MainWindowTest {
  protected:
   void PredictDrift() {
     OnDialog([](QWidget* form) {
-      Type(*form, "txtstartlat", "50.00.00N");
-      Type(*form, "txtstartlon", "001.30.00W");
+      Type(*form, "txtstartlat", "50.55.00N");  // out of view at the start
+      Type(*form, "txtstartlon", "001.10.00E");
       Type(*form, "txtDuration", "2");
       Click(form, "cmdOK");
     });
@@ -31,6 +31,7 @@ TEST_F(DriftWindow, TheTrackIsShownAnimatedAndTakenOffByEsc) {
   PredictDrift();
   EXPECT_EQ(program_.passage.calc_mode, kCalcModeDrift);
   ASSERT_EQ(program_.passage.route_track.size(), 25U);
+  EXPECT_TRUE(canvas()->rect().contains(At(program_.passage.route_track.back().position)));
   EXPECT_TRUE(window_->action("mnuAnimateStart")->isEnabled());
   Command("mnuAnimateStart");
   QTRY_VERIFY(program_.animation.index > 0);
