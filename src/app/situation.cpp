@@ -19,7 +19,7 @@ std::string TwoDigits(std::int64_t number) {
 }  // namespace
 
 RouteOutcome ReworkResult(Program& program, Progress& progress) {
-  if (program.passage.calc_mode != 1 || program.passage.route_track.empty()) {
+  if (program.passage.calc_mode != kCalcModeRoute || program.passage.route_track.empty()) {
     return RouteOutcome::kDone;
   }
   RouteRequest request;

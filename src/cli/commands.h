@@ -240,4 +240,25 @@ struct PolarSpeedWords {
 // The boat's speed in a wind.
 Outcome ShowPolarSpeed(Session& session, const PolarSpeedWords& words);
 
+struct DriftWords {
+  PositionWords place;
+  WhenWords when;
+  std::string duration;         // hours
+  std::string heading;          // degrees true; empty with the speed for what drifts freely
+  std::string speed;            // through the water, knots
+  std::vector<std::string> to;  // latitude, longitude; empty for none
+};
+// Where an object goes with the stream, holding its heading.
+Outcome PredictDrift(Session& session, const DriftWords& words);
+
+struct ExportStreamsWords {
+  std::string date;
+  std::string days;
+};
+// Writes the components of the streams of all diamonds, hour by hour, to the user's folder.
+Outcome ExportStreamFiles(Session& session, const ExportStreamsWords& words);
+
+// Writes a cleaned copy of the diamonds of the sea area beside its file.
+Outcome ExportDiamonds(Session& session, const NoWords& words);
+
 }  // namespace skerrow::cli

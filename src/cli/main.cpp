@@ -289,6 +289,32 @@ void AddWindCommands(CLI::App& app, Chosen& chosen) {
       });
 }
 
+void AddDriftCommands(CLI::App& app, Chosen& chosen) {
+  Add(app, "drift", "where an object goes with the stream", chosen, PredictDrift,
+      [](CLI::App& sub, DriftWords& words) {
+        TakePosition(sub, words.place);
+        TakeWhen(sub, words.when);
+        sub.add_option("--duration", words.duration, "hours")->required();
+        CLI::Option* heading =
+            sub.add_option("--heading", words.heading, "its way through the water, degrees true");
+        CLI::Option* speed =
+            sub.add_option("--speed", words.speed, "its speed through the water, knots");
+        heading->needs(speed);
+        speed->needs(heading);
+        sub.add_option("--to", words.to, "LAT LONG: the place to come close to")->expected(2);
+      });
+}
+
+void AddExportCommands(CLI::App& app, Chosen& chosen) {
+  CLI::App& group = AddGroup(app, "export", "files made of the tidal streams");
+  Add(group, "streams", "east and north components of every diamond, hour by hour", chosen,
+      ExportStreamFiles, [](CLI::App& sub, ExportStreamsWords& words) {
+        TakeDate(sub, words.date);
+        sub.add_option("--days", words.days, "number of days")->required();
+      });
+  Add(group, "diamonds", "a cleaned copy of the diamond file", chosen, ExportDiamonds, TakeNothing);
+}
+
 // Prints an outcome; gives the exit status.
 int Report(const Outcome& outcome, const Options& options) {
   if (const auto* failure = std::get_if<Failure>(&outcome)) {
@@ -327,6 +353,8 @@ int main(int argc, char** argv) {
   AddPassageCommands(app, chosen);
   AddWindCommands(app, chosen);
   AddPolarCommands(app, chosen);
+  AddDriftCommands(app, chosen);
+  AddExportCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {

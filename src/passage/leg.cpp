@@ -11,18 +11,6 @@ namespace {
 constexpr int kPasses = 8;
 constexpr float kFarAway = 9999.0F;
 
-// Moves a time of the day on by one step, through midnight and the year's end.
-void Advance(float& hours, DayAndYear& date, float step) {
-  hours += step;
-  if (hours < 24.0F) return;
-  hours -= 24.0F;
-  ++date.day;
-  if (date.day > DaysInYear(date.year)) {
-    date.day = static_cast<std::int16_t>(date.day - DaysInYear(date.year));
-    ++date.year;
-  }
-}
-
 // The calculation interval in hours, cut to a tenth when the leg is shorter than it in still water.
 float TimeStep(float range, float speed, float interval_minutes) {
   const auto step = static_cast<float>(interval_minutes / 60.0);
@@ -36,6 +24,17 @@ bool IsUsable(const LegRequest& leg) {
 }
 
 }  // namespace
+
+void AdvanceTime(float& hours, DayAndYear& date, float step) {
+  hours += step;
+  if (hours < 24.0F) return;
+  hours -= 24.0F;
+  ++date.day;
+  if (date.day > DaysInYear(date.year)) {
+    date.day = static_cast<std::int16_t>(date.day - DaysInYear(date.year));
+    ++date.year;
+  }
+}
 
 LegSettings LegSettingsOf(const AppConfig& config) {
   LegSettings settings;
@@ -73,7 +72,7 @@ LegSolver::Pass LegSolver::CalcLegPass(const LegRequest& leg, float time_step, f
     step.track_run = before.track_run + RangeOnly(position, next);
     run_out = RangeOnly(leg.start, next);
     position = next;
-    Advance(hours, date, time_step);
+    AdvanceTime(hours, date, time_step);
   }
 
   Pass pass;

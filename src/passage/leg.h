@@ -57,6 +57,9 @@ struct LegSettings {
 };
 LegSettings LegSettingsOf(const AppConfig& config);
 
+// Moves a time of the day on by one step of less than a day, through midnight and the year's end.
+void AdvanceTime(float& hours, DayAndYear& date, float step);
+
 // The steps of a track to whose place no stream is known, since the reference port of the nearest
 // diamond had no high water near their time. They are sailed as if there were none.
 struct StreamGaps {

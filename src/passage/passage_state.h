@@ -21,6 +21,11 @@ struct LegReport {
   DayAndYear arrival_date;
 };
 
+// What made the calculated track: 0 nothing or a single leg, 1 a route, 2 a prediction of the
+// course over the ground.
+inline constexpr std::int16_t kCalcModeRoute = 1;
+inline constexpr std::int16_t kCalcModeDrift = 2;
+
 // What calculations leave for the chart, the results and the history.
 struct PassageState {
   std::vector<TrackPoint> route_track;      // RouteTrack: the legs' tracks end to end
@@ -35,7 +40,7 @@ struct PassageState {
   float route_distance = 0.0F;           // nautical miles
   float route_hours = 0.0F;              // total passage time
   std::string leeway_text;               // degrees, as typed for the calculation
-  std::int16_t calc_mode = 0;            // 1 after a finished route calculation
+  std::int16_t calc_mode = 0;  // CalcMode: what the track is of, what made the track, as above
 
   std::vector<float> optimum_times;  // hours, one a departure; the chart adds the spare entry
   float optimum_start_hour = 0.0F;

@@ -170,7 +170,7 @@ class Calculation {
     passage.route_distance = distance;
     passage.route_hours = total_;
     passage.leeway_text = request_.leeway_text;
-    passage.calc_mode = 1;
+    passage.calc_mode = kCalcModeRoute;
   }
 
   void Repair(std::size_t i, float closest_approach) {

@@ -197,7 +197,7 @@ std::vector<RefPortState> RefPortStatesAt(const TideState& state, const DayTides
   return states;
 }
 
-void SaveTidalDiamonds(const TideState& state, const Folders& folders, std::string_view tidal_area,
+bool SaveTidalDiamonds(const TideState& state, const Folders& folders, std::string_view tidal_area,
                        Messages& messages) {
   std::vector<Diamond> records(1);
   for (const Diamond& diamond : state.diamonds) {
@@ -206,11 +206,12 @@ void SaveTidalDiamonds(const TideState& state, const Folders& folders, std::stri
   const std::string path = DiamondFilePath(folders, Trim(tidal_area) + "001");
   const Status written = ReplaceFile(path, EncodeRecords<Diamond>(records, kDiamondFields));
   if (!written) {
-    messages.Show(written.error().Text(), MessageIcon::kWarning);
-    return;
+    messages.Show(written.error().Text() + "\nNothing in it has changed.", MessageIcon::kWarning);
+    return false;
   }
   messages.Show(std::to_string(records.size() - 1) + " Data records written to file " + path,
                 MessageIcon::kInformation);
+  return true;
 }
 
 std::string StreamLabel(const TideState& state, const StreamReading& reading) {
@@ -296,6 +297,10 @@ std::string StreamFaultText(std::string_view operation) {
          "\nDivide by Zero (Diamond(intDiaNo)Sprange - Diamond(intDiaNo).Nprange)";
 }
 
+std::string StreamRef(const Diamond& diamond) {
+  return (ShortText(diamond.chart_no) + "-" + ShortText(diamond.dia_no)).substr(0, 10);
+}
+
 int CalculateTidalStreamTable(TideState& state, Messages& messages) {
   state.tidal_streams.clear();
   state.streams_revision = state.revision;
@@ -312,8 +317,7 @@ int CalculateTidalStreamTable(TideState& state, Messages& messages) {
       break;
     }
     TidalStream stream;
-    stream.ref = ShortText(diamond.chart_no) + "-" + ShortText(diamond.dia_no);
-    stream.ref.resize(std::min<std::size_t>(stream.ref.size(), 10));
+    stream.ref = StreamRef(diamond);
     stream.latitude = diamond.latitude;
     stream.longitude = diamond.longitude;
     if (known) {

@@ -95,7 +95,8 @@ std::vector<RefPortState> RefPortStatesAt(const TideState& state, const DayTides
 
 // Writes the loaded diamonds of a sea area, those from latitude 10 to 70, behind an all-zero record
 // to the area's file with "001" in its name, and tells their number and the path, or the failure.
-void SaveTidalDiamonds(const TideState& state, const Folders& folders, std::string_view tidal_area,
+// Whether it has been written.
+bool SaveTidalDiamonds(const TideState& state, const Folders& folders, std::string_view tidal_area,
                        Messages& messages);
 
 // One reading of a stream.
@@ -153,6 +154,10 @@ std::string NoTideText(const TideState& state, const std::vector<std::int32_t>& 
 
 // The text shown for a fault of `operation`.
 std::string StreamFaultText(std::string_view operation);
+
+// What a diamond is called in the stream table: chart number, "-", diamond number, cut to 10
+// characters.
+std::string StreamRef(const Diamond& diamond);
 
 // The stream at every diamond for the state last refreshed, into `tidal_streams`. A diamond with
 // equal spring and neap ranges shows a message and ends the filling. Gives the number of diamonds.

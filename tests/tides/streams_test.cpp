@@ -342,7 +342,7 @@ TEST(Diamonds, ACleanedCopyLoadsTheSameDiamonds) {
   state.diamonds[4].latitude = 71.0F;
   RecordingMessages messages;
   messages.Expect("5 Data records written to file " + folder.File("TS/Area001.l25"));
-  SaveTidalDiamonds(state, folders, "Area", messages);
+  EXPECT_TRUE(SaveTidalDiamonds(state, folders, "Area", messages));
   const auto records = ReadDiamonds(folder.File("TS/Area001.l25"));
   ASSERT_TRUE(records);
   ASSERT_EQ(records->records.size(), 6U);
@@ -350,8 +350,9 @@ TEST(Diamonds, ACleanedCopyLoadsTheSameDiamonds) {
   EXPECT_EQ(KeepCharted(records->Sound()).size(), 5U);
   EXPECT_EQ(records->Sound()[5].direction, state.diamonds[5].direction);
   std::filesystem::remove_all(folder.path() + "/TS");
-  messages.Expect(folder.File("TS/Area001.l25") + ": No such file or directory");
-  SaveTidalDiamonds(state, folders, "Area", messages);
+  messages.Expect(folder.File("TS/Area001.l25") +
+                  ": No such file or directory\nNothing in it has changed.");
+  EXPECT_FALSE(SaveTidalDiamonds(state, folders, "Area", messages));
 }
 
 TEST(Diamonds, BadFilesAreToldAndLeaveNoHalfTable) {

@@ -8,9 +8,12 @@ DIAMOND = struct.Struct("<49f")
 CHART = struct.Struct("<14f8s")
 CHART_INDEX = struct.Struct("<16s64s5f1s1s")
 ROUTE_POINT = struct.Struct("<35s3f")
+# Position, an unused number, and for X and Y the station's reference, an unused
+# number, M2, two unused, S2, K1, O1 as amplitude and lag, four unused.
+HARMONIC_STATION = struct.Struct("<3f12s15f12s15f")
 
 assert (PORT.size, DIAMOND.size, CHART.size, CHART_INDEX.size,
-        ROUTE_POINT.size) == (197, 196, 64, 102, 47)
+        ROUTE_POINT.size, HARMONIC_STATION.size) == (197, 196, 64, 102, 47, 156)
 
 
 def text(value, width):

@@ -8,9 +8,12 @@
 
 #include "album.h"
 #include "app/recovery.h"
+#include "app/situation.h"
 #include "core/progress.h"
 #include "routes/waypoint.h"
 #include "ui/dialogs/Frmdisclaimer.h"
+#include "ui/dialogs/frmCalcCOG.h"
+#include "ui/dialogs/frmCalcMOB.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmLoadChart.h"
 #include "ui/dialogs/frmOptResults.h"
@@ -39,6 +42,8 @@
 #include "ui/routes/frmwaycopy.h"
 #include "ui/routes/frmwayimport.h"
 #include "ui/routes/leaving.h"
+#include "ui/tides/frmHCcopy.h"
+#include "ui/tides/frmharmedit.h"
 #include "ui/widgets/desktop_messages.h"
 
 namespace screenshots {
@@ -89,6 +94,23 @@ void KeepPassage(const Album& album, Studio& studio) {
   leg.findChild<QRadioButton*>("optPort")->setChecked(true);
   leg.findChild<QPushButton*>("cmdCalculate")->click();
   album.Keep(leg, "frmSetLeg");
+  frmCalcCOG prediction(desktop, nullptr);
+  auto* places = prediction.findChild<QListWidget*>("lstWaypoints");
+  places->setCurrentRow(0);
+  emit places->itemDoubleClicked(places->item(0));
+  places->setCurrentRow(5);
+  emit places->itemDoubleClicked(places->item(5));
+  Fill(prediction, "txtDuration", "3:00");
+  album.Keep(prediction, "frmCalcCOG");
+  MarkManOverboard(program, {50.1F, -1.5F});
+  frmCalcMOB drift(desktop, nullptr);
+  Fill(drift, "txtDuration", "2");
+  album.Keep(drift, "frmCalcMOB");
+  program.mob = {};
+  frmharmedit constants(desktop, nullptr);
+  album.Keep(constants, "frmharmedit");
+  frmHCcopy copy(desktop, nullptr);
+  album.Keep(copy, "frmHCcopy");
 }
 
 void KeepSettings(const Album& album, Studio& studio) {

@@ -80,7 +80,9 @@ std::vector<ReportLine> LooksOf(const std::vector<std::string>& lines) {
     } else if (IsHeight(line)) {
       look.look = HeightLook(lines, i);
     } else if (line.starts_with("Route calculation for ") ||
-               line.starts_with("Optimum Departure for ") || line.starts_with("Route Details") ||
+               line.starts_with("Optimum Departure for ") ||
+               line.starts_with("Course Over Ground Calculation for ") ||
+               line.starts_with("Drift Prediction for ") || line.starts_with("Route Details") ||
                line.starts_with("Reference Port predictions") || line.starts_with("Depart\t") ||
                line.starts_with("Time\tPredicted")) {
       look.look = ReportLook::kHeading;

@@ -26,7 +26,7 @@ std::vector<std::string> StreamRows(const PassageState& passage, bool every_read
 
 void FinishResults(Program& program, const RouteDefaults& defaults) {
   const PassageState& passage = program.passage;
-  if (passage.calc_mode == 1 && !passage.legs.empty() && !defaults.constant_wind &&
+  if (passage.calc_mode == kCalcModeRoute && !passage.legs.empty() && !defaults.constant_wind &&
       defaults.wind_at) {
     LaterTime arrival{passage.legs.front().start_date, passage.legs.front().start_hours, ""};
     for (RoutePoint& point : program.route.points) {

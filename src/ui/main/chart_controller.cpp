@@ -245,6 +245,23 @@ void ChartController::GoTo(Position position) {
 void ChartController::FitRoute() {
   std::vector<Position> places;
   for (const RoutePoint& point : desktop_.program.route.points) places.push_back(point.At());
+  FitPlaces(places);
+}
+
+void ChartController::ShowTrack() {
+  std::vector<Position> places;
+  for (const TrackPoint& point : desktop_.program.passage.route_track) {
+    places.push_back(point.position);
+  }
+  const std::optional<VisibleChart> seen = Visible();
+  const auto in_view = [&seen](Position place) {
+    return seen && place.latitude >= seen->south && place.latitude <= seen->north &&
+           place.longitude >= seen->west && place.longitude <= seen->east;
+  };
+  if (!std::all_of(places.begin(), places.end(), in_view)) FitPlaces(places);
+}
+
+void ChartController::FitPlaces(const std::vector<Position>& places) {
   if (places.empty()) return;
   const auto on_chart = [this](Position place) { return OnChart(place); };
   if (!std::all_of(places.begin(), places.end(), on_chart)) {

@@ -52,6 +52,8 @@ class ChartController final : public QObject {
   // Brings the whole route into view, on the most detailed chart that holds it where the chart at
   // hand does not.
   void FitRoute();
+  // The same for the calculated track, where not all of it is in view.
+  void ShowTrack();
 
   void ZoomTo(double factor);
   // A step in or out about the cursor, or about the middle of the view.
@@ -76,6 +78,7 @@ class ChartController final : public QObject {
   bool drawing_allowed() const { return redraw_; }
 
  private:
+  void FitPlaces(const std::vector<Position>& places);
   enum class Failure { kSilent, kTold };
   bool DrawChart(Failure failure);
   ShowChart Show() {

@@ -467,7 +467,7 @@ void frmChart::UpdateStatusBar() {
 void frmChart::UpdateRouteCombo() {
   const Program& program = desktop_.program;
   const PassageState& passage = program.passage;
-  const bool calculated = passage.calc_mode == 1 && !passage.route_combo.empty();
+  const bool calculated = passage.calc_mode == kCalcModeRoute && !passage.route_combo.empty();
   const std::vector<std::string> rows =
       calculated ? passage.route_combo : RouteComboRows(program.route);
   QStringList texts;

@@ -2,6 +2,8 @@
 
 #include "app/edits.h"
 #include "app/situation.h"
+#include "ui/dialogs/frmCalcCOG.h"
+#include "ui/dialogs/frmCalcMOB.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmcalcroute.h"
@@ -178,16 +180,21 @@ template <typename Dialog>
 void RouteController::Calculate() {
   const Program& program = desktop_.program;
   desktop_.view.route_drag_on = false;
-  Dialog(desktop_, &window_).exec();
+  const bool done = Dialog(desktop_, &window_).exec() == QDialog::Accepted;
   desktop_.view.calculation_on_show = !program.passage.route_track.empty();
   time_.DropAnimation();
   desktop_.window.Changed(kRouteChanged | kTimeChanged);
-  if (program.passage.calc_mode == 1) desktop_.window.Tell(program.passage.route_summary_text);
+  if (done && program.passage.calc_mode == kCalcModeDrift) chart_.ShowTrack();
+  if (program.passage.calc_mode != 0) desktop_.window.Tell(program.passage.route_summary_text);
 }
 
 void RouteController::CalculateDialog() { Calculate<frmcalcroute>(); }
 
 void RouteController::OptimiseDialog() { Calculate<frmRouteOptDeparture>(); }
+
+void RouteController::CourseOverGroundDialog() { Calculate<frmCalcCOG>(); }
+
+void RouteController::ManOverboardDialog() { Calculate<frmCalcMOB>(); }
 
 void RouteController::SettingsDialog() {
   frmConfigure dialog(

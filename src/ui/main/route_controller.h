@@ -49,6 +49,8 @@ class RouteController {
 
   void CalculateDialog();
   void OptimiseDialog();
+  void CourseOverGroundDialog();
+  void ManOverboardDialog();
   void SettingsDialog();
 
   void ToggleDividers();

@@ -79,6 +79,26 @@ void DrawLegArrows(DrawingSurface& surface, const OverlayView& view, SurfacePoin
   }
 }
 
+// Marks of time along a predicted drift.
+constexpr double kTimeMarkRadius = 3.0;
+
+// The places along a predicted track whose times are written: every half hour of a short one, up to
+// every twelve hours of a long one, and the end.
+std::vector<std::size_t> TimeMarks(const PassageState& passage) {
+  const std::vector<TrackPoint>& track = passage.route_track;
+  std::vector<std::size_t> marks;
+  if (passage.calc_mode != kCalcModeDrift || track.size() < 2) return marks;
+  double step = static_cast<double>(track[1].hours) - track[0].hours;
+  if (step <= 0.0) step += 24.0;
+  const std::size_t last = track.size() - 1;
+  const double hours = step * static_cast<double>(last);
+  const double every = hours <= 3.0 ? 0.5 : hours <= 12.0 ? 1.0 : hours <= 48.0 ? 3.0 : 12.0;
+  const auto apart = static_cast<std::size_t>(std::max(1.0, std::round(every / step)));
+  for (std::size_t i = 0; i < last; i += apart) marks.push_back(i);
+  marks.push_back(last);
+  return marks;
+}
+
 // The head and the end mark of a drift. The head follows the last part of the drift that is long
 // enough to have a direction.
 void DrawVectorEnd(DrawingSurface& surface, const std::vector<SurfacePoint>& points) {
@@ -144,6 +164,13 @@ void DrawCOG(DrawingSurface& surface, const OverlayView& view, const Program& pr
   const std::optional<SurfacePoint> start = view.Place(track.front().position);
   if (start && view.Seen(*start, view.marker_radius)) surface.Ring(*start, view.marker_radius);
   draw_line();
+  surface.SetFill(program.config.cog_colour);
+  for (const std::size_t mark : TimeMarks(program.passage)) {
+    const std::optional<SurfacePoint> at = view.Place(track[mark].position);
+    if (at && view.Seen(*at, kTimeMarkRadius))
+      surface.Ellipse(*at, kTimeMarkRadius, kTimeMarkRadius);
+  }
+  surface.SetFill(std::nullopt);
 
   const std::size_t selected = program.animation.index;
   if (selected < 1 || selected >= track.size()) return;
@@ -155,6 +182,12 @@ void DrawCOG(DrawingSurface& surface, const OverlayView& view, const Program& pr
 
 void NameCOG(LabelList& names, const OverlayView& view, const Program& program, const ViewState&) {
   const std::vector<TrackPoint>& track = program.passage.route_track;
+  for (const std::size_t mark : TimeMarks(program.passage)) {
+    const std::optional<SurfacePoint> at = view.Place(track[mark].position);
+    if (!at) continue;
+    names.labels.push_back({HoursToClock(track[mark].hours), *at, kTimeMarkRadius,
+                            program.config.font_colour, LabelRank::kRoute, LabelSide::kRight});
+  }
   const std::size_t selected = program.animation.index;
   if (selected < 1 || selected >= track.size() || program.animation.label.empty()) return;
   if (const std::optional<SurfacePoint> at = view.Place(track[selected].position)) {

@@ -93,10 +93,10 @@ TextList::TextList(Clipboard& clipboard, const char* name, QWidget* parent)
 }
 
 void TextList::SetLines(const std::vector<std::string>& lines, std::vector<RowLook> looks) {
+  clear();  // before the columns of the rows that go
   lines_ = lines;
   looks_ = std::move(looks);
   MeasureColumns();
-  clear();
   for (const std::string& line : lines) addItem(ToQt(line));
 }
 

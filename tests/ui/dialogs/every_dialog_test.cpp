@@ -13,6 +13,8 @@
 #include "support/hands.h"
 #include "support/sample_desk.h"
 #include "ui/dialogs/Frmdisclaimer.h"
+#include "ui/dialogs/frmCalcCOG.h"
+#include "ui/dialogs/frmCalcMOB.h"
 #include "ui/dialogs/frmConfigure.h"
 #include "ui/dialogs/frmLoadChart.h"
 #include "ui/dialogs/frmOptResults.h"
@@ -81,6 +83,15 @@ const Row kRows[] = {
      "txtroutedestlong txtroutespeed cmdRouteSpeed cmdModify rtedeptime lsthrs lstmins chkLeeway "
      "cmdTack cmdreverse cmdCopy Cmdrteok cmdrtecancel",
      "lblroutedist chkUseSOG cmdUseGPS cmdWind", Open<frmcalcroute>},
+    {"frmCalcCOG", "Leg Set-up", "cmdCalculate",
+     "txtstartlat txtstartlon txtdestlat txtdestlon Txtboatspeed txtDuration txtBearing chkLeeway "
+     "lstWaypoints cmdCalculate cmdCancel",
+     "lblstartname lbldestname lblDate txtLeeWay optPort optStarboard cmdcopytostart cmdcopytodest "
+     "CmdDesttogps",
+     Open<frmCalcCOG>},
+    {"frmCalcMOB", "Calculate Course Over Ground", "cmdOK",
+     "txtstartlat txtstartlon optSelectedTime txtDuration txtBearing Txtboatspeed cmdOK cmdCancel",
+     "optMarkTime txtgpsn txtgpsE txtHeading Cmdgpstostart cmdUseSOG", Open<frmCalcMOB>},
     {"frmresults", "Results", "cmdOK",
      "optSummary lstResults Option1 Option2 cmdClipboardCopy cmdresultsprint cmdOK",
      "optTidalDetails chkDisplayAll chKTidalStreams", Open<frmresults>},

@@ -1,6 +1,8 @@
+#include "app/stream_files.h"
 #include "app/stream_work.h"
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
+#include "tides/stream_export.h"
 #include "ui/main/chart_controller.h"
 #include "ui/main/chart_mouse.h"
 #include "ui/main/commands/command.h"
@@ -10,6 +12,7 @@
 #include "ui/main/route_controller.h"
 #include "ui/main/time_controller.h"
 #include "ui/tides/frmDiaInfo.h"
+#include "ui/widgets/progress_dialog.h"
 
 namespace skerrow {
 namespace {
@@ -37,6 +40,18 @@ void ShowDiamond(Context& c) {
   }
 }
 
+void ExportToText(Context& c) {
+  constexpr const char* kWhat = "Exporting the tidal streams";
+  bool done = false;
+  {
+    ProgressDialog progress(&c.window, kWhat, c.desktop.window.StartProgress(kWhat));
+    done = ExportSelectedStreams(c.program, c.messages, progress);
+  }
+  if (!done) return;
+  c.desktop.window.Tell("Exported to " + TidalComponentsFolder(c.program.folders));
+  c.desktop.window.Changed(kTimeChanged);
+}
+
 constexpr Command kCommands[] = {
     {"mnuShowTidalStreams", "Show/Hide Tidal &Streams", "viewstreams",
      "The tidal streams at the selected time", "S", kNoNeed,
@@ -48,8 +63,11 @@ constexpr Command kCommands[] = {
      [](const Context& c) { return c.program.tides.harmonic_streams_on; }, UsesTides},
     {"mnuPUTidalStream", "Tidal Stream Details", "", "The diamond here: its table and its reports",
      "", kNeedsStreams, ShowDiamond},
-    {"mnuSaveTidalDiamonds", "Save Tidal &Diamonds", "", "", ""},
-    {"mnuStreamstoCSV", "&Streams to CSV", "", "", ""},
+    {"mnuSaveTidalDiamonds", "Save Tidal &Diamonds", "",
+     "A cleaned copy of the diamonds of the area, beside its file", "", kNoNeed,
+     [](Context& c) { SaveAreaDiamonds(c.program, c.messages); }},
+    {"mnuStreamstoCSV", "&Streams to CSV", "",
+     "The streams of all diamonds, hour by hour, as text files", "", kNoNeed, ExportToText},
 };
 
 }  // namespace

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QRadioButton>
+
+#include "ui/forms/drift_forms.h"
+#include "ui/widgets/dialog.h"
+#include "ui/widgets/field_edits.h"
+#include "ui/widgets/text_list.h"
+
+namespace skerrow {
+
+// "Leg Set-up": where a boat goes that holds its heading.
+class frmCalcCOG : public Dialog {
+  Q_OBJECT
+
+ public:
+  frmCalcCOG(Desktop& desktop, QWidget* parent);
+
+ private:
+  QWidget* MakeEntries();
+  QWidget* MakePlaces();
+  QWidget* MakeLeewayBox();
+  QLayout* MakeWaypoints();
+  // Puts the selected waypoint into the start or the destination.
+  void TakeWaypoint(bool to_start);
+  // Shows the bearing to the destination as the heading, unless the user has typed one.
+  void OfferHeading();
+  CogEntry Entry() const;
+  QWidget* BoxOf(DriftField field) const;
+  void Calculate();
+
+  FilteredEdit* start_latitude_;
+  FilteredEdit* start_longitude_;
+  QLabel* start_name_;
+  FilteredEdit* dest_latitude_;
+  FilteredEdit* dest_longitude_;
+  QLabel* dest_name_;
+  FilteredEdit* speed_;
+  FilteredEdit* duration_;
+  FilteredEdit* heading_;
+  QCheckBox* leeway_on_;
+  FilteredEdit* leeway_;
+  QRadioButton* wind_port_;
+  QRadioButton* wind_starboard_;
+  TextList* waypoints_;
+  QPushButton* to_start_;
+  QPushButton* to_dest_;
+  std::string offered_;  // the heading last offered
+  bool next_is_dest_;    // where a double click on a waypoint puts it
+};
+
+}  // namespace skerrow
