@@ -181,13 +181,13 @@ QWidget* frmSkerrowTides::MakeMonthPage() {
   column->setContentsMargins(0, 0, 0, 0);
   month_ = new TextList(desktop().clipboard, "monthspredictions");
   month_->setAccessibleName("The month's high and low waters");
-  month_->setToolTip("A double click opens the day");
+  month_->setToolTip("A double click or Enter opens the day");
   auto* back = Named<QPushButton>("cmdCurve", "Show the C&urve");
   back->setAutoDefault(false);
   column->addWidget(month_, 1);
   column->addLayout(MakeRow({back}));
   connect(back, &QPushButton::clicked, this, [this] { ShowView(View::kDay); });
-  connect(month_, &QListWidget::itemDoubleClicked, this, [this] { OpenMonthRow(); });
+  connect(month_, &QListWidget::itemActivated, this, [this] { OpenMonthRow(); });
   return page;
 }
 
