@@ -117,7 +117,7 @@ Status TideForm::Open(int position) {
   const auto found = std::find_if(ports->rows.begin(), ports->rows.end(),
                                   [&](const PortRow& row) { return row.position == wanted; });
   const PortRow& row = found != ports->rows.end() ? *found : ports->rows.front();
-  if (row.position != position_ || !(Trim(row.port.name) == Trim(screen_.port.name))) ClearMonth();
+  ClearMonth();
   position_ = row.position;
   screen_.port = row.port;
   Refresh();

@@ -92,7 +92,8 @@ class TideForm {
   std::string DayFileName() const;
 
   // Makes the list of the month of the day on the screen. False, with the list as it was, when
-  // `progress` says to stop. Another port, another area and other options empty it.
+  // `progress` says to stop. Opening a port empties it, be it the same: its record may have
+  // changed.
   bool MakeMonth(Progress& progress);
   const MonthList& month() const { return month_; }
   void ClearMonth() { month_ = {}; }

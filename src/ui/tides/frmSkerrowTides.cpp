@@ -143,7 +143,6 @@ QWidget* frmSkerrowTides::MakeDayPage() {
   plot_ = new PlotWidget("picTides");
   plot_->setAccessibleName("Tide curve");
   plot_->SetKeyStep(kKeyStep);
-  plot_->setToolTip({});
   column->addWidget(plot_, 1);
   terms_ = new TermsPanel;
   column->addWidget(terms_);
@@ -182,13 +181,13 @@ QWidget* frmSkerrowTides::MakeMonthPage() {
   column->setContentsMargins(0, 0, 0, 0);
   month_ = new TextList(desktop().clipboard, "monthspredictions");
   month_->setAccessibleName("The month's high and low waters");
-  month_->setToolTip("A double click opens the day");
+  month_->setToolTip("A double click or Enter opens the day");
   auto* back = Named<QPushButton>("cmdCurve", "Show the C&urve");
   back->setAutoDefault(false);
   column->addWidget(month_, 1);
   column->addLayout(MakeRow({back}));
   connect(back, &QPushButton::clicked, this, [this] { ShowView(View::kDay); });
-  connect(month_, &QListWidget::itemDoubleClicked, this, [this] { OpenMonthRow(); });
+  connect(month_, &QListWidget::itemActivated, this, [this] { OpenMonthRow(); });
   return page;
 }
 
@@ -209,14 +208,14 @@ QAction* frmSkerrowTides::AddEntry(QWidget* menu, const char* name, const QStrin
 }
 
 void frmSkerrowTides::MakeMenus() {
-  menus_ = new QMenuBar;
+  auto* menus = new QMenuBar;
   const auto save = [this](const char* title, const std::string& name, const std::string& text) {
     SaveText(desktop(), this, title, name, text);
   };
   const auto print = [this](const PrintDocument& page) { PrintPages(desktop(), this, page); };
   const auto copy = [this](const std::string& text) { desktop().clipboard.SetText(text); };
 
-  QMenu* file = menus_->addMenu("&File");
+  QMenu* file = menus->addMenu("&File");
   AddEntry(
       file, "mnusaveday", "Save &Hourly Details...",
       [this, save] {
@@ -252,7 +251,7 @@ void frmSkerrowTides::MakeMenus() {
   AddEntry(
       file, "mnuexit", "&Close", [this] { accept(); }, QKeySequence::Close);
 
-  QMenu* edit = menus_->addMenu("&Edit");
+  QMenu* edit = menus->addMenu("&Edit");
   AddEntry(edit, "mnuCopyDaysTides", "Copy &Day's Tides",
            [this, copy] { copy(DayClipboardText(form_.screen())); });
   AddEntry(edit, "mnuCopyMonth", "Copy &Month", [this, copy] {
@@ -261,18 +260,18 @@ void frmSkerrowTides::MakeMenus() {
   AddEntry(edit, "mnuCopySunTimes", "Copy &Sun Times",
            [this, copy] { copy(SunClipboardText(form_.screen())); });
 
-  QMenu* ports = menus_->addMenu("&Port");
+  QMenu* ports = menus->addMenu("&Port");
   AddEntry(
       ports, "mnuPortList", "Port by &Name...", [this] { ChoosePort(); }, QKeySequence("Ctrl+F"));
   AddEntry(ports, "mnuArea", "Sea &Area...", [this] { ChooseArea(); });
   AddEntry(ports, "mnuchartdepth", "Enter Tidal Offset", [this] { EnterDepth(); });
   ports->addSeparator();
-  // The windows that edit and copy constants and diamonds.
+  // The windows that edit and copy constants and diamonds; each is followed by ReadPortAgain.
   AddEntry(ports, "mnumaintainfile", "&Correct Ports...", nullptr);
   AddEntry(ports, "mnucopyconstants", "Copy &Ports...", nullptr);
   AddEntry(ports, "mnuCopyDiamonds", "Copy &Tidal Diamonds", nullptr);
 
-  QMenu* date = menus_->addMenu("&Date");
+  QMenu* date = menus->addMenu("&Date");
   AddEntry(
       date, "mnutidedate", "&Select Date...", [this] { ChooseDate(); }, QKeySequence("Ctrl+D"));
   AddEntry(
@@ -285,7 +284,7 @@ void frmSkerrowTides::MakeMenus() {
       date, "mnuNextday", "&Next Day", [this] { StepTo([this] { form_.ToNextDay(); }); },
       QKeySequence("Ctrl+Right"));
 
-  QMenu* view = menus_->addMenu("&View");
+  QMenu* view = menus->addMenu("&View");
   AddEntry(
       view, "mnuday", "&Day's Curve", [this] { ShowView(View::kDay); }, QKeySequence("Ctrl+1"));
   AddEntry(
@@ -299,7 +298,7 @@ void frmSkerrowTides::MakeMenus() {
       view, "mnusunrise", "S&un and Moon...", [this] { CalculateSun(); }, QKeySequence("Ctrl+4"));
   view->addSeparator();
   AddEntry(view, "mnuoutputoptions", "&Tide Display Options", [this] { ChooseOptions(); });
-  layout()->setMenuBar(menus_);
+  layout()->setMenuBar(menus);
 }
 
 // ---------------------------------------------------------------- what is shown
@@ -335,6 +334,8 @@ void frmSkerrowTides::ShowView(View view) {
   plot_->setAccessibleName(view == View::kTerms ? "Constituents of the tide" : "Tide curve");
   ShowAll();
 }
+
+void frmSkerrowTides::ShowNewDay() { ShowView(view_ == View::kMonth ? View::kDay : view_); }
 
 void frmSkerrowTides::ShowPlot() {
   plot_->SetPlot(view_ == View::kTerms ? TideTermsPlot(form_.screen(), terms_->Shown())
@@ -418,7 +419,7 @@ void frmSkerrowTides::LeaveCurve() {
 void frmSkerrowTides::StepTo(const std::function<void()>& step) {
   if (busy()) return;
   step();
-  ShowView(view_ == View::kMonth ? View::kDay : view_);
+  ShowNewDay();
 }
 
 void frmSkerrowTides::ChooseDate() {
@@ -446,7 +447,7 @@ void frmSkerrowTides::ChoosePort() {
   if (dialog.exec() != QDialog::Accepted || dialog.Position() < 1) return;
   if (!Succeeded(form_.Open(dialog.Position()))) return;
   Written(form_.Keep(), desktop().messages);
-  ShowView(view_ == View::kMonth ? View::kDay : view_);
+  ShowNewDay();
 }
 
 void frmSkerrowTides::ChooseArea() {
@@ -469,8 +470,12 @@ void frmSkerrowTides::EnterDepth() {
       QDialog::Accepted) {
     return;
   }
+  ReadPortAgain();
+}
+
+void frmSkerrowTides::ReadPortAgain() {
   Succeeded(form_.Open(form_.position()));
-  ShowView(view_);
+  ShowNewDay();
 }
 
 void frmSkerrowTides::ChooseOptions() {
@@ -478,7 +483,7 @@ void frmSkerrowTides::ChooseOptions() {
   form_.ClearMonth();
   sun_.reset();
   form_.Refresh();
-  ShowView(view_ == View::kMonth ? View::kDay : view_);
+  ShowNewDay();
 }
 
 void frmSkerrowTides::CalculateMonth() {

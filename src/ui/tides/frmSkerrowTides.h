@@ -14,7 +14,6 @@
 #include "ui/widgets/text_list.h"
 
 class QAction;
-class QMenuBar;
 
 namespace skerrow {
 
@@ -46,6 +45,8 @@ class frmSkerrowTides : public Dialog {
   // Everything the screen shows of its day, in the view that is on.
   void ShowAll();
   void ShowView(View view);
+  // After a change of day or port: as before, but that a month's list gives way to the curve.
+  void ShowNewDay();
   void ShowPlot();
   void ShowCursors();
   void ShowSpringNeap();
@@ -61,6 +62,8 @@ class frmSkerrowTides : public Dialog {
   void ChoosePort();
   void ChooseArea();
   void EnterDepth();
+  // After the file of the port may have changed.
+  void ReadPortAgain();
   void ChooseOptions();
   void CalculateMonth();
   void OpenMonthRow();
@@ -81,7 +84,6 @@ class frmSkerrowTides : public Dialog {
   std::string date_order_;
   QTimer* timer2_;
 
-  QMenuBar* menus_ = nullptr;
   QAction* layers_shown_ = nullptr;
   QLabel* port_ = nullptr;
   QLabel* date_ = nullptr;
@@ -104,8 +106,7 @@ class frmSkerrowTides : public Dialog {
 };
 
 // Opens the tide screen on the port at `position` of the area's file, which becomes that of the
-// settings; 0: on that of the settings.
-// Says what stands in the way.
+// settings; 0: on that of the settings. Says what stands in the way.
 void OpenTideScreen(Desktop& desktop, int position, QWidget* parent);
 
 }  // namespace skerrow

@@ -209,6 +209,11 @@ TEST_F(TideWindow, TheMonthIsListedSavedCopiedAndCancelled) {
                     testing::RowOfText(*screen_, "monthspredictions", "20 Jun") + 1, 2);
   EXPECT_EQ(testing::TextOf(*screen_, "lstTides", 1), "Date : 20/6/2026");
   EXPECT_TRUE(plot_->isVisible());
+  // So does Enter.
+  Run("mnumonth");
+  list->setCurrentRow(testing::RowOfText(*screen_, "monthspredictions", "3 Jun"));
+  Key(Qt::Key_Return);
+  EXPECT_EQ(testing::TextOf(*screen_, "lstTides", 1), "Date : 3/6/2026");
 }
 
 TEST_F(TideWindow, TheDayIsSavedAndCopied) {
