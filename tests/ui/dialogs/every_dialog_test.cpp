@@ -202,10 +202,9 @@ const Row kRows[] = {
        return std::make_unique<Frmriseresults>(desktop, results, 31, nullptr);
      }},
     {"frmDiaInfo", "Tidal Diamond Data", "",
-     "lstDiaData cmdChange cmdAdd cmdDelete OptSlack txtRate Command1 lstTides cmdCalculate "
-     "cmdCopy "
-     "cmdPrint cmdClose",
-     "optFlood OptAbove Text1 Text2 Text3 cmdAccept cmdRecalculate",
+     "lstDiaData cmdChange cmdAdd cmdDelete OptSlack optFlood OptAbove txtRate Command1 lstTides "
+     "cmdCalculate cmdCopy cmdPrint cmdClose",
+     "Text1 Text2 Text3 cmdAccept cmdRecalculate",
      [](Desktop& desktop) -> Opened { return std::make_unique<frmDiaInfo>(desktop, 0, nullptr); }},
     {"frmDiaRate", "Graph of Predicted Stream vs Time", "cmdClose", "picRate cmdPrint cmdClose",
      "lblTitle lblReadout",

@@ -165,12 +165,17 @@ TEST_F(DiamondWindows, ChangeARowOfTheTable) {
   bytes::PutFloat(expected, at + 84 + 4 * 6, 2.75F);
   EXPECT_EQ(FileBytes(File()), expected);
 
-  // The position: one that was left alone keeps its last digit.
+  // The position; a place finer than its text keeps what was left alone to the last digit.
+  Diamond fine = Shown();
+  fine.latitude = 50.123456F;
+  const ChangedDiamond moved = ChangeDiamond(program.folders, fine, 3, {"50.07.41N", "001.20.00W"});
+  ASSERT_TRUE(moved.diamond);
+  EXPECT_EQ(moved.diamond->latitude, fine.latitude);
+  EXPECT_FLOAT_EQ(moved.diamond->longitude, -1.3333333F);
   ClickRow(form, "lstDiaData", 3, 2);
   EXPECT_EQ(Find<QLineEdit>(form, "Text1")->text(), "50.33.00N");
   Type(form, "Text2", "001.20.00w");
   QTest::keyClick(Find<QLineEdit>(form, "Text2"), Qt::Key_Return);
-  EXPECT_EQ(Shown().latitude, old.latitude);
   EXPECT_FLOAT_EQ(Shown().longitude, -1.3333333F);
   QTest::keyClick(&form, Qt::Key_Escape);
   EXPECT_FALSE(form.isVisible());
