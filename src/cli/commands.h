@@ -89,10 +89,25 @@ Outcome ShowConstituents(Session& session, const DayWords& words);
 struct TideWords {
   std::string port;  // record number, or the name or the only beginning of one
   std::string date;
-  std::string file;  // constants file; empty takes that of the settings
+  std::string file;     // constants file; empty takes that of the settings
+  bool screen = false;  // what the tide screen tells of the day instead of the curve
+  bool month = false;   // the month's table instead
 };
-// High and low waters and the curve of a port for a day, metres above chart datum.
+// High and low waters and the curve of a port for a day, metres above chart datum; or what the tide
+// screen tells of it, or the table of its month.
 Outcome ShowTide(Session& session, const TideWords& words);
+
+struct SunWords {
+  PositionWords place;
+  std::string date;
+  std::string zone;    // hours of the place's time zone, -11 to 11, west positive; empty is 0
+  bool month = false;  // the table of the month instead
+};
+// Sunrise, sunset and twilights of a place.
+Outcome ShowSun(Session& session, const SunWords& words);
+
+// The phases of the moon about a month.
+Outcome ShowMoon(Session& session, const DayWords& words);
 
 struct WhenWords {
   std::string date;

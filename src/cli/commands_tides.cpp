@@ -7,53 +7,12 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "tides/heights.h"
-#include "tides/port.h"
 #include "tides/streams.h"
 
 namespace skerrow::cli {
 namespace {
 
-constexpr const char* kLocalAppearance = "heights in metres above chart datum";
-
 std::string Metres(float height) { return FormatFixed(height, 1, 1) + " m"; }
-
-// 1-based position of a port by its number or its name (case does not matter); 0 when there is
-// none. The start of a name will do when only one port has it.
-int FindPort(const std::vector<std::optional<Port>>& ports, const std::string& wanted) {
-  if (const Result<int> number = ParseWhole(wanted, "port", 1, INT16_MAX)) {
-    return static_cast<std::size_t>(*number) <= ports.size() ? *number : 0;
-  }
-  const std::string lower = ToLowerAscii(Trim(wanted));
-  int beginning = 0;
-  int matches = 0;
-  for (std::size_t i = 0; i < ports.size(); ++i) {
-    if (!ports[i]) continue;
-    const std::string name = ToLowerAscii(Trim(ports[i]->name));
-    if (name == lower) return static_cast<int>(i) + 1;
-    if (name.starts_with(lower)) {
-      beginning = static_cast<int>(i) + 1;
-      ++matches;
-    }
-  }
-  return matches == 1 ? beginning : 0;
-}
-
-Json CurveJson(const std::vector<CurvePoint>& curve) {
-  Json list = Json::array();
-  for (int i = 0; i < kCurveCount; ++i) {
-    const CurvePoint& point = curve[static_cast<std::size_t>(i)];
-    list.push_back({Number(point.hours), Number(point.height)});
-  }
-  return list;
-}
-
-Json LayerJson(const std::vector<CurvePoint>& layer) {
-  Json list = Json::array();
-  for (int i = 0; i < kCurveCount; ++i) {
-    list.push_back(Number(layer[static_cast<std::size_t>(i)].height));
-  }
-  return list;
-}
 
 std::string StreamText(float rate, float direction) {
   return FormatFixed(rate, 1, 1) + " kn " + FormatFixed(direction, 3, 0) + "°T";
@@ -77,66 +36,6 @@ Outcome ShowConstituents(Session& session, const DayWords& words) {
   add("K1", values.k1);
   add("O1", values.o1);
   answer.text = "At 00:00 on " + DateText(*day) + "\n" + table.Text();
-  return answer;
-}
-
-Outcome ShowTide(Session& session, const TideWords& words) {
-  Program& program = session.program;
-  const Result<DayAndYear> day = ParseDate(words.date, program.clock->Now());
-  if (!day) return WrongUsage(day.error());
-  const std::string path =
-      Session::FindFile(words.file.empty() ? Trim(program.config.tidal_port_file) : words.file,
-                        {program.folders.TidalStreams(), program.folders.program});
-  const Result<RecordFile<Port>> ports = ReadRecords(path, kPortFields);
-  if (!ports) return Failed(ports.error());
-  const int number = FindPort(ports->records, words.port);
-  if (number == 0) {
-    // Why there is none may be that its record is one of those left out.
-    const std::string left_out = LeftOutText("", ports->left_out);
-    return Failed({path, "there is no port \"" + words.port + "\"" +
-                             (left_out.empty() ? "" : " (" + left_out + ")")});
-  }
-  const std::optional<Port>& record = ports->records[static_cast<std::size_t>(number - 1)];
-  if (!record) return Failed({path, "the record of this port is damaged"});
-  TellLeftOut(path, ports->left_out, session.messages);
-  const Port& found = *record;
-  SetDay(program.selected_time, *day);
-  const TideCurve tide = PredictHeights(found, day->day, program.selected_time.month, day->year,
-                                        program.config.summer_time != 0);
-  Answer answer;
-  Json waters = Json::array();
-  TextTable table({"", "Time", ">Height"});
-  for (const Water& water : tide.waters) {
-    waters.push_back({{"kind", water.high ? "high" : "low"},
-                      {"hours", Number(water.hours)},
-                      {"height", Number(water.height)}});
-    table.Add(
-        {water.high ? "High water" : "Low water", HoursToClock(water.hours), Metres(water.height)});
-  }
-  answer.json() = {{"port", number},
-                   {"name", Trim(found.name)},
-                   {"curve", CurveJson(tide.curve)},
-                   {"layers",
-                    {{"M2", LayerJson(tide.layer_m2)},
-                     {"S2", LayerJson(tide.layer_s2)},
-                     {"K1", LayerJson(tide.layer_k1)},
-                     {"O1", LayerJson(tide.layer_o1)},
-                     {"F4", LayerJson(tide.layer_f4)},
-                     {"F6", LayerJson(tide.layer_f6)},
-                     {"Z0", LayerJson(tide.layer_z0)}}},
-                   {"meanLevel", Number(tide.mean_level)},
-                   {"waters", waters},
-                   {"range", Number(tide.range)}};
-  answer.text = Trim(found.name) + ", " + DateText(*day) + ", " + kLocalAppearance +
-                (program.config.summer_time != 0 ? ", summer time" : "") + "\n" + table.Text() +
-                "Mean level " + Metres(tide.mean_level) + ", range " + Metres(tide.range) + "\n";
-  TextTable hourly({"Time", ">Height"});
-  for (std::size_t i = 0; i <= 144; i += 6) {
-    // The last row is the midnight that ends the day.
-    hourly.Add(
-        {i == 144 ? "24:00" : HoursToClock(tide.curve[i].hours), Metres(tide.curve[i].height)});
-  }
-  answer.text += "\n" + hourly.Text();
   return answer;
 }
 

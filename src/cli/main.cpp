@@ -118,7 +118,18 @@ void AddTideCommands(CLI::App& app, Chosen& chosen) {
     sub.add_option("PORT", words.port, "record number or name of the port")->required();
     sub.add_option("--file", words.file, "constants file; that of the settings when left out");
     TakeDate(sub, words.date);
+    sub.add_flag("--screen", words.screen, "what the tide screen tells of the day");
+    sub.add_flag("--month", words.month, "the high and low waters of the month");
   });
+  Add(app, "sun", "sunrise, sunset and twilights at a place", chosen, ShowSun,
+      [](CLI::App& sub, SunWords& words) {
+        TakePosition(sub, words.place);
+        TakeDate(sub, words.date);
+        sub.add_option("--zone", words.zone, "hours that the clock is behind universal time");
+        sub.add_flag("--month", words.month, "the table of the month");
+      });
+  Add(app, "moon", "the phases of the moon about a month", chosen, ShowMoon,
+      [](CLI::App& sub, DayWords& words) { TakeDate(sub, words.date); });
   Add(app, "refports", "the tides at the reference ports of the streams", chosen, ShowRefPorts,
       [](CLI::App& sub, WhenWords& words) {
         TakeDate(sub, words.date);

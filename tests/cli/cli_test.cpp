@@ -176,6 +176,34 @@ TEST_F(CommandLine, TidesAndStreams) {
 }
 
 // An hour later on the clock, everything is as it was on standard time.
+TEST_F(CommandLine, SunMoonAndTideScreen) {
+  const auto sun = Json("sun 50.9 -1.4 --date 2026-06-21 --zone -1");
+  EXPECT_EQ(Keys(sun), (std::vector<std::string>{"dayOfYear", "times"}));
+  ASSERT_EQ(sun["times"].size(), 8U);
+  EXPECT_NEAR(sun["times"][3].get<double>(), 4.859, 2.0 / 60);  // an almanac's sunrise, an hour on
+  EXPECT_EQ(sun["dayOfYear"], 172);
+  EXPECT_EQ(Json("sun 50.9 -1.4 --date 2026-06-21 --month")["days"].size(), 30U);
+  EXPECT_NE(Run("sun 70 20 --date 2026-12-21").out.find("Sunrise                       00:00 none"),
+            std::string::npos);
+  EXPECT_EQ(Json("moon --date 2026-11-23")["lines"][1], "   09 Nov 2026       NEW MOON     ");
+
+  const auto day = Json("tide Dover --date 2026-11-23");
+  const auto screen = Json("tide Dover --date 2026-11-23 --screen");
+  EXPECT_EQ(Keys(screen),
+            (std::vector<std::string>{"cursor", "lines", "plotBottom", "plotTop", "springNeapHours",
+                                      "springNeapLabel", "sunrise", "sunset"}));
+  EXPECT_EQ(screen["lines"].size(), day["waters"].size() + 3);
+  ASSERT_EQ(screen["cursor"].size(), day["curve"].size());
+  EXPECT_EQ(screen["cursor"][60]["hours"], 10.0);
+  EXPECT_EQ(screen["cursor"][60]["height"], day["curve"][60][1]);
+  EXPECT_EQ(screen["cursor"][60]["state"], "Falling");  // half an hour past high water
+  const auto month = Json("tide Dover --date 2026-11-01 --month")["days"];
+  ASSERT_EQ(month.size(), 30U);
+  EXPECT_EQ(month[22].size(), day["waters"].size());
+  ExpectError("tide Dover --screen --month", 2, "--screen");
+  ExpectError("sun 50 -1 --zone 12", 2, "zone");
+}
+
 TEST_F(CommandLine, SummerTimeIsAnHourAhead) {
   const std::string summer = "--set SummerTime=-1 ";
   const auto tide = Json("tide dover --date 2026-12-05");

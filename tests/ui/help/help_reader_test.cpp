@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPdfDocument>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -14,7 +15,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
-#include <regex>
 #include <set>
 
 #include "platform/settings_store.h"
@@ -85,18 +85,27 @@ TEST(HelpFiles, HoldTitleContentsAndEveryWordOfTheirSource) {
   }
 }
 
+// The pictures that a document shows, those of the documents that it includes among them.
+std::set<QString> PicturesOf(const std::string& source) {
+  static const QRegularExpression picture(R"(!\[[^\]]*\]\(([^)]+)\))");
+  static const QRegularExpression include(R"(\[include ([^\]]+)\])");
+  const QString text = QString::fromStdString(source);
+  std::set<QString> named;
+  for (const QRegularExpressionMatch& match : picture.globalMatch(text)) {
+    named.insert(match.captured(1));
+  }
+  for (const QRegularExpressionMatch& match : include.globalMatch(text)) {
+    named.merge(PicturesOf(SourceOf(match.captured(1).toStdString() + ".pdf")));
+  }
+  return named;
+}
+
 // A reader of Markdown may drop a picture without a word.
 TEST(HelpFiles, ShowEveryPictureOfTheirSource) {
-  const std::regex picture(R"(!\[[^\]]*\]\(([^)]+)\))");
-  std::set<std::string> all;
+  std::set<QString> all;
   for (const HelpDocument& help : kHelpDocuments) {
-    std::set<std::string> named;
-    const std::string source = SourceOf(help.file);
-    for (std::sregex_iterator at(source.begin(), source.end(), picture), end; at != end; ++at) {
-      named.insert((*at)[1]);
-    }
+    const std::set<QString> named = PicturesOf(SourceOf(help.file));
     all.insert(named.begin(), named.end());
-    if (help.command == "mnuHelpManual") named = all;  // it puts the others together
     const std::string paper = FileBytes(HelpPath(std::string(help.file)));
     std::size_t shown = 0;
     for (std::size_t at = 0; (at = paper.find("/Subtype /Image", at)) != std::string::npos; ++at) {
