@@ -20,7 +20,7 @@ Status CheckUnchanged(const SeenFile& seen) {
   const Result<std::string> now = ReadFile(seen.path);
   if (!now) return now.error();
   if (*now != seen.content) {
-    return Error{seen.path, "the file has changed since it was listed; nothing is written"};
+    return Error{seen.path, "it is no more as it was listed here; list it again"};
   }
   return Done{};
 }

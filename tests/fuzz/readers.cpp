@@ -261,14 +261,19 @@ void InItsPlace(const std::string& bytes) {
 }  // namespace
 
 const std::vector<FuzzReader>& FuzzReaders() {
-  static const std::vector<FuzzReader> readers = {
-      {"way", InItsPlace<Waypoints>, 35, 2, 0},     {"rte", InItsPlace<Route>, 35, 3, 0},
-      {"cht", InItsPlace<Chart>, 0, 14, 8},         {"xrf", InItsPlace<Index>, 80, 5, 2},
-      {"config", InItsPlace<Config>, 2432, 0, 524}, {"wind", InItsPlace<WindSettings>, 24, 0, 0},
-      {"hc", InItsPlace<AreaPorts>, 36, 40, 1},     {"refports", InItsPlace<RefPorts>, 40, 39, 1},
-      {"l25", InItsPlace<Diamonds>, 0, 49, 0},      {"l27", InItsPlace<HarmonicStations>, 12, 36, 0},
-      {"grib", InItsPlace<Grib>, 0, 0, 200},
-      {"store", InItsPlace<WindFile>, 0, 5, 0},     {"polar", InItsPlace<PolarText>, 40, 0, 0}};
+  static const std::vector<FuzzReader> readers = {{"way", InItsPlace<Waypoints>, 35, 2, 0},
+                                                  {"rte", InItsPlace<Route>, 35, 3, 0},
+                                                  {"cht", InItsPlace<Chart>, 0, 14, 8},
+                                                  {"xrf", InItsPlace<Index>, 80, 5, 2},
+                                                  {"config", InItsPlace<Config>, 2432, 0, 524},
+                                                  {"wind", InItsPlace<WindSettings>, 24, 0, 0},
+                                                  {"hc", InItsPlace<AreaPorts>, 36, 40, 1},
+                                                  {"refports", InItsPlace<RefPorts>, 40, 39, 1},
+                                                  {"l25", InItsPlace<Diamonds>, 0, 49, 0},
+                                                  {"l27", InItsPlace<HarmonicStations>, 12, 36, 0},
+                                                  {"grib", InItsPlace<Grib>, 0, 0, 200},
+                                                  {"store", InItsPlace<WindFile>, 0, 5, 0},
+                                                  {"polar", InItsPlace<PolarText>, 40, 0, 0}};
   return readers;
 }
 

@@ -98,7 +98,9 @@ TEST(Drift, KeepsTheStepThatEndsNearestToTheDestination) {
   EXPECT_EQ(drift.closest_step, 1);
   EXPECT_NEAR(drift.water_sum.north, 6.0, 1e-5);
   EXPECT_NEAR(drift.stream_sum.east, 2.0, 1e-5);
-  EXPECT_EQ(drift.track.size(), 5U);  // and goes on to the end all the same
+  EXPECT_EQ(drift.track.size(), 5U);           // and goes on to the end all the same
+  request.destination = {50.1221F, -0.9366F};  // 1.4 miles past there, 1.8 before the next
+  EXPECT_EQ(Predict(EastwardSea(kDate), request, Every(30.0F)).closest_step, 1);
 }
 
 TEST(Drift, RunsOverMidnightAndTheYearsEnd) {

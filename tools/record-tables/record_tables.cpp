@@ -9,6 +9,7 @@
 #include "tides/harmonic_streams.h"
 #include "tides/port.h"
 #include "wind/wind_config.h"
+#include "wind/wind_store.h"
 
 namespace skerrow {
 namespace {
@@ -25,6 +26,7 @@ std::string Section(const std::string& title, const std::array<RecordField<R>, N
 std::string AllRecordTables() {
   return Section("Settings: HelmConfigv60.cfg", kAppConfigFields) +
          Section("Wind settings: WindConfig.cfg", kWindConfigFields) +
+         Section("Imported wind: ~wind.dat", kWindCellFields) +
          Section("Waypoints: *.way", kWaypointFields) + Section("Routes: *.rte", kRouteFields) +
          Section("Chart calibration: *.cht", kChartFileFields) +
          Section("Chart index: *.xrf", kChartIndexFields) +

@@ -42,7 +42,11 @@
 #include "ui/routes/frmwaycopy.h"
 #include "ui/routes/frmwayimport.h"
 #include "ui/routes/leaving.h"
+#include "ui/tides/frmDiaInfo.h"
+#include "ui/tides/frmDiaRate.h"
 #include "ui/tides/frmHCcopy.h"
+#include "ui/tides/frmSkerrowTides.h"
+#include "ui/tides/frmTideOptions.h"
 #include "ui/tides/frmharmedit.h"
 #include "ui/widgets/desktop_messages.h"
 
@@ -111,6 +115,39 @@ void KeepPassage(const Album& album, Studio& studio) {
   album.Keep(constants, "frmharmedit");
   frmHCcopy copy(desktop, nullptr);
   album.Keep(copy, "frmHCcopy");
+}
+
+// The windows of tides and streams, on the sample's own port and diamond.
+void KeepTides(const Album& album, Studio& studio) {
+  Desktop desktop = studio.desktop();
+  Program& program = studio.program;
+  TideForm form(program);
+  if (const Status opened = form.Open(0); !opened) {
+    std::fprintf(stderr, "%s\n", opened.error().Text().c_str());
+    return;
+  }
+  frmSkerrowTides tides(desktop, std::move(form), nullptr);
+  tides.resize(1000, 640);
+  album.Keep(tides, "frmSkerrowTides");
+  const auto choose = [&](const char* name) { tides.findChild<QAction*>(name)->trigger(); };
+  choose("mnuLayersShow");
+  album.Keep(tides, "frmSkerrowTides-constituents");
+  choose("mnuLayersShow");
+  choose("mnumonth");
+  album.Keep(tides, "frmSkerrowTides-month");
+  frmTideOptions options(desktop, nullptr);
+  album.Keep(options, "frmTideOptions");
+  if (program.tides.diamonds.empty()) return;
+  const std::size_t middle = program.tides.diamonds.size() / 2;
+  frmDiaInfo diamond(desktop, middle, nullptr);
+  album.Keep(diamond, "frmDiaInfo");
+  RateGraph graph;
+  graph.date = program.selected_time.Day();
+  graph.line = "Rate through the day";
+  StreamReader reader(program.tides);
+  (void)FillDayStream(reader, program.tides.diamonds[middle], graph.date, graph.stream);
+  frmDiaRate rate(desktop, program.tides.diamonds[middle], graph, nullptr);
+  album.Keep(rate, "frmDiaRate");
 }
 
 void KeepSettings(const Album& album, Studio& studio) {
@@ -210,6 +247,7 @@ void KeepWaypoints(const Album& album, Studio& studio) {
 
 void KeepDialogs(const Album& album, Studio& studio) {
   KeepPassage(album, studio);
+  KeepTides(album, studio);
   KeepSettings(album, studio);
   KeepRoutes(album, studio);
   KeepWaypoints(album, studio);

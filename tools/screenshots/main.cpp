@@ -52,6 +52,11 @@ void KeepToolbars(const Album& album, Studio& studio) {
 void KeepChart(const Album& album, Studio& studio) {
   studio.Settle(kWindow);
   album.Keep(studio.window(), "frmChart");
+  studio.window().viewer().SetZoom(0.6);
+  studio.Settle(kWindow);
+  album.Keep(studio.window(), "frmChart-streams");
+  studio.Command("mnuPUZoomtoWidth");
+  studio.Settle(kWindow);
   KeepToolbars(album, studio);
   KeepMenus(album, studio);
   QWidget* canvas = studio.window().viewer().viewport();

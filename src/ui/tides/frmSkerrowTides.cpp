@@ -12,10 +12,12 @@
 #include "ui/tides/Frmriseresults.h"
 #include "ui/tides/Frmsunrise.h"
 #include "ui/tides/frmChartdepth.h"
+#include "ui/tides/frmHCcopy.h"
 #include "ui/tides/frmPortName.h"
 #include "ui/tides/frmTideOptions.h"
 #include "ui/tides/frmTidesSeaArea.h"
 #include "ui/tides/frmTidesTimeDate.h"
+#include "ui/tides/frmharmedit.h"
 #include "ui/tides/report_write.h"
 #include "ui/tides/save_text.h"
 #include "ui/widgets/date_services.h"
@@ -266,10 +268,16 @@ void frmSkerrowTides::MakeMenus() {
   AddEntry(ports, "mnuArea", "Sea &Area...", [this] { ChooseArea(); });
   AddEntry(ports, "mnuchartdepth", "Enter Tidal Offset", [this] { EnterDepth(); });
   ports->addSeparator();
-  // The windows that edit and copy constants and diamonds; each is followed by ReadPortAgain.
-  AddEntry(ports, "mnumaintainfile", "&Correct Ports...", nullptr);
-  AddEntry(ports, "mnucopyconstants", "Copy &Ports...", nullptr);
-  AddEntry(ports, "mnuCopyDiamonds", "Copy &Tidal Diamonds", nullptr);
+  AddEntry(ports, "mnumaintainfile", "&Correct Ports...", [this] {
+    frmharmedit(this->desktop(), this).exec();
+    ReadPortAgain();
+  });
+  AddEntry(ports, "mnucopyconstants", "Copy &Ports...", [this] {
+    frmHCcopy(this->desktop(), this).exec();
+    ReadPortAgain();
+  });
+  AddEntry(ports, "mnuCopyDiamonds", "Copy &Tidal Diamonds",
+           [this] { frmHCcopy(this->desktop(), this, CopyKind::kDiamonds).exec(); });
 
   QMenu* date = menus->addMenu("&Date");
   AddEntry(

@@ -65,6 +65,12 @@ frmharmedit::frmharmedit(Desktop& desktop, QWidget* parent)
   connect(
       list_, &QListWidget::currentRowChanged, this, [this] { ChoosePort(list_->currentRow()); },
       Qt::QueuedConnection);
+  connect(files_, &QListWidget::itemDoubleClicked, this, [this] {
+    if (!MayDrop()) return;
+    ShowEntry({});
+    file_row_ = -1;
+    OpenFile(files_->currentRow());
+  });
   // The year's amplitude goes to all months, January's to the year. Only what was typed does, so
   // that passing through a field changes nothing.
   FilteredEdit* m2 = numbers_[kM2hm];
@@ -96,6 +102,7 @@ QWidget* frmharmedit::MakeLists() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(4);
   column->addWidget(MakeLabel("Area &files", files_));
+  files_->setToolTip("A double click lists the file again");
   column->addWidget(files_, 1);
   column->addWidget(MakeLabel("&Ports", list_));
   column->addWidget(list_, 3);

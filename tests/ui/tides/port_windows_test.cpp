@@ -170,6 +170,37 @@ TEST_F(PortWindows, AFileThatCannotBeWrittenIsTold) {
                   ": the file does not exist");
   Click(form, "chartok");
   EXPECT_EQ(Text(form, "txtz0"), "9");
+
+  // Another program puts a file of one port there: nothing of it is lost, and it can be listed.
+  std::filesystem::create_directories(user_.File("program/TS"));
+  const std::string other = before_.substr(0, kPortSize);
+  user_.Write("program/TS/UK.hc", other);
+  messages.Expect("This file could not be written, and nothing in it has changed:\n" + path_ +
+                  ": it is no more as it was listed here; list it again");
+  Click(form, "chartok");
+  EXPECT_TRUE(FileBytes(path_) == other);
+  messages.ExpectQuestion("What is typed here is in no file yet. Leave it?", true);
+  ClickRow(form, "fileList", 0, 2);
+  EXPECT_EQ(CountOf(form, "portlist"), 1);
+  EXPECT_EQ(Text(form, "txtportname"), "Concarneau");
+}
+
+// In a folder that may be read only.
+TEST_F(PortWindows, AReadOnlyFolderIsTold) {
+  frmharmedit form(desktop, nullptr);
+  Show(form);
+  Type(form, "txtz0", "9");
+  std::filesystem::permissions(user_.File("program/TS"),
+                               std::filesystem::perms::owner_write |
+                                   std::filesystem::perms::group_write |
+                                   std::filesystem::perms::others_write,
+                               std::filesystem::perm_options::remove);
+  messages.Expect("This file could not be written, and nothing in it has changed:\n" + path_ +
+                  ": Permission denied");
+  AsPlainUser([&] { Click(form, "chartok"); });
+  EXPECT_TRUE(FileBytes(path_) == before_);
+  EXPECT_EQ(Text(form, "txtz0"), "9");
+  std::filesystem::permissions(user_.File("program/TS"), std::filesystem::perms::owner_all);
 }
 
 TEST_F(PortWindows, WithoutAFileNothingIsDone) {
