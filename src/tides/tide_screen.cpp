@@ -55,13 +55,6 @@ std::optional<Slope> SlopeAt(const TideCurve& tide, std::size_t index) {
   return slope;
 }
 
-float LowestWholeMetre(float lowest) {
-  if (lowest >= -4.0F && lowest <= -0.0000001F) {
-    return static_cast<float>(WholePartDown(lowest));
-  }
-  return lowest;
-}
-
 }  // namespace
 
 TideDisplay TideDisplayOf(const AppConfig& config) {
@@ -119,6 +112,13 @@ std::string SpringNeapLabel(double hours) {
   return {};
 }
 
+float TidePlotBottom(float lowest) {
+  if (lowest >= -4.0F && lowest <= -0.0000001F) {
+    return static_cast<float>(WholePartDown(lowest));
+  }
+  return lowest;
+}
+
 TideScreen MakeTideScreen(const Port& port, DayAndYear date, const TideDisplay& display) {
   TideScreen screen;
   screen.port = port;
@@ -132,7 +132,7 @@ TideScreen MakeTideScreen(const Port& port, DayAndYear date, const TideDisplay& 
   const auto [lowest, highest] = std::minmax_element(
       screen.tide.curve.begin(), screen.tide.curve.begin() + kCurveCount - 1,
       [](const CurvePoint& a, const CurvePoint& b) { return a.height < b.height; });
-  screen.plot_bottom = LowestWholeMetre(lowest->height);
+  screen.plot_bottom = TidePlotBottom(lowest->height);
   screen.plot_top = static_cast<float>(WholePart(highest->height) + 1);
   screen.spring_neap = FindSpringNeap(screen.tide);
   screen.lines = {"Port : " + Trim(port.name),
@@ -164,6 +164,8 @@ std::string PlaceDepthText(const Port& port, const TideDisplay& display, float h
 }
 
 std::string TideHeightText(float height) { return PositiveText(height, 1); }
+
+std::string TideTableHeightText(float height) { return PositiveText(height, 2); }
 
 std::size_t CurveIndex(double hours) {
   const double entry = WholePart(hours / (1.0 / 6.0));
@@ -231,7 +233,7 @@ std::optional<MonthTable> MakeMonthTable(const Port& port, int month, int year, 
                           WeekdayName(day, month, year).substr(0, 3) + ")");
     std::vector<MonthTable::Row>& rows = table.days.emplace_back();
     for (const Water& water : tide.waters) {
-      rows.push_back({HoursToClock(water.hours), PositiveText(water.height, 2)});
+      rows.push_back({HoursToClock(water.hours), TideTableHeightText(water.height)});
       table.lines.push_back(rows.back().time + "   " + rows.back().height);
     }
   }
@@ -242,7 +244,7 @@ std::string HourlyText(const TideScreen& screen) {
   std::string text = Joined(std::span(screen.lines).first(3));
   for (std::size_t i = 0; i < 144; ++i) {
     const CurvePoint& point = screen.tide.curve[i];
-    text += HoursToClock(point.hours) + "\t" + PositiveText(point.height, 2) + kLineEnd;
+    text += HoursToClock(point.hours) + "\t" + TideTableHeightText(point.height) + kLineEnd;
   }
   return text;
 }

@@ -42,6 +42,10 @@ std::optional<SpringNeap> FindSpringNeap(const TideCurve& tide);
 // The label of a number of hours.
 std::string SpringNeapLabel(double hours);
 
+// The bottom of a plot, metres, for the lowest height in it: the whole metre below one of 0 to -4
+// metres, and others as they stand.
+float TidePlotBottom(float lowest);
+
 // A day of a port, all that its picture and its lists need.
 struct TideScreen {
   Port port;
@@ -74,6 +78,9 @@ std::string PlaceDepthText(const Port& port, const TideDisplay& display, float h
 
 // A height of the lists and the cursor, one decimal; empty at 0 and below.
 std::string TideHeightText(float height);
+
+// A height of the hourly table, two decimals; empty at 0 and below.
+std::string TideTableHeightText(float height);
 
 // The entry of the curve that holds a time of the day, from 0; confined to the curve.
 std::size_t CurveIndex(double hours);

@@ -69,10 +69,13 @@ void DrawStreamLine(DrawingSurface& surface, const OverlayView& view, std::int32
   const SurfacePoint from = view.ToView(stream.position);
   if (!view.Seen(from, length + 2.0 * kLineHead)) return;
   const SurfacePoint end{from.x + length * u, from.y + length * v};
+  // Both strokes of the head in one go.
+  const std::array<SurfacePoint, 3> head = {
+      SurfacePoint{end.x + kLineHead * (-u - v), end.y + kLineHead * (u - v)}, end,
+      SurfacePoint{end.x + kLineHead * (v - u), end.y + kLineHead * (-u - v)}};
   surface.SetPen(form.width, colour);
   surface.Line(from, end);
-  surface.Line(end, {end.x + kLineHead * (-u - v), end.y + kLineHead * (u - v)});
-  surface.Line(end, {end.x + kLineHead * (v - u), end.y + kLineHead * (-u - v)});
+  surface.Polyline(head);
 }
 
 void DrawStream(DrawingSurface& surface, const OverlayView& view, const AppConfig& config,
@@ -167,12 +170,11 @@ void DrawStreamPoly(DrawingSurface& surface, const OverlayView& view, const AppC
       at(0.0, 0.0),     at((w + 1.0) / 2.0, 0.0), at(w / 2.0, 2.0 * w),  at(w, 2.0 * w),
       at(0.0, 4.0 * w), at(-w, 2.0 * w),          at(-w / 2.0, 2.0 * w), at(-(w + 1.0) / 2.0, 0.0)};
   if (config.stream_filled != 0) {
+    // The black outline lies where one in the arrow's colour would.
     surface.SetFill(config.stream_colour);
-    surface.SetPen(1, config.stream_colour);
-    surface.Polygon(shape);
-    surface.SetFill(std::nullopt);
     surface.SetPen(1, kBlack);
     surface.Polygon(shape);
+    surface.SetFill(std::nullopt);
   } else {
     surface.SetFill(std::nullopt);
     surface.SetPen(config.stream_line_width, config.stream_colour);

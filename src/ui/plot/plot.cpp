@@ -330,7 +330,23 @@ SurfaceRect TagRoom(const DrawingSurface& surface, const PlotArea& area, const P
 }
 
 bool TagShows(const Plot& plot, const PlotCursor& cursor) {
-  return plot.tags && !cursor.tag.empty();
+  return plot.tags && !cursor.tag.empty() && Within(plot.x, cursor.x);
+}
+
+void DrawCursorLine(DrawingSurface& surface, const PlotArea& area, const Plot& plot,
+                    const PlotCursor& cursor) {
+  if (!Within(plot.x, cursor.x)) return;
+  const SurfaceRect& inner = area.inner();
+  const double x = std::floor(area.ToSurface({cursor.x, 0.0}).x) + 0.5;
+  surface.SetPen(cursor.width, cursor.colour, cursor.dotted ? LineStyle::kDash : LineStyle::kSolid);
+  surface.Line({x, inner.top}, {x, BottomOf(inner)});
+  if (!cursor.dot || !std::isfinite(*cursor.dot)) return;
+  const double y = area.ToSurface({0.0, *cursor.dot}).y;
+  if (y < inner.top || y > BottomOf(inner)) return;
+  surface.SetPen(2, plot_colours::kPaper);
+  surface.SetFill(cursor.colour);
+  surface.Ellipse({x, y}, kSpotSize + 1.0, kSpotSize + 1.0);
+  surface.SetFill(std::nullopt);
 }
 
 }  // namespace
@@ -381,27 +397,23 @@ void DrawPlot(DrawingSurface& surface, SurfaceRect area, const Plot& plot) {
   PlotPainter(surface, area, plot).Paint();
 }
 
-void DrawPlotCursor(DrawingSurface& surface, const PlotArea& area, const Plot& plot,
-                    const PlotCursor& cursor) {
-  if (!Within(plot.x, cursor.x)) return;
-  const SurfaceRect& inner = area.inner();
-  const double x = std::floor(area.ToSurface({cursor.x, 0.0}).x) + 0.5;
-  surface.SetPen(cursor.width, cursor.colour, cursor.dotted ? LineStyle::kDash : LineStyle::kSolid);
-  surface.Line({x, inner.top}, {x, BottomOf(inner)});
-  if (cursor.dot && std::isfinite(*cursor.dot)) {
-    const double y = area.ToSurface({0.0, *cursor.dot}).y;
-    if (y >= inner.top && y <= BottomOf(inner)) {
-      surface.SetPen(2, plot_colours::kPaper);
-      surface.SetFill(cursor.colour);
-      surface.Ellipse({x, y}, kSpotSize + 1.0, kSpotSize + 1.0);
-      surface.SetFill(std::nullopt);
+void DrawPlotCursors(DrawingSurface& surface, const PlotArea& area, const Plot& plot,
+                     std::span<const PlotCursor> cursors) {
+  for (const PlotCursor& cursor : cursors) DrawCursorLine(surface, area, plot, cursor);
+  TextStyle style = TagStyle(plot);
+  style.background = plot_colours::kPaper;
+  std::vector<SurfaceRect> taken;
+  for (std::size_t i = cursors.size(); i-- > 0;) {
+    if (!TagShows(plot, cursors[i])) continue;
+    const SurfaceRect room = TagRoom(surface, area, plot, cursors[i]);
+    const SurfaceRect wide = {room.left - 3.0, room.top, room.width + 6.0, room.height};
+    if (std::any_of(taken.begin(), taken.end(),
+                    [&](const SurfaceRect& other) { return Overlap(wide, other); })) {
+      continue;
     }
-  }
-  if (TagShows(plot, cursor)) {
-    const SurfaceRect room = TagRoom(surface, area, plot, cursor);
-    TextStyle style = TagStyle(plot);
-    style.background = plot_colours::kPaper;
-    surface.Text({room.left + room.width / 2.0, room.top}, cursor.tag, cursor.colour, style);
+    taken.push_back(room);
+    surface.Text({room.left + room.width / 2.0, room.top}, cursors[i].tag, cursors[i].colour,
+                 style);
   }
 }
 

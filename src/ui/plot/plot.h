@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -139,11 +140,12 @@ class PlotArea {
 // Draws the plot with its ground into `area`.
 void DrawPlot(DrawingSurface& surface, SurfaceRect area, const Plot& plot);
 
-// Draws a cursor over the picture. Nothing for an x outside of the plot.
-void DrawPlotCursor(DrawingSurface& surface, const PlotArea& area, const Plot& plot,
-                    const PlotCursor& cursor);
+// Draws cursors over the picture, none whose x lies outside of the plot. Of tags that would lie on
+// each other the later cursor's is written.
+void DrawPlotCursors(DrawingSurface& surface, const PlotArea& area, const Plot& plot,
+                     std::span<const PlotCursor> cursors);
 
-// What DrawPlotCursor touches; without width when it draws nothing.
+// What a cursor may touch; without width when it is not drawn.
 SurfaceRect CursorReach(const DrawingSurface& surface, const PlotArea& area, const Plot& plot,
                         const PlotCursor& cursor);
 

@@ -34,6 +34,28 @@ QRect Outward(const SurfaceRect& rect) {
 
 }  // namespace
 
+Picture PlotPicture(const Plot& plot, const std::vector<PlotCursor>& cursors, int width, int height,
+                    int scale) {
+  QImage image(width * scale, height * scale, QImage::Format_RGB32);
+  image.setDevicePixelRatio(scale);
+  {
+    QPainter painter(&image);
+    QtSurface surface(painter, QSizeF(width, height));
+    const SurfaceRect whole = surface.Bounds();
+    DrawPlot(surface, whole, plot);
+    const PlotArea area(surface, whole, plot);
+    DrawPlotCursors(surface, area, plot, cursors);
+  }
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(image.width()) *
+                                    static_cast<std::size_t>(image.height()));
+  for (int y = 0; y < image.height(); ++y) {
+    std::memcpy(&pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width())],
+                image.constScanLine(y),
+                static_cast<std::size_t>(image.width()) * sizeof(std::uint32_t));
+  }
+  return PictureFromRgb32(image.width(), image.height(), std::move(pixels));
+}
+
 PlotWidget::PlotWidget(const char* name, QWidget* parent) : QWidget(parent) {
   setObjectName(QString::fromUtf8(name));
   setMouseTracking(true);
@@ -106,7 +128,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
   painter.drawPixmap(0, 0, picture_);
   QtSurface surface(painter, size(), look_, &texts_);
   const PlotArea area(surface, Whole(), plot_);
-  for (const PlotCursor& cursor : cursors_) DrawPlotCursor(surface, area, plot_, cursor);
+  DrawPlotCursors(surface, area, plot_, cursors_);
   if (hasFocus()) {
     const SurfaceRect& inner = area.inner();
     surface.SetPen(2, 0xA85F1A);
@@ -186,27 +208,6 @@ void PlotWidget::keyPressEvent(QKeyEvent* event) {
   }
   place_ = std::clamp(x, low, high);
   emit Pointed(*place_);
-}
-
-Picture PlotWidget::ToPicture(int width, int height, int scale) const {
-  QImage image(width * scale, height * scale, QImage::Format_RGB32);
-  image.setDevicePixelRatio(scale);
-  {
-    QPainter painter(&image);
-    QtSurface surface(painter, QSizeF(width, height));
-    const SurfaceRect whole = surface.Bounds();
-    DrawPlot(surface, whole, plot_);
-    const PlotArea area(surface, whole, plot_);
-    for (const PlotCursor& cursor : cursors_) DrawPlotCursor(surface, area, plot_, cursor);
-  }
-  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(image.width()) *
-                                    static_cast<std::size_t>(image.height()));
-  for (int y = 0; y < image.height(); ++y) {
-    std::memcpy(&pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width())],
-                image.constScanLine(y),
-                static_cast<std::size_t>(image.width()) * sizeof(std::uint32_t));
-  }
-  return PictureFromRgb32(image.width(), image.height(), std::move(pixels));
 }
 
 }  // namespace skerrow

@@ -12,6 +12,11 @@
 
 namespace skerrow {
 
+// A plot as a picture by day, for paper and the clipboard: laid out for `width` x `height` pixels
+// and drawn `scale` times as large.
+Picture PlotPicture(const Plot& plot, const std::vector<PlotCursor>& cursors, int width, int height,
+                    int scale = 1);
+
 // A plot in a window. The picture is drawn once; only the cursors are drawn anew when they move.
 // The arrow keys move a place along x as the mouse does.
 class PlotWidget : public QWidget {
@@ -34,9 +39,10 @@ class PlotWidget : public QWidget {
   double XAt(QPointF at) const;
   QPointF PlaceOf(DataPoint point) const;
 
-  // The picture by day with its cursors, for paper and the clipboard: laid out for `width` x
-  // `height` pixels and drawn `scale` times as large.
-  Picture ToPicture(int width, int height, int scale = 1) const;
+  // The picture with its cursors, as PlotPicture.
+  Picture ToPicture(int width, int height, int scale = 1) const {
+    return PlotPicture(plot_, cursors_, width, height, scale);
+  }
 
   QSize sizeHint() const override { return {720, 360}; }
   QSize minimumSizeHint() const override { return {260, 160}; }

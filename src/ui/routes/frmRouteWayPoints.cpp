@@ -2,7 +2,7 @@
 
 #include "core/numbers.h"
 #include "ui/edits.h"
-#include "ui/routes/key_action.h"
+#include "ui/widgets/key_action.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {

@@ -8,7 +8,7 @@
 #include "ui/forms/report_look.h"
 #include "ui/routes/frmNewWay.h"
 #include "ui/routes/frmwaycopy.h"
-#include "ui/routes/key_action.h"
+#include "ui/widgets/key_action.h"
 #include "ui/widgets/print_lines.h"
 #include "ui/widgets/qt_text.h"
 

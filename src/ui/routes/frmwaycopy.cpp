@@ -1,6 +1,6 @@
 #include "ui/routes/frmwaycopy.h"
 
-#include "ui/routes/key_action.h"
+#include "ui/widgets/key_action.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {

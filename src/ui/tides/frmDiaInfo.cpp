@@ -1,13 +1,13 @@
 #include "ui/tides/frmDiaInfo.h"
 
 #include <QGridLayout>
-#include <QShortcut>
 #include <QToolButton>
 #include <utility>
 
 #include "core/numbers.h"
 #include "ui/tides/frmDiaRate.h"
 #include "ui/tides/report_write.h"
+#include "ui/widgets/key_action.h"
 #include "ui/widgets/print_lines.h"
 #include "ui/widgets/progress_dialog.h"
 #include "ui/widgets/qt_text.h"
@@ -22,14 +22,6 @@ QPushButton* MakeButton(const char* name, const QString& text, const QString& ti
   button->setAutoDefault(false);
   button->setToolTip(tip);
   return button;
-}
-
-// A key that does something in one widget only.
-template <typename Action>
-void OnKey(QWidget* widget, const QKeySequence& key, const Action& action) {
-  auto* shortcut = new QShortcut(key, widget);
-  shortcut->setContext(Qt::WidgetShortcut);
-  QObject::connect(shortcut, &QShortcut::activated, widget, action);
 }
 
 }  // namespace
@@ -84,8 +76,7 @@ QWidget* frmDiaInfo::MakeDataColumn() {
   connect(add, &QPushButton::clicked, this, [this] { AddEntry(); });
   connect(remove, &QPushButton::clicked, this, [this] { DeleteEntry(); });
   connect(data_list_, &QListWidget::itemDoubleClicked, this, [this] { BeginChange(); });
-  OnKey(data_list_, Qt::Key_Return, [this] { BeginChange(); });
-  OnKey(data_list_, Qt::Key_Enter, [this] { BeginChange(); });
+  KeyAction::Install(data_list_, Qt::Key_Return, [this] { BeginChange(); });
   connect(data_list_, &QListWidget::currentRowChanged, this, [this](int row) {
     change_->setEnabled(row >= 0 &&
                         !DiamondFields(diamond_, static_cast<std::size_t>(row)).empty());
@@ -105,7 +96,7 @@ QWidget* frmDiaInfo::MakeEditBox() {
     labels_[i]->setBuddy(texts_[i]);
     grid->addWidget(labels_[i], 0, static_cast<int>(i));
     grid->addWidget(texts_[i], 1, static_cast<int>(i));
-    connect(texts_[i], &QLineEdit::returnPressed, this, [this] { Accept(); });
+    KeyAction::Install(texts_[i], Qt::Key_Return, [this] { Accept(); });
   }
   accept_ = MakeButton("cmdAccept", "Acc&ept", "Writes the data into the file of the sea area");
   QPushButton* cancel = MakeButton("cmdCancelChange", "Cancel", "Leaves the data as they are");
@@ -130,8 +121,7 @@ QWidget* frmDiaInfo::MakeReportColumn() {
   rows->addWidget(MakeHint("Click a time, or press Enter on it, for the graph of that day."));
   rows->addWidget(MakePortBox());
   connect(report_list_, &QListWidget::itemClicked, this, [this] { OpenGraph(); });
-  OnKey(report_list_, Qt::Key_Return, [this] { OpenGraph(); });
-  OnKey(report_list_, Qt::Key_Enter, [this] { OpenGraph(); });
+  KeyAction::Install(report_list_, Qt::Key_Return, [this] { OpenGraph(); });
   return column;
 }
 
@@ -195,9 +185,9 @@ QWidget* frmDiaInfo::MakeReportBox() {
       above_->setChecked(true);
     }
   });
-  connect(rate_, &QLineEdit::returnPressed, this, [this] { Recalculate(); });
-  OnKey(rate_, Qt::Key_Up, [this] { Step(1); });
-  OnKey(rate_, Qt::Key_Down, [this] { Step(-1); });
+  KeyAction::Install(rate_, Qt::Key_Return, [this] { Recalculate(); });
+  KeyAction::Install(rate_, Qt::Key_Up, [this] { Step(1); });
+  KeyAction::Install(rate_, Qt::Key_Down, [this] { Step(-1); });
   connect(recalculate_, &QPushButton::clicked, this, [this] { Recalculate(); });
   connect(month, &QPushButton::clicked, this, [this] { MonthlyReport(); });
   return box;

@@ -64,7 +64,7 @@ void frmDiaRate::ShowEntry(double x) {
 
 void frmDiaRate::FollowLook() {
   const ViewState& view = desktop().view;
-  picture_->SetLook({view.night, view.brightness.level});
+  picture_->SetLook({view.night, view.night ? view.brightness.level : 100});
 }
 
 void frmDiaRate::changeEvent(QEvent* event) {

@@ -40,6 +40,15 @@
 #include "ui/routes/frmwaycopy.h"
 #include "ui/routes/frmwayimport.h"
 #include "ui/routes/leaving.h"
+#include "ui/tides/Frmriseresults.h"
+#include "ui/tides/Frmsunrise.h"
+#include "ui/tides/frmChartdepth.h"
+#include "ui/tides/frmDiaInfo.h"
+#include "ui/tides/frmDiaRate.h"
+#include "ui/tides/frmPortName.h"
+#include "ui/tides/frmTideOptions.h"
+#include "ui/tides/frmTidesSeaArea.h"
+#include "ui/tides/frmTidesTimeDate.h"
 
 namespace skerrow::testing {
 namespace {
@@ -65,6 +74,8 @@ template <typename Form, FileKind kind>
 Opened OpenKind(Desktop& desktop) {
   return std::make_unique<Form>(desktop, kind, nullptr);
 }
+
+PortList UkPorts(const Desktop& desktop) { return *ListPorts(desktop.program.folders, "UK.hc"); }
 
 const Row kRows[] = {
     {"frmcalcroute", "Route Calculation", "Cmdrteok",
@@ -158,6 +169,47 @@ const Row kRows[] = {
      "txtWayName txtWayLat txtWayLong cmdOK cmdCancel", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmSingleWayPoint>(desktop, std::nullopt, nullptr);
+     }},
+    {"frmPortName", "Tidal Port", "cmdOK", "txtFind lstPorts cmdOK cmdCancel", "",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmPortName>(desktop, UkPorts(desktop), 76, nullptr);
+     }},
+    {"frmTidesSeaArea", "Tidal Sea Area", "cmdOK", "lstAreas cmdOK cmdCancel", "",
+     Open<frmTidesSeaArea>},
+    {"frmTidesTimeDate", "Tide Date", "cmdOK", "lstYear lstMonth lstDay cmdToday cmdOK cmdCancel",
+     "calendar lblWeekday",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmTidesTimeDate>(desktop, DayAndYear{60, 2028}, nullptr);
+     }},
+    {"frmTideOptions", "Tide Display Options", "cmdOK",
+     "Option2 optDaylightSavings optNonDaylightsavings cmdOK cmdCancel",
+     "Option1 Option3 draughttext ukctext", Open<frmTideOptions>},
+    {"frmChartdepth", "Enter Tidal Offset", "cdok",
+     "txtFind lstPorts depth cmdReset cdok cmdCancel", "",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmChartdepth>(desktop, "UK.hc", UkPorts(desktop), 76, nullptr);
+     }},
+    {"Frmsunrise", "Sun and Moon", "Frmsunrise_ok",
+     "txtName txtLatitude txtLongitude Frmsunrise_ok cmdCancel", "lblHint",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<Frmsunrise>(desktop, SunEntry{}, QString(), nullptr);
+     }},
+    {"Frmriseresults", "Sun and Moon Results", "cmdOK",
+     "VScroll1 lstSun lstMoon cmdSave cmdPrint cmdOK", "",
+     [](Desktop& desktop) -> Opened {
+       static const SunResults results =
+           MakeSunResults({"Dover", "51.06.00N", "001.19.00E"}, {51.1F, 1.3F}, 6, 2026, 0, false);
+       return std::make_unique<Frmriseresults>(desktop, results, 31, nullptr);
+     }},
+    {"frmDiaInfo", "Tidal Diamond Data", "",
+     "lstDiaData cmdChange cmdAdd cmdDelete OptSlack optFlood OptAbove txtRate Command1 lstTides "
+     "cmdCalculate cmdCopy cmdPrint cmdClose",
+     "Text1 Text2 Text3 cmdAccept cmdRecalculate",
+     [](Desktop& desktop) -> Opened { return std::make_unique<frmDiaInfo>(desktop, 0, nullptr); }},
+    {"frmDiaRate", "Graph of Predicted Stream vs Time", "cmdClose", "picRate cmdPrint cmdClose",
+     "lblTitle lblReadout",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmDiaRate>(desktop, Diamond{}, RateGraph{}, nullptr);
      }},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
      [](Desktop& desktop) -> Opened {
@@ -269,6 +321,7 @@ class NightLook : public SampleDesk {};
 TEST_F(NightLook, LeavesNoBrightSurface) {
   LoadSample();
   ApplyTheme(true);
+  view.night = true;
   for (const Row& row : kRows) {
     const Opened form = row.open(desktop);
     Show(*form);

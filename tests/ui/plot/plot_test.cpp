@@ -172,13 +172,13 @@ TEST(DrawPlot, ASpotAtTheTopHasItsLabelBelow) {
   }
 }
 
-TEST(DrawPlotCursor, IsALineWithADotAndATagWithinTheArea) {
+TEST(DrawPlotCursors, AreLinesWithADotAndATagWithinTheArea) {
   Plot plot = DayPlot();
   plot.tags = true;
   RecordingSurface surface(480, 300);
   const PlotArea area(surface, surface.Bounds(), plot);
   const PlotCursor cursor = {6.0, 0x0000FF, 2, false, 1.0, "Now"};
-  DrawPlotCursor(surface, area, plot, cursor);
+  DrawPlotCursors(surface, area, plot, {{cursor}});
   EXPECT_TRUE(Has(surface.Text(), "pen 2 solid 255,0,0\nline 133.50,26.25 133.50,275.50"));
   EXPECT_TRUE(Has(surface.Text(), "ellipse 133.50,150.88 rx 4.50 ry 4.50"));
   const SurfaceRect reach = CursorReach(surface, area, plot, cursor);
@@ -187,15 +187,30 @@ TEST(DrawPlotCursor, IsALineWithADotAndATagWithinTheArea) {
   EXPECT_GE(reach.top + reach.height, 275.5);
   for (const double x : {-0.1, 24.1}) {
     RecordingSurface none(480, 300);
-    DrawPlotCursor(none, area, plot, {x});
+    DrawPlotCursors(none, area, plot, {{PlotCursor{x}}});
     EXPECT_EQ(none.Text(), "");
     EXPECT_EQ(CursorReach(none, area, plot, {x}).width, 0.0);
   }
   // A tag at the very edge stays inside.
   RecordingSurface edge(480, 300);
-  DrawPlotCursor(edge, area, plot, {24.0, 0, 1, false, {}, "Now"});
+  DrawPlotCursors(edge, area, plot, {{PlotCursor{24.0, 0, 1, false, {}, "Now"}}});
   ASSERT_EQ(TextsOf(edge.Text()).size(), 1U);
   EXPECT_NEAR(TextsOf(edge.Text())[0].x, 474.0 - 3 * 4.5 / 2, 0.01);
+}
+
+TEST(DrawPlotCursors, TheLaterTagGoesBeforeOneItWouldLieOn) {
+  Plot plot = DayPlot();
+  plot.tags = true;
+  const auto tags = [&](double x) {
+    RecordingSurface surface(480, 300);
+    const PlotCursor cursors[] = {{12.0, 0, 1, false, {}, "Now"}, {x, 0, 1, false, {}, "12:30"}};
+    DrawPlotCursors(surface, PlotArea(surface, surface.Bounds(), plot), plot, cursors);
+    std::vector<std::string> texts;
+    for (const TextCall& text : TextsOf(surface.Text())) texts.push_back(text.text);
+    return texts;
+  };
+  EXPECT_EQ(tags(12.5), (std::vector<std::string>{"12:30"}));
+  EXPECT_EQ(tags(15.0), (std::vector<std::string>{"12:30", "Now"}));
 }
 
 TEST(NiceStep, IsTheSmallestOfOneTwoAndFive) {

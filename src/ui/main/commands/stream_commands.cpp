@@ -1,5 +1,6 @@
 #include "app/stream_files.h"
 #include "app/stream_work.h"
+#include "core/numbers.h"
 #include "core/plane_sailing.h"
 #include "tides/stream_export.h"
 #include "ui/main/chart_controller.h"
@@ -31,7 +32,12 @@ void ShowDiamond(Context& c) {
       diamonds.size(), *c.view.last_click, c.program.config.search_circle, [&](std::size_t i) {
         return Position{diamonds[i].latitude, diamonds[i].longitude};
       });
-  if (nearest) frmDiaInfo(c.desktop, nearest->index, &c.window).exec();
+  if (nearest) {
+    frmDiaInfo(c.desktop, nearest->index, &c.window).exec();
+  } else {
+    c.desktop.window.Tell("No tidal diamond within " + ShortText(c.program.config.search_circle) +
+                          " nm");
+  }
 }
 
 void ExportToText(Context& c) {
