@@ -254,13 +254,5 @@ TEST(PortEntry, ShownAndAcceptedIsTheSameRecord) {
   }
 }
 
-TEST(PortNumbers, FollowWhatMovesBelowThem) {
-  EXPECT_EQ(NumberAfterInsert(76, 76), 77);
-  EXPECT_EQ(NumberAfterInsert(75, 76), 75);
-  EXPECT_EQ(NumberAfterDelete(77, 76), 76);
-  EXPECT_EQ(NumberAfterDelete(75, 76), 75);
-  EXPECT_EQ(NumberAfterDelete(76, 76), 0);
-}
-
 }  // namespace
 }  // namespace skerrow
