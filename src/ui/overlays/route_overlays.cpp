@@ -164,13 +164,13 @@ void DrawCOG(DrawingSurface& surface, const OverlayView& view, const Program& pr
   const std::optional<SurfacePoint> start = view.Place(track.front().position);
   if (start && view.Seen(*start, view.marker_radius)) surface.Ring(*start, view.marker_radius);
   draw_line();
-  surface.SetFill(program.config.cog_colour);
   for (const std::size_t mark : TimeMarks(program.passage)) {
     const std::optional<SurfacePoint> at = view.Place(track[mark].position);
-    if (at && view.Seen(*at, kTimeMarkRadius))
-      surface.Ellipse(*at, kTimeMarkRadius, kTimeMarkRadius);
+    if (!at || !view.Seen(*at, kTimeMarkRadius)) continue;
+    surface.SetFill(program.config.cog_colour);
+    surface.Ellipse(*at, kTimeMarkRadius, kTimeMarkRadius);
+    surface.SetFill(std::nullopt);
   }
-  surface.SetFill(std::nullopt);
 
   const std::size_t selected = program.animation.index;
   if (selected < 1 || selected >= track.size()) return;
