@@ -141,11 +141,11 @@ Outcome ShowStreams(Session& session, const WhenWords& words) {
     answer.json().push_back({{"ref", stream.ref},
                              {"latitude", Number(static_cast<float>(stream.latitude))},
                              {"longitude", Number(static_cast<float>(stream.longitude))},
-                             {"direction", Number(stream.direction)},
-                             {"rate", Number(stream.rate)}});
+                             {"direction", stream.known ? Number(stream.direction) : Json(nullptr)},
+                             {"rate", stream.known ? Number(stream.rate) : Json(nullptr)}});
     table.Add({stream.ref, LatToText(static_cast<float>(stream.latitude)),
                LongToText(static_cast<float>(stream.longitude)),
-               StreamText(stream.rate, stream.direction)});
+               stream.known ? StreamText(stream.rate, stream.direction) : "not known"});
   }
   answer.text = table.Text();
   return answer;

@@ -46,7 +46,10 @@ std::string NoStreamLine(const TideState& state, const Diamond& diamond) {
 void AddPort(const RefPortState& port, int number, std::vector<DiamondLine>& lines) {
   lines.push_back({"Reference Port " + std::to_string(number)});
   lines.push_back({"Port Name " + port.port_name, {}, true});
-  for (const auto& [time, height] : port.tides) lines.push_back({time + "\t" + height});
+  for (const auto& [time, height] : port.tides) {
+    lines.push_back({time});
+    lines.back().text.append("\t").append(height);
+  }
   if (port.hw_time.empty()) {
     lines.push_back({"No high water"});
   } else {

@@ -320,6 +320,7 @@ int CalculateTidalStreamTable(TideState& state, Messages& messages) {
     stream.ref = StreamRef(diamond);
     stream.latitude = diamond.latitude;
     stream.longitude = diamond.longitude;
+    stream.known = known;
     if (known) {
       const RefPortState& tide = state.ref_port_states[static_cast<std::size_t>(port)];
       const auto [rate, direction] =

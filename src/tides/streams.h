@@ -38,6 +38,9 @@ struct TidalStream {
   float direction = 0.0F;      // degrees true
   float direction_rad = 0.0F;  // the same in radians
   float rate = 0.0F;           // knots, one decimal
+  // False where there is no high water to count from: nothing is known of a stream that may well
+  // run, and rate and direction are 0.
+  bool known = true;
 };
 
 // The tables of the tidal streams. Diamonds, ports and days are set by the functions below only.

@@ -137,6 +137,7 @@ TEST_F(OneDiamond, TheTableOfTheChartRoundsTwice) {
     RecordingMessages messages;
     ASSERT_EQ(CalculateTidalStreamTable(state_, messages), 1);
     const TidalStream& stream = state_.tidal_streams[0];
+    EXPECT_TRUE(stream.known);
     EXPECT_EQ(stream.rate, row.rate) << row.here;
     EXPECT_NEAR(ReadAt(minute).rate, row.reading, 1e-6) << row.here;
     EXPECT_EQ(stream.ref, "2045-7");
@@ -222,6 +223,10 @@ TEST_F(OneDiamond, APortThatNeverTurnsGivesNoStreamAndSaysSo) {
   ASSERT_EQ(reading.no_tide, 0);
   EXPECT_EQ(ReadAt(600, {52.0F, -1.0F}).no_tide, -1);
   EXPECT_EQ(NoTideText(state_, {0}), "no high water at Flat (diamond 2045, 7)");
+  RecordingMessages messages;
+  RefreshTideState(state_, true, 10.0F, {});
+  CalculateTidalStreamTable(state_, messages);
+  EXPECT_FALSE(state_.tidal_streams.at(0).known);
   state_.ref_port_names = {""};
   EXPECT_EQ(NoTideText(state_, {0, 0}), "no reference port number 1 (diamond 2045, 7; 2045, 7)");
 }

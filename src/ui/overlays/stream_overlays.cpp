@@ -119,6 +119,7 @@ void DrawStreams(DrawingSurface& surface, const OverlayView& view, const Program
   if (program.config.use_tides == 0) return;
   const bool as_shape = program.config.stream_as_shape != 0;
   for (const TidalStream& stream : program.tides.tidal_streams) {
+    if (!stream.known) continue;  // a mark without a rate would tell of slack water
     DrawStream(surface, view, program.config, as_shape, StreamOf(stream));
   }
 }
@@ -127,7 +128,7 @@ void NameStreams(LabelList& names, const OverlayView& view, const Program& progr
                  const ViewState& state) {
   if (program.config.use_tides == 0 || program.config.hide_stream_id != 0) return;
   for (const TidalStream& stream : program.tides.tidal_streams) {
-    NameStream(names, view, program, state, StreamOf(stream), 0.0);
+    if (stream.known) NameStream(names, view, program, state, StreamOf(stream), 0.0);
   }
 }
 

@@ -166,7 +166,9 @@ TEST_F(StreamOverlays, ShowWhereTheyAreWanted) {
   for (const double border : {50.0, 51.0, 51.5}) {
     program.tides.tidal_streams.push_back(Stream(1.0F, 0.0F, border));
   }
-  EXPECT_EQ(Draw().size(), 4U);  // the station's line and label
+  program.tides.tidal_streams.push_back(Stream(0.0F, 0.0F));
+  program.tides.tidal_streams.back().known = false;  // nothing is known: not slack
+  EXPECT_EQ(Draw().size(), 4U);                      // the station's line and label
   program.config.hide_stream_id = kTrue;
   EXPECT_EQ(Draw().size(), 3U);
   program.config.use_tides = kFalse;
