@@ -73,6 +73,9 @@ RouteDefaults RouteDefaultsOf(const Program& program) {
   defaults.speed = program.config.vessel_speed;
   defaults.wind = program.working_wind;
   defaults.constant_wind = program.config.use_manual_wind != 0;
+  if (!defaults.constant_wind) {
+    defaults.wind_at = LookupIn(program.wind_store.Get(program.folders));
+  }
   defaults.departure_day = program.selected_time.Day();
   defaults.departure_hours = program.selected_time.hours;
   return defaults;

@@ -6,6 +6,7 @@
 
 #include "app/edit_session.h"
 #include "app/man_overboard.h"
+#include "app/wind_field.h"
 #include "charts/chart_files.h"
 #include "core/clock.h"
 #include "core/config.h"
@@ -17,6 +18,7 @@
 #include "routes/route.h"
 #include "routes/waypoint.h"
 #include "tides/streams.h"
+#include "wind/stored_wind.h"
 #include "wind/wind_config.h"
 
 // The one object that holds the state of all subsystems, and the operations that cross them.
@@ -54,6 +56,8 @@ struct Program {
   AppConfig config;
   WindConfig wind_config;
   Wind working_wind;
+  StoredWind wind_store;
+  WindField wind_field;  // what the chart shows of it
 
   SelectedTime selected_time;
   SavedTime saved_time;
@@ -102,7 +106,8 @@ bool RestoreDefaults(Program& program, Messages& messages);
 // Whether course-to-steer vectors are drawn: where they are wanted and tides are in use.
 bool VectorsShown(const AppConfig& config);
 
-// The route operations' view of the settings.
+// The route operations' view of the settings. With the wind of forecasts in use the user's store
+// is read if it has not been, or has changed; what comes back keeps that store.
 RouteDefaults RouteDefaultsOf(const Program& program);
 
 // Sets the selected time, day and year of the clock, and the clock's Julian date.

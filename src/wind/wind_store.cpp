@@ -251,6 +251,14 @@ std::optional<WindFound> WindStore::Find(Position place, DayAndYear date, float 
   return best;
 }
 
+std::optional<double> WindStore::TimeServing(DayAndYear date, float hours) const {
+  const WindBin bin = WindBinOf(date, hours);
+  for (const auto& [time, rows] : rows_) {
+    if (time >= bin.from && time < bin.to) return time;
+  }
+  return std::nullopt;
+}
+
 std::vector<std::size_t> WindStore::Serving(DayAndYear date, float hours) const {
   const WindBin bin = WindBinOf(date, hours);
   std::vector<std::size_t> serving;

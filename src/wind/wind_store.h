@@ -94,6 +94,9 @@ class WindStore {
   std::optional<WindFound> Find(Position place, DayAndYear date, float hours) const;
   // The records that serve a time and have a wind, in file order.
   std::vector<std::size_t> Serving(DayAndYear date, float hours) const;
+  // The earliest time among those records, days from 2000, whose wind a lookup takes where a place
+  // has several; empty when no record serves the time.
+  std::optional<double> TimeServing(DayAndYear date, float hours) const;
 
   // The first and the last time that has a wind, days from 2000; of an empty store 0.
   double first_time() const { return first_; }

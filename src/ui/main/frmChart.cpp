@@ -545,9 +545,16 @@ void frmChart::UpdateStreams() {
       Qt::QueuedConnection);
 }
 
+// The imported wind likewise: of the time, the chart and the file as they are now.
+void frmChart::UpdateWind() {
+  const AppConfig& config = desktop_.program.config;
+  if (config.show_wind_grid != 0 && config.use_manual_wind == 0) UpdateWindField(desktop_.program);
+}
+
 void frmChart::PaintOverlays(DrawingSurface& surface, const ViewGeometry& area) {
   if (!chart_.drawing_allowed() || !chart_.HasPlaces()) return;
   UpdateStreams();
+  UpdateWind();
   const Program& program = desktop_.program;
   const OverlayView seen =
       MakeOverlayView(program.charts.chart, viewer_->geometry(), area, program.config.text_size);

@@ -72,6 +72,7 @@ class frmChart final : public QMainWindow, public MainWindowPort {
   void FillMenu(std::span<const MenuRow> rows, QWidget* root);
   void ShowPopUp(QPoint at);
   void UpdateStreams();
+  void UpdateWind();
   void PaintOverlays(DrawingSurface& surface, const ViewGeometry& area);
   void PaintLive(DrawingSurface& surface);
   void FollowLook();

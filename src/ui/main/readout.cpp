@@ -38,9 +38,11 @@ std::string BaseName(std::string_view path) {
 
 std::string CaptionText(const Program& program, const std::string& route_status) {
   const SelectedTime& time = program.selected_time;
+  const std::string wind = WindCaption(program);
   return std::string(kProgramName) + " - Selected Time = " + HoursToClock(time.hours) + "  " +
          std::to_string(time.day_of_month) + "/" + std::to_string(time.month) + "/" +
-         std::to_string(time.year) + "  " + route_status;
+         std::to_string(time.year) + "  " + (wind.empty() ? "" : "-  " + wind + "  ") +
+         route_status;
 }
 
 std::string RouteStatusText(const RouteState& route) {

@@ -7,6 +7,7 @@
 #include "ui/overlays/mark_overlays.h"
 #include "ui/overlays/route_overlays.h"
 #include "ui/overlays/stream_overlays.h"
+#include "ui/overlays/wind_overlays.h"
 
 namespace skerrow {
 namespace {
@@ -86,8 +87,8 @@ constexpr std::array kOverlays = {
     Overlay{"tidal streams", StreamsShown, DrawStreams, NameStreams},
     Overlay{"harmonic streams", HarmonicStreamsShown, DrawHarmonicStreams, NameHarmonicStreams},
     Overlay{"tidal ports", PortsShown, DrawPorts, NamePorts},
-    Overlay{"wind entered", ManualWindShown, nullptr},
-    Overlay{"wind imported", StoredWindShown, nullptr},
+    Overlay{"wind entered", ManualWindShown, DrawManualWind, NameManualWind},
+    Overlay{"wind imported", StoredWindShown, DrawStoredWind, NameStoredWind},
     Overlay{"AIS targets", TargetsShown, nullptr},
     Overlay{"boat of a replay", ReplayShown, DrawInBoat},
     Overlay{"live track", TrackShown, DrawLiveTrack, NameLiveTrack},

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/numbers.h"
+#include "ui/overlays/wind_overlays.h"
 
 namespace skerrow {
 namespace {
@@ -46,9 +47,9 @@ void DrawRoutePoint(DrawingSurface& surface, const OverlayView& view, const Prog
     surface.SetPen(1, colour);
     surface.Ring(*place, radius);
   }
-  if (kDrawInWind != nullptr && program.config.show_wind_over_route != 0) {
-    kDrawInWind(surface, view, program, point.At(),
-                {.speed_kn = point.wind_speed, .from_deg = point.wind_direction});
+  if (program.config.show_wind_over_route != 0) {
+    DrawInWind(surface, view, program, point.At(),
+               {.speed_kn = point.wind_speed, .from_deg = point.wind_direction});
   }
 }
 
@@ -123,7 +124,8 @@ void DrawRoute(DrawingSurface& surface, const OverlayView& view, const Program& 
 }
 
 void NameRoute(LabelList& names, const OverlayView& view, const Program& program,
-               const ViewState&) {
+               const ViewState& state) {
+  NameRouteWind(names, view, program, state);
   for (std::size_t i = 0; i < program.route.points.size(); ++i) {
     const RoutePoint& point = program.route.points[i];
     const std::optional<SurfacePoint> at = view.Place(point.At());

@@ -5,10 +5,6 @@
 // The route, its legs, its calculated track and the constructions of its calculation.
 namespace skerrow {
 
-// The wind at a route point. Null until there are wind marks.
-using WindMark = void (*)(DrawingSurface&, const OverlayView&, const Program&, Position, Wind);
-inline constexpr WindMark kDrawInWind = nullptr;
-
 // The points: two rings each, named "Start", by their names or "Waypoint " and their number.
 void DrawRoute(DrawingSurface& surface, const OverlayView& view, const Program& program,
                const ViewState& state);
