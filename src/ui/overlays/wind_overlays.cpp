@@ -132,8 +132,8 @@ void DrawInWind(DrawingSurface& surface, const OverlayView& view, const Program&
   const BarbParts parts = BarbPartsOf(wind.speed_kn);
   const double spacing = SpacingOf(config);
   // A shaft that its feathers do not fit on grows.
-  const double slots = 2.0 * parts.pennants + parts.feathers + (parts.half ? 1.0 : 0.0);
-  const double length = std::max(LengthOf(config), spacing * (slots + 1.0) + kHead);
+  const double steps = 2.0 * parts.pennants + parts.feathers + (parts.half ? 1.0 : 0.0);
+  const double length = std::max(LengthOf(config), spacing * steps + kHead);
   if (!view.Seen(*place, 2.0 * length)) return;
   const int width = std::clamp<int>(config.barb_weight, 1, 10);
   surface.SetPen(width, config.wind_colour);
@@ -180,9 +180,8 @@ void DrawInWind(DrawingSurface& surface, const OverlayView& view, const Program&
 
 void DrawManualWind(DrawingSurface& surface, const OverlayView& view, const Program& program,
                     const ViewState&) {
-  ForLattice(view, program.config, [&](Position at) {
-    DrawInWind(surface, view, program, at, program.working_wind);
-  });
+  ForLattice(view, program.config,
+             [&](Position at) { DrawInWind(surface, view, program, at, program.working_wind); });
 }
 
 void NameManualWind(LabelList& names, const OverlayView& view, const Program& program,

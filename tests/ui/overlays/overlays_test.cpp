@@ -184,7 +184,7 @@ TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOtherAndThenTheNames) {
     rows += shapes(row);
   }
   EXPECT_EQ(shapes(whole), rows);
-  // No replay runs; the others have no drawer yet.
+  // No replay runs, the wind is hidden, and targets have no drawer yet.
   EXPECT_EQ(silent, (std::set<std::string_view>{"wind entered", "wind imported", "AIS targets",
                                                 "boat of a replay"}));
   EXPECT_EQ(Draw(), whole) << "a paint changed something that the next one sees";

@@ -6,8 +6,8 @@ std::vector<const Command*> AllCommands() {
   std::vector<const Command*> all;
   for (const std::span<const Command> rows :
        {FileCommands(), ChartCommands(), RouteCommands(), TimeCommands(), WaypointCommands(),
-        ViewCommands(), TideCommands(), StreamCommands(), DriftCommands(), HelpCommands(),
-        LaterCommands()}) {
+        ViewCommands(), TideCommands(), StreamCommands(), DriftCommands(), WindCommands(),
+        HelpCommands(), LaterCommands()}) {
     for (const Command& command : rows) all.push_back(&command);
   }
   return all;

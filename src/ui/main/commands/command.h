@@ -52,6 +52,7 @@ std::span<const Command> ViewCommands();
 std::span<const Command> TideCommands();
 std::span<const Command> StreamCommands();
 std::span<const Command> DriftCommands();
+std::span<const Command> WindCommands();
 std::span<const Command> HelpCommands();
 // What belongs to subsystems that are not there yet.
 std::span<const Command> LaterCommands();

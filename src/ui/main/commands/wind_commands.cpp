@@ -1,0 +1,41 @@
+#include "ui/main/chart_controller.h"
+#include "ui/main/chart_mouse.h"
+#include "ui/main/commands/command.h"
+#include "ui/main/context.h"
+#include "ui/main/look_controller.h"
+#include "ui/main/mob_controller.h"
+#include "ui/main/route_controller.h"
+#include "ui/main/time_controller.h"
+
+namespace skerrow {
+namespace {
+
+// Makes the wind entered or that of the forecast the one in use. The points of the route take the
+// forecast's wind at once; what it does not reach is told.
+void UseWind(Context& c, std::int16_t manual) {
+  c.look.SaveConfigChange([&](AppConfig& config) { config.use_manual_wind = manual; });
+  RecomputeWinds(c.program.route, RouteDefaultsOf(c.program), c.messages);
+  c.desktop.window.Changed(kRouteChanged | kSettingsChanged);
+}
+
+constexpr Command kCommands[] = {
+    {"mnuUserEntered", "&User Entered Wind", "", "One wind for the whole passage, as entered", "",
+     kNoNeed, [](Context& c) { UseWind(c, kTrue); },
+     [](const Context& c) { return c.program.config.use_manual_wind != 0; }},
+    {"mnuSmartMet", "&Forecast Wind", "", "The wind of the imported forecast", "", kNoNeed,
+     [](Context& c) { UseWind(c, kFalse); },
+     [](const Context& c) { return c.program.config.use_manual_wind == 0; }},
+    {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "The wind all over the chart", "#",
+     kNoNeed, [](Context& c) { c.look.Toggle(&AppConfig::show_wind_grid); },
+     [](const Context& c) { return c.program.config.show_wind_grid != 0; }},
+    {"mnuDisplayWindOverRoute", "Show/Hide Wind Over &Route", "windover",
+     "The wind at each point of the route", "N", kNoNeed,
+     [](Context& c) { c.look.Toggle(&AppConfig::show_wind_over_route); },
+     [](const Context& c) { return c.program.config.show_wind_over_route != 0; }},
+};
+
+}  // namespace
+
+std::span<const Command> WindCommands() { return kCommands; }
+
+}  // namespace skerrow
