@@ -6,7 +6,7 @@
 
 #include "core/files.h"
 #include "core/text.h"
-#include "wind/wind_store.h"
+#include "wind/grib_winds.h"
 
 namespace skerrow {
 namespace {
@@ -63,17 +63,21 @@ GribFile ReadForecastFile(const std::string& path, ForecastReader& reader, Messa
 bool ImportForecast(const Folders& folders, std::vector<GribRecord> records,
                     std::optional<DayAndYear> begin_today, Messages& messages) {
   if (begin_today) BeginOn(*begin_today, records);
-  const std::vector<WindCell> cells = MakeWindCells(records, messages);
-  const bool any = std::any_of(cells.begin() + 1, cells.end(),
-                               [](const WindCell& cell) { return cell.speed < kNoWind; });
+  const std::vector<GribWind> winds = MakeGribWinds(records, messages);
+  const bool any = std::any_of(winds.begin(), winds.end(),
+                               [](const GribWind& wind) { return wind.speed < kNoWind; });
   if (!any) {
     messages.Show("There is no wind in this forecast. What was imported before is kept.",
                   MessageIcon::kWarning);
     return false;
   }
-  if (const Status written = WriteWindStore(folders, cells); !written) {
+  if (const Status written = WriteWindStore(folders, WindCellsOf(winds)); !written) {
     messages.Show(written.error().Text(), MessageIcon::kError);
     return false;
+  }
+  // The store is what counts; the viewer's copy may fail without harm to it.
+  if (const Status written = WriteGribWinds(folders, winds); !written) {
+    messages.Show(written.error().Text(), MessageIcon::kWarning);
   }
   messages.Show("File Imported", MessageIcon::kInformation);
   return true;

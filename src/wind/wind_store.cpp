@@ -7,6 +7,7 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
+#include "wind/grib_winds.h"
 
 namespace skerrow {
 namespace {
@@ -14,7 +15,6 @@ namespace {
 // Metres a second in a knot, as the stores of this program have always had it.
 constexpr double kMetresPerSecond = 0.5148;
 constexpr double kTooLarge = 1e29;
-constexpr float kPlaceholderLongitude = 1.0F;
 
 // The wind messages of one time.
 struct Frame {
@@ -50,17 +50,23 @@ bool RunsEast(const GribGrid& grid) {
   return std::abs(eastward - grid.di * (grid.ni - 1)) < 0.5 * grid.di;
 }
 
-WindCell CellOf(const Frame& frame, std::size_t point) {
-  WindCell cell;
-  cell.speed = kNoWind;
-  if (frame.u == nullptr || frame.v == nullptr) return cell;
-  const double u = frame.u->values[point];
-  const double v = frame.v->values[point];
-  if (u >= kTooLarge || v >= kTooLarge) return cell;
-  cell.speed = static_cast<float>(std::sqrt(u * u + v * v) / kMetresPerSecond);
-  cell.direction = static_cast<float>(WindDirection(u, v));
-  if (cell.direction >= 360.0F) cell.direction = 0.0F;  // rounded up to the full circle
-  return cell;
+// The wind at a point of a frame, without its time and place.
+GribWind WindOf(const Frame& frame, std::size_t point) {
+  const auto component = [point](const GribRecord* field) {
+    const double value = field == nullptr ? kGribMissing : field->values[point];
+    return value >= kTooLarge ? std::nullopt : std::optional<double>(value);
+  };
+  const std::optional<double> u = component(frame.u);
+  const std::optional<double> v = component(frame.v);
+  GribWind wind;
+  wind.speed = kNoWind;
+  wind.u = static_cast<float>(u.value_or(kNoComponent));
+  wind.v = static_cast<float>(v.value_or(kNoComponent));
+  if (!u || !v) return wind;
+  wind.speed = static_cast<float>(std::sqrt(*u * *u + *v * *v) / kMetresPerSecond);
+  wind.direction = static_cast<float>(WindDirection(*u, *v));
+  if (wind.direction >= 360.0F) wind.direction = 0.0F;  // rounded up to the full circle
+  return wind;
 }
 
 bool Usable(const WindCell& cell) {
@@ -87,7 +93,7 @@ double WindDirection(double u, double v) {
   return direction;
 }
 
-std::vector<WindCell> MakeWindCells(std::span<const GribRecord> records, Messages& messages) {
+std::vector<GribWind> MakeGribWinds(std::span<const GribRecord> records, Messages& messages) {
   const GribGrid* grid = nullptr;
   std::map<double, Frame> frames;
   std::size_t left_out = 0;
@@ -103,31 +109,37 @@ std::vector<WindCell> MakeWindCells(std::span<const GribRecord> records, Message
     Frame& frame = frames[record.Time()];
     Take(record, record.parameter == kGribWindU ? frame.u : frame.v);
   }
-  std::vector<WindCell> cells(1);
-  cells[0].longitude = kPlaceholderLongitude;
+  std::vector<GribWind> winds;
   if (left_out > 0) {
     messages.Show(std::to_string(left_out) +
                       " messages of the wind are left out: their grid is another one, has no "
                       "latitudes and longitudes, or their time is not known",
                   MessageIcon::kWarning);
   }
-  if (grid == nullptr) return cells;
+  if (grid == nullptr) return winds;
   const double dj = grid->la2 >= grid->la1 ? grid->dj : -static_cast<double>(grid->dj);
   const double di = RunsEast(*grid) ? grid->di : -static_cast<double>(grid->di);
-  cells.reserve(1 + frames.size() * grid->Points());
+  winds.reserve(frames.size() * grid->Points());
+  std::int32_t number = 0;
   for (const auto& [time, frame] : frames) {
     std::size_t point = 0;
+    ++number;
     for (int j = 0; j < grid->nj; ++j) {
       for (int i = 0; i < grid->ni; ++i) {
-        WindCell cell = CellOf(frame, point++);
-        cell.time = static_cast<float>(time);
-        cell.latitude = static_cast<float>(grid->la1 + j * dj);
-        cell.longitude = static_cast<float>(Normalised(grid->lo1 + i * di));
-        cells.push_back(cell);
+        GribWind wind = WindOf(frame, point++);
+        wind.time = static_cast<float>(time);
+        wind.latitude = static_cast<float>(grid->la1 + j * dj);
+        wind.longitude = static_cast<float>(Normalised(grid->lo1 + i * di));
+        wind.frame = number;
+        winds.push_back(wind);
       }
     }
   }
-  return cells;
+  return winds;
+}
+
+std::vector<WindCell> MakeWindCells(std::span<const GribRecord> records, Messages& messages) {
+  return WindCellsOf(MakeGribWinds(records, messages));
 }
 
 Status WriteWindStore(const Folders& folders, std::span<const WindCell> cells) {

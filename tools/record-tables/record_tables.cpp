@@ -8,6 +8,7 @@
 #include "tides/diamond.h"
 #include "tides/harmonic_streams.h"
 #include "tides/port.h"
+#include "wind/grib_winds.h"
 #include "wind/wind_config.h"
 #include "wind/wind_store.h"
 
@@ -27,6 +28,7 @@ std::string AllRecordTables() {
   return Section("Settings: HelmConfigv60.cfg", kAppConfigFields) +
          Section("Wind settings: WindConfig.cfg", kWindConfigFields) +
          Section("Imported wind: ~wind.dat", kWindCellFields) +
+         Section("Imported wind with its components, for the viewer: ~GrDa.tmp", kGribWindFields) +
          Section("Waypoints: *.way", kWaypointFields) + Section("Routes: *.rte", kRouteFields) +
          Section("Chart calibration: *.cht", kChartFileFields) +
          Section("Chart index: *.xrf", kChartIndexFields) +

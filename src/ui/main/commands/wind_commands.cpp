@@ -6,6 +6,7 @@
 #include "ui/main/mob_controller.h"
 #include "ui/main/route_controller.h"
 #include "ui/main/time_controller.h"
+#include "ui/wind/frmGribImport.h"
 
 namespace skerrow {
 namespace {
@@ -25,6 +26,8 @@ constexpr Command kCommands[] = {
     {"mnuSmartMet", "&Forecast Wind", "", "The wind of the imported forecast", "", kNoNeed,
      [](Context& c) { UseWind(c, kFalse); },
      [](const Context& c) { return c.program.config.use_manual_wind == 0; }},
+    {"mnuWindGribImport", "&Import GRIB File", "wind", "Reads the wind of a forecast file", "",
+     kNoNeed, [](Context& c) { frmGribImport(c.desktop, &c.window).exec(); }},
     {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "The wind all over the chart", "#",
      kNoNeed, [](Context& c) { c.look.Toggle(&AppConfig::show_wind_grid); },
      [](const Context& c) { return c.program.config.show_wind_grid != 0; }},
