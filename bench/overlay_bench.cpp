@@ -1,5 +1,5 @@
 // Times a full paint of the overlays on a picture of 1920 x 1080, the chart itself excluded: 2,000
-// waypoints, a route of 100 points and tracks of 10,000 points. Prints the median of each overlay
+// waypoints, 2,000 wind barbs, a route of 100 points and tracks of 10,000 points. Prints the median of each overlay
 // and of the whole, with everything in view and zoomed in; then frames of the viewer, with all of
 // it and with nothing: a drag, a move of the mouse, and a redraw.
 //   overlay_bench
@@ -38,6 +38,8 @@ constexpr std::size_t kRoutePoints = 100;
 constexpr int kTrackPoints = 10000;
 constexpr int kCharts = 200;
 constexpr int kPorts = 200;
+constexpr int kWindRows = 40;
+constexpr int kWindColumns = 50;
 
 class StillClock final : public Clock {
  public:
@@ -111,6 +113,24 @@ void Fill(Program& program, ViewState& state) {
   for (int i = 0; i < kPorts; ++i) {
     program.port_markers.push_back(
         {"Port " + std::to_string(i), latitude(random), longitude(random)});
+  }
+  // Barbs short enough for all of them to show with the whole chart in view.
+  program.config.show_wind_grid = kTrue;
+  program.config.use_manual_wind = kFalse;
+  program.config.barb_length = 14.0F;
+  WindField& field = program.wind_field;
+  field.row_step = 0.96F / (kWindRows - 1);
+  field.column_step = 1.96F / (kWindColumns - 1);
+  std::uniform_real_distribution<float> knots(0.0F, 70.0F);
+  std::uniform_real_distribution<float> degrees(0.0F, 360.0F);
+  for (int row = 0; row < kWindRows; ++row) {
+    for (int column = 0; column < kWindColumns; ++column) {
+      field.winds.push_back({{50.02F + field.row_step * static_cast<float>(row),
+                              -2.98F + field.column_step * static_cast<float>(column)},
+                             {.speed_kn = knots(random), .from_deg = degrees(random)},
+                             row,
+                             column});
+    }
   }
   program.config.show_chart_boundaries = kTrue;
   program.config.boat_future_tide_plot = kTrue;

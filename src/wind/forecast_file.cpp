@@ -13,21 +13,6 @@ namespace {
 
 constexpr std::size_t kShortestName = 5;
 
-// Moves the reference dates by whole days, so that the first time lies on `day`.
-void BeginOn(DayAndYear day, std::vector<GribRecord>& records) {
-  double first = 0.0;
-  bool any = false;
-  for (const GribRecord& record : records) {
-    if (record.values.empty()) continue;
-    first = any ? std::min(first, record.Time()) : record.Time();
-    any = true;
-  }
-  if (!any) return;
-  const auto shift =
-      static_cast<float>(24.0 * (DaysFrom2000(day) - static_cast<int>(std::floor(first))));
-  for (GribRecord& record : records) record.valid_hour += shift;
-}
-
 }  // namespace
 
 bool IsForecastName(std::string_view name) {
@@ -58,6 +43,20 @@ GribFile ReadForecastFile(const std::string& path, ForecastReader& reader, Messa
   file.records = std::move(records.value());
   file.whole = true;
   return file;
+}
+
+void BeginOn(DayAndYear day, std::vector<GribRecord>& records) {
+  double first = 0.0;
+  bool any = false;
+  for (const GribRecord& record : records) {
+    if (record.values.empty()) continue;
+    first = any ? std::min(first, record.Time()) : record.Time();
+    any = true;
+  }
+  if (!any) return;
+  const auto shift =
+      static_cast<float>(24.0 * (DaysFrom2000(day) - static_cast<int>(std::floor(first))));
+  for (GribRecord& record : records) record.valid_hour += shift;
 }
 
 bool ImportForecast(const Folders& folders, std::vector<GribRecord> records,

@@ -27,6 +27,9 @@ bool IsForecastName(std::string_view name);
 GribFile ReadForecastFile(const std::string& path, ForecastReader& reader, Messages& messages,
                           Progress& progress);
 
+// Moves the times of a forecast by whole days, so that the first one of its wind lies on `day`.
+void BeginOn(DayAndYear day, std::vector<GribRecord>& records);
+
 // Puts the wind of a forecast in the place of the store's, and shows "File Imported". False, with
 // the store as it was and a message, when there is no wind in the forecast or the store can not be
 // written. With `begin_today` the times move by whole days, so that the first one lies on that day;

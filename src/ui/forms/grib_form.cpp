@@ -131,11 +131,12 @@ void ForecastImport::Run() {
   Teller teller(*this);
   const std::unique_ptr<ForecastReader> reader = MakeForecastReader();
   GribFile file = ReadForecastFile(path_, *reader, keeper, teller);
+  if (begin_today_) BeginOn(*begin_today_, file.records);
   records_ = static_cast<int>(file.records.size());
   rows_ = GribRows(file.records);
   if (!cancelled_ && !file.records.empty()) {
     writing_ = true;
-    imported_ = ImportForecast(folders_, std::move(file.records), begin_today_, keeper);
+    imported_ = ImportForecast(folders_, std::move(file.records), std::nullopt, keeper);
   }
   done_ = true;
 }

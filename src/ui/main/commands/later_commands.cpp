@@ -52,7 +52,6 @@ constexpr Command kCommands[] = {
     {"mnuAISReplayPause", "Pa&use Replay", "", "", ""},
     {"mnuAISReplayHalt", "&Halt Replay", "", "", ""},
     {"mnuWindEnter", "&Enter Wind", "", "", ""},
-    {"mnuViewSmartMet", "&View Wind Data", "", "", ""},
     {"mnuWindTrueApp", "&True and Apparent Wind", "", "", ""},
     {"mnuGPSAISConfig", "Instruments (GPS && AIS)", "configgps", "", ""},
     {"mnuCommsMonitor", "Comms Ports Diagnostics", "", "", ""},

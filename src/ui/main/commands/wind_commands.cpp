@@ -7,14 +7,21 @@
 #include "ui/main/route_controller.h"
 #include "ui/main/time_controller.h"
 #include "ui/wind/frmGribImport.h"
+#include "ui/wind/frmViewSmartMet.h"
 
 namespace skerrow {
 namespace {
 
-// Makes the wind entered or that of the forecast the one in use. The points of the route take the
-// forecast's wind at once; what it does not reach is told.
+// Makes the wind entered or that of the forecast the one in use. The points of the route take it at
+// once; what the forecast does not reach is told.
 void UseWind(Context& c, std::int16_t manual) {
   c.look.SaveConfigChange([&](AppConfig& config) { config.use_manual_wind = manual; });
+  if (manual != 0) {
+    for (RoutePoint& point : c.program.route.points) {
+      point.wind_speed = c.program.working_wind.speed_kn;
+      point.wind_direction = c.program.working_wind.from_deg;
+    }
+  }
   RecomputeWinds(c.program.route, RouteDefaultsOf(c.program), c.messages);
   c.desktop.window.Changed(kRouteChanged | kSettingsChanged);
 }
@@ -28,6 +35,8 @@ constexpr Command kCommands[] = {
      [](const Context& c) { return c.program.config.use_manual_wind == 0; }},
     {"mnuWindGribImport", "&Import GRIB File", "wind", "Reads the wind of a forecast file", "",
      kNoNeed, [](Context& c) { frmGribImport(c.desktop, &c.window).exec(); }},
+    {"mnuViewSmartMet", "&View Wind Data", "", "The imported wind as a list", "", kNoNeed,
+     [](Context& c) { frmViewSmartMet(c.desktop, &c.window).exec(); }},
     {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "The wind all over the chart", "#",
      kNoNeed, [](Context& c) { c.look.Toggle(&AppConfig::show_wind_grid); },
      [](const Context& c) { return c.program.config.show_wind_grid != 0; }},
