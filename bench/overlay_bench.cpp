@@ -1,7 +1,7 @@
 // Times a full paint of the overlays on a picture of 1920 x 1080, the chart itself excluded: 2,000
-// waypoints, 2,000 wind barbs, a route of 100 points and tracks of 10,000 points. Prints the median of each overlay
-// and of the whole, with everything in view and zoomed in; then frames of the viewer, with all of
-// it and with nothing: a drag, a move of the mouse, and a redraw.
+// waypoints, 2,000 wind barbs, a route of 100 points and tracks of 10,000 points. Prints the median
+// of each overlay and of the whole, with everything in view and zoomed in; then frames of the
+// viewer, with all of it and with nothing: a drag, a move of the mouse, and a redraw.
 //   overlay_bench
 
 #include <QApplication>

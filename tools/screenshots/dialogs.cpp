@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
+#include <filesystem>
 
 #include "album.h"
 #include "app/recovery.h"
@@ -26,6 +27,7 @@
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/dialogs/frmtimdat.h"
 #include "ui/forms/calc_route_form.h"
+#include "ui/forms/grib_form.h"
 #include "ui/forms/report_look.h"
 #include "ui/help/frmPDFReader.h"
 #include "ui/routes/frmFileDelete.h"
@@ -49,6 +51,9 @@
 #include "ui/tides/frmTideOptions.h"
 #include "ui/tides/frmharmedit.h"
 #include "ui/widgets/desktop_messages.h"
+#include "ui/wind/frmGribImport.h"
+#include "ui/wind/frmViewSmartMet.h"
+#include "ui/wind/frmViewWind.h"
 
 namespace screenshots {
 namespace {
@@ -150,6 +155,29 @@ void KeepTides(const Album& album, Studio& studio) {
   album.Keep(rate, "frmDiaRate");
 }
 
+// The windows of the wind, with the sample forecast imported.
+void KeepWind(const Album& album, Studio& studio) {
+  Desktop desktop = studio.desktop();
+  Program& program = studio.program;
+  const AppConfig before = program.config;
+  const std::string sample = SampleForecast(program.folders);
+  for (const char* name : {"Channel low.grb", "20261205_0601_GFS.grb"}) {
+    std::filesystem::copy_file(sample, program.folders.GribData() + "/" + name,
+                               std::filesystem::copy_options::skip_existing);
+  }
+  frmGribImport grib(desktop, nullptr);
+  grib.findChild<QPushButton*>("cmdSample")->click();
+  album.Keep(grib, "frmGribImport");
+  frmViewSmartMet list(desktop, nullptr);
+  album.Keep(list, "frmViewSmartMet");
+  frmViewWind components(desktop, nullptr);
+  album.Keep(components, "frmViewWind");
+  program.config = before;
+  if (const Status saved = SaveConfig(program.folders, before); !saved) {
+    std::fprintf(stderr, "%s\n", saved.error().Text().c_str());
+  }
+}
+
 void KeepSettings(const Album& album, Studio& studio) {
   Desktop desktop = studio.desktop();
   frmConfigure settings(desktop, {}, nullptr);
@@ -248,6 +276,7 @@ void KeepWaypoints(const Album& album, Studio& studio) {
 void KeepDialogs(const Album& album, Studio& studio) {
   KeepPassage(album, studio);
   KeepTides(album, studio);
+  KeepWind(album, studio);
   KeepSettings(album, studio);
   KeepRoutes(album, studio);
   KeepWaypoints(album, studio);

@@ -50,8 +50,8 @@ class ForecastImport {
 
   bool done() const { return done_; }
   bool writing() const { return writing_; }
-  int records() const { return records_; }      // messages read so far
-  double percent() const { return percent_; }   // of the file
+  int records() const { return records_; }     // messages read so far
+  double percent() const { return percent_; }  // of the file
   bool cancelled() const { return cancelled_; }
 
   // What came of it, once it is done.

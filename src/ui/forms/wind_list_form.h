@@ -19,7 +19,8 @@ struct WindTime {
   std::vector<std::size_t> records;  // in file order, from 0
 };
 
-// The times of a store, without its placeholder, and those of the viewer's file; the earliest first.
+// The times of a store, without its placeholder, and those of the viewer's file; the earliest
+// first.
 std::vector<WindTime> TimesOf(const std::vector<WindCell>& cells);
 std::vector<WindTime> TimesOf(const std::vector<GribWind>& winds);
 

@@ -39,8 +39,9 @@ frmGribImport::frmGribImport(Desktop& desktop, QWidget* parent)
   body()->addLayout(columns, 1);
   use_->setChecked(true);
   body()->addWidget(use_);
-  body()->addWidget(MakeHint("GRIB files are complex and take some time to read. What is imported "
-                             "is kept until the next import."));
+  body()->addWidget(
+      MakeHint("GRIB files are complex and take some time to read. What is imported "
+               "is kept until the next import."));
   bar_->setRange(0, 100);
   bar_->setTextVisible(false);
   sample_ = AddLeftButton("cmdSample", "&Open a sample forecast",
@@ -73,8 +74,9 @@ void frmGribImport::ListFiles() {
     files_->addItem(ToQt(name));
   }
   if (files_->count() == 0) {
-    file_name_->setText("There is no forecast file yet. Save one from a forecast service in the "
-                        "folder below, or open the sample.");
+    file_name_->setText(
+        "There is no forecast file yet. Save one from a forecast service in the "
+        "folder below, or open the sample.");
   } else {
     files_->setCurrentRow(0);
   }
@@ -82,8 +84,8 @@ void frmGribImport::ListFiles() {
 
 void frmGribImport::ShowFile() {
   const QList<QListWidgetItem*> selected = files_->selectedItems();
-  file_name_->setText(
-      selected.isEmpty() ? QString() : ToQt(DownloadText(FromQt(selected.front()->text()))));
+  file_name_->setText(selected.isEmpty() ? QString()
+                                         : ToQt(DownloadText(FromQt(selected.front()->text()))));
 }
 
 void frmGribImport::ImportSelected() {
@@ -157,11 +159,10 @@ void frmGribImport::Import(const std::string& path, std::optional<DayAndYear> be
 void frmGribImport::UseForecast() {
   Program& program = desktop().program;
   if (use_->isChecked()) {
-    const Status saved =
-        ReloadThenSave(program.folders, program.config, [](AppConfig& config) {
-          config.use_manual_wind = kFalse;
-          config.show_wind_grid = kTrue;
-        });
+    const Status saved = ReloadThenSave(program.folders, program.config, [](AppConfig& config) {
+      config.use_manual_wind = kFalse;
+      config.show_wind_grid = kTrue;
+    });
     if (!saved) desktop().messages.Show(saved.error().Text(), MessageIcon::kWarning);
   }
   RecomputeWinds(program.route, RouteDefaultsOf(program), desktop().messages);

@@ -1,13 +1,12 @@
 // The import of forecasts, by real events and from real files.
 
-#include "ui/wind/frmGribImport.h"
-
 #include <QLabel>
 #include <filesystem>
 
 #include "support/hands.h"
 #include "support/sample_desk.h"
 #include "ui/forms/grib_form.h"
+#include "ui/wind/frmGribImport.h"
 
 namespace skerrow::testing {
 namespace {
@@ -32,8 +31,7 @@ TEST_F(GribImport, AFileIsChosenReadAndImported) {
   frmGribImport form(desktop, nullptr);
   Show(form);
   ASSERT_EQ(Find<QListWidget>(form, "FileList")->count(), 2);
-  EXPECT_EQ(Said(form, "lblFileName"),
-            "Downloaded on 5/12/2026(At 06:01)  Valid from 5/12/2026");
+  EXPECT_EQ(Said(form, "lblFileName"), "Downloaded on 5/12/2026(At 06:01)  Valid from 5/12/2026");
   messages.Expect("File Imported", MessageIcon::kInformation);
   Click(form, "cmdExport");
   EXPECT_EQ(TextOf(form, "List1", 0), "Rec No\tParam Number\tTime");
@@ -117,15 +115,14 @@ TEST(GribForm, TheDateOfADownloadFromItsName) {
   const struct {
     const char* name;
     const char* text;
-  } rows[] = {
-      {"20261205_060133_GFS_20261206.grb",
-       "Downloaded on 5/12/2026(At 06:01)  Valid from 6/12/2026"},
-      {"GFS_1833_20270101.grb2", "Downloaded on 1/1/2027(At 18:33)  Valid from 1/1/2027"},
-      {"20261205_0601_ICON.grb", ""},
-      {"GFS20261205.grb", ""},
-      {"GFS_20261305_0601.grb", ""},
-      {"GFS_20261205_2460.grb", ""},
-      {"GFS_.grb", ""}};
+  } rows[] = {{"20261205_060133_GFS_20261206.grb",
+               "Downloaded on 5/12/2026(At 06:01)  Valid from 6/12/2026"},
+              {"GFS_1833_20270101.grb2", "Downloaded on 1/1/2027(At 18:33)  Valid from 1/1/2027"},
+              {"20261205_0601_ICON.grb", ""},
+              {"GFS20261205.grb", ""},
+              {"GFS_20261305_0601.grb", ""},
+              {"GFS_20261205_2460.grb", ""},
+              {"GFS_.grb", ""}};
   for (const auto& row : rows) EXPECT_EQ(DownloadText(row.name), row.text) << row.name;
 }
 

@@ -8,6 +8,7 @@
 #include "ui/forms/wind_list_form.h"
 #include "ui/wind/frmViewSmartMet.h"
 #include "ui/wind/frmViewWind.h"
+#include "wind/forecast_file.h"
 
 namespace skerrow::testing {
 namespace {
@@ -54,7 +55,8 @@ TEST_F(WindLists, TheViewersFileHasTheWindsWithTheirComponents) {
   EXPECT_EQ((*winds)[0].latitude, 50.0F);
   EXPECT_EQ((*winds)[0].longitude, -6.0F);
   EXPECT_EQ((*winds)[0].frame, 1);
-  EXPECT_EQ((*winds)[1], (GribWind{kDay + 0.375F, 50.0F, -5.0F, kNoWind, 0.0F, kNoComponent, -3.0F, 1}));
+  EXPECT_EQ((*winds)[1],
+            (GribWind{kDay + 0.375F, 50.0F, -5.0F, kNoWind, 0.0F, kNoComponent, -3.0F, 1}));
   EXPECT_EQ((*winds)[3].frame, 2);
   EXPECT_EQ((*winds)[3].direction, 270.0F);
 }
