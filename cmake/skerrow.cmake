@@ -70,3 +70,14 @@ function(skerrow_library name)
     target_link_libraries(skerrow_${name} PUBLIC skerrow_${below})
   endforeach()
 endfunction()
+
+# skerrow_moc(TARGET): runs Qt's compiler over the target's headers. A header that came to the list
+# after the first build is not seen by CMake 3.25, which a missing time stamp makes look again.
+function(skerrow_moc target)
+  set_target_properties(${target} PROPERTIES AUTOMOC ON)
+  get_target_property(sources ${target} SOURCES)
+  if(NOT "${sources}" STREQUAL "${skerrow_${target}_sources}")
+    file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/timestamp)
+    set(skerrow_${target}_sources "${sources}" CACHE INTERNAL "what ${target} is made of")
+  endif()
+endfunction()

@@ -166,15 +166,6 @@ Outcome MonthAnswer(Session& session, const FoundPort& found, const TideScreen& 
   return answer;
 }
 
-constexpr const char* kSunEventNames[kSunEvents] = {"Astronomical twilight begins",
-                                                    "Nautical twilight begins",
-                                                    "Civil twilight begins",
-                                                    "Sunrise",
-                                                    "Sunset",
-                                                    "Civil twilight ends",
-                                                    "Nautical twilight ends",
-                                                    "Astronomical twilight ends"};
-
 Json TimesJson(const SunTimes& times) {
   Json list = Json::array();
   for (const double hours : times.hours) list.push_back(Number(hours));
@@ -242,7 +233,8 @@ Outcome ShowSun(Session& session, const SunWords& words) {
                    {"dayOfYear", SunDayOfYear(date.day_of_month, date.month, day->year)}};
   TextTable table({DateText(*day), ">Time"});
   for (std::size_t event = 0; event < kSunEvents; ++event) {
-    table.Add({kSunEventNames[event], SunEventText(times, static_cast<SunEvent>(event))});
+    const auto named = static_cast<SunEvent>(event);
+    table.Add({SunEventName(named), SunEventText(times, named)});
   }
   answer.text = table.Text();
   return answer;

@@ -138,6 +138,18 @@ std::string ShortMonth(int month) { return LongMonthName(month).substr(0, 3); }
 
 }  // namespace
 
+const char* SunEventName(SunEvent event) {
+  constexpr const char* kNames[kSunEvents] = {"Astronomical twilight begins",
+                                              "Nautical twilight begins",
+                                              "Civil twilight begins",
+                                              "Sunrise",
+                                              "Sunset",
+                                              "Civil twilight ends",
+                                              "Nautical twilight ends",
+                                              "Astronomical twilight ends"};
+  return kNames[event];
+}
+
 int SunDayOfYear(int day, int month, int year) {
   const int c = year % 4 == 0 ? 1 : 2;
   return day + 275 * month / 9 - c * ((month + 9) / 12) - 30;

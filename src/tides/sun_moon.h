@@ -22,6 +22,9 @@ enum SunEvent : std::size_t {
   kSunEvents,
 };
 
+// What an event is called: "Sunrise", "Nautical twilight begins" ..
+const char* SunEventName(SunEvent event);
+
 // The events of one date.
 struct SunTimes {
   // Hours of the clock. With summer time one can lie past 24. An event that does not happen on that

@@ -33,10 +33,7 @@ frmCalcCOG::frmCalcCOG(Desktop& desktop, QWidget* parent)
       speed_(MakeSpeedEdit(desktop.messages, "Txtboatspeed")),
       duration_(new FilteredEdit(KeyFilter::kTime, desktop.messages, "txtDuration")),
       heading_(MakeBearingEdit(desktop.messages, "txtBearing")),
-      leeway_on_(Named<QCheckBox>("chkLeeway", "Allow for &leeway")),
-      leeway_(new FilteredEdit(KeyFilter::kNumber, desktop.messages, "txtLeeWay")),
-      wind_port_(Named<QRadioButton>("optPort", "Wind from &port")),
-      wind_starboard_(Named<QRadioButton>("optStarboard", "Wind from sta&rboard")),
+      leeway_(new LeewayBox(desktop.messages)),
       waypoints_(new TextList(desktop.clipboard, "lstWaypoints")),
       to_start_(Named<QPushButton>("cmdcopytostart", "Use for St&art")),
       to_dest_(Named<QPushButton>("cmdcopytodest", "Use for D&est")),
@@ -57,15 +54,9 @@ frmCalcCOG::frmCalcCOG(Desktop& desktop, QWidget* parent)
 
   const CalcRouteTexts texts = CalcRouteTextsOf(desktop.program);
   speed_->SetText(FormatFixed(desktop.program.route_speed, 1, 1));
-  leeway_->SetText(texts.leeway);
-  leeway_on_->setChecked(texts.use_leeway);
-  const auto enable_leeway = [this] {
-    for (QWidget* widget : std::initializer_list<QWidget*>{leeway_, wind_port_, wind_starboard_}) {
-      widget->setEnabled(leeway_on_->isChecked());
-    }
-  };
-  connect(leeway_on_, &QCheckBox::toggled, this, enable_leeway);
-  enable_leeway();
+  leeway_->Set(texts.use_leeway, texts.leeway);
+  leeway_->AddHint(
+      "Sets the boat off the heading steered, away from the wind. The wind itself does not enter.");
   // What is typed belongs to no waypoint.
   for (FilteredEdit* box : {start_latitude_, start_longitude_}) {
     connect(box, &QLineEdit::textEdited, this, [this] { ShowName(start_name_, ""); });
@@ -107,7 +98,7 @@ QWidget* frmCalcCOG::MakeEntries() {
   rows->addWidget(start, 3, 1);
   rows->setColumnStretch(1, 1);
   column->addWidget(boat);
-  column->addWidget(MakeLeewayBox());
+  column->addWidget(leeway_);
   column->addStretch(1);
   return side;
 }
@@ -127,23 +118,6 @@ QWidget* frmCalcCOG::MakePlaces() {
   grid->addWidget(dest_name_, 4, 1, 1, 2);
   dest_latitude_->setToolTip(dest_latitude_->toolTip() + "; may be left empty");
   return places;
-}
-
-QWidget* frmCalcCOG::MakeLeewayBox() {
-  auto* box = new QGroupBox("Leeway");
-  auto* rows = new QVBoxLayout(box);
-  leeway_->SetColumns(5);
-  leeway_->setToolTip("Leeway angle, degrees");
-  auto* sides = new QButtonGroup(this);
-  sides->addButton(wind_port_);
-  sides->addButton(wind_starboard_);
-  rows->addLayout(MakeRow(
-      {leeway_on_, MakeLabel("A&ngle:", leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
-  rows->addLayout(MakeRow({wind_port_, wind_starboard_}));
-  rows->addWidget(
-      MakeHint("Sets the boat off the heading steered, away from the wind. The wind "
-               "itself does not enter."));
-  return box;
 }
 
 QLayout* frmCalcCOG::MakeWaypoints() {
@@ -208,10 +182,7 @@ CogEntry frmCalcCOG::Entry() const {
   entry.speed = speed_->Text();
   entry.duration = duration_->Text();
   entry.heading = heading_->Text();
-  entry.use_leeway = leeway_on_->isChecked();
-  entry.wind_port = wind_port_->isChecked();
-  entry.wind_starboard = wind_starboard_->isChecked();
-  entry.leeway = leeway_->Text();
+  leeway_->Put(entry);
   return entry;
 }
 
@@ -228,7 +199,7 @@ QWidget* frmCalcCOG::BoxOf(DriftField field) const {
     case DriftField::kHeading:
       return heading_;
     case DriftField::kLeeway:
-      return leeway_;
+      return leeway_->angle();
     case DriftField::kNone:
       break;
   }

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QRadioButton>
 
+#include "ui/dialogs/leeway_box.h"
 #include "ui/forms/drift_forms.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/field_edits.h"
@@ -20,7 +21,6 @@ class frmCalcCOG : public Dialog {
  private:
   QWidget* MakeEntries();
   QWidget* MakePlaces();
-  QWidget* MakeLeewayBox();
   QLayout* MakeWaypoints();
   // Puts the selected waypoint into the start or the destination.
   void TakeWaypoint(bool to_start);
@@ -39,10 +39,7 @@ class frmCalcCOG : public Dialog {
   FilteredEdit* speed_;
   FilteredEdit* duration_;
   FilteredEdit* heading_;
-  QCheckBox* leeway_on_;
-  FilteredEdit* leeway_;
-  QRadioButton* wind_port_;
-  QRadioButton* wind_starboard_;
+  LeewayBox* leeway_;
   TextList* waypoints_;
   QPushButton* to_start_;
   QPushButton* to_dest_;

@@ -21,10 +21,7 @@ frmSetLeg::frmSetLeg(Desktop& desktop, QWidget* parent)
       fill_end_(Named<QRadioButton>("optFillDest", "D&estination")),
       speed_(MakeSpeedEdit(desktop.messages, "Txtboatspeed")),
       time_(new TimeEntry(desktop.messages, "txtTime", "lsthrs", "lstmins")),
-      leeway_on_(Named<QCheckBox>("chkLeeway", "Allow for &leeway")),
-      leeway_(new FilteredEdit(KeyFilter::kNumber, desktop.messages, "txtLeeWay")),
-      wind_port_(Named<QRadioButton>("optPort", "Wind from &port")),
-      wind_starboard_(Named<QRadioButton>("optStarboard", "Wind from sta&rboard")),
+      leeway_(new LeewayBox(desktop.messages)),
       waypoints_(new TextList(desktop.clipboard, "lstWaypoints")),
       results_(new TextList(desktop.clipboard, "lstResults")),
       status_(Named<QLabel>("lblStatus")) {
@@ -59,8 +56,7 @@ frmSetLeg::frmSetLeg(Desktop& desktop, QWidget* parent)
   const CalcRouteTexts texts = CalcRouteTextsOf(program);
   time_->SetText(texts.time);
   speed_->SetText(FormatFixed(program.route_speed, 1, 1));
-  leeway_on_->setChecked(texts.use_leeway);
-  leeway_->SetText(texts.leeway);
+  leeway_->Set(texts.use_leeway, texts.leeway);
   // With the option the start is taken as known, and waypoints fill the destination first.
   (program.config.set_leg_option != 0 ? fill_end_ : fill_start_)->setChecked(true);
   start_latitude_->setFocus();
@@ -98,24 +94,9 @@ QWidget* frmSetLeg::MakeEntries() {
   rows->addWidget(MakeLabel("T&ime:", time_->text_box()), 2, 0);
   rows->addWidget(time_, 2, 1);
   column->addWidget(sailing);
-  column->addWidget(MakeLeewayBox());
+  column->addWidget(leeway_);
   column->addStretch(1);
   return side;
-}
-
-QWidget* frmSetLeg::MakeLeewayBox() {
-  auto* box = new QGroupBox("Leeway");
-  auto* rows = new QVBoxLayout(box);
-  leeway_->SetColumns(5);
-  leeway_->setToolTip("Leeway angle, degrees");
-  auto* sides = new QButtonGroup(this);
-  sides->addButton(wind_port_);
-  sides->addButton(wind_starboard_);
-  rows->addWidget(leeway_on_);
-  rows->addLayout(
-      MakeRow({MakeLabel("A&ngle:", leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
-  rows->addLayout(MakeRow({wind_port_, wind_starboard_}));
-  return box;
 }
 
 void frmSetLeg::TakeWaypoint(int row) {
@@ -135,10 +116,7 @@ SetLegEntry frmSetLeg::Entry() const {
   entry.end_latitude = end_latitude_->Text();
   entry.end_longitude = end_longitude_->Text();
   entry.speed = speed_->Text();
-  entry.use_leeway = leeway_on_->isChecked();
-  entry.wind_port = wind_port_->isChecked();
-  entry.wind_starboard = wind_starboard_->isChecked();
-  entry.leeway = leeway_->Text();
+  leeway_->Put(entry);
   entry.time = time_->Text();
   return entry;
 }

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QRadioButton>
 
+#include "ui/dialogs/leeway_box.h"
 #include "ui/forms/set_leg_form.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/field_edits.h"
@@ -19,7 +20,6 @@ class frmSetLeg : public Dialog {
 
  private:
   QWidget* MakeEntries();
-  QWidget* MakeLeewayBox();
   void TakeWaypoint(int row);
   SetLegEntry Entry() const;
   void Calculate();
@@ -32,10 +32,7 @@ class frmSetLeg : public Dialog {
   QRadioButton* fill_end_;
   FilteredEdit* speed_;
   TimeEntry* time_;
-  QCheckBox* leeway_on_;
-  FilteredEdit* leeway_;
-  QRadioButton* wind_port_;
-  QRadioButton* wind_starboard_;
+  LeewayBox* leeway_;
   TextList* waypoints_;
   TextList* results_;
   QLabel* status_;

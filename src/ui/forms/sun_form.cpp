@@ -65,18 +65,10 @@ SunResults MakeSunResults(const SunEntry& entry, Position position, int month, i
 }
 
 std::vector<SunRow> SunRowsOf(const SunDay& day) {
-  constexpr const char* kWords[kSunEvents] = {"Astronomical twilight begins",
-                                              "Nautical twilight begins",
-                                              "Civil twilight begins",
-                                              "Sunrise",
-                                              "Sunset",
-                                              "Civil twilight ends",
-                                              "Nautical twilight ends",
-                                              "Astronomical twilight ends"};
   std::vector<SunRow> rows;
   for (std::size_t event = 0; event < kSunEvents; ++event) {
-    rows.push_back({kWords[event], SunEventText(day.times, static_cast<SunEvent>(event)),
-                    day.times.happens[event]});
+    const auto named = static_cast<SunEvent>(event);
+    rows.push_back({SunEventName(named), SunEventText(day.times, named), day.times.happens[event]});
   }
   return rows;
 }

@@ -107,7 +107,7 @@ const Row kRows[] = {
      "pctScale lblCursor", Open<frmOptResults>},
     {"frmSetLeg", "Single Leg Set-up", "cmdCalculate",
      "txtstartlat txtstartlong txtdestlat txtdestlong optFillStart optFillDest Txtboatspeed "
-     "txtTime lsthrs lstmins chkLeeway txtLeeWay optPort optStarboard lstWaypoints lstResults "
+     "txtTime lsthrs lstmins chkLeeway lstWaypoints lstResults "
      "cmdCalculate cmdCancel",
      "txtLeeWay optPort optStarboard", Open<frmSetLeg>},
     {"frmtimdat", "Date and Time", "cmdOK",

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
-#include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -20,15 +20,23 @@ Plot DayPlot() {
 }
 
 struct TextCall {
-  double x, y;
+  double x = 0.0, y = 0.0;
   std::string across, text;
 };
 
+// The texts among recorded calls, one a line: text X,Y ACROSS top SIZE … "TEXT".
 std::vector<TextCall> TextsOf(const std::string& calls) {
-  static const std::regex form(R"re(text (\S+),(\S+) (\w+) top (\d+) .*"(.*)")re");
   std::vector<TextCall> texts;
-  for (std::sregex_iterator it(calls.begin(), calls.end(), form), end; it != end; ++it) {
-    texts.push_back({std::stod((*it)[1]), std::stod((*it)[2]), (*it)[3], (*it)[5]});
+  std::istringstream lines(calls);
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    std::string what;
+    TextCall call;
+    char comma = 0;
+    if (!(words >> what >> call.x >> comma >> call.y >> call.across) || what != "text") continue;
+    const std::size_t quote = line.find('"');
+    call.text = line.substr(quote + 1, line.rfind('"') - quote - 1);
+    texts.push_back(call);
   }
   return texts;
 }

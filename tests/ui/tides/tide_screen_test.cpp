@@ -356,7 +356,11 @@ TEST_F(TideWindow, TheDepthAtThePlaceIsShownOnceThereIsOne) {
     testing::Click(dialog, "optDaylightSavings");
     testing::Click(dialog, "cmdOK");
   });
+  ASSERT_FALSE(program.tides.ref_port_states.empty());
+  const std::string high_water = program.tides.ref_port_states[0].hw_time;
   Run("mnuoutputoptions");
+  // The streams keep the new time too.
+  EXPECT_NE(program.tides.ref_port_states[0].hw_time, high_water);
   // A month of other times is none of the screen's.
   messages.Expect("Calculate a months tides\nbefore choosing this option");
   Run("mnusavmonth");
@@ -426,6 +430,21 @@ TEST_F(TideWindow, ByNightTheCurveIsDark) {
   QApplication::processEvents();
   EXPECT_LT(plot_->grab().toImage().pixelColor(3, 3).lightness(), 40);
   ApplyTheme(false);
+}
+
+TEST_F(TideWindow, OpensTheEditorsOfPortsAndDiamonds) {
+  const std::pair<const char*, const char*> rows[] = {{"mnumaintainfile", "Harmonic Constants"},
+                                                      {"mnucopyconstants", "Ports Copy Utility"},
+                                                      {"mnuCopyDiamonds", "Copy Tidal Diamonds"}};
+  for (const auto& [action, title] : rows) {
+    QString shown;
+    testing::WithNextDialog([&](QDialog& dialog) {
+      shown = dialog.windowTitle();
+      dialog.reject();
+    });
+    Run(action);
+    EXPECT_EQ(shown.toStdString(), title);
+  }
 }
 
 }  // namespace
