@@ -121,6 +121,21 @@ TEST_F(WindOverlays, ABarbFliesWithTheWindAndItsFeathersStandToWindward) {
   EXPECT_TRUE(Barb(10.0F, 0.0F, {50.5F, -2.0F}).empty()) << "on the border";
 }
 
+TEST_F(WindOverlays, SouthOfTheEquatorTheFeathersStandOnTheOtherSide) {
+  program.charts.chart =
+      *WorkOutChart({-50, 0, -51, 6400, -2, 0, -1, 4000, 100000, 0, 0, 0, 4000, 6400, ""});
+  Look(1.0);
+  const Lines barb = Barb(10.0F, 0.0F, {-50.5F, -1.5F});
+  ASSERT_EQ(barb.size(), 4U);
+  double x = 0.0;
+  double y = 0.0;
+  double tip_x = 0.0;
+  double tip_y = 0.0;
+  ASSERT_EQ(std::sscanf(barb[3].c_str(), "line %lf,%lf %lf,%lf", &x, &y, &tip_x, &tip_y), 4);
+  EXPECT_NEAR(tip_x, x - 9.0, 0.01);
+  EXPECT_NEAR(tip_y, y - 3.6, 0.01);
+}
+
 // The counts of the World Meteorological Organization's plotting model, to the nearest 5 knots.
 TEST_F(WindOverlays, CountsByFiveTenAndFifty) {
   const struct {
