@@ -37,7 +37,7 @@ Result<PolarRows> ReadPolar(const Session& session, const std::string& name) {
 
 Result<float> ParseClosest(const Session& session, const std::string& text) {
   if (text.empty()) return session.program.config.closest_sailing_angle;
-  const Result<float> angle = ParseNumber(text, "closest");
+  Result<float> angle = ParseNumber(text, "closest");
   if (angle && (*angle < 0 || *angle > 180)) {
     return Error{"", "\"" + text + "\" is no angle to the wind (0 to 180 degrees)"};
   }

@@ -120,15 +120,14 @@ class SqlitePolars final : public PolarDatabase {
 
   Status Change(std::string_view set_up, const std::vector<PolarChange>& changes) override {
     return Write([&](const Database& database) -> Status {
-      if (const Status there = MustBeThere(database, set_up); !there) return there;
+      if (Status there = MustBeThere(database, set_up); !there) return there;
       for (const PolarChange& change : changes) {
         if (change.column >= kPolarColumns.size()) return NoCell(database);
-        const std::string table = Quoted(set_up);
-        const Status done =
-            database.Do("UPDATE " + table + " SET " + Quoted(kPolarColumns[change.column]) +
-                            " = ? WHERE rowid = (SELECT rowid FROM " + table +
-                            " ORDER BY rowid LIMIT 1 OFFSET " + std::to_string(change.row) + ")",
-                        {change.text});
+        std::string sql = "UPDATE " + Quoted(set_up);
+        sql.append(" SET ").append(Quoted(kPolarColumns[change.column]));
+        sql.append(" = ? WHERE rowid = (SELECT rowid FROM ").append(Quoted(set_up));
+        sql.append(" ORDER BY rowid LIMIT 1 OFFSET ").append(std::to_string(change.row) + ")");
+        Status done = database.Do(sql, {change.text});
         if (!done) return done;
         if (database.Changed() != 1) return NoCell(database);
       }
@@ -138,7 +137,7 @@ class SqlitePolars final : public PolarDatabase {
 
   Status Create(std::string_view set_up, const PolarRows& rows) override {
     return Write([&](const Database& database) -> Status {
-      if (const Status free = MustBeFree(database, set_up); !free) return free;
+      if (Status free = MustBeFree(database, set_up); !free) return free;
       std::string columns;
       std::string places;
       for (const std::string_view column : kPolarColumns) {
@@ -149,12 +148,12 @@ class SqlitePolars final : public PolarDatabase {
         columns += Quoted(column);
         places += "?";
       }
-      const std::string table = Quoted(set_up);
-      Status done = database.Do("CREATE TABLE " + table + " (" + columns + ")");
+      Status done = database.Do("CREATE TABLE " + Quoted(set_up) + " (" + columns + ")");
+      const std::string insert = "INSERT INTO " + Quoted(set_up) + " VALUES (" + places + ")";
       for (std::size_t i = 0; done && i < rows.size(); ++i) {
         std::vector<std::string> values;
         for (const auto& cell : rows[i]) values.push_back(cell.value_or(""));
-        done = database.Do("INSERT INTO " + table + " VALUES (" + places + ")", values);
+        done = database.Do(insert, values);
       }
       if (!done) return done;
       return database.Do("INSERT INTO SetUps (SetUp) VALUES (?)", {std::string(set_up)});
@@ -163,8 +162,8 @@ class SqlitePolars final : public PolarDatabase {
 
   Status Rename(std::string_view set_up, std::string_view name) override {
     return Write([&](const Database& database) -> Status {
-      if (const Status there = MustBeThere(database, set_up); !there) return there;
-      if (const Status free = MustBeFree(database, name, set_up); !free) return free;
+      if (Status there = MustBeThere(database, set_up); !there) return there;
+      if (Status free = MustBeFree(database, name, set_up); !free) return free;
       // By way of another name, since the database takes names in other letters for the same.
       const std::string between = Quoted("sailing under no name");
       Status done = database.Do("ALTER TABLE " + Quoted(set_up) + " RENAME TO " + between);
@@ -177,8 +176,8 @@ class SqlitePolars final : public PolarDatabase {
 
   Status Delete(std::string_view set_up) override {
     return Write([&](const Database& database) -> Status {
-      if (const Status there = MustBeThere(database, set_up); !there) return there;
-      const Status done = database.Do("DROP TABLE " + Quoted(set_up));
+      if (Status there = MustBeThere(database, set_up); !there) return there;
+      Status done = database.Do("DROP TABLE " + Quoted(set_up));
       if (!done) return done;
       return database.Do("DELETE FROM SetUps WHERE SetUp = ?", {std::string(set_up)});
     });
@@ -224,7 +223,7 @@ class SqlitePolars final : public PolarDatabase {
       return Error{database.path(), "the name of a set-up has from 1 to 64 letters"};
     }
     int tables = 0;
-    const Status read = database.Each(
+    Status read = database.Each(
         "SELECT name FROM sqlite_master WHERE lower(name) = lower(?)", {std::string(name)},
         [&](sqlite3_stmt* row) { tables += TextAt(row, 0) == except ? 0 : 1; });
     if (!read) return read;
@@ -273,7 +272,7 @@ class SqlitePolars final : public PolarDatabase {
     const Result<Database> database = Database::Open(user_, SQLITE_OPEN_READWRITE);
     if (!database) return database.error();
     if (Status begun = database->Do("BEGIN IMMEDIATE"); !begun) return begun;
-    const Status done = work(*database);
+    Status done = work(*database);
     if (!done) {
       (void)database->Do("ROLLBACK");
       return done;
