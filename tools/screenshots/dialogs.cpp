@@ -52,6 +52,7 @@
 #include "ui/tides/frmharmedit.h"
 #include "ui/widgets/desktop_messages.h"
 #include "ui/wind/frmGribImport.h"
+#include "ui/wind/frmTrueAppWind.h"
 #include "ui/wind/frmViewSmartMet.h"
 #include "ui/wind/frmViewWind.h"
 
@@ -65,7 +66,9 @@ void Select(QDialog& dialog, const char* list_name, int row) {
 }
 
 void Fill(QDialog& dialog, const char* box, const char* text) {
-  dialog.findChild<QLineEdit*>(box)->setText(text);
+  auto* edit = dialog.findChild<QLineEdit*>(box);
+  edit->setText(text);
+  emit edit->textEdited(text);  // as typed
 }
 
 void KeepPassage(const Album& album, Studio& studio) {
@@ -172,6 +175,11 @@ void KeepWind(const Album& album, Studio& studio) {
   album.Keep(list, "frmViewSmartMet");
   frmViewWind components(desktop, nullptr);
   album.Keep(components, "frmViewWind");
+  frmTrueAppWind convert(desktop, nullptr);
+  Fill(convert, "txtBoatSpeed", "5.5");
+  Fill(convert, "txtAppSpeed", "16");
+  Fill(convert, "txtAppAngle", "35");
+  album.Keep(convert, "frmTrueAppWind");
   program.config = before;
   if (const Status saved = SaveConfig(program.folders, before); !saved) {
     std::fprintf(stderr, "%s\n", saved.error().Text().c_str());
