@@ -53,6 +53,10 @@
 #include "ui/tides/frmTideOptions.h"
 #include "ui/tides/frmTidesSeaArea.h"
 #include "ui/tides/frmTidesTimeDate.h"
+#include "ui/wind/frmGribImport.h"
+#include "ui/wind/frmTrueAppWind.h"
+#include "ui/wind/frmViewSmartMet.h"
+#include "ui/wind/frmViewWind.h"
 
 namespace skerrow::testing {
 namespace {
@@ -238,6 +242,18 @@ const Row kRows[] = {
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmEditPlot>(desktop, "", nullptr);
      }},
+    {"frmGribImport", "Read Grib Data", "cmdExport",
+     "FileList List1 chkUse cmdSample cmdExport cmdCancel", "lblFileName lblRecCount ProgressBar1",
+     Open<frmGribImport>},
+    {"frmViewSmartMet", "View Wind Data", "cmdOK", "List1 cmdViewWind cmdOK",
+     "cmbTime cmdEarlier cmdLater lblRecCount", Open<frmViewSmartMet>},
+    {"frmViewWind", "View Wind Components", "cmdOK", "List1 cmdOK",
+     "cmbTime cmdEarlier cmdLater lblRecCount", Open<frmViewWind>},
+    {"frmTrueAppWind", "True and Apparent Wind", "cmdCancel",
+     "txtBoatSpeed txtCourse optStarboard optPort txtTrueSpeed txtTrueDir txtTrueAngle txtAppSpeed "
+     "txtAppDir "
+     "txtAppAngle cmdCancel",
+     "lblTrueForce lblAppForce lblTrouble Picture1", Open<frmTrueAppWind>},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmUnsaved>(desktop, "Unsaved.", nullptr);

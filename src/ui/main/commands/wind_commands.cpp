@@ -9,6 +9,7 @@
 #include "ui/main/route_controller.h"
 #include "ui/main/time_controller.h"
 #include "ui/wind/frmGribImport.h"
+#include "ui/wind/frmTrueAppWind.h"
 #include "ui/wind/frmViewSmartMet.h"
 
 namespace skerrow {
@@ -33,6 +34,8 @@ constexpr Command kCommands[] = {
      kNoNeed, [](Context& c) { frmGribImport(c.desktop, &c.window).exec(); }},
     {"mnuViewSmartMet", "&View Wind Data", "", "The imported wind as a list", "", kNoNeed,
      [](Context& c) { frmViewSmartMet(c.desktop, &c.window).exec(); }},
+    {"mnuWindTrueApp", "&True and Apparent Wind", "", "The true wind from the apparent, and back",
+     "", kNoNeed, [](Context& c) { frmTrueAppWind(c.desktop, &c.window).exec(); }},
     {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "The wind all over the chart", "#",
      kNoNeed, [](Context& c) { c.look.Toggle(&AppConfig::show_wind_grid); },
      [](const Context& c) { return c.program.config.show_wind_grid != 0; }},
