@@ -84,6 +84,13 @@ void KeepTrack(const Album& album, Studio& studio) {
   album.Keep(studio.window(), "frmChart-track");
   studio.Settle({1280, 720});
   album.Keep(studio.window(), "frmChart-wide");
+  // The sample forecast that the dialog has imported, without what lies over it.
+  studio.program.selected_time.hours = 12.0F;
+  studio.program.config.show_streams = 0;
+  for (const char* command : {"mnuSmartMet", "mnuWindDisplay"}) studio.Command(command);
+  studio.window().viewer().SetZoom(0.5);
+  studio.Settle(kWindow);
+  album.Keep(studio.window(), "frmChart-wind");
 }
 
 }  // namespace

@@ -137,6 +137,17 @@ class HelmStyle final : public QProxyStyle {
       QProxyStyle::drawControl(element, &plain, painter, widget);
       return;
     }
+    if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        button != nullptr && (button->state & State_On) != 0 &&
+        (element == CE_PushButtonBevel || element == CE_PushButtonLabel)) {
+      // A button that is down shows as a selected row does; a shade of grey is lost at night.
+      QStyleOptionButton down(*button);
+      down.state &= ~State_On;
+      down.palette.setColor(QPalette::Button, ThemeInForce().accent);
+      down.palette.setColor(QPalette::ButtonText, ThemeInForce().accent_text);
+      QProxyStyle::drawControl(element, &down, painter, widget);
+      return;
+    }
     const bool bar = element == CE_MenuBarEmptyArea || element == CE_MenuBarItem;
     if (ThemeInForce().night && element == CE_ToolBar) {
       painter->fillRect(option->rect, ThemeInForce().window);
