@@ -188,16 +188,15 @@ Status WriteLogRecord(LogState& log, const std::string& tracks_folder, Messages&
   if (!file) return failed(file.error());
   // One piece for one call of the system, so that nothing comes between the lines.
   std::string content;
-  std::vector<std::size_t> ends;  // where each line ends in it
+  std::vector<std::size_t> ends;  // of what is printed of each line in it
   for (const std::string& line : log.pending_comment) {
+    ends.push_back(content.size() + line.size());
     content.append(line).append(kLineEnd);
-    ends.push_back(content.size());
   }
   for (const std::string& sentence : log.queue) {
-    if (const std::string_view line = Printed(sentence); !line.empty()) {
-      content.append(line).append(kLineEnd);
-    }
-    ends.push_back(content.size());
+    const std::string_view line = Printed(sentence);
+    ends.push_back(content.size() + line.size());
+    if (!line.empty()) content.append(line).append(kLineEnd);
   }
   if (content.empty()) {
     ForgetQueue(log);
