@@ -1,5 +1,5 @@
+#include <algorithm>
 #include <cstdio>
-#include <functional>
 
 #include <nlohmann/json.hpp>
 
@@ -19,6 +19,8 @@ namespace {
 constexpr std::size_t kMostText = std::size_t{1} << 30;
 constexpr std::string_view kStandardInput = "-";
 constexpr std::string_view kJsonBlocks = "json";
+constexpr const char* kGpsPort = "gps";
+constexpr const char* kAisPort = "ais";
 
 // Text of a port has single bytes: a character of JSON below 256 stands for the byte of its number.
 std::string FromBytes(std::string_view bytes) {
@@ -121,81 +123,79 @@ std::string ChangesText(const Json& changes) {
   return text;
 }
 
-// Decoding of a text from one port, which notes the sentences that changed the fix.
+// Decoding of text from one port, or of a replayed log, which notes what changed the fix.
 class Decoding {
  public:
-  Decoding(const DecodeWords& words, const Clock& clock)
-      : port_(words.port),
+  Decoding(const DecodeWords& words, std::string port, const Clock& clock)
+      : port_(std::move(port)),
         clock_(clock),
         door_{sink_, clock, words.gps_through_ais || port_.empty()} {
     state_.log.logging_on = words.logging;
   }
 
   const NmeaState& state() const { return state_; }
-  const Json& sentences() const { return sentences_; }
-  const std::string& text() const { return text_; }
+  const Json& sentences() const { return sentences_; }  // those that changed the fix, and what
+  const Json& trace() const { return trace_; }          // the position after each block
+  const std::string& text() const { return text_; }     // the sentences and changes as text
 
-  // A block as it was read from the port.
+  // A block as it was read from the port. It is fed in pieces, behind each end of a sentence, which
+  // changes nothing in what is decoded.
   void Block(std::string_view block) {
-    if (port_ == "gps") {
-      AssembleGpsBlock(state_, block, clock_);
-    } else {
-      AssembleAisBlock(state_, block, door_);
+    while (!block.empty()) {
+      const std::size_t end = block.find('\r');
+      const std::string_view piece = block.substr(0, end == std::string_view::npos ? end : end + 1);
+      sentence_ += piece.substr(0, piece.find_first_of("\r\n"));
+      Feed([&] {
+        if (port_ == kAisPort) {
+          AssembleAisBlock(state_, piece, door_);
+        } else {
+          AssembleGpsBlock(state_, piece, clock_);
+        }
+      });
+      if (end != std::string_view::npos) sentence_.clear();
+      block.remove_prefix(piece.size());
     }
+    Trace();
   }
 
-  // A piece of a block with at most one sentence in it, and that sentence if it is known.
-  void Piece(std::string_view piece, std::string_view sentence) {
-    const GpsFix before = state_.fix;
-    if (port_.empty()) {
-      DecodeAisPortLine(state_, piece, door_);
-    } else {
-      Block(piece);
+  // A line of a log, without its end.
+  void Line(std::string_view line) {
+    if (!port_.empty()) {
+      Block(std::string(line) + "\r");
+      return;
     }
+    sentence_ = line;
+    Feed([&] { DecodeAisPortLine(state_, line, door_); });
+    Trace();
+  }
+
+ private:
+  template <typename Work>
+  void Feed(Work work) {
+    const GpsFix before = state_.fix;
+    work();
     if (state_.fix == before) return;
-    const std::string shown = FromBytes(sentence);
+    const std::string shown = FromBytes(sentence_);
     const Json changes = Changes(before, state_.fix);
     sentences_.push_back({{"sentence", shown}, {"fix", changes}});
     text_ += shown + "\n" + ChangesText(changes);
   }
 
- private:
-  std::string port_;
+  void Trace() {
+    const GpsFix& fix = state_.fix;
+    trace_.push_back({Number(fix.boat_latitude), Number(fix.boat_longitude), fix.position_good});
+  }
+
+  std::string port_;  // empty for a replayed log
   const Clock& clock_;
   CheckedAis sink_;
   AisDoor door_;
   NmeaState state_;
+  std::string sentence_;  // what came since the last sentence ended
   Json sentences_ = Json::array();
+  Json trace_ = Json::array();
   std::string text_;
 };
-
-// Feeds a text line by line, each closed as a port closes it.
-void DecodeLines(std::string_view text, const std::string& port, Decoding& decoding) {
-  while (!text.empty()) {
-    const std::size_t end = text.find_first_of("\r\n");
-    const std::string_view line = text.substr(0, end);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    if (line.empty()) continue;
-    decoding.Piece(port.empty() ? std::string(line) : std::string(line) + "\r", line);
-  }
-}
-
-// Feeds a text in blocks of that size. A block is fed in pieces, behind each end of a sentence,
-// which changes nothing in what is decoded.
-void DecodeBlocks(std::string_view text, std::size_t size, Decoding& decoding) {
-  std::string sentence;
-  for (; !text.empty(); text.remove_prefix(std::min(size, text.size()))) {
-    std::string_view block = text.substr(0, size);
-    while (!block.empty()) {
-      const std::size_t end = block.find('\r');
-      const std::string_view piece = block.substr(0, end == std::string_view::npos ? end : end + 1);
-      sentence += piece.substr(0, piece.find_first_of("\r\n"));
-      decoding.Piece(piece, sentence);
-      if (end != std::string_view::npos) sentence.clear();
-      block.remove_prefix(piece.size());
-    }
-  }
-}
 
 Result<std::string> ReadStandardInput() {
   std::string text;
@@ -289,36 +289,35 @@ Outcome DecodeText(Session& session, const DecodeWords& words) {
     blocks = kJsonBlocks;
   }
   if (file.empty()) return Failure{kWrongUsage, "decode takes a FILE, or - for standard input"};
-  int size = 0;
-  if (!blocks.empty() && blocks != kJsonBlocks) {
-    const Result<int> number = ParseWhole(blocks, "blocks", 1, 1 << 30);
-    if (!number) return WrongUsage(number.error());
-    size = *number;
-  }
-  if (!blocks.empty() && words.port.empty()) {
-    return Failure{kWrongUsage, "--blocks needs --port gps or --port ais"};
-  }
   const Result<ClockReading> date = DateFor(words.system_date, session.program.clock->Now());
   if (!date) return WrongUsage(date.error());
   const Result<std::string> text = ReadText(session, file);
   if (!text) return Failed(text.error());
 
   const DatedClock clock(*date);
-  Decoding decoding(words, clock);
-  Json trace = Json::array();
+  // Blocks come from a port, lines from a log.
+  Decoding decoding(words, words.port.empty() && !blocks.empty() ? kGpsPort : words.port, clock);
+  std::string_view rest = *text;
   if (blocks == kJsonBlocks) {
     const Json list = Json::parse(*text, nullptr, false);
     if (!list.is_array()) return Failure{kFailed, "the input is not a JSON array of texts"};
     for (const Json& block : list) {
       if (!block.is_string()) return Failure{kFailed, "a block of the input is not a text"};
       decoding.Block(ToBytes(block.get<std::string>()));
-      const GpsFix& fix = decoding.state().fix;
-      trace.push_back({Number(fix.boat_latitude), Number(fix.boat_longitude), fix.position_good});
     }
-  } else if (size > 0) {
-    DecodeBlocks(*text, static_cast<std::size_t>(size), decoding);
+  } else if (!blocks.empty()) {
+    const Result<int> number = ParseWhole(blocks, "blocks", 1, 1 << 30);
+    if (!number) return WrongUsage(number.error());
+    const auto size = static_cast<std::size_t>(*number);
+    for (; !rest.empty(); rest.remove_prefix(std::min(size, rest.size()))) {
+      decoding.Block(rest.substr(0, size));
+    }
   } else {
-    DecodeLines(*text, words.port, decoding);
+    while (!rest.empty()) {
+      const std::size_t end = rest.find_first_of("\r\n");
+      if (end > 0) decoding.Line(rest.substr(0, end));
+      rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    }
   }
 
   const NmeaState& state = decoding.state();
@@ -329,12 +328,9 @@ Outcome DecodeText(Session& session, const DecodeWords& words) {
       {"fix", FixJson(state.fix)},
       {"trackPoints", TrackJson(state.track)},
       {"queue", queue},
-      {"pending", {{"gps", FromBytes(state.gps_line)}, {"ais", FromBytes(state.ais_line)}}}};
-  if (blocks == kJsonBlocks) {
-    answer.json()["trace"] = trace;
-  } else {
-    answer.json()["sentences"] = decoding.sentences();
-  }
+      {"pending", {{"gps", FromBytes(state.gps_line)}, {"ais", FromBytes(state.ais_line)}}},
+      {"trace", decoding.trace()},
+      {"sentences", decoding.sentences()}};
   answer.text = decoding.text() + SummaryText(state);
   return answer;
 }

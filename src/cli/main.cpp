@@ -320,7 +320,7 @@ void AddInstrumentCommands(CLI::App& app, Chosen& chosen) {
       [](CLI::App& sub, DecodeWords& words) {
         sub.add_option("FILE", words.file, "log, or - for standard input");
         sub.add_option("--port", words.port,
-                       "the port it came from: gps or ais; both when left out")
+                       "the port it came from, gps or ais; when left out it is a log")
             ->check(CLI::IsMember({"gps", "ais"}));
         sub.add_option("--blocks", words.blocks,
                        "cut it into blocks of N bytes, as a port does; without N the input is a "

@@ -61,7 +61,7 @@ TEST_F(Nmea, GoodRmcSetsTheFix) {
   const Rmc rmc = ParseRmc(kRmc);
   EXPECT_EQ(rmc.variation, "003.1");
   EXPECT_EQ(rmc.variation_side, "W");
-  EXPECT_EQ(ParseRmc(std::string(kRmc).replace(8, 1, "2")).state, SentenceState::kBad);
+  EXPECT_EQ(ParseRmc(std::string(kRmc).replace(8, 1, "9")).state, SentenceState::kBad);
 }
 
 TEST_F(Nmea, FirstGoodFixBeginsTheTrackAndLaterOnesUpdateItsEnd) {
@@ -98,7 +98,7 @@ TEST_F(Nmea, WarningMovesTheBoatAndIsNoFix) {
       {"GPRMC,1200,,5030.250,,00120.250,,1.5,090,051226,,", "50.30.250  001.20.250", 50.504166F,
        1.3375F},
       {"GPRMC,1200,A,9030.250,N,18120.250,E,1.5,090,051226,,", "0.0N  0.0E", 0.0F, 0.0F},
-      {"GPRMC,1200,A,50e99999,N,00120.250,E,1.5,090,051226,,", "0.0N  001.20.250E", 0.0F, 1.3375F},
+      {"GPRMC,1200,A,501e9999,N,00120.250,E,1.5,090,051226,,", "0.0N  001.20.250E", 0.0F, 1.3375F},
   };
   for (const auto& row : rows) {
     state_ = NmeaState();
