@@ -107,11 +107,11 @@ void Serve(LinkState& link, LinkWatch& watch, const QuietLimits& limits, SerialP
   }
 }
 
-// Passes on what ends with a whole line and holds back the rest, since the assembly of the AIS port
-// loses a sentence that the end of a block cuts.
+// Passes on what ends with a whole sentence and holds back the rest, since the assembly of the AIS
+// port loses a sentence that the end of a block cuts.
 void TakeAisBlock(LinkState& link, NmeaState& nmea, std::string_view block, const AisDoor& door) {
   link.ais_tail += block;
-  std::size_t whole = link.ais_tail.find_last_of(kLineEnd) + 1;  // 0 without one
+  std::size_t whole = link.ais_tail.rfind('\r') + 1;  // 0 without one
   if (link.ais_tail.size() - whole > kMostHeldBack) whole = link.ais_tail.size();
   AssembleAisBlock(nmea, std::string_view(link.ais_tail).substr(0, whole), door);
   link.ais_tail.erase(0, whole);
