@@ -124,6 +124,8 @@ class LogLines {
 
   // Where the next line begins, in bytes from the beginning of the file.
   std::int64_t position() const { return buffer_offset_ + static_cast<std::int64_t>(at_); }
+  // The file's length when it was opened, in bytes.
+  std::int64_t size() const { return size_; }
   // Whether the last line given was closed by a line end.
   bool closed() const { return closed_; }
   // The part of the file that has been read.

@@ -90,7 +90,8 @@ Status StartReplay(const ReplayRequest& request, const std::string& tracks_folde
   const std::string name = Trim(request.name);
   if (name.empty()) return Error{"", "No file name selected"};
   const std::string path = ReplayPath(tracks_folder, name);
-  if (const Result<LogLines> lines = LogLines::Open(path); !lines) return lines.error();
+  const Result<LogLines> lines = LogLines::Open(path);
+  if (!lines) return lines.error();
   if (request.kind == ReplayKind::kGps) {
     plot.plot_file_name = JoinPath(tracks_folder, kReplayPlotFile);
     (void)DeleteFile(plot.plot_file_name);  // one that stays is overwritten record by record
@@ -99,8 +100,10 @@ Status StartReplay(const ReplayRequest& request, const std::string& tracks_folde
     nmea.fix.position_good = false;
     plot.track_plot_on = false;
   }
+  if (LogPath(tracks_folder, nmea.log.log_file_name) == path) nmea.log.logging_on = false;
   replay = ReplayState();
   replay.replay_file_name = path;
+  replay.end = lines->size();
   replay.replay_active = true;
   replay.running = true;
   replay.interval = std::clamp(request.interval, kReplayFastest, kReplaySlowest);
@@ -116,7 +119,7 @@ ReplayStep ReplayTick(ReplayState& replay, PlotState& plot, NmeaState& nmea, Ais
   if (!lines) return End(replay, "The log can no longer be read: " + lines.error().reason);
   const auto line = lines.value().Next();
   if (!line) return End(replay, "The log can no longer be read: " + line.error().reason);
-  if (!*line) return End(replay, "End of Log file reached");
+  if (!*line || replay.replay_position >= replay.end) return End(replay, "End of Log file reached");
   replay.replay_position = lines.value().position();
   nmea.fix.position_good = false;
   DecodeAisPortLine(nmea, **line, {.sink = sink, .clock = clock, .gps_passes = true});

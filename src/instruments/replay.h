@@ -46,6 +46,7 @@ struct ReplayState {
   bool replay_active = false;        // from the start until the user halts it
   bool running = false;              // neither paused nor at its end
   std::int64_t replay_position = 0;  // of the next line, in bytes from the file's beginning
+  std::int64_t end = 0;              // of the log when the replay began, in bytes
   int interval = kReplayStart;       // milliseconds
   int repaint_counter = 0;
   ReplayPace pace = ReplayPace::kInterval;
@@ -72,7 +73,8 @@ struct ReplayStep {
 };
 
 // Starts a replay. That of the GPS gives the plot a file of its own and deletes an old one; that of
-// the AIS empties the track table, and the caller empties the targets. Errors: "No file name
+// the AIS empties the track table, and the caller empties the targets. A log that is replayed is
+// not written any more, and what others add to it is not played. Errors: "No file name
 // selected", and a log that cannot be read.
 Status StartReplay(const ReplayRequest& request, const std::string& tracks_folder,
                    ReplayState& replay, PlotState& plot, NmeaState& nmea);

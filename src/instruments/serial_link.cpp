@@ -69,13 +69,15 @@ Error PortRefused(std::string_view name, int port, std::string_view menu) {
                   std::string(menu) + " menu to see what available ports are on this PC."};
 }
 
-void OpenWatched(LinkWatch& watch, SerialPorts& ports, int port, int baud_code, std::int64_t now) {
-  LinkConnected(watch, now);
-  if (!Reopen(ports, port, baud_code)) LinkLost(watch, now);
+// Opens anew a port that is connected; one that fails now is tried again as it is after a loss.
+void OpenAgain(LinkPort& port, SerialPorts& ports, std::int64_t now) {
+  LinkConnected(port.watch, now);
+  if (!Reopen(ports, port.number, port.baud_code)) LinkLost(port.watch, now);
 }
 
-bool ReadsGpsPort(const LinkState& link, const AppConfig& config) {
-  return link.gps_enabled && config.gps_through_ais == 0;
+void Close(LinkPort& port, SerialPorts& ports) {
+  if (port.number >= 0) ports.Done(port.number);
+  port = LinkPort();
 }
 
 // The boat is nowhere once nobody tells its place.
@@ -90,20 +92,22 @@ void ForgetPosition(GpsFix& fix) {
 
 // Serves one port: reads a block of it, or opens it again when it is time.
 template <typename Take>
-void Serve(LinkState& link, LinkWatch& watch, const QuietLimits& limits, SerialPorts& ports,
-           int port, int baud_code, std::int64_t now, Take take) {
-  if (watch.phase == LinkPhase::kReconnecting) {
-    if (ReopenDue(watch, now)) LinkReopened(watch, now, Reopen(ports, port, baud_code));
+void Serve(LinkPort& port, const QuietLimits& limits, SerialPorts& ports, std::string& block,
+           std::int64_t now, Take take) {
+  if (port.watch.phase == LinkPhase::kReconnecting) {
+    if (ReopenDue(port.watch, now)) {
+      LinkReopened(port.watch, now, Reopen(ports, port.number, port.baud_code));
+    }
     return;
   }
-  link.block.clear();
-  const int count = ports.Get(port, link.block, kReceiveBlock);
+  block.clear();
+  const int count = ports.Get(port.number, block, kReceiveBlock);
   if (count > 0) {
-    LinkHeard(watch, now);
-    take(std::string_view(link.block).substr(0, static_cast<std::size_t>(count)));
-  } else if ((count < 0 && count != kNoData) || LinkHangs(watch, limits, now)) {
-    ports.Done(port);
-    LinkLost(watch, now);
+    LinkHeard(port.watch, now);
+    take(std::string_view(block).substr(0, static_cast<std::size_t>(count)));
+  } else if ((count < 0 && count != kNoData) || LinkHangs(port.watch, limits, now)) {
+    ports.Done(port.number);
+    LinkLost(port.watch, now);
   }
 }
 
@@ -224,11 +228,12 @@ Status ConnectGps(LinkState& link, const AppConfig& config, SerialPorts& ports, 
   if (!Reopen(ports, config.gps_port, config.gps_baud_code)) {
     return PortRefused("GPS", config.gps_port, "Configure GPS");
   }
+  link.gps = {config.gps_port, config.gps_baud_code, {}};
+  LinkConnected(link.gps.watch, now);
   if (link.ais_enabled) {
     link.ais_tail.clear();
-    OpenWatched(link.ais_watch, ports, config.ais_port, kAisBaudCode, now);
+    OpenAgain(link.ais, ports, now);
   }
-  LinkConnected(link.gps_watch, now);
   link.gps_enabled = true;
   link.phase = 0;
   return Done{};
@@ -238,45 +243,43 @@ Status ConnectAis(LinkState& link, const AppConfig& config, SerialPorts& ports, 
   if (!Reopen(ports, config.ais_port, kAisBaudCode)) {
     return PortRefused("AIS", config.ais_port, "Configure GPS/AIS");
   }
-  if (ReadsGpsPort(link, config)) {
-    OpenWatched(link.gps_watch, ports, config.gps_port, config.gps_baud_code, now);
-  }
-  LinkConnected(link.ais_watch, now);
+  link.ais = {config.ais_port, kAisBaudCode, {}};
+  LinkConnected(link.ais.watch, now);
   link.ais_tail.clear();
   link.ais_enabled = true;
-  if (config.gps_through_ais != 0) link.gps_enabled = true;
+  if (config.gps_through_ais != 0) {
+    Close(link.gps, ports);
+    link.gps_enabled = true;
+  } else if (link.gps.number >= 0) {
+    OpenAgain(link.gps, ports, now);
+  }
   link.phase = 0;
   return Done{};
 }
 
-void DisconnectGps(LinkState& link, const AppConfig& config, SerialPorts& ports, GpsFix& fix) {
-  if (config.gps_through_ais == 0) ports.Done(config.gps_port);
+void DisconnectGps(LinkState& link, SerialPorts& ports, GpsFix& fix) {
+  Close(link.gps, ports);
   link.gps_enabled = false;
-  link.gps_watch = LinkWatch();
   ForgetPosition(fix);
 }
 
 void DisconnectAis(LinkState& link, const AppConfig& config, SerialPorts& ports, GpsFix& fix) {
-  ports.Done(config.ais_port);
+  Close(link.ais, ports);
   link.ais_enabled = false;
-  link.ais_watch = LinkWatch();
   link.ais_tail.clear();
-  if (config.gps_through_ais != 0) {
-    link.gps_enabled = false;
-    ForgetPosition(fix);
-  }
+  if (config.gps_through_ais != 0) DisconnectGps(link, ports, fix);
 }
 
 void ReceiveStep(LinkState& link, NmeaState& nmea, const AppConfig& config, SerialPorts& ports,
                  AisSentenceSink& sink, const Clock& clock, std::int64_t now) {
   const bool through_ais = config.gps_through_ais != 0;
-  if (link.phase == 0 && ReadsGpsPort(link, config)) {
-    Serve(link, link.gps_watch, kGpsQuiet, ports, config.gps_port, config.gps_baud_code, now,
+  if (link.phase == 0 && link.gps_enabled && link.gps.number >= 0 && !through_ais) {
+    Serve(link.gps, kGpsQuiet, ports, link.block, now,
           [&](std::string_view block) { AssembleGpsBlock(nmea, block, clock); });
   }
   if (link.phase == 1 && link.ais_enabled) {
-    Serve(link, link.ais_watch, through_ais ? kGpsQuiet : kAisQuiet, ports, config.ais_port,
-          kAisBaudCode, now, [&](std::string_view block) {
+    Serve(link.ais, through_ais ? kGpsQuiet : kAisQuiet, ports, link.block, now,
+          [&](std::string_view block) {
             TakeAisBlock(link, nmea, block, {sink, clock, through_ais});
           });
   }
@@ -285,9 +288,9 @@ void ReceiveStep(LinkState& link, NmeaState& nmea, const AppConfig& config, Seri
 
 std::string LinkStatusText(const LinkState& link, const AppConfig& config, std::int64_t now) {
   const bool through_ais = config.gps_through_ais != 0;
-  std::string text = LinkText(link.gps_watch, kGpsQuiet, "GPS", now);
-  const std::string ais = through_ais ? LinkText(link.ais_watch, kGpsQuiet, "AIS/GPS", now)
-                                      : LinkText(link.ais_watch, kAisQuiet, "AIS", now);
+  std::string text = through_ais ? "" : LinkText(link.gps.watch, kGpsQuiet, "GPS", now);
+  const std::string ais = LinkText(link.ais.watch, through_ais ? kGpsQuiet : kAisQuiet,
+                                   through_ais ? "AIS/GPS" : "AIS", now);
   if (!text.empty() && !ais.empty()) text += "  ";
   return text + ais;
 }

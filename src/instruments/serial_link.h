@@ -103,15 +103,22 @@ std::string LineStateReport(SerialPorts& ports, int port);
 // What stands above the states of the lines in "Test Configurations".
 std::string TestReportHead(int buffer_size, int on_line_code);
 
+// A port as it was when the user connected it: a change of the settings counts from the next time.
+struct LinkPort {
+  int number = -1;  // -1: not connected
+  int baud_code = 4;
+  LinkWatch watch;
+};
+
 // The state of the reception.
 struct LinkState {
   bool gps_enabled = false;
   bool ais_enabled = false;
+  LinkPort gps;
+  LinkPort ais;
   int phase = 0;         // 0: the GPS is read next, 1: the AIS
   std::string block;     // what was read last
   std::string ais_tail;  // of the AIS port: a sentence whose end has not come yet
-  LinkWatch gps_watch;
-  LinkWatch ais_watch;
 };
 
 // Opens the GPS port, and that of the AIS anew where it is connected, and begins to receive. The
@@ -122,7 +129,7 @@ Status ConnectGps(LinkState& link, const AppConfig& config, SerialPorts& ports, 
 Status ConnectAis(LinkState& link, const AppConfig& config, SerialPorts& ports, std::int64_t now);
 
 // Closes the GPS port. The boat has no position then.
-void DisconnectGps(LinkState& link, const AppConfig& config, SerialPorts& ports, GpsFix& fix);
+void DisconnectGps(LinkState& link, SerialPorts& ports, GpsFix& fix);
 
 // Closes the AIS port, and with it the GPS that is connected to the AIS.
 void DisconnectAis(LinkState& link, const AppConfig& config, SerialPorts& ports, GpsFix& fix);

@@ -44,6 +44,20 @@ class Replay : public ::testing::Test {
   StillClock clock_;
 };
 
+TEST_F(Replay, LogThatGrowsIsNotPlayedForEver) {
+  nmea_.log.logging_on = true;
+  nmea_.log.log_file_name = "voyage";
+  ASSERT_TRUE(Start(RmcAt("063020") + "\r\n"));
+  EXPECT_FALSE(nmea_.log.logging_on);
+  nmea_.log.logging_on = true;  // by the user, into the same log
+  NoMessages messages;
+  for (int tick = 1; !Tick().ended; ++tick) {
+    ASSERT_EQ(tick, 1);
+    ASSERT_TRUE(WriteLogRecord(nmea_.log, folder_.path(), messages).ok());
+    ClearSeenKinds(nmea_.log);
+  }
+}
+
 TEST_F(Replay, LinesGoThroughTheDecodersOneEachTick) {
   nmea_.track.resize(2);
   ASSERT_TRUE(Start(std::string(kAis) + "\r\n" + RmcAt("063020.7") + "\r\n" +

@@ -196,7 +196,7 @@ TEST_F(Link, ConnectsAndDisconnects) {
   EXPECT_EQ(ports_.Calls(), std::vector<std::string>{"done @1"});
   EXPECT_TRUE(link_.gps_enabled && !link_.ais_enabled);
   EXPECT_EQ(nmea_.fix, before);
-  DisconnectGps(link_, config_, ports_, nmea_.fix);
+  DisconnectGps(link_, ports_, nmea_.fix);
   EXPECT_EQ(ports_.Calls(), std::vector<std::string>{"done @0"});
   EXPECT_FALSE(link_.gps_enabled);
   EXPECT_EQ(nmea_.fix, GpsFix());
@@ -213,6 +213,13 @@ TEST_F(Link, ConnectsAndDisconnects) {
   EXPECT_FALSE(link_.gps_enabled || link_.ais_enabled);
   EXPECT_FALSE(nmea_.fix.position_good);
   EXPECT_EQ(nmea_.fix.position_text, "");
+
+  // A change of the settings leaves no port open.
+  config_.gps_through_ais = kFalse;
+  ASSERT_TRUE(Gps().ok());
+  config_.gps_port = 3;
+  DisconnectGps(link_, ports_, nmea_.fix);
+  EXPECT_EQ(ports_.Calls().back(), "done @0");
 }
 
 TEST_F(Link, RefusalNamesThePort) {
@@ -311,7 +318,7 @@ TEST_F(Link, SilentPortIsOpenedAgainInItsTime) {
   EXPECT_EQ(ports_.Calls(), wanted);
   EXPECT_EQ(Text(31000), "GPS: no data for 31 s");
   EXPECT_EQ(Text(120000), "GPS: no data for 120 s  AIS: no data for 120 s");
-  DisconnectGps(link_, config_, ports_, nmea_.fix);
+  DisconnectGps(link_, ports_, nmea_.fix);
   EXPECT_EQ(Text(119999), "");
   // What carries the GPS too is missed sooner.
   config_.gps_through_ais = kTrue;
