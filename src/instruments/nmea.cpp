@@ -285,7 +285,6 @@ void DecodeGpsSentence(NmeaState& state, std::string_view sentence, const Clock&
   if (sentence.starts_with(kCommentSentence)) return;
   if (Contains(sentence, "RMC")) {
     state.fix.rmc_seen = true;
-    state.fix.position_good = false;
     TakeRmc(state, ParseRmc(sentence));
   }
   if (!state.fix.rmc_seen && Contains(sentence, "GLL")) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+#include "core/text.h"
 #include "instruments/sentences.h"
 #include "support/temp_folder.h"
 
@@ -121,6 +122,7 @@ TEST_F(Log, FullDiskLosesAndDoublesNothing) {
     QueueSentence(log_, wanted[7]);
     OnFullDisk(room, [&] { EXPECT_FALSE(Write()); });
     EXPECT_EQ(std::filesystem::file_size(Path()), room);
+    OnFullDisk(room + 40, [&] { (void)Write(); });  // and once more, behind a broken line
     ASSERT_TRUE(Write());
     std::vector<std::string> found;
     auto lines = LogLines::Open(Path());
@@ -144,7 +146,7 @@ TEST_F(Log, CutLastLineIsClosedBeforeMoreIsAdded) {
 }
 
 TEST_F(Log, QueueIsBounded) {
-  const std::string big(kMostQueued / 4, 'x');
+  const std::string big = std::string(kMostQueued / 4 - 3, 'x') + "*00";
   for (int i = 0; i < 7; ++i) QueueSentence(log_, big);
   EXPECT_EQ(log_.queue.size(), 4U);
   EXPECT_EQ(log_.lost, 3U);
@@ -186,7 +188,7 @@ TEST_F(Log, DamagedCommentsAreReadAsFarAsTheyGo) {
       Comments("$PSKLOG,6,2,nobody's*00\n" + place +
                "$PSKLOG,6,2,one\x01*00\r\n$PSKLOG,6,3,no end\r\n$PSKLOG,6,7,x*00\r\n"
                "$PSKLOG,6,0,x*00\r\n$PSKLOG\r\n$PSKLOG,6,6,five*\r\n$PSKLOG,6,4*\r\n$PSKLOG,6,1\r" +
-               place);
+               ReplaceAll(place, "051226", "05122699"));
   ASSERT_EQ(comments.size(), 3U);
   EXPECT_EQ(comments[0].lines, (std::array<std::string, 5>{"one", "", "", "", "five"}));
   EXPECT_EQ(comments[0].latitude, 50.5F);
@@ -195,6 +197,7 @@ TEST_F(Log, DamagedCommentsAreReadAsFarAsTheyGo) {
   EXPECT_EQ(comments[0].time, "063020");
   EXPECT_EQ(comments[1], CommentRecord());
   EXPECT_EQ(comments[2].latitude, 50.5F);
+  EXPECT_EQ(comments[2].date, "051226");
 }
 
 TEST_F(Log, TrackIsReadFromGoodFixes) {
@@ -215,6 +218,8 @@ TEST_F(Log, TrackIsReadFromGoodFixes) {
   EXPECT_EQ(track[1].minute, 1);
   EXPECT_EQ(read_.fix_time, "070102");
   EXPECT_TRUE(read_.position_good);
+  Track(RmcAt("070102") + "\n" + Sentence("GPRMC,070103,V,,,,,,,051226,,"));
+  EXPECT_FALSE(read_.position_good);
   EXPECT_EQ(read_.course_over_ground, 271.5F);
 }
 

@@ -77,6 +77,7 @@ TEST_F(Nmea, FirstGoodFixBeginsTheTrackAndLaterOnesUpdateItsEnd) {
   EXPECT_EQ(fix().speed_over_ground, 0.0F);
   state_.track.push_back({});
   Decode(RmcAt("000001"));
+  EXPECT_EQ(fix().position_text, "50.30.2500N  001.20.250W");  // seven characters of minutes
   ASSERT_EQ(state_.track.size(), 2U);
   EXPECT_EQ(state_.track[0].speed, 0.0F);
   EXPECT_EQ(state_.track[1].speed, 5.2F);

@@ -36,6 +36,7 @@ class Ports final : public SerialPorts {
   int Get(int port, std::string& received, std::size_t most) override {
     ++reads[port];
     if (there.count(port) == 0) return -1;
+    if (text[port].empty()) return nothing;
     received = text[port].substr(0, most);
     text[port].erase(0, most);
     return static_cast<int>(received.size());
@@ -61,6 +62,7 @@ class Ports final : public SerialPorts {
   std::map<InLine, int> in_lines;
   std::map<OutLine, int> out_lines;
   int baud_result = 0, parameters_result = 0;
+  int nothing = 0;  // what Get gives when nothing has come
   std::vector<std::string> calls;
 };
 
@@ -317,6 +319,12 @@ TEST_F(Link, SilentPortIsOpenedAgainInItsTime) {
   wanted.insert(wanted.begin(), "done @0");
   EXPECT_EQ(ports_.Calls(), wanted);
   EXPECT_EQ(Text(31000), "GPS: no data for 31 s");
+  ports_.nothing = -100;  // "no data" is no failure
+  Steps(60999);
+  EXPECT_TRUE(ports_.Calls().empty());
+  Steps(61000);
+  EXPECT_EQ(ports_.Calls(), std::vector<std::string>{"done @0"});
+  Steps(63000);
   EXPECT_EQ(Text(120000), "GPS: no data for 120 s  AIS: no data for 120 s");
   DisconnectGps(link_, ports_, nmea_.fix);
   EXPECT_EQ(Text(119999), "");
