@@ -122,7 +122,8 @@ TEST_F(Log, FullDiskLosesAndDoublesNothing) {
     QueueSentence(log_, wanted[7]);
     OnFullDisk(room, [&] { EXPECT_FALSE(Write()); });
     EXPECT_EQ(std::filesystem::file_size(Path()), room);
-    OnFullDisk(room + 40, [&] { (void)Write(); });  // and once more, behind a broken line
+    OnFullDisk(room + 3 + room % 90,
+               [&] { (void)Write(); });  // and once more, behind a broken line
     ASSERT_TRUE(Write());
     std::vector<std::string> found;
     auto lines = LogLines::Open(Path());
