@@ -263,9 +263,7 @@ Result<std::string> AsGpsTellsIt(const std::string& typed, bool is_date) {
   if (!is_date && typed.find(':') != std::string::npos) {
     const Result<float> hours = ParseTime(typed, ClockReading());
     if (!hours) return hours.error();
-    const auto minutes = RoundToInteger(*hours * 60.0);
-    return FormatFixed(static_cast<double>(minutes / 60), 2, 0) +
-           FormatFixed(static_cast<double>(minutes % 60), 2, 0) + "00";
+    return ReplaceAll(HoursToClock(*hours), ":", "") + "00";
   }
   return typed;
 }
