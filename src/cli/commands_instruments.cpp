@@ -155,7 +155,6 @@ class Decoding {
       if (end != std::string_view::npos) sentence_.clear();
       block.remove_prefix(piece.size());
     }
-    Trace();
   }
 
   // A line of a log, without its end.
@@ -166,7 +165,12 @@ class Decoding {
     }
     sentence_ = line;
     Feed([&] { DecodeAisPortLine(state_, line, door_); });
-    Trace();
+  }
+
+  // Notes the position after a block.
+  void Trace() {
+    const GpsFix& fix = state_.fix;
+    trace_.push_back({Number(fix.boat_latitude), Number(fix.boat_longitude), fix.position_good});
   }
 
  private:
@@ -179,11 +183,6 @@ class Decoding {
     const Json changes = Changes(before, state_.fix);
     sentences_.push_back({{"sentence", shown}, {"fix", changes}});
     text_ += shown + "\n" + ChangesText(changes);
-  }
-
-  void Trace() {
-    const GpsFix& fix = state_.fix;
-    trace_.push_back({Number(fix.boat_latitude), Number(fix.boat_longitude), fix.position_good});
   }
 
   std::string port_;  // empty for a replayed log
@@ -302,6 +301,7 @@ Outcome DecodeText(Session& session, const DecodeWords& words) {
     for (const Json& block : list) {
       if (!block.is_string()) return Failure{kFailed, "a block of the input is not a text"};
       decoding.Block(ToBytes(block.get<std::string>()));
+      decoding.Trace();
     }
   } else if (!blocks.empty()) {
     const Result<int> number = ParseWhole(blocks, "blocks", 1, 1 << 30);
@@ -309,6 +309,7 @@ Outcome DecodeText(Session& session, const DecodeWords& words) {
     const auto size = static_cast<std::size_t>(*number);
     for (; !rest.empty(); rest.remove_prefix(std::min(size, rest.size()))) {
       decoding.Block(rest.substr(0, size));
+      decoding.Trace();
     }
   } else {
     while (!rest.empty()) {
@@ -316,6 +317,7 @@ Outcome DecodeText(Session& session, const DecodeWords& words) {
       if (end > 0) decoding.Line(rest.substr(0, end));
       rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
     }
+    decoding.Trace();  // the log is one block
   }
 
   const NmeaState& state = decoding.state();

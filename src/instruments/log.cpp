@@ -254,8 +254,10 @@ Status LoadTrackFromLog(const std::string& path, GpsFix& fix, GpsTrack& track, P
   GpsFix latest = fix;
   GpsTrack points;
   const Result<bool> whole = ForEachLine(path, progress, [&](std::string_view line, bool) {
-    if (line.find('$') == std::string_view::npos || line.find("RMC") == std::string_view::npos)
+    if (line.find('$') == std::string_view::npos || line.find("RMC") == std::string_view::npos ||
+        line.starts_with(kCommentSentence)) {
       return;
+    }
     latest.position_good = false;
     const Rmc rmc = ParseRmc(line);
     if (rmc.state != SentenceState::kGood) return;

@@ -90,15 +90,16 @@ void ForgetPosition(GpsFix& fix) {
   fix.position_good = false;
 }
 
-// Serves one port: reads a block of it, or opens it again when it is time.
+// Serves one port: reads a block of it, or opens it again when it is time. False when it has died:
+// the rest of what it was saying will not come.
 template <typename Take>
-void Serve(LinkPort& port, const QuietLimits& limits, SerialPorts& ports, std::string& block,
+bool Serve(LinkPort& port, const QuietLimits& limits, SerialPorts& ports, std::string& block,
            std::int64_t now, Take take) {
   if (port.watch.phase == LinkPhase::kReconnecting) {
     if (ReopenDue(port.watch, now)) {
       LinkReopened(port.watch, now, Reopen(ports, port.number, port.baud_code));
     }
-    return;
+    return true;
   }
   block.clear();
   const int count = ports.Get(port.number, block, kReceiveBlock);
@@ -108,7 +109,9 @@ void Serve(LinkPort& port, const QuietLimits& limits, SerialPorts& ports, std::s
   } else if ((count < 0 && count != kNoData) || LinkHangs(port.watch, limits, now)) {
     ports.Done(port.number);
     LinkLost(port.watch, now);
+    return false;
   }
+  return true;
 }
 
 // Passes on what ends with a whole sentence and holds back the rest, since the assembly of the AIS
@@ -274,14 +277,19 @@ void ReceiveStep(LinkState& link, NmeaState& nmea, const AppConfig& config, Seri
                  AisSentenceSink& sink, const Clock& clock, std::int64_t now) {
   const bool through_ais = config.gps_through_ais != 0;
   if (link.phase == 0 && link.gps_enabled && link.gps.number >= 0 && !through_ais) {
-    Serve(link.gps, kGpsQuiet, ports, link.block, now,
-          [&](std::string_view block) { AssembleGpsBlock(nmea, block, clock); });
+    if (!Serve(link.gps, kGpsQuiet, ports, link.block, now,
+               [&](std::string_view block) { AssembleGpsBlock(nmea, block, clock); })) {
+      nmea.gps_line.clear();
+      nmea.gps_in_sentence = false;
+    }
   }
   if (link.phase == 1 && link.ais_enabled) {
-    Serve(link.ais, through_ais ? kGpsQuiet : kAisQuiet, ports, link.block, now,
-          [&](std::string_view block) {
-            TakeAisBlock(link, nmea, block, {sink, clock, through_ais});
-          });
+    if (!Serve(link.ais, through_ais ? kGpsQuiet : kAisQuiet, ports, link.block, now,
+               [&](std::string_view block) {
+                 TakeAisBlock(link, nmea, block, {sink, clock, through_ais});
+               })) {
+      link.ais_tail.clear();
+    }
   }
   link.phase = 1 - link.phase;
 }

@@ -219,6 +219,8 @@ TEST_F(Log, TrackIsReadFromGoodFixes) {
   EXPECT_EQ(track[1].minute, 1);
   EXPECT_EQ(read_.fix_time, "070102");
   EXPECT_TRUE(read_.position_good);
+  Track(RmcAt("070102") + "\n" + Sentence("PSKLOG,6,2,no RMC"));
+  EXPECT_TRUE(read_.position_good);
   Track(RmcAt("070102") + "\n" + Sentence("GPRMC,070103,V,,,,,,,051226,,"));
   EXPECT_FALSE(read_.position_good);
   EXPECT_EQ(read_.course_over_ground, 271.5F);

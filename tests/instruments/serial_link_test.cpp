@@ -307,6 +307,21 @@ TEST_F(Link, DeadPortIsOpenedAgainWithGrowingPauses) {
   EXPECT_FALSE(ports_.calls.empty());
 }
 
+// What was cut off by the loss of a port does not spoil what comes after.
+TEST_F(Link, HalfASentenceIsForgottenWithItsPort) {
+  ASSERT_TRUE(Gps(0).ok() && Ais(0).ok());
+  ports_.text = {{0, "$GPRMC,06"}, {1, "!AIVDM,1,"}};
+  Steps(0);
+  ports_.there.clear();
+  Steps(100);
+  ports_.there = {{0, 0}, {1, 0}};
+  Steps(1100);
+  ports_.text = {{0, RmcAt("063020") + "\r\n"}, {1, std::string(kAis) + "\r\n"}};
+  Steps(1200);
+  EXPECT_TRUE(nmea_.fix.position_good);
+  EXPECT_EQ(sink_.sentences, std::vector<std::string>{kAis});
+}
+
 TEST_F(Link, SilentPortIsOpenedAgainInItsTime) {
   ASSERT_TRUE(Ais(0).ok());
   ASSERT_TRUE(Gps(0).ok());
