@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text.h"
-#include "instruments/sentences.h"
+#include "instruments/nmea_sentences.h"
 #include "support/temp_folder.h"
 
 namespace skerrow {
@@ -12,9 +12,9 @@ namespace {
 
 using testing::AsPlainUser;
 using testing::FileBytes;
+using testing::GpsSentence;
 using testing::OnFullDisk;
 using testing::RmcAt;
-using testing::Sentence;
 using testing::TempFolder;
 
 class Notices final : public Messages {
@@ -159,11 +159,11 @@ TEST_F(Log, QueueIsBounded) {
 TEST_F(Log, CommentsAreSentencesOfOurOwn) {
   const auto block = CommentBlock(
       fix_, {"  reefed, 2 * down ", "", "\xC3\xA9t\xC3\xA9\n", std::string(50, 'x'), "5"});
-  EXPECT_EQ(block[0], Sentence("PSKLOG,6,1,5030.250,N,00120.250,W,051226,063020.00"));
-  EXPECT_EQ(block[1], Sentence("PSKLOG,6,2,reefed, 2 * down"));
-  EXPECT_EQ(block[2], Sentence("PSKLOG,6,3,"));
-  EXPECT_EQ(block[3], Sentence("PSKLOG,6,4,\xE9t\xE9"));
-  EXPECT_EQ(block[4], Sentence("PSKLOG,6,5," + std::string(40, 'x')));
+  EXPECT_EQ(block[0], GpsSentence("PSKLOG,6,1,5030.250,N,00120.250,W,051226,063020.00"));
+  EXPECT_EQ(block[1], GpsSentence("PSKLOG,6,2,reefed, 2 * down"));
+  EXPECT_EQ(block[2], GpsSentence("PSKLOG,6,3,"));
+  EXPECT_EQ(block[3], GpsSentence("PSKLOG,6,4,\xE9t\xE9"));
+  EXPECT_EQ(block[4], GpsSentence("PSKLOG,6,5," + std::string(40, 'x')));
   fix_.boat_latitude = -5.25F;
   fix_.boat_longitude = 12.5F;
   EXPECT_EQ(CommentBlock(fix_, {})[0].substr(0, 35), "$PSKLOG,6,1,0515.000,S,01230.000,E,");
@@ -205,8 +205,8 @@ TEST_F(Log, TrackIsReadFromGoodFixes) {
   const std::string bad = RmcAt("063100").replace(20, 1, "9");
   const GpsTrack track =
       Track("!AIVDM,1,1,,B,RMC*00\r\n" + RmcAt("063020.6") + "\r" + bad + "\n" +
-            Sentence("GPGLL,4916.45,N,12311.12,W,225444,A") + "\r\n\r\n" + RmcAt("06302") + "\n" +
-            Sentence("GPRMC,070000,V,5030.250,N,00120.250,E,1.5,090,051226,,") + "\n" +
+            GpsSentence("GPGLL,4916.45,N,12311.12,W,225444,A") + "\r\n\r\n" + RmcAt("06302") +
+            "\n" + GpsSentence("GPRMC,070000,V,5030.250,N,00120.250,E,1.5,090,051226,,") + "\n" +
             RmcAt("070102", "31.0000"));
   ASSERT_EQ(track.size(), 2U);
   EXPECT_EQ(track[0], (GpsTrackPoint{.latitude = static_cast<float>(50.0 + 30.25 / 60.0),
@@ -219,9 +219,9 @@ TEST_F(Log, TrackIsReadFromGoodFixes) {
   EXPECT_EQ(track[1].minute, 1);
   EXPECT_EQ(read_.fix_time, "070102");
   EXPECT_TRUE(read_.position_good);
-  Track(RmcAt("070102") + "\n" + Sentence("PSKLOG,6,2,no RMC"));
+  Track(RmcAt("070102") + "\n" + GpsSentence("PSKLOG,6,2,no RMC"));
   EXPECT_TRUE(read_.position_good);
-  Track(RmcAt("070102") + "\n" + Sentence("GPRMC,070103,V,,,,,,,051226,,"));
+  Track(RmcAt("070102") + "\n" + GpsSentence("GPRMC,070103,V,,,,,,,051226,,"));
   EXPECT_FALSE(read_.position_good);
   EXPECT_EQ(read_.course_over_ground, 271.5F);
 }

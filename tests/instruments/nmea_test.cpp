@@ -4,14 +4,14 @@
 #include <random>
 
 #include "instruments/nmea_checksum.h"
-#include "instruments/sentences.h"
+#include "instruments/nmea_sentences.h"
 
 namespace skerrow {
 namespace {
 
+using testing::GpsSentence;
 using testing::KeptAis;
 using testing::RmcAt;
-using testing::Sentence;
 using testing::StillClock;
 
 // Published examples of the sentences.
@@ -65,7 +65,7 @@ TEST_F(Nmea, GoodRmcSetsTheFix) {
 }
 
 TEST_F(Nmea, FirstGoodFixBeginsTheTrackAndLaterOnesUpdateItsEnd) {
-  Decode(Sentence("GPRMC,235958.50,A,5030.2512,S,00120.25123,W,,,051226,,"));
+  Decode(GpsSentence("GPRMC,235958.50,A,5030.2512,S,00120.25123,W,,,051226,,"));
   ASSERT_EQ(state_.track.size(), 1U);
   EXPECT_EQ(state_.track[0], (GpsTrackPoint{.latitude = static_cast<float>(-50.0 - 30.2512 / 60.0),
                                             .longitude = static_cast<float>(-1.0 - 20.2512 / 60.0),
@@ -105,7 +105,7 @@ TEST_F(Nmea, WarningMovesTheBoatAndIsNoFix) {
     state_ = NmeaState();
     Decode(RmcAt("063020"));
     const GpsTrack track = state_.track;
-    Decode(Sentence(row.body));
+    Decode(GpsSentence(row.body));
     EXPECT_FALSE(fix().position_good) << row.body;
     EXPECT_EQ(fix().position_text, row.position_text) << row.body;
     EXPECT_EQ(fix().boat_latitude, row.latitude) << row.body;
@@ -115,7 +115,7 @@ TEST_F(Nmea, WarningMovesTheBoatAndIsNoFix) {
     EXPECT_EQ(fix().fix_time, "063020");
     EXPECT_EQ(state_.track, track);
   }
-  Decode(Sentence("GPRMC"));  // fields that are missing are empty
+  Decode(GpsSentence("GPRMC"));  // fields that are missing are empty
   EXPECT_EQ(fix().position_text, "0.0  0.0");
 }
 
@@ -133,14 +133,14 @@ TEST_F(Nmea, GllCountsUntilTheFirstRmc) {
   for (const char* body :
        {"GPGLL,4916.45,N,12311.12,W,225445,V", "GPGLL,4916.4,N,12311.12,W,225445,A",
         "GPGLL,4916.45,N,123.12,W,225445,A", "GPGLL"}) {
-    Decode(Sentence(body));
+    Decode(GpsSentence(body));
     EXPECT_EQ(fix(), before) << body;
   }
-  const Gll cut = ParseGll(Sentence("GPGLL,4916.456789,N,12311.123456,W,225444,A"));
+  const Gll cut = ParseGll(GpsSentence("GPGLL,4916.456789,N,12311.123456,W,225444,A"));
   EXPECT_EQ(cut.latitude_text, "49.16.456N");
   EXPECT_EQ(cut.longitude_text, "123.11.123W");
   EXPECT_EQ(cut.latitude, static_cast<float>(49.0 + 16.456 / 60.0));
-  Decode(Sentence("GPRMC,,V,,,,,,,,,,N"));
+  Decode(GpsSentence("GPRMC,,V,,,,,,,,,,N"));
   Decode(kGll);
   EXPECT_FALSE(fix().position_good);
   EXPECT_EQ(fix().boat_latitude, 0.0F);
@@ -154,27 +154,27 @@ TEST_F(Nmea, RmbTellsTheWaypoint) {
   EXPECT_EQ(state_.destination.steer, "L");
   EXPECT_EQ(state_.destination.latitude_text, "49°17.24N");
   EXPECT_EQ(state_.destination.longitude_text, "123°09.57W");
-  Decode(Sentence("GPRMB,A,,R,,NEEDLES,,,,,,,,"));
+  Decode(GpsSentence("GPRMB,A,,R,,NEEDLES,,,,,,,,"));
   EXPECT_EQ(fix().waypoint_text, "Waypt (NEEDLE) 0.0M@0.0°T");
   EXPECT_EQ(state_.destination.name, "NEEDLES");
-  Decode(Sentence("GPRMB,A,,,,,,,,,,,,"));
+  Decode(GpsSentence("GPRMB,A,,,,,,,,,,,,"));
   EXPECT_EQ(fix().waypoint_text, "");
   EXPECT_TRUE(fix().has_active_waypoint);  // for good
 
   state_ = NmeaState();
-  Decode(Sentence("GPRMB,A,,,,X,501,N,,,,,,"));  // "50°1N"
+  Decode(GpsSentence("GPRMB,A,,,,X,501,N,,,,,,"));  // "50°1N"
   EXPECT_FALSE(fix().has_active_waypoint);
-  Decode(Sentence("GPRMB,A,,,,X,5012,N,,,,,,"));  // "50°12N"
+  Decode(GpsSentence("GPRMB,A,,,,X,5012,N,,,,,,"));  // "50°12N"
   EXPECT_TRUE(fix().has_active_waypoint);
 }
 
 TEST_F(Nmea, WhatIsNotWholeChangesNothing) {
   const std::string rmc = kRmc;
-  const std::string rows[] = {"", "*", "$GPRMC", Sentence("GPRMC,1", '!'),
+  const std::string rows[] = {"", "*", "$GPRMC", GpsSentence("GPRMC,1", '!'),
                               rmc.substr(0, rmc.size() - 1), rmc.substr(0, rmc.size() - 1) + "a",
                               rmc.substr(0, rmc.size() - 3), kAis,
                               // A comment that speaks of the receiver.
-                              Sentence("PSKLOG,6,2,no RMC GLL RMB")};
+                              GpsSentence("PSKLOG,6,2,no RMC GLL RMB")};
   for (const std::string& row : rows) {
     Decode(row);
     EXPECT_EQ(fix(), GpsFix()) << row;

@@ -3,15 +3,15 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "instruments/sentences.h"
+#include "instruments/nmea_sentences.h"
 #include "support/temp_folder.h"
 
 namespace skerrow {
 namespace {
 
+using testing::GpsSentence;
 using testing::KeptAis;
 using testing::RmcAt;
-using testing::Sentence;
 using testing::StillClock;
 using testing::TempFolder;
 
@@ -61,7 +61,7 @@ TEST_F(Replay, LogThatGrowsIsNotPlayedForEver) {
 TEST_F(Replay, LinesGoThroughTheDecodersOneEachTick) {
   nmea_.track.resize(2);
   ASSERT_TRUE(Start(std::string(kAis) + "\r\n" + RmcAt("063020.7") + "\r\n" +
-                    Sentence("PSKLOG,6,1,5030.250,N,00120.250,W,051226,063020") + "\r\n"));
+                    GpsSentence("PSKLOG,6,1,5030.250,N,00120.250,W,051226,063020") + "\r\n"));
   EXPECT_EQ(plot_.plot_file_name, folder_.File("replay.trk"));
   EXPECT_FALSE(plot_.track_plot_on);
   Tick();
@@ -170,10 +170,10 @@ TEST_F(Replay, LogTimeSharesTheWaitAmongTheLinesBetween) {
   EXPECT_EQ(Waits(log, ReplayPace::kLogTime10)[3], 213);  // 212.5 and the half before it
 
   const auto gll = [](const char* time) {
-    return Sentence(std::string("GPGLL,4916.45,N,12311.12,W,") + time + ",A") + "\r\n";
+    return GpsSentence(std::string("GPGLL,4916.45,N,12311.12,W,") + time + ",A") + "\r\n";
   };
   const auto rmc = [](const char* time, const char* date) {
-    return Sentence(std::string("GPRMC,") + time + ",V,,,,,,," + date + ",,") + "\r\n";
+    return GpsSentence(std::string("GPRMC,") + time + ",V,,,,,,," + date + ",,") + "\r\n";
   };
   const struct {
     std::string log;

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "instruments/sentences.h"
+#include "instruments/nmea_sentences.h"
 
 namespace skerrow {
 namespace {

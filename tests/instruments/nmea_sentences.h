@@ -10,7 +10,7 @@
 namespace skerrow::testing {
 
 // A sentence with its checksum, from what stands between its first character and "*".
-inline std::string Sentence(const std::string& body, char start = '$') {
+inline std::string GpsSentence(const std::string& body, char start = '$') {
   int sum = 0;
   for (const char c : body) sum ^= static_cast<unsigned char>(c);
   char digits[3];
@@ -20,7 +20,8 @@ inline std::string Sentence(const std::string& body, char start = '$') {
 
 // A good RMC at that minute of 50 degrees north, 1 degree 20.25 minutes west.
 inline std::string RmcAt(const std::string& time, const std::string& minutes = "30.2500") {
-  return Sentence("GPRMC," + time + ",A,50" + minutes + ",N,00120.2500,W,5.2,271.5,051226,2.0,W");
+  return GpsSentence("GPRMC," + time + ",A,50" + minutes +
+                     ",N,00120.2500,W,5.2,271.5,051226,2.0,W");
 }
 
 // Keeps the AIS sentences that it is given and says whether they were good.
