@@ -14,6 +14,50 @@ std::int16_t TackOf(const RelativeWind& wind) {
   return static_cast<std::int16_t>(wind.starboard ? Tack::kStarboard : Tack::kPort);
 }
 
+// The wind on a leg that begins at `at` at a time, and what the boat makes of it; empty where the
+// polar lacks a cell.
+std::optional<LegWind> WindOnLeg(Position at, float course, const PolarTable& polar,
+                                 const RouteWindRequest& request, const LaterTime& time) {
+  LegWind leg;
+  leg.wind = request.default_wind;
+  if (!request.constant_wind) {
+    const std::optional<Wind> found =
+        request.wind_at ? request.wind_at(at, time.date, time.hours) : std::nullopt;
+    leg.found = found.has_value();
+    leg.wind = found.value_or(request.default_wind);
+  }
+  const auto element = CalcRouteElement(polar, leg.wind, course, request.closest);
+  if (!element) return std::nullopt;
+  leg.element = *element;
+  return leg;
+}
+
+// Whether legs got speeds; shows why not. `leg`, from 1, is the one that stood in the way.
+bool Sailed(RouteWindOutcome outcome, std::size_t leg, Messages& messages) {
+  switch (outcome) {
+    case RouteWindOutcome::kDone:
+      return true;
+    case RouteWindOutcome::kNoRoute:
+      break;
+    case RouteWindOutcome::kNoCell:
+      messages.Show(kPolarCellFault, MessageIcon::kWarning);
+      break;
+    case RouteWindOutcome::kBecalmed:
+      messages.Show("By this polar the boat does not move on leg " + std::to_string(leg) +
+                        ", for want of wind. No speed has been changed.",
+                    MessageIcon::kWarning);
+      break;
+  }
+  return false;
+}
+
+void Give(RoutePoint& point, const LegWind& leg) {
+  point.wind_speed = leg.wind.speed_kn;
+  point.wind_direction = leg.wind.from_deg;
+  point.speed = leg.element.speed;
+  point.tack = leg.element.tack;
+}
+
 }  // namespace
 
 std::optional<RouteElement> CalcRouteElement(const PolarTable& polar, const Wind& wind,
@@ -38,28 +82,17 @@ RouteWinds WindsOnRoute(const std::vector<RoutePoint>& points, const PolarTable&
   LaterTime arrival{request.date, request.hours, {}};
   for (std::size_t i = 0; i + 1 < points.size(); ++i) {
     const RangeAndBearing way = RangeBearing(points[i].At(), points[i].Next());
-    LegWind leg;
-    leg.wind = request.default_wind;
-    if (!request.constant_wind) {
-      const std::optional<Wind> found =
-          request.wind_at ? request.wind_at(points[i].At(), arrival.date, arrival.hours)
-                          : std::nullopt;
-      leg.found = found.has_value();
-      leg.wind = found.value_or(request.default_wind);
-    }
-    const std::optional<RouteElement> element =
-        CalcRouteElement(polar, leg.wind, way.bearing, request.closest);
-    if (!element) {
+    const auto leg = WindOnLeg(points[i].At(), way.bearing, polar, request, arrival);
+    if (!leg) {
       winds.outcome = RouteWindOutcome::kNoCell;
       return winds;
     }
-    leg.element = *element;
-    winds.legs.push_back(leg);
-    if (!(leg.element.speed > 0)) {
+    winds.legs.push_back(*leg);
+    if (!(leg->element.speed > 0)) {
       winds.outcome = RouteWindOutcome::kBecalmed;
       return winds;
     }
-    arrival = AddHours(arrival.date, arrival.hours, way.range / leg.element.speed);
+    arrival = AddHours(arrival.date, arrival.hours, way.range / leg->element.speed);
   }
   return winds;
 }
@@ -71,28 +104,29 @@ bool SetSpeedsByWind(std::vector<RoutePoint>& points, const PolarTable& polar,
                   [](const LegWind& leg) { return !leg.found; })) {
     messages.Show(kCoverageDefault, MessageIcon::kWarning);
   }
-  switch (winds.outcome) {
-    case RouteWindOutcome::kNoRoute:
-      return false;
-    case RouteWindOutcome::kNoCell:
-      messages.Show(kPolarCellFault, MessageIcon::kWarning);
-      return false;
-    case RouteWindOutcome::kBecalmed:
-      messages.Show("By this polar the boat does not move on leg " +
-                        std::to_string(winds.legs.size()) +
-                        ", for want of wind. No speed has been changed.",
-                    MessageIcon::kWarning);
-      return false;
-    case RouteWindOutcome::kDone:
-      break;
+  if (!Sailed(winds.outcome, winds.legs.size(), messages)) return false;
+  for (std::size_t i = 0; i < winds.legs.size(); ++i) Give(points[i], winds.legs[i]);
+  return true;
+}
+
+bool SetLegSpeedByWind(std::vector<RoutePoint>& points, std::size_t leg, const PolarTable& polar,
+                       const RouteWindRequest& request, Messages& messages) {
+  if (leg + 1 >= points.size()) return false;
+  LaterTime arrival{request.date, request.hours, {}};
+  for (std::size_t i = 0; i < leg; ++i) {
+    const float range = RangeBearing(points[i].At(), points[i].Next()).range;
+    if (points[i].speed > 0.0F) {
+      arrival = AddHours(arrival.date, arrival.hours, range / points[i].speed);
+    }
   }
-  for (std::size_t i = 0; i < winds.legs.size(); ++i) {
-    const LegWind& leg = winds.legs[i];
-    points[i].wind_speed = leg.wind.speed_kn;
-    points[i].wind_direction = leg.wind.from_deg;
-    points[i].speed = leg.element.speed;
-    points[i].tack = leg.element.tack;
-  }
+  const float course = RangeBearing(points[leg].At(), points[leg].Next()).bearing;
+  const auto wind = WindOnLeg(points[leg].At(), course, polar, request, arrival);
+  if (wind && !wind->found) messages.Show(kCoverageDefault, MessageIcon::kWarning);
+  const RouteWindOutcome outcome = !wind                           ? RouteWindOutcome::kNoCell
+                                   : !(wind->element.speed > 0.0F) ? RouteWindOutcome::kBecalmed
+                                                                   : RouteWindOutcome::kDone;
+  if (!Sailed(outcome, leg + 1, messages)) return false;
+  Give(points[leg], *wind);
   return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -68,6 +69,11 @@ RouteWinds WindsOnRoute(const std::vector<RoutePoint>& points, const PolarTable&
 // and once, when a wind was not known.
 bool SetSpeedsByWind(std::vector<RoutePoint>& points, const PolarTable& polar,
                      const RouteWindRequest& request, Messages& messages);
+
+// The same for one leg, from 0, that begins when the legs before it end at the speeds they have. An
+// index outside the route does nothing.
+bool SetLegSpeedByWind(std::vector<RoutePoint>& points, std::size_t leg, const PolarTable& polar,
+                       const RouteWindRequest& request, Messages& messages);
 
 // Gives each leg the tack that a wind direction makes on its bearing, 1 port or 2 starboard.
 void SetTacksByWind(std::vector<RoutePoint>& points, float wind_from);

@@ -10,9 +10,8 @@ namespace skerrow {
 namespace {
 
 constexpr int kLastRowRead = 30;
-constexpr double kSlowest = 0.5;        // knots, pointing higher than the boat can sail
-constexpr double kCloseHauled = 30.0;   // degrees: the angle that the slowing is reckoned from
-constexpr double kFastestBoat = 100.0;  // knots
+constexpr double kSlowest = 0.5;       // knots, pointing higher than the boat can sail
+constexpr double kCloseHauled = 30.0;  // degrees: the angle that the slowing is reckoned from
 
 // Numbers of a line of the shared form; empty when something else stands in it. An empty field at
 // the end of a line counts for nothing, one within it is 0.
@@ -214,8 +213,11 @@ Result<PolarImport> PolarFromText(std::string_view text) {
         return speeds[w.below] + (speeds[w.below + 1] - speeds[w.below]) * w.part;
       };
       double speed = along(a.below) + (along(a.below + 1) - along(a.below)) * a.part;
-      if (column == 1 && w.outside) speed = 0.0;
-      if (a.outside || (w.outside && column > 1)) ++result.guessed;
+      if (column == 1 && w.outside) {
+        speed = 0.0;
+      } else if (a.outside || w.outside) {
+        ++result.guessed;
+      }
       row[column] = FormatFixed(speed, 1, 2);
     }
   }

@@ -18,8 +18,9 @@ inline constexpr int kPolarAngleStep = 5;
 inline constexpr int kFirstPolarAngle = 30;
 inline constexpr int kLastPolarAngle = 180;
 inline constexpr std::size_t kPolarAngles = 31;
-// Columns 1 .. 15 are those of 2 .. 30 knots, which the plots show.
+// The curves that the plots show, of 2 to 30 knots of wind.
 inline constexpr std::size_t kPolarCurves = 15;
+inline constexpr double kFastestBoat = 100.0;  // knots; what is faster is no boat
 
 inline constexpr const char* kPolarCellFault = "Error in database for this wind and angle";
 inline constexpr const char* kNoSetUp = "Select a set up";

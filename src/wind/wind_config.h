@@ -10,6 +10,7 @@
 #include "core/folders.h"
 #include "core/position.h"
 #include "core/record.h"
+#include "core/result.h"
 
 namespace skerrow {
 
@@ -29,10 +30,12 @@ struct WindConfig {
   std::int16_t second_spare = 0;
   std::string default_speed = "5.0";
   std::string default_direction = "290";
-  std::int16_t selected_setup = 0;
+  std::int16_t selected_setup = 0;  // index from 1; 0: none
 
   // The program's default wind.
   Wind Default() const;
+  // Makes a wind the default, as its texts keep it: tenths of a knot and whole degrees.
+  void SetDefault(const Wind& wind);
 };
 
 inline constexpr std::size_t kWindConfigSize = 24;
@@ -57,6 +60,9 @@ static_assert(IsPacked(kWindConfigFields, kWindConfigSize));
 // Reads the wind settings; a missing file is created with the defaults, a short one is taken as
 // far as it goes. An unreadable file gives the defaults.
 WindConfig LoadWindConfig(const Folders& folders);
+
+// Writes the wind settings.
+Status SaveWindConfig(const Folders& folders, const WindConfig& config);
 
 // The wind at a place and time from imported forecasts; empty where there is none.
 using WindLookup = std::function<std::optional<Wind>(Position, DayAndYear, float hours)>;

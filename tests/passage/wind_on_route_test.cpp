@@ -127,5 +127,33 @@ TEST(WindOnRoute, TacksAndDeparturesAlone) {
   EXPECT_FLOAT_EQ(speeds(7.0F)[0], 4.0F);
 }
 
+TEST(WindOnRoute, OneLegHasTheWindOfTheTimeItBegins) {
+  std::vector<RoutePoint> points = Route();
+  RouteWindRequest request;
+  request.constant_wind = false;
+  request.date = {339, 2026};
+  request.hours = 22.0F;
+  // 30 miles at 9 knots: the second leg begins at 01:20 of the next day.
+  request.wind_at = [](Position at, DayAndYear day, float hours) -> std::optional<Wind> {
+    EXPECT_EQ(at.longitude, -0.5F);
+    EXPECT_EQ(day.day, 340);
+    EXPECT_NEAR(hours, 1.3333, 0.001);
+    return Wind{10.0F, 60.0F};
+  };
+  RecordingMessages messages;
+  const PolarTable polar(Rows());
+  ASSERT_TRUE(SetLegSpeedByWind(points, 1, polar, request, messages));
+  EXPECT_EQ(points[1].speed, 3.0F);
+  EXPECT_EQ(points[1].tack, 2);
+  EXPECT_EQ(points[1].wind_speed, 10.0F);
+  EXPECT_EQ(points[0].speed, 9.0F);
+  EXPECT_FALSE(SetLegSpeedByWind(points, 2, polar, request, messages)) << "the last point";
+  request.wind_at = nullptr;
+  request.default_wind = {10.0F, 90.0F};
+  messages.Expect(kCoverageDefault, MessageIcon::kWarning);
+  ASSERT_TRUE(SetLegSpeedByWind(points, 1, polar, request, messages));
+  EXPECT_EQ(points[1].speed, 4.5F);
+}
+
 }  // namespace
 }  // namespace skerrow

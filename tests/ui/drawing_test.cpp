@@ -108,6 +108,56 @@ TEST(QtSurface, CutPolylineLooksLikeTheWholeOne) {
   EXPECT_LT(different, cut.width() * cut.height() / 100);
 }
 
+// A copied stamp is the drawing itself, and made once for each key, look and density.
+TEST(QtSurface, AStampIsDrawnOnceAndCopied) {
+  for (const int ratio : {1, 2}) {
+    int drawn = 0;
+    const auto flag = [&drawn](DrawingSurface& surface, SurfacePoint at) {
+      ++drawn;
+      surface.SetPen(2, kRed);
+      surface.Line(at, {at.x + 14.0, at.y + 9.0});
+      surface.SetFill(kBlue);
+      surface.Polygon(std::vector<SurfacePoint>{at, {at.x, at.y - 12.0}, {at.x - 8.0, at.y - 6.0}});
+      surface.SetFill(std::nullopt);
+    };
+    TextPictures kept;
+    const auto picture = [&](bool stamped, SurfacePoint first, Look look) {
+      QImage image(QSize(120, 80) * ratio, QImage::Format_RGB32);
+      image.setDevicePixelRatio(ratio);
+      image.fill(Qt::white);
+      QPainter painter(&image);
+      QtSurface surface(painter, QSizeF(120, 80), look, &kept);
+      for (const SurfacePoint at : {first, SurfacePoint{70.0, 50.0}, SurfacePoint{-3.0, 20.0}}) {
+        if (stamped) {
+          surface.Stamp(at, "flag", 17.0, flag);
+        } else {
+          flag(surface, at);
+        }
+      }
+      return image;
+    };
+    const auto most_apart = [](const QImage& a, const QImage& b) {
+      int most = 0;
+      for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+          most = std::max(most, std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))));
+        }
+      }
+      return most;
+    };
+    EXPECT_LE(most_apart(picture(true, {30, 40}, {}), picture(false, {30, 40}, {})), 4) << ratio;
+    EXPECT_EQ(drawn, 1 + 3);
+    // To the nearest pixel of the screen.
+    EXPECT_EQ(picture(true, {30.2, 39.8}, {}), picture(true, {30, 40}, {}));
+    EXPECT_EQ(picture(true, {30.4, 40}, {}) == picture(true, {30, 40}, {}), ratio == 1);
+    EXPECT_EQ(drawn, 1 + 3);
+    const Look night{true, 60};
+    EXPECT_LE(most_apart(picture(true, {30, 40}, night), picture(false, {30, 40}, night)), 4);
+    EXPECT_EQ(drawn, 2 * (1 + 3));
+    EXPECT_GT(kept.MemoryUse(), 14 * 21 * 4);
+  }
+}
+
 // The box of the pixels that differ from the paper.
 QRect InkBox(const QImage& image) {
   QRect box;

@@ -138,8 +138,8 @@ TEST(Polar, TextOfOtherProgramsIsInterpolated) {
   EXPECT_EQ(at(30, 10), "9.00");  // beyond the last angle
   EXPECT_EQ(at(6, 2), "6.00");
   EXPECT_EQ(at(6, 0), "0.00");
-  // 12 angles beyond 120 in all 16 columns, and 12 of the wind columns outside in the other 19.
-  EXPECT_EQ(import->guessed, 12 * 16 + 19 * 12);
+  // 12 angles beyond 120 in all 15 columns with wind, and 12 of these outside in the other 19.
+  EXPECT_EQ(import->guessed, 12 * 15 + 19 * 12);
 
   const PolarRows sloping = SlopingRows();
   const Result<PolarImport> again = PolarFromText(PolarToText(sloping));

@@ -11,16 +11,21 @@
 #include "app/recovery.h"
 #include "app/situation.h"
 #include "core/progress.h"
+#include "passage/wind_on_route.h"
+#include "platform/polars.h"
 #include "routes/waypoint.h"
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmCalcCOG.h"
 #include "ui/dialogs/frmCalcMOB.h"
 #include "ui/dialogs/frmConfigure.h"
+#include "ui/dialogs/frmEditPlot.h"
 #include "ui/dialogs/frmLoadChart.h"
 #include "ui/dialogs/frmOptResults.h"
+#include "ui/dialogs/frmPolarPlot.h"
 #include "ui/dialogs/frmQuickInstructions.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmSetLeg.h"
+#include "ui/dialogs/frmWind.h"
 #include "ui/dialogs/frmcalcroute.h"
 #include "ui/dialogs/frmresults.h"
 #include "ui/dialogs/frmroutehistory.h"
@@ -52,6 +57,7 @@
 #include "ui/tides/frmharmedit.h"
 #include "ui/widgets/desktop_messages.h"
 #include "ui/wind/frmGribImport.h"
+#include "ui/wind/frmTrueAppWind.h"
 #include "ui/wind/frmViewSmartMet.h"
 #include "ui/wind/frmViewWind.h"
 
@@ -65,7 +71,9 @@ void Select(QDialog& dialog, const char* list_name, int row) {
 }
 
 void Fill(QDialog& dialog, const char* box, const char* text) {
-  dialog.findChild<QLineEdit*>(box)->setText(text);
+  auto* edit = dialog.findChild<QLineEdit*>(box);
+  edit->setText(text);
+  emit edit->textEdited(text);  // as typed
 }
 
 void KeepPassage(const Album& album, Studio& studio) {
@@ -79,7 +87,7 @@ void KeepPassage(const Album& album, Studio& studio) {
   RunDepartureSearch(program, 4, studio.messages, progress);
   frmOptResults departures(desktop, nullptr);
   album.Keep(departures, "frmOptResults");
-  SetTacks(program.route, program.wind_config.Default().from_deg);
+  SetTacksByWind(program.route.points, program.wind_config.Default().from_deg);
   frmcalcroute calculation(desktop, nullptr);
   album.Keep(calculation, "frmcalcroute");
   RunCalculation(program, {"09:30", true, "5"}, studio.messages, progress);
@@ -172,6 +180,30 @@ void KeepWind(const Album& album, Studio& studio) {
   album.Keep(list, "frmViewSmartMet");
   frmViewWind components(desktop, nullptr);
   album.Keep(components, "frmViewWind");
+  const PolarRows rows = *OpenPolarDatabase(program.folders.InstalledPolars(), "")
+                              ->Read("Performance cruiser 12 m (illustrative)");
+  frmWind wind(desktop, nullptr);
+  Select(wind, "lstSetUps", 1);
+  Fill(wind, "txtWindSpeed", "14");
+  Fill(wind, "txtWindDir", "225");
+  Fill(wind, "txtHeading", "180");
+  for (const char* button : {"cmdCalc", "cmdCalcPolar"}) {
+    wind.findChild<QPushButton*>(button)->click();
+  }
+  album.Keep(wind, "frmWind");
+  frmPolarPlot polar(desktop, "Performance cruiser 12 m (illustrative)", rows,
+                     PolarEstimate{14.0, 45.0, "6.8"}, nullptr);
+  polar.findChild<PolarWidget*>("Picture1")->SetCursor(PolarCursor{{100.0, 7.86}, 0x404040});
+  album.Keep(polar, "frmPolarPlot");
+  frmEditPlot editor(desktop, "Performance cruiser 12 m (illustrative)", nullptr);
+  album.Keep(editor, "frmEditPlot");
+  editor.findChild<QTabWidget*>("tabEdit")->setCurrentIndex(1);
+  album.Keep(editor, "frmEditPlot-text");
+  frmTrueAppWind convert(desktop, nullptr);
+  Fill(convert, "txtBoatSpeed", "5.5");
+  Fill(convert, "txtAppSpeed", "16");
+  Fill(convert, "txtAppAngle", "35");
+  album.Keep(convert, "frmTrueAppWind");
   program.config = before;
   if (const Status saved = SaveConfig(program.folders, before); !saved) {
     std::fprintf(stderr, "%s\n", saved.error().Text().c_str());

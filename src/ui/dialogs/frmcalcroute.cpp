@@ -4,7 +4,9 @@
 #include <QTimer>
 
 #include "core/numbers.h"
+#include "passage/wind_on_route.h"
 #include "routes/route_rows.h"
+#include "ui/dialogs/frmWind.h"
 #include "ui/dialogs/frmresults.h"
 #include "ui/edits.h"
 #include "ui/widgets/progress_dialog.h"
@@ -92,7 +94,6 @@ QWidget* frmcalcroute::MakeSideColumn() {
       MakeRow({MakeLabel("A&ngle:", leeway_), leeway_, new QLabel(QStringLiteral("\u00b0"))}));
   auto* winds = new QHBoxLayout;
   auto* wind = Named<QPushButton>("cmdWind", "&Wind");
-  wind->setEnabled(false);
   wind->setToolTip("Leg speeds from the wind");
   auto* tack = Named<QPushButton>("cmdTack", "Tac&k ?");
   tack->setToolTip("Sets the tack of each leg from the default wind");
@@ -102,12 +103,11 @@ QWidget* frmcalcroute::MakeSideColumn() {
   }
   leeway_rows->addLayout(winds);
   column->addWidget(leeway);
-  connect(tack, &QPushButton::clicked, this, [this] {
-    Edit("Set Tacks", [this](RouteState& route) {
-      SetTacks(route, this->desktop().program.wind_config.Default().from_deg);
-      return RouteFormRefusal::kNone;
-    });
+  connect(wind, &QPushButton::clicked, this, [this] {
+    frmWind(this->desktop(), this).exec();
+    SetTacks();
   });
+  connect(tack, &QPushButton::clicked, this, [this] { SetTacks(); });
 
   auto* gps_rows = new QVBoxLayout(gps_box_);
   auto* use = Named<QPushButton>("cmdUseGPS", "&Use GPS for Start");
@@ -184,6 +184,13 @@ void frmcalcroute::Edit(const char* name,
   } else if (refusal != RouteFormRefusal::kNoLegSelected) {
     Refuse(RouteFormText(refusal), false, leg_box_->AtFault(refusal));
   }
+}
+
+void frmcalcroute::SetTacks() {
+  Edit("Set Tacks", [this](RouteState& route) {
+    SetTacksByWind(route.points, desktop().program.wind_config.Default().from_deg);
+    return RouteFormRefusal::kNone;
+  });
 }
 
 void frmcalcroute::Copy() {

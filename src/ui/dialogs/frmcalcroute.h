@@ -30,6 +30,7 @@ class frmcalcroute : public Dialog {
   void LoadGps();
   // Changes the route as the edit `name` and shows what came of it, or the refusal.
   void Edit(const char* name, const std::function<RouteFormRefusal(RouteState&)>& edit);
+  void SetTacks();
   void Copy();
   void Calculate();
 

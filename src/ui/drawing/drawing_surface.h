@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -46,6 +47,11 @@ struct TextStyle {
   std::optional<std::int32_t> halo;        // a rim about the letters
 };
 
+class DrawingSurface;
+
+// Draws a stamp about a place of a surface.
+using StampDrawing = std::function<void(DrawingSurface&, SurfacePoint)>;
+
 // The surface. Colours are those of the records: red in the lowest byte, then green, then blue.
 // A shape with a coordinate that is no finite number is not drawn.
 class DrawingSurface {
@@ -77,6 +83,14 @@ class DrawingSurface {
                     const TextStyle& style) = 0;
   // The room that Text takes; left and top are 0.
   virtual SurfaceRect TextExtent(std::string_view text, const TextStyle& style) const = 0;
+
+  // A small drawing that is repeated, no farther than `reach` pixels from its place. A screen keeps
+  // it by its key, which tells all that it depends on, and copies it to the nearest of its pixels.
+  // It sets its own pen, and leaves the pen and the fill of what follows open.
+  virtual void Stamp(SurfacePoint at, std::string_view /*key*/, double /*reach*/,
+                     const StampDrawing& draw) {
+    draw(*this, at);
+  }
 
   // Confines what follows to a rectangle, within what it is confined to already, until the
   // PopClip that belongs to it.

@@ -12,6 +12,8 @@
 namespace skerrow {
 namespace {
 
+constexpr int kThin = 2;  // the widest thin pen, pixels
+
 bool Finite(SurfacePoint point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
 bool Finite(std::span<const SurfacePoint> points) {
@@ -74,7 +76,6 @@ QtSurface::QtSurface(QPainter& painter, QSizeF size, Look look, TextPictures* te
       texts_(texts != nullptr ? *texts : own_texts_) {
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
-  pen_.setCapStyle(Qt::RoundCap);
   pen_.setJoinStyle(Qt::RoundJoin);
   SetPen(1, 0, LineStyle::kSolid);
   SetFill(std::nullopt);
@@ -103,6 +104,10 @@ void QtSurface::SetPen(int width, std::int32_t colour, LineStyle style) {
   pen_.setStyle(style == LineStyle::kDash  ? Qt::DashLine
                 : style == LineStyle::kDot ? Qt::DotLine
                                            : Qt::SolidLine);
+  // The painter strokes a line with round ends as a path of curves; one with square ends it fills
+  // at once, five times as fast. On a thin line nobody sees the difference.
+  thin_ = style == LineStyle::kSolid && width <= kThin;
+  pen_.setCapStyle(thin_ ? Qt::SquareCap : Qt::RoundCap);
   painter_.setPen(pen_);
   UpdateReach();
 }
@@ -130,6 +135,10 @@ void QtSurface::DrawRun(std::span<const SurfacePoint> points) {
 
 void QtSurface::Polyline(std::span<const SurfacePoint> points) {
   if (points.size() < 2 || !Finite(points)) return;
+  if (thin_) {
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) Line(points[i], points[i + 1]);
+    return;
+  }
   // Only the runs that touch the surface are given to the painter; a track of thousands of points
   // is for the most part elsewhere.
   std::vector<SurfacePoint> run;
@@ -165,7 +174,11 @@ void QtSurface::Polygon(std::span<const SurfacePoint> points) {
   QPolygonF polygon;
   for (const SurfacePoint& point : points) polygon << QPointF(point.x, point.y);
   if (!polygon.boundingRect().intersects(reach_)) return;
+  if (!thin_) return painter_.drawPolygon(polygon);
+  painter_.setPen(Qt::NoPen);
   painter_.drawPolygon(polygon);
+  painter_.setPen(pen_);
+  for (std::size_t i = 0; i < points.size(); ++i) Line(points[i], points[(i + 1) % points.size()]);
 }
 
 void QtSurface::Ring(SurfacePoint centre, double radius) {
@@ -236,6 +249,17 @@ void QtSurface::Text(SurfacePoint at, std::string_view text, std::int32_t colour
   painter_.setFont(FontOf(style));
   WriteText(painter_, box, ToQString(text), style.align_x, Colour(colour), rim);
   painter_.restore();
+}
+
+void QtSurface::Stamp(SurfacePoint at, std::string_view key, double reach,
+                      const StampDrawing& draw) {
+  if (!Finite(at)) return;
+  if (!screen_) return draw(*this, at);
+  const StampPictures::Picture& picture = texts_.stamps().Get(key, reach, draw, look_, ratio_);
+  if (picture.image.isNull()) return;
+  painter_.drawImage(QPointF((std::round(at.x * ratio_) + picture.corner.x()) / ratio_,
+                             (std::round(at.y * ratio_) + picture.corner.y()) / ratio_),
+                     picture.image);
 }
 
 void QtSurface::PushClip(SurfaceRect rect) {

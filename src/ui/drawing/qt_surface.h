@@ -19,7 +19,8 @@ QColor Dimmed(const QColor& colour, const Look& look);
 class QtSurface final : public DrawingSurface {
  public:
   // `size` is that of the surface in the painter's coordinates. All colours pass through
-  // ShownColour. Texts are kept in `texts` from one surface to the next; null: for this one only.
+  // ShownColour. Texts and stamps are kept in `texts` from one surface to the next; null: for this
+  // one only.
   QtSurface(QPainter& painter, QSizeF size, Look look = {}, TextPictures* texts = nullptr);
   ~QtSurface() override;
   QtSurface(const QtSurface&) = delete;
@@ -37,6 +38,8 @@ class QtSurface final : public DrawingSurface {
   void Text(SurfacePoint at, std::string_view text, std::int32_t colour,
             const TextStyle& style) override;
   SurfaceRect TextExtent(std::string_view text, const TextStyle& style) const override;
+  void Stamp(SurfacePoint at, std::string_view key, double reach,
+             const StampDrawing& draw) override;
   void PushClip(SurfaceRect rect) override;
   void PopClip() override;
 
@@ -57,6 +60,7 @@ class QtSurface final : public DrawingSurface {
   mutable TextPictures own_texts_;
   TextPictures& texts_;
   QPen pen_;
+  bool thin_ = false;  // solid, and drawn line by line with square ends
   QBrush fill_;
   QRectF reach_;  // what a line must touch to be seen
   int clips_ = 0;

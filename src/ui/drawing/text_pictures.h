@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "ui/drawing/drawing_surface.h"
+#include "ui/drawing/stamp_pictures.h"
 
 class QPainter;
 
@@ -28,7 +29,8 @@ QSizeF TextRoom(const QString& text, const QFontMetricsF& metrics);
 void WriteText(QPainter& painter, const QRectF& room, const QString& text, AlignX align,
                const QColor& ink, const QColor& rim);
 
-// Texts that are laid out and drawn once and copied from then on. What is kept is bounded.
+// Texts that are laid out and drawn once and copied from then on, and the stamps beside them. What
+// is kept is bounded.
 class TextPictures {
  public:
   // Beyond the text's room on each side, view pixels: what its rim and slanting letters take.
@@ -40,7 +42,8 @@ class TextPictures {
   // until the next call.
   const QImage& Picture(std::string_view text, const TextStyle& style, const QColor& ink,
                         const QColor& rim, double ratio);
-  std::int64_t MemoryUse() const { return bytes_; }
+  StampPictures& stamps() { return stamps_; }
+  std::int64_t MemoryUse() const { return bytes_ + stamps_.MemoryUse(); }
 
  private:
   struct Face {
@@ -54,6 +57,7 @@ class TextPictures {
 
   std::vector<std::unique_ptr<Face>> faces_;
   std::int64_t bytes_ = 0;
+  StampPictures stamps_;
 };
 
 }  // namespace skerrow

@@ -1,34 +1,17 @@
 #include "ui/forms/calc_route_form.h"
 
-#include <cmath>
-
 #include "app/edits.h"
 #include "core/numbers.h"
-#include "core/plane_sailing.h"
 #include "passage/optimum.h"
 
 namespace skerrow {
+
 CalcRouteTexts CalcRouteTextsOf(const Program& program) {
   const float hours =
       program.selected_time.override_ ? program.selected_time.hours : program.clock->Now().Hours();
   return {HoursToClock(hours), DateText(program.selected_time.Day()), program.use_leeway,
           ShortText(program.config.leeway_angle),
           "Route = " + FormatFixed(RouteLengthOf(program.route.points), 1, 1) + "Nm"};
-}
-
-bool WindOnStarboard(float wind_direction, float course) {
-  double angle = std::fmod(static_cast<double>(wind_direction) - course, 360.0);
-  if (angle < 0.0) angle += 360.0;
-  return angle > 0.0 && angle < 180.0;
-}
-
-void SetTacks(RouteState& route, float wind_direction) {
-  std::vector<RoutePoint>& points = route.points;
-  for (std::size_t i = 0; i + 1 < points.size(); ++i) {
-    const float course = RangeBearing(points[i].At(), points[i].Next()).bearing;
-    points[i].tack = static_cast<std::int16_t>(
-        WindOnStarboard(wind_direction, course) ? Tack::kStarboard : Tack::kPort);
-  }
 }
 
 std::optional<GpsReading> GpsReadingOf(const Program& program) {

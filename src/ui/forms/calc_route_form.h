@@ -23,13 +23,6 @@ struct CalcRouteTexts {
 };
 CalcRouteTexts CalcRouteTextsOf(const Program& program);
 
-// Whether a wind from `wind_direction` comes over the starboard side of a boat on `course`. Dead
-// ahead and dead astern do not. Degrees.
-bool WindOnStarboard(float wind_direction, float course);
-
-// Sets the tack of each leg from a wind from `wind_direction`, degrees.
-void SetTacks(RouteState& route, float wind_direction);
-
 // The boat as the GPS has it.
 struct GpsReading {
   Position position;

@@ -7,6 +7,7 @@
 #include "charts/chart_files.h"
 #include "charts/chart_view.h"
 #include "core/position.h"
+#include "ui/drawing/look.h"
 
 // What the chart window knows beside the program's state: where the mouse is, what is marked and
 // what is being drawn.
@@ -82,5 +83,10 @@ struct ViewState {
   // Height of the display at the start, view pixels: the boat symbol is drawn to this scale.
   double display_height = 1080.0;
 };
+
+// The look of what the window draws by itself.
+inline Look LookOf(const ViewState& view) {
+  return {view.night, view.night ? view.brightness.level : 100};
+}
 
 }  // namespace skerrow

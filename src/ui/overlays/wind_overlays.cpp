@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 
 #include "core/numbers.h"
@@ -43,6 +44,88 @@ bool Known(Wind wind) {
 double GridApart(const AppConfig& config) {
   const double barbs = kApart * LengthOf(config);
   return config.barb_display_text != 0 ? std::max(barbs, kTextApart) : barbs;
+}
+
+// The direction of a wind in whole degrees, 0 to 359; half a degree short of north is north.
+std::int64_t WholeDegrees(float from) {
+  const std::int64_t degrees = RoundToInteger(std::fmod(static_cast<double>(from), 360.0)) % 360;
+  return degrees < 0 ? degrees + 360 : degrees;
+}
+
+// All that the look of a barb depends on; its bytes are the key of its stamp.
+struct Barb {
+  std::int32_t fives = 0;  // the speed in units of 5 knots
+  std::int32_t from = 0;   // whole degrees
+  float length = 0.0F;     // pixels
+  float spacing = 0.0F;
+  std::int32_t width = 1;
+  std::int32_t colour = 0;
+  std::int32_t south = 0;  // 1 south of the equator
+};
+
+std::int32_t FivesOf(float speed_kn) {
+  return static_cast<std::int32_t>(RoundToInteger(std::clamp(speed_kn, 0.0F, kMostSpeed) / 5.0));
+}
+
+BarbParts PartsOf(std::int32_t fives) {
+  BarbParts parts;
+  parts.calm = fives == 0;
+  parts.pennants = fives / 10;
+  parts.feathers = fives % 10 / 2;
+  parts.half = fives % 2 != 0;
+  return parts;
+}
+
+// The length of a barb's shaft, pixels; one that its feathers do not fit on grows.
+double ShaftOf(const Barb& barb) {
+  const BarbParts parts = PartsOf(barb.fives);
+  const double steps = 2.0 * parts.pennants + parts.feathers + (parts.half ? 1.0 : 0.0);
+  return std::max<double>(barb.length, barb.spacing * steps + kHead);
+}
+
+void DrawBarb(DrawingSurface& surface, SurfacePoint place, const Barb& barb) {
+  const BarbParts parts = PartsOf(barb.fives);
+  surface.SetPen(barb.width, barb.colour);
+  if (parts.calm) {
+    surface.Ring(place, kCalmRadius);
+    return;
+  }
+  const double angle = barb.from * kRadiansPerDegree + kPi / 2.0;
+  // Unit vectors down the wind, and across it to the side of the lower pressure: to the left of one
+  // who has the wind in the back, south of the equator to the right.
+  const SurfacePoint along{std::cos(angle), std::sin(angle)};
+  const double hand = barb.south != 0 ? -1.0 : 1.0;
+  const SurfacePoint across{hand * along.y, hand * -along.x};
+  const auto point = [&](double down, double off) {
+    return SurfacePoint{place.x + down * along.x + off * across.x,
+                        place.y + down * along.y + off * across.y};
+  };
+  const double length = ShaftOf(barb);
+  const SurfacePoint end = point(length, 0.0);
+  surface.Line(place, end);
+  surface.Polyline(std::array<SurfacePoint, 3>{point(length - kHead, kHead / 2.0), end,
+                                               point(length - kHead, -kHead / 2.0)});
+  const double feather = kFeather * barb.length;
+  double down = 0.0;
+  if (parts.pennants > 0) {
+    surface.SetFill(barb.colour);
+    for (int i = 0; i < parts.pennants; ++i) {
+      surface.Polygon(std::array<SurfacePoint, 3>{point(down, 0.0), point(down, feather),
+                                                  point(down + 1.5 * barb.spacing, 0.0)});
+      down += 2.0 * barb.spacing;
+    }
+    surface.SetFill(std::nullopt);
+  }
+  const auto draw_feather = [&](double size) {
+    surface.Line(point(down, 0.0), point(down - kLean * size, size));
+    down += barb.spacing;
+  };
+  for (int i = 0; i < parts.feathers; ++i) draw_feather(feather);
+  if (parts.half) {
+    // Half a feather alone stands off the end, so that it is not taken for a whole one.
+    if (parts.pennants == 0 && parts.feathers == 0) down += barb.spacing;
+    draw_feather(feather / 2.0);
+  }
 }
 
 void AddText(LabelList& names, const OverlayView& view, const Program& program, Position at,
@@ -106,22 +189,11 @@ void ForField(const OverlayView& view, const Program& program, const Act& act) {
 
 }  // namespace
 
-BarbParts BarbPartsOf(float speed_kn) {
-  std::int64_t fives = RoundToInteger(std::clamp(speed_kn, 0.0F, kMostSpeed) / 5.0);
-  BarbParts parts;
-  parts.calm = fives == 0;
-  parts.pennants = static_cast<int>(fives / 10);
-  fives %= 10;
-  parts.feathers = static_cast<int>(fives / 2);
-  parts.half = fives % 2 != 0;
-  return parts;
-}
+BarbParts BarbPartsOf(float speed_kn) { return PartsOf(FivesOf(speed_kn)); }
 
 std::string WindText(Wind wind) {
-  // Half a degree short of north rounds to north.
-  const std::int64_t from = RoundToInteger(static_cast<double>(wind.from_deg)) % 360;
-  return FormatFixed(wind.speed_kn, 1, 0) + "kn @ " + FormatFixed(static_cast<double>(from), 3, 0) +
-         "°T";
+  return FormatFixed(wind.speed_kn, 1, 0) + "kn @ " +
+         FormatFixed(static_cast<double>(WholeDegrees(wind.from_deg)), 3, 0) + "°T";
 }
 
 void DrawInWind(DrawingSurface& surface, const OverlayView& view, const Program& program,
@@ -129,53 +201,20 @@ void DrawInWind(DrawingSurface& surface, const OverlayView& view, const Program&
   const std::optional<SurfacePoint> place = view.Place(at);
   if (!place || !Known(wind)) return;
   const AppConfig& config = program.config;
-  const BarbParts parts = BarbPartsOf(wind.speed_kn);
-  const double spacing = SpacingOf(config);
-  // A shaft that its feathers do not fit on grows.
-  const double steps = 2.0 * parts.pennants + parts.feathers + (parts.half ? 1.0 : 0.0);
-  const double length = std::max(LengthOf(config), spacing * steps + kHead);
-  if (!view.Seen(*place, 2.0 * length)) return;
-  const int width = std::clamp<int>(config.barb_weight, 1, 10);
-  surface.SetPen(width, config.wind_colour);
-  if (parts.calm) {
-    surface.Ring(*place, kCalmRadius);
-    return;
-  }
-  const double angle = wind.from_deg * kRadiansPerDegree + kPi / 2.0;
-  // Unit vectors down the wind, and across it to the side of the lower pressure: to the left of one
-  // who has the wind in the back, south of the equator to the right.
-  const SurfacePoint along{std::cos(angle), std::sin(angle)};
-  const double hand = at.latitude < 0.0F ? -1.0 : 1.0;
-  const SurfacePoint across{hand * along.y, hand * -along.x};
-  const auto point = [&](double down, double off) {
-    return SurfacePoint{place->x + down * along.x + off * across.x,
-                        place->y + down * along.y + off * across.y};
-  };
-  const SurfacePoint end = point(length, 0.0);
-  surface.Line(*place, end);
-  surface.Polyline(std::array<SurfacePoint, 3>{point(length - kHead, kHead / 2.0), end,
-                                               point(length - kHead, -kHead / 2.0)});
-  const double feather = kFeather * LengthOf(config);
-  double down = 0.0;
-  if (parts.pennants > 0) {
-    surface.SetFill(config.wind_colour);
-    for (int i = 0; i < parts.pennants; ++i) {
-      surface.Polygon(std::array<SurfacePoint, 3>{point(down, 0.0), point(down, feather),
-                                                  point(down + 1.5 * spacing, 0.0)});
-      down += 2.0 * spacing;
-    }
-    surface.SetFill(std::nullopt);
-  }
-  const auto draw_feather = [&](double size) {
-    surface.Line(point(down, 0.0), point(down - kLean * size, size));
-    down += spacing;
-  };
-  for (int i = 0; i < parts.feathers; ++i) draw_feather(feather);
-  if (parts.half) {
-    // Half a feather alone stands off the end, so that it is not taken for a whole one.
-    if (parts.pennants == 0 && parts.feathers == 0) down += spacing;
-    draw_feather(feather / 2.0);
-  }
+  Barb barb;
+  barb.fives = FivesOf(wind.speed_kn);
+  // Whole degrees, as the text has them: the end of a barb moves by less than half a pixel.
+  barb.from = barb.fives == 0 ? 0 : static_cast<std::int32_t>(WholeDegrees(wind.from_deg));
+  barb.length = static_cast<float>(LengthOf(config));
+  barb.spacing = static_cast<float>(SpacingOf(config));
+  barb.width = std::clamp<std::int32_t>(config.barb_weight, 1, 10);
+  barb.colour = config.wind_colour;
+  barb.south = at.latitude < 0.0F ? 1 : 0;
+  const double reach = ShaftOf(barb) + barb.length + barb.width;
+  if (!view.Seen(*place, reach)) return;
+  const auto key = std::bit_cast<std::array<char, sizeof(Barb)>>(barb);
+  surface.Stamp(*place, {key.data(), key.size()}, reach,
+                [&barb](DrawingSurface& onto, SurfacePoint from) { DrawBarb(onto, from, barb); });
 }
 
 void DrawManualWind(DrawingSurface& surface, const OverlayView& view, const Program& program,

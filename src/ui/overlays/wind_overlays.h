@@ -19,8 +19,8 @@ BarbParts BarbPartsOf(float speed_kn);
 std::string WindText(Wind wind);
 
 // One barb: a shaft that flies with the wind from the place on, its head to leeward, with the
-// feathers at the place, to windward. Outside the chart and off the screen nothing, and nothing for
-// a wind that is not known.
+// feathers at the place, to windward; in whole degrees. Outside the chart and off the screen
+// nothing, and nothing for a wind that is not known.
 void DrawInWind(DrawingSurface& surface, const OverlayView& view, const Program& program,
                 Position at, Wind wind);
 

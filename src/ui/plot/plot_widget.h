@@ -1,33 +1,27 @@
 #pragma once
 
-#include <QPixmap>
-#include <QWidget>
 #include <optional>
 #include <vector>
 
-#include "platform/images.h"
-#include "ui/drawing/look.h"
-#include "ui/drawing/text_pictures.h"
+#include "ui/plot/picture_widget.h"
 #include "ui/plot/plot.h"
 
 namespace skerrow {
 
-// A plot as a picture by day, for paper and the clipboard: laid out for `width` x `height` pixels
-// and drawn `scale` times as large.
+// A plot as a picture by day, for paper and the clipboard, as PictureOf.
 Picture PlotPicture(const Plot& plot, const std::vector<PlotCursor>& cursors, int width, int height,
                     int scale = 1);
 
-// A plot in a window. The picture is drawn once; only the cursors are drawn anew when they move.
-// The arrow keys move a place along x as the mouse does.
-class PlotWidget : public QWidget {
+// A plot in a window. Only the cursors are drawn anew when they move. The arrow keys move a place
+// along x as the mouse does.
+class PlotWidget : public PictureWidget {
   Q_OBJECT
 
  public:
-  explicit PlotWidget(const char* name, QWidget* parent = nullptr);
+  explicit PlotWidget(const char* name, QWidget* parent = nullptr) : PictureWidget(name, parent) {}
 
   void SetPlot(Plot plot);
   const Plot& plot() const { return plot_; }
-  void SetLook(Look look);
   void SetCursors(std::vector<PlotCursor> cursors);
   const std::vector<PlotCursor>& cursors() const { return cursors_; }
   // How far an arrow key moves along x; a page key moves ten such steps.
@@ -52,30 +46,23 @@ class PlotWidget : public QWidget {
   void Pointed(double x);
   // The left button, Space or Enter at an x.
   void Clicked(double x);
-  // The mouse has left.
-  void Left();
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
-  void changeEvent(QEvent* event) override;
+  void DrawStill(DrawingSurface& surface) const override;
+  void DrawOver(DrawingSurface& surface) const override;
+  SurfaceRect FocusFrame(const DrawingSurface& surface) const override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
-  void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  SurfaceRect Whole() const;
   PlotArea Area() const;
   void UpdateCursors();
 
   Plot plot_;
-  Look look_;
   std::vector<PlotCursor> cursors_;
   double key_step_ = 1.0;
   std::optional<double> place_;
-  QPixmap picture_;  // null: to be drawn
-  mutable TextPictures texts_;
 };
 
 }  // namespace skerrow

@@ -6,7 +6,7 @@
 
 #include "core/calendar.h"
 #include "tides/tide_screen.h"
-#include "ui/tides/save_text.h"
+#include "ui/dialogs/save_text.h"
 #include "ui/widgets/print_lines.h"
 #include "ui/widgets/qt_text.h"
 

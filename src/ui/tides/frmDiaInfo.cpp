@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "core/numbers.h"
+#include "ui/dialogs/report_write.h"
 #include "ui/tides/frmDiaRate.h"
-#include "ui/tides/report_write.h"
 #include "ui/widgets/key_action.h"
 #include "ui/widgets/print_lines.h"
 #include "ui/widgets/progress_dialog.h"

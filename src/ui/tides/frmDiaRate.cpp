@@ -62,10 +62,7 @@ void frmDiaRate::ShowEntry(double x) {
   readout_->setText(ToQt(RateReadout(graph_.stream, entry)));
 }
 
-void frmDiaRate::FollowLook() {
-  const ViewState& view = desktop().view;
-  picture_->SetLook({view.night, view.night ? view.brightness.level : 100});
-}
+void frmDiaRate::FollowLook() { picture_->SetLook(LookOf(desktop().view)); }
 
 void frmDiaRate::changeEvent(QEvent* event) {
   Dialog::changeEvent(event);

@@ -8,6 +8,8 @@
 
 #include "core/date_order.h"
 #include "core/text.h"
+#include "ui/dialogs/report_write.h"
+#include "ui/dialogs/save_text.h"
 #include "ui/forms/date_form.h"
 #include "ui/tides/Frmriseresults.h"
 #include "ui/tides/Frmsunrise.h"
@@ -18,8 +20,6 @@
 #include "ui/tides/frmTidesSeaArea.h"
 #include "ui/tides/frmTidesTimeDate.h"
 #include "ui/tides/frmharmedit.h"
-#include "ui/tides/report_write.h"
-#include "ui/tides/save_text.h"
 #include "ui/widgets/date_services.h"
 #include "ui/widgets/print_lines.h"
 #include "ui/widgets/progress_dialog.h"
@@ -386,8 +386,7 @@ void frmSkerrowTides::ShowSpringNeap() {
 }
 
 void frmSkerrowTides::FollowLook() {
-  const ViewState& view = desktop().view;
-  const Look look = {view.night, view.night ? view.brightness.level : 100};
+  const Look look = LookOf(desktop().view);
   plot_->SetLook(look);
   terms_->SetLook(look);
 }

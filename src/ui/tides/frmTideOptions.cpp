@@ -4,7 +4,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 
-#include "ui/tides/report_write.h"
+#include "ui/dialogs/report_write.h"
 
 namespace skerrow {
 

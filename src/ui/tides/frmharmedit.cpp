@@ -6,7 +6,7 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "ui/tides/report_write.h"
+#include "ui/dialogs/report_write.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {

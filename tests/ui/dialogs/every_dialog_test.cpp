@@ -10,17 +10,21 @@
 #include <set>
 #include <sstream>
 
+#include "platform/polars.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmCalcCOG.h"
 #include "ui/dialogs/frmCalcMOB.h"
 #include "ui/dialogs/frmConfigure.h"
+#include "ui/dialogs/frmEditPlot.h"
 #include "ui/dialogs/frmLoadChart.h"
 #include "ui/dialogs/frmOptResults.h"
+#include "ui/dialogs/frmPolarPlot.h"
 #include "ui/dialogs/frmQuickInstructions.h"
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmSetLeg.h"
+#include "ui/dialogs/frmWind.h"
 #include "ui/dialogs/frmcalcroute.h"
 #include "ui/dialogs/frmresults.h"
 #include "ui/dialogs/frmroutehistory.h"
@@ -49,6 +53,10 @@
 #include "ui/tides/frmTideOptions.h"
 #include "ui/tides/frmTidesSeaArea.h"
 #include "ui/tides/frmTidesTimeDate.h"
+#include "ui/wind/frmGribImport.h"
+#include "ui/wind/frmTrueAppWind.h"
+#include "ui/wind/frmViewSmartMet.h"
+#include "ui/wind/frmViewWind.h"
 
 namespace skerrow::testing {
 namespace {
@@ -77,12 +85,17 @@ Opened OpenKind(Desktop& desktop) {
 
 PortList UkPorts(const Desktop& desktop) { return *ListPorts(desktop.program.folders, "UK.hc"); }
 
+PolarRows SampleRows(const Desktop& desktop) {
+  const auto polars = OpenPolarDatabase(desktop.program.folders.InstalledPolars(), "");
+  return *polars->Read(polars->SetUps()->front());
+}
+
 const Row kRows[] = {
     {"frmcalcroute", "Route Calculation", "Cmdrteok",
      "List1 txtroutestartname txtroutestartlat txtroutestartlong txtroutedestname txtroutedestlat "
      "txtroutedestlong txtroutespeed cmdRouteSpeed cmdModify rtedeptime lsthrs lstmins chkLeeway "
-     "cmdTack cmdreverse cmdCopy Cmdrteok cmdrtecancel",
-     "lblroutedist chkUseSOG cmdUseGPS cmdWind", Open<frmcalcroute>},
+     "cmdWind cmdTack cmdreverse cmdCopy Cmdrteok cmdrtecancel",
+     "lblroutedist chkUseSOG cmdUseGPS", Open<frmcalcroute>},
     {"frmCalcCOG", "Leg Set-up", "cmdCalculate",
      "txtstartlat txtstartlon txtdestlat txtdestlon Txtboatspeed txtDuration txtBearing chkLeeway "
      "lstWaypoints cmdCalculate cmdCancel",
@@ -211,6 +224,36 @@ const Row kRows[] = {
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmDiaRate>(desktop, Diamond{}, RateGraph{}, nullptr);
      }},
+    {"frmWind", "Wind Calculation", "",
+     "txtWindSpeed optTrueForce0 txtWindDir optDirTrue0 lstSetUps cmdDisplayPolar txtHeading "
+     "cmdCalc chkConstantWind List1 cmdCalcPolar cmdReset cmdClose",
+     "txtResult lblTack lblBoat lblLegWind optTrueForce12 optDirTrue15", Open<frmWind>},
+    {"frmPolarPlot", "Polar Plot", "cmdClose",
+     "Picture1 optWindPlot6 txtEstBoatSpeed Picture2 cmdPrint cmdClose",
+     "optWindPlot1 optWindPlot15 lblPolarCursor lblWindAngle",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmPolarPlot>(desktop, "Boat", SampleRows(desktop), std::nullopt,
+                                             nullptr);
+     }},
+    {"frmEditPlot", "Polar Plot", "",
+     "Picture1 cmbSetUps optWindPlot6 txtWindSpeed1 txtBoatSpeed1 cmdChange1 txtAngle "
+     "txtBoatSpeed2 cmdChangeData2 Picture2 cmdClose",
+     "txtEditSpeed0 txtEditSpeed30 txtAddSubtract cmdAdjust Command1 lblDatabase",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmEditPlot>(desktop, "", nullptr);
+     }},
+    {"frmGribImport", "Read Grib Data", "cmdExport",
+     "FileList List1 chkUse cmdSample cmdExport cmdCancel", "lblFileName lblRecCount ProgressBar1",
+     Open<frmGribImport>},
+    {"frmViewSmartMet", "View Wind Data", "cmdOK", "List1 cmdViewWind cmdOK",
+     "cmbTime cmdEarlier cmdLater lblRecCount", Open<frmViewSmartMet>},
+    {"frmViewWind", "View Wind Components", "cmdOK", "List1 cmdOK",
+     "cmbTime cmdEarlier cmdLater lblRecCount", Open<frmViewWind>},
+    {"frmTrueAppWind", "True and Apparent Wind", "cmdCancel",
+     "txtBoatSpeed txtCourse optStarboard optPort txtTrueSpeed txtTrueDir txtTrueAngle txtAppSpeed "
+     "txtAppDir "
+     "txtAppAngle cmdCancel",
+     "lblTrueForce lblAppForce lblTrouble Picture1", Open<frmTrueAppWind>},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmUnsaved>(desktop, "Unsaved.", nullptr);

@@ -68,6 +68,7 @@ TEST_F(PassageDialogs, ACancelledCalculationLeavesTheLastResult) {
   const std::vector<std::string> before = program.passage.result_lines;
   frmcalcroute form(desktop, nullptr);
   Show(form);
+  Find<QPushButton>(form, "cmdWind")->setEnabled(false);
   window.stop_at = 20.0;
   Type(form, "rtedeptime", "11:00");
   Click(form, "Cmdrteok");

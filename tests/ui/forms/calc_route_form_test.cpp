@@ -84,25 +84,15 @@ TEST_F(CalcRouteForm, OptionsReachTheCalculation) {
   EXPECT_NE(lines.find("(Leeway of 8.5\u00b0 and a variation of 4W"), std::string::npos) << lines;
 }
 
-TEST(WindSide, IsStarboardBetweenAheadAndAsternClockwise) {
-  struct Row {
-    float wind, course;
-    bool starboard;
-  };
-  for (const Row& row :
-       {Row{90, 0, true}, Row{270, 0, false}, Row{0, 0, false}, Row{180, 0, false},
-        Row{10, 350, true}, Row{340, 350, false}, Row{170, 350, false}, Row{360, 0, false}}) {
-    EXPECT_EQ(WindOnStarboard(row.wind, row.course), row.starboard)
-        << row.wind << " on " << row.course;
-  }
-}
-
 TEST_F(CalcRouteForm, TacksComeFromTheDefaultWind) {
   // All legs run south; a wind from 290 comes over their starboard side, one from 090 over port.
-  SetTacks(program.route, program.wind_config.Default().from_deg);
+  frmcalcroute form(desktop, nullptr);
+  Show(form);
+  Click(form, "cmdTack");
   EXPECT_EQ(points()[0].tack, 2);
+  EXPECT_NE(TextOf(form, "List1", 2).find("Starboard Tack"), std::string::npos);
   program.wind_config.default_direction = "090";
-  SetTacks(program.route, program.wind_config.Default().from_deg);
+  Click(form, "cmdTack");
   for (std::size_t i = 0; i + 1 < points().size(); ++i) EXPECT_EQ(points()[i].tack, 1) << i;
 }
 

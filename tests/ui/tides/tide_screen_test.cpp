@@ -19,8 +19,8 @@
 #include "core/text.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
+#include "ui/dialogs/report_write.h"
 #include "ui/tides/frmSkerrowTides.h"
-#include "ui/tides/report_write.h"
 
 namespace skerrow {
 namespace {

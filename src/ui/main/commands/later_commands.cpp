@@ -51,8 +51,6 @@ constexpr Command kCommands[] = {
     {"mnuAISReplay", "Re&play Log", "", "", ""},
     {"mnuAISReplayPause", "Pa&use Replay", "", "", ""},
     {"mnuAISReplayHalt", "&Halt Replay", "", "", ""},
-    {"mnuWindEnter", "&Enter Wind", "", "", ""},
-    {"mnuWindTrueApp", "&True and Apparent Wind", "", "", ""},
     {"mnuGPSAISConfig", "Instruments (GPS && AIS)", "configgps", "", ""},
     {"mnuCommsMonitor", "Comms Ports Diagnostics", "", "", ""},
     {"keyChartInfo", "Calibrate Chart", "", "", "C", kNeedsTools},

@@ -1,3 +1,5 @@
+#include "app/wind_work.h"
+#include "ui/dialogs/frmWind.h"
 #include "ui/main/chart_controller.h"
 #include "ui/main/chart_mouse.h"
 #include "ui/main/commands/command.h"
@@ -7,36 +9,33 @@
 #include "ui/main/route_controller.h"
 #include "ui/main/time_controller.h"
 #include "ui/wind/frmGribImport.h"
+#include "ui/wind/frmTrueAppWind.h"
 #include "ui/wind/frmViewSmartMet.h"
 
 namespace skerrow {
 namespace {
 
-// Makes the wind entered or that of the forecast the one in use. The points of the route take it at
-// once; what the forecast does not reach is told.
-void UseWind(Context& c, std::int16_t manual) {
-  c.look.SaveConfigChange([&](AppConfig& config) { config.use_manual_wind = manual; });
-  if (manual != 0) {
-    for (RoutePoint& point : c.program.route.points) {
-      point.wind_speed = c.program.working_wind.speed_kn;
-      point.wind_direction = c.program.working_wind.from_deg;
-    }
-  }
-  RecomputeWinds(c.program.route, RouteDefaultsOf(c.program), c.messages);
+void UseWind(Context& c, bool entered) {
+  const Status saved = UseEnteredWind(c.program, entered, c.messages);
+  if (!saved) c.messages.Show(saved.error().Text(), MessageIcon::kWarning);
   c.desktop.window.Changed(kRouteChanged | kSettingsChanged);
 }
 
 constexpr Command kCommands[] = {
+    {"mnuWindEnter", "&Enter Wind", "", "The wind, the boat's polar, and the speed of each leg", "",
+     kNoNeed, [](Context& c) { frmWind(c.desktop, &c.window).exec(); }},
     {"mnuUserEntered", "&User Entered Wind", "", "One wind for the whole passage, as entered", "",
-     kNoNeed, [](Context& c) { UseWind(c, kTrue); },
+     kNoNeed, [](Context& c) { UseWind(c, true); },
      [](const Context& c) { return c.program.config.use_manual_wind != 0; }},
     {"mnuSmartMet", "&Forecast Wind", "", "The wind of the imported forecast", "", kNoNeed,
-     [](Context& c) { UseWind(c, kFalse); },
+     [](Context& c) { UseWind(c, false); },
      [](const Context& c) { return c.program.config.use_manual_wind == 0; }},
     {"mnuWindGribImport", "&Import GRIB File", "wind", "Reads the wind of a forecast file", "",
      kNoNeed, [](Context& c) { frmGribImport(c.desktop, &c.window).exec(); }},
     {"mnuViewSmartMet", "&View Wind Data", "", "The imported wind as a list", "", kNoNeed,
      [](Context& c) { frmViewSmartMet(c.desktop, &c.window).exec(); }},
+    {"mnuWindTrueApp", "&True and Apparent Wind", "", "The true wind from the apparent, and back",
+     "", kNoNeed, [](Context& c) { frmTrueAppWind(c.desktop, &c.window).exec(); }},
     {"mnuWindDisplay", "Show/Hide Wind &Grid", "viewwind", "The wind all over the chart", "#",
      kNoNeed, [](Context& c) { c.look.Toggle(&AppConfig::show_wind_grid); },
      [](const Context& c) { return c.program.config.show_wind_grid != 0; }},

@@ -1,4 +1,4 @@
-#include "ui/tides/report_write.h"
+#include "ui/dialogs/report_write.h"
 
 #include <gtest/gtest.h>
 
