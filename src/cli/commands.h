@@ -258,6 +258,34 @@ struct ExportStreamsWords {
 // Writes the components of the streams of all diamonds, hour by hour, to the user's folder.
 Outcome ExportStreamFiles(Session& session, const ExportStreamsWords& words);
 
+struct DecodeWords {
+  std::string file;      // a path, a name in the tracks folder, or "-" for standard input
+  std::string port;      // "gps" or "ais"; empty takes the text as a replayed log
+  std::string blocks;    // bytes of a block as a port gives them; "json" for an array of blocks
+  bool logging = false;  // queue sentences for the log
+  bool gps_through_ais = false;
+  std::string system_date;  // DDMMYY, of sentences without one; empty takes the clock's
+};
+// What the text of an instrument tells: each sentence that changed the fix, and what came of all.
+Outcome DecodeText(Session& session, const DecodeWords& words);
+
+struct LogWords {
+  std::string file;  // a path, or a name in the tracks folder
+};
+// The fixes of a log as a track.
+Outcome ShowTrack(Session& session, const LogWords& words);
+// The comments of a log.
+Outcome ShowComments(Session& session, const LogWords& words);
+
+struct CommentWords {
+  PositionWords place;
+  std::string date;  // "2026-12-05", or as a GPS tells it
+  std::string time;  // "06:30", or as a GPS tells it
+  std::vector<std::string> lines;
+};
+// The sentences of a comment as a log has them.
+Outcome ShowComment(Session& session, const CommentWords& words);
+
 // Writes a cleaned copy of the diamonds of the sea area beside its file.
 Outcome ExportDiamonds(Session& session, const NoWords& words);
 

@@ -315,6 +315,39 @@ void AddExportCommands(CLI::App& app, Chosen& chosen) {
   Add(group, "diamonds", "a cleaned copy of the diamond file", chosen, ExportDiamonds, TakeNothing);
 }
 
+void AddInstrumentCommands(CLI::App& app, Chosen& chosen) {
+  Add(app, "decode", "what the text of GPS and AIS receivers tells", chosen, DecodeText,
+      [](CLI::App& sub, DecodeWords& words) {
+        sub.add_option("FILE", words.file, "log, or - for standard input");
+        sub.add_option("--port", words.port,
+                       "the port it came from, gps or ais; when left out it is a log")
+            ->check(CLI::IsMember({"gps", "ais"}));
+        sub.add_option("--blocks", words.blocks,
+                       "cut it into blocks of N bytes, as a port does; without N the input is a "
+                       "JSON array of blocks")
+            ->expected(0, 1)
+            ->default_str("json");
+        sub.add_flag("--logging", words.logging, "show what would be logged");
+        sub.add_flag("--gps-through-ais", words.gps_through_ais, "the GPS is connected to the AIS");
+        sub.add_option("--system-date", words.system_date, "DDMMYY, for sentences without a date");
+      });
+  const auto take_log = [](CLI::App& sub, LogWords& words) {
+    sub.add_option("FILE", words.file, "log")->required();
+  };
+  Add(app, "track", "the track in a log", chosen, ShowTrack, take_log);
+  Add(app, "comments", "the comments in a log", chosen, ShowComments, take_log);
+  Add(app, "comment", "a comment as a log has it", chosen, ShowComment,
+      [](CLI::App& sub, CommentWords& words) {
+        sub.add_option("--lat", words.place.latitude, "latitude, 50.30.25N or decimal degrees")
+            ->required();
+        sub.add_option("--long", words.place.longitude, "longitude, 001.20.00W or decimal degrees")
+            ->required();
+        sub.add_option("--date", words.date, "2026-12-05, or 051226 as a GPS tells it");
+        sub.add_option("--time", words.time, "06:30, or 063000 as a GPS tells it");
+        sub.add_option("LINES", words.lines, "up to five lines of 40 characters");
+      });
+}
+
 // Prints an outcome; gives the exit status.
 int Report(const Outcome& outcome, const Options& options) {
   if (const auto* failure = std::get_if<Failure>(&outcome)) {
@@ -355,6 +388,7 @@ int main(int argc, char** argv) {
   AddPolarCommands(app, chosen);
   AddDriftCommands(app, chosen);
   AddExportCommands(app, chosen);
+  AddInstrumentCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {

@@ -28,6 +28,8 @@ class SerialPorts {
   virtual int SetLine(int port, OutLine line, bool raised) = 0;
   // 1 set, 0 clear, -1 no such port, -3 not open.
   virtual int ReadLine(int port, InLine line) = 0;
+  // The same of a line that the program raises itself.
+  virtual int ReadOutLine(int port, OutLine line) = 0;
   // Takes what has been received, at most `most` bytes; the count, 0 or below for nothing.
   virtual int Get(int port, std::string& received, std::size_t most) = 0;
   // Gives bytes to be sent; below 0 when they are not taken.
@@ -37,6 +39,8 @@ class SerialPorts {
   virtual int ClearSending(int port) = 0;
   // Closes a port; one that is not open is no error.
   virtual void Done(int port) = 0;
+  // The system's words for what went wrong last; empty when nothing did.
+  virtual std::string LastErrorText() const = 0;
 };
 
 }  // namespace skerrow

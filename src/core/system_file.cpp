@@ -105,6 +105,21 @@ Result<std::string> SystemFile::ReadRest(std::size_t max_size) const {
   }
 }
 
+Result<std::string> SystemFile::ReadAt(std::int64_t offset, std::size_t most) const {
+  std::string content(most, '\0');
+  std::size_t filled = 0;
+  while (filled < most) {
+    const ssize_t got = ::pread(descriptor_, content.data() + filled, most - filled,
+                                offset + static_cast<off_t>(filled));
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return Failed();
+    if (got == 0) break;
+    filled += static_cast<std::size_t>(got);
+  }
+  content.resize(filled);
+  return content;
+}
+
 Status SystemFile::Write(std::string_view content) const {
   while (!content.empty()) {
     const ssize_t put = ::write(descriptor_, content.data(), content.size());

@@ -43,6 +43,10 @@ class SystemFile {
   // What is left of the file. Error: more than `max_size` bytes, unreadable.
   Result<std::string> ReadRest(std::size_t max_size) const;
 
+  // At most `most` bytes of the file from the byte `offset` on, counted from 0; fewer, or none, at
+  // its end. Does not move where ReadRest goes on. Error: unreadable.
+  Result<std::string> ReadAt(std::int64_t offset, std::size_t most) const;
+
   // Writes all of `content`.
   Status Write(std::string_view content) const;
 

@@ -44,6 +44,7 @@ class Ports final : public SerialPorts {
   int SetParameters(int) override { return 0; }
   int SetLine(int, OutLine, bool) override { return 0; }
   int ReadLine(int, InLine) override { return 0; }
+  int ReadOutLine(int, OutLine) override { return 0; }
   int Get(int port, std::string& received, std::size_t most) override {
     received.assign(std::min(most, each), port == 0 ? 'G' : 'A');
     return static_cast<int>(received.size());
@@ -52,6 +53,7 @@ class Ports final : public SerialPorts {
   int ClearReceived(int) override { return 0; }
   int ClearSending(int) override { return 0; }
   void Done(int) override {}
+  std::string LastErrorText() const override { return ""; }
 
   std::size_t each = 1;
 };

@@ -10,8 +10,12 @@
 #include "charts/chart_files.h"
 #include "charts/chart_view.h"
 #include "core/config.h"
+#include "instruments/nmea_checksum.h"
+#include "instruments/replay.h"
+#include "instruments/serial_link.h"
 #include "routes/route_editing.h"
 #include "routes/route_rows.h"
+#include "support/still_clock.h"
 #include "support/temp_folder.h"
 #include "tides/streams.h"
 #include "wind/grib.h"
@@ -249,6 +253,158 @@ void HarmonicStations(Place& place, const std::string& bytes) {
   }
 }
 
+// A log with every kind of line, in which three bytes each of `bytes` change one at a place.
+std::string ChangedLog(const std::string& bytes) {
+  std::string log =
+      "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n"
+      "!AIVDM,1,1,,B,177KQJ5000G?tO`K>RA1wUbN0TKH,0*5C\r\n"
+      "$PSKLOG,6,1,5030.250,N,00120.250,W,051226,063020*23\r\n$PSKLOG,6,2,one, two*00\r\n"
+      "$GPRMB,A,0.66,L,003,004,4917.24,N,12309.57,W,001.3,052.5,000.5,V*20\r\n"
+      "$GPRMC,123549.5,A,4807.0385,S,01131.00055,W,,,230394,003.1,W*00\r\n"
+      "$GPGLL,4916.45,N,12311.12,W,225444,A,*1D\r\n";
+  for (std::size_t i = 0; i + 2 < bytes.size(); i += 3) {
+    const auto place = static_cast<unsigned char>(bytes[i]) + 256U * (bytes[i + 1] & 1U);
+    log[place % log.size()] = bytes[i + 2];
+  }
+  return log;
+}
+
+// `text` with the checksum of each line made good.
+std::string Mended(std::string text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find_first_of("\r\n", at), text.size());
+    const std::size_t star = text.find('*', at);
+    if (star > at && star < end && star + 2 < end) {
+      text.replace(star + 1, 2, NmeaChecksum(text.substr(at + 1, star - at - 1)));
+    }
+    at = end + 1;
+  }
+  return text;
+}
+
+// Ports that hand out a text in blocks whose sizes vary.
+class TextPorts final : public SerialPorts {
+ public:
+  explicit TextPorts(const std::string& text) : waiting_{text, text} {}
+  int Reset(int, std::size_t, std::size_t) override { return 0; }
+  int SetBaud(int, int) override { return 0; }
+  int SetParameters(int) override { return 0; }
+  int SetLine(int, OutLine, bool) override { return 0; }
+  int ReadLine(int, InLine) override { return 0; }
+  int ReadOutLine(int, OutLine) override { return 0; }
+  int Get(int port, std::string& received, std::size_t most) override {
+    std::string& waiting = waiting_[port & 1];
+    size_ = size_ % 37 + 1;
+    received = waiting.substr(0, std::min(most, size_));
+    waiting.erase(0, received.size());
+    return static_cast<int>(received.size());
+  }
+  int Put(int, std::string_view) override { return 0; }
+  int ClearReceived(int) override { return 0; }
+  int ClearSending(int) override { return 0; }
+  void Done(int) override {}
+  std::string LastErrorText() const override { return ""; }
+  bool Empty() const { return waiting_[0].empty() && waiting_[1].empty(); }
+
+ private:
+  std::string waiting_[2];
+  std::size_t size_ = 0;
+};
+
+class CheckingAis final : public AisSentenceSink {
+ public:
+  bool Take(std::string_view sentence) override {
+    Require(sentence.size() >= kShortestAisSentence);
+    ++taken;
+    return ChecksumGood(sentence);
+  }
+  std::size_t taken = 0;
+};
+
+void RequireOnGlobe(float latitude, float longitude) {
+  Require(std::fabs(latitude) <= 90.0F && std::fabs(longitude) <= 180.0F);
+}
+
+void RequireSound(const NmeaState& state) {
+  RequireOnGlobe(state.fix.boat_latitude, state.fix.boat_longitude);
+  Require(std::isfinite(state.fix.speed_over_ground) &&
+          std::isfinite(state.fix.course_over_ground));
+  for (const GpsTrackPoint& point : state.track) RequireOnGlobe(point.latitude, point.longitude);
+}
+
+// Both ports, whole and in blocks: the end of a block changes nothing.
+void Sentences(Place&, const std::string& bytes) {
+  const testing::StillClock clock;
+  AppConfig config;
+  config.gps_port = 0;
+  config.ais_port = 1;
+  for (const std::string& text : {bytes, Mended(bytes), Mended(ChangedLog(bytes))}) {
+    NmeaState whole;
+    CheckingAis ais;
+    whole.log.logging_on = true;
+    AssembleGpsBlock(whole, text, clock);
+    RequireSound(whole);
+    const std::size_t end = text.rfind('\r');
+    AssembleAisBlock(whole, std::string_view(text).substr(0, end + 1), {ais, clock, true});
+    RequireSound(whole);
+
+    NmeaState gps;
+    NmeaState cut;
+    CheckingAis cut_ais;
+    gps.log.logging_on = true;
+    TextPorts ports(text);
+    LinkState link;
+    Require(ConnectGps(link, config, ports, 0).ok() && ConnectAis(link, config, ports, 0).ok());
+    for (int step = 0; !ports.Empty(); ++step) {
+      ReceiveStep(link, link.phase == 0 ? gps : cut, config, ports, cut_ais, clock, step);
+    }
+    Require(cut_ais.taken == ais.taken);
+    AssembleGpsBlock(gps, "", clock);
+    NmeaState again;
+    again.log.logging_on = true;
+    AssembleGpsBlock(again, text, clock);
+    Require(gps.fix == again.fix && gps.track == again.track && gps.gps_line == again.gps_line &&
+            gps.log.queue == again.log.queue);
+  }
+}
+
+// Readers and replay of logs, and a record added to one.
+void Logs(Place& place, const std::string& bytes) {
+  const testing::StillClock clock;
+  NoProgress progress;
+  for (const std::string& text : {bytes, Mended(ChangedLog(bytes))}) {
+    const std::string path = place.folder.Write("f.nmea", text);
+    NmeaState state;
+    Require(LoadTrackFromLog(path, state.fix, state.track, progress).ok());
+    RequireSound(state);
+    Require(LoadCommentsFromLog(path, state.log.comments, progress).ok());
+    for (const CommentRecord& comment : state.log.comments) {
+      Require(std::isfinite(comment.latitude) && std::isfinite(comment.longitude));
+      for (const std::string& line : comment.lines) Require(line.size() <= 3 * kCommentLength);
+    }
+    const std::size_t fixes = state.track.size();
+    ReplayState replay;
+    PlotState plot;
+    CheckingAis ais;
+    Require(StartReplay({ReplayKind::kAis, "f", 40, ReplayPace::kLogTime10}, place.folder.path(),
+                        replay, plot, state)
+                .ok());
+    for (std::size_t ticks = 0; replay.running; ++ticks) {
+      Require(ticks <= text.size() + 1 && ReplayWait(replay) >= 0);
+      ReplayTick(replay, plot, state, ais, clock);
+    }
+    RequireSound(state);
+
+    state.log.logging_on = true;
+    state.log.log_file_name = "f";
+    QueueSentence(state.log, "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,,*11");
+    Require(WriteLogRecord(state.log, place.folder.path(), place.messages).ok());
+    Require(testing::FileBytes(path).starts_with(text));
+    GpsTrack track;
+    Require(LoadTrackFromLog(path, state.fix, track, progress).ok() && track.size() == fixes + 1);
+  }
+}
+
 using Feeder = void (*)(Place&, const std::string&);
 
 // One folder serves all inputs of a reader.
@@ -273,7 +429,9 @@ const std::vector<FuzzReader>& FuzzReaders() {
                                                   {"l27", InItsPlace<HarmonicStations>, 12, 36, 0},
                                                   {"grib", InItsPlace<Grib>, 0, 0, 200},
                                                   {"store", InItsPlace<WindFile>, 0, 5, 0},
-                                                  {"polar", InItsPlace<PolarText>, 40, 0, 0}};
+                                                  {"polar", InItsPlace<PolarText>, 40, 0, 0},
+                                                  {"nmea", InItsPlace<Sentences>, 10, 0, 20},
+                                                  {"log", InItsPlace<Logs>, 10, 0, 20}};
   return readers;
 }
 
