@@ -83,6 +83,24 @@ TEST_F(AisCommands, TargetsOfALog) {
   ExpectError("targets " + log + " --boat 99 0 0 0", 2, "99");
 }
 
+TEST_F(AisCommands, TheSampleLog) {
+  // Thirty ships and an aircraft, which Channel crossing.nmea's maker lets pass by.
+  const nlohmann::json targets =
+      Json("targets 'Channel crossing.nmea' --at 09:20 --tick 0.6")["targets"];
+  EXPECT_EQ(targets.size(), 31U);
+  const auto named = [](const nlohmann::json& target) {
+    return !target["vesselName"].get<std::string>().empty() && target["vesselName"] != " ";
+  };
+  EXPECT_TRUE(std::all_of(targets.begin(), targets.end(), named));
+  // Before the first of them has passed, 23 minutes after 09:20.
+  std::string log = testing::FileBytes(SKERROW_SOURCE_DIR "/program/Samples/Channel crossing.nmea");
+  log.resize(log.find("$GPRMC,093500"));
+  const nlohmann::json first = Json("targets " + Log(log) + " --at 09:20")["targets"][0];
+  EXPECT_EQ(first["vesselName"], "ARDENT TRADER");
+  EXPECT_LT(first["cpa"], 0.25);
+  EXPECT_NEAR(first["tcpa"], 8 / 60.0, 0.01);
+}
+
 TEST_F(AisCommands, TargetsByTheStandard) {
   Bits bits;
   bits.Put(3, 6).Put(0, 2).Put(7, 30).Put(0, 12).Put(1023, 10).Put(0, 1);
