@@ -277,14 +277,13 @@ void Ais(Place&, const std::string& bytes) {
       Require(!message.position->speed ||
               (*message.position->speed >= 0.0F && *message.position->speed <= 1023.0F));
     }
-    ComputeCpa({{50, -1}, 5, 45}, targets);
-    for (const AisTarget& target : targets.All()) {
-      Require(targets.Find(target.mmsi) == &target);
-      Require(!std::isnan(target.cpa) && !std::isnan(target.tcpa));
-      Require(target.vessel_name.size() <= 20 && target.destination.size() <= 20);
-      AisDataLines(target, true, now);
-      AisDetailRows(target, now);
-    }
+  }
+  ComputeCpa({{50, -1}, 5, 45}, targets);
+  for (const AisTarget& target : targets.All()) {
+    Require(targets.Find(target.mmsi) == &target);
+    Require(!std::isnan(target.cpa) && !std::isnan(target.tcpa));
+    Require(target.vessel_name.size() <= 20 && target.destination.size() <= 20);
+    AisDataLines(target, true, 12.5F);
   }
 }
 

@@ -307,6 +307,9 @@ TEST(AisDecoder, PairsOfFragments) {
   const std::string between = Sentence("AIVDM,1,1,,A," + TypeOne().Payload() + ",0");
   AisAssembly assembly;
   EXPECT_FALSE(DecodeAivdm(one.second, kTold, assembly).static_data);  // no first one
+  EXPECT_FALSE(
+      DecodeAivdm(Sentence("AIVDM,2,2,1,A," + Voyage("X").Payload() + ",2"), kTold, assembly)
+          .static_data);
   EXPECT_FALSE(DecodeAivdm(one.first, kTold, assembly).static_data);
   EXPECT_TRUE(DecodeAivdm(between, kTold, assembly).position);
   const AisStaticReport whole = *DecodeAivdm(one.second, kTold, assembly).static_data;
@@ -359,6 +362,8 @@ TEST(AisDecoder, StandardFragments) {
   EXPECT_EQ(mmsi(part(3, 48)), 4);
   EXPECT_EQ(mmsi(part(1, 0)), 0);
   EXPECT_EQ(mmsi(part(3, 48)), 0);
+  EXPECT_EQ(mmsi(part(2, 24)), 0);  // too late
+  EXPECT_EQ(mmsi(part(3, 48)), 4);  // and now its turn
   const std::string report = TypeOne(3).Payload();
   DecodeAivdm(Sentence("AIVDM,2,1,3,A," + report.substr(0, 20) + ",0"), kStandard, assembly);
   EXPECT_TRUE(

@@ -324,6 +324,7 @@ TEST(AisTargets, DataLines) {
       (std::array<std::string, 8>{"CPA    0.13nm @ 00:30", "Dest : LE HAVRE", "Dims : 28 x 9 x 2.1",
                                   "Heading 046°T@12.3kn", "MMSI : 2350001", "SEA CAT(MAB)",
                                   "Nav Status : Underway engine", "Ship Type : Sailing"}));
+  EXPECT_EQ(AisDataLines(target, true, 20.0F)[0], "CPA    0.13nm @ 08:30");
   EXPECT_EQ(AisDataLines(target, false, 12.0F)[0], " ");
   target.cpa = -12.0F;
   EXPECT_EQ(AisDataLines(target, true, 12.0F)[0], "CPA    No Closure");

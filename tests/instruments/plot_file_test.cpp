@@ -117,6 +117,18 @@ TEST_F(PlotFile, SaveChangesWritesTheRowsAndNoMore) {
   EXPECT_EQ(FileBytes(Path()), "");
 }
 
+TEST_F(PlotFile, PlacesOfTheSameTextKeepTheirOwn) {
+  // A metre apart.
+  for (const float latitude : {50.5F, 50.50001F, 50.50002F}) {
+    ASSERT_TRUE(AppendPlotRecord(Path(), {latitude, -1.25F, "", "", ""}));
+  }
+  const std::vector<std::string> rows = Rows();
+  ASSERT_EQ(rows[0], rows[2]);
+  ASSERT_TRUE(SavePlotRows(Path(), rows));
+  EXPECT_EQ(ReadPlotFile(Path())->Sound()[0].latitude, 50.5F);
+  EXPECT_EQ(ReadPlotFile(Path())->Sound()[2].latitude, 50.50002F);
+}
+
 TEST_F(PlotFile, AReadOnlyFolderLosesNothing) {
   ASSERT_TRUE(AppendPlotRecord(Path(), {50.5F, -1.25F, "1", "", ""}));
   const std::vector<std::string> rows = {"51.00.00N,001.15.00W,2,,"};
