@@ -186,15 +186,12 @@ Answer TargetsAnswer(const Listening& listening, bool gps_enabled) {
   return answer;
 }
 
-std::vector<UploadPoint> PointsOf(const std::vector<Waypoint>& waypoints) {
+// The points of waypoint or route records.
+template <typename Record>
+std::vector<UploadPoint> PointsOf(const std::vector<Record>& records) {
   std::vector<UploadPoint> points;
-  for (const Waypoint& waypoint : waypoints) points.push_back({waypoint.name, waypoint.At()});
-  return points;
-}
-
-std::vector<UploadPoint> PointsOf(const std::vector<RouteRecord>& records) {
-  std::vector<UploadPoint> points;
-  for (const RouteRecord& record : records) {
+  points.reserve(records.size());
+  for (const Record& record : records) {
     points.push_back({record.name, {record.latitude, record.longitude}});
   }
   return points;

@@ -97,7 +97,7 @@ std::string EtaText(std::uint32_t month, std::uint32_t day, std::uint32_t hour,
   const bool named = month >= 1 && month <= 12;
   if (standard && (!named || day == 0)) return "";
   std::string text = TwoDigits(day) + "/";
-  if (named) text += kMonths.substr(3 * (month - 1), 3);
+  if (named) text += kMonths.substr(std::size_t{3} * (month - 1), 3);
   if (standard && (hour > 23 || minute > 59)) return text;
   return text + " @ " + TwoDigits(hour) + ":" + TwoDigits(minute);
 }

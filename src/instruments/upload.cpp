@@ -113,10 +113,12 @@ std::vector<std::string> RouteSentences(std::span<const std::string> identities,
     }
   }
   std::vector<std::string> sentences;
-  const std::string count = std::to_string(lists.size());
-  for (std::size_t i = 0; i < lists.size(); ++i) {
-    sentences.push_back(
-        Sentence("GPRTE," + count + "," + std::to_string(i + 1) + ",c," + name + "," + lists[i]));
+  for (const std::string& list : lists) {
+    std::string body = "GPRTE," + std::to_string(lists.size()) + ",";
+    body += std::to_string(sentences.size() + 1) + ",c,";
+    body += name + ",";
+    body += list;
+    sentences.push_back(Sentence(body));
   }
   return sentences;
 }
