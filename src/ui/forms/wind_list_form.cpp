@@ -19,6 +19,7 @@ std::vector<WindTime> Times(const std::vector<Record>& records) {
     if (std::isfinite(time) && time != 0.0F) by_time[time].push_back(i);
   }
   std::vector<WindTime> times;
+  times.reserve(by_time.size());
   for (auto& [time, list] : by_time) times.push_back({time, std::move(list)});
   return times;
 }

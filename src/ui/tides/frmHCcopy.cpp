@@ -1,8 +1,9 @@
 #include "ui/tides/frmHCcopy.h"
 
+#include <QtWidgets/QLineEdit>
 #include <algorithm>
 
-#include "ui/tides/report_write.h"
+#include "ui/dialogs/report_write.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {

@@ -1,5 +1,7 @@
 #include "ui/tides/frmPortName.h"
 
+#include <QtWidgets/QLineEdit>
+
 namespace skerrow {
 
 frmPortName::frmPortName(Desktop& desktop, PortList ports, int position, QWidget* parent)
