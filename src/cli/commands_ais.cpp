@@ -34,14 +34,21 @@ Result<std::string> ReadLog(const std::string& file, const Folders& folders) {
 // "12:00", "12:00:30" or decimal hours, as hours.
 Result<double> ParseClock(const std::string& text, const ClockReading& now) {
   if (text.empty()) return static_cast<double>(AisHours(now));
-  const std::size_t colon = text.rfind(':');
-  const bool seconds = colon != std::string::npos && text.find(':') != colon;
-  const Result<float> hours = ParseTime(seconds ? text.substr(0, colon) : text, now);
-  if (!hours) return hours.error();
-  if (!seconds) return static_cast<double>(*hours);
-  const Result<int> second = ParseWhole(text.substr(colon + 1), "second", 0, 59);
+  const std::size_t minutes = text.find(':');
+  const std::size_t seconds = text.rfind(':');
+  if (minutes == seconds) {
+    const Result<float> hours = ParseTime(text, now);
+    if (!hours) return hours.error();
+    return static_cast<double>(*hours);
+  }
+  const Result<int> hour = ParseWhole(text.substr(0, minutes), "hour", 0, 23);
+  if (!hour) return hour.error();
+  const Result<int> minute =
+      ParseWhole(text.substr(minutes + 1, seconds - minutes - 1), "minute", 0, 59);
+  if (!minute) return minute.error();
+  const Result<int> second = ParseWhole(text.substr(seconds + 1), "second", 0, 59);
   if (!second) return second.error();
-  return *hours + *second / 3600.0;
+  return *hour + *minute / 60.0 + *second / 3600.0;
 }
 
 Result<Motion> ParseMotion(const std::string* words) {
@@ -54,13 +61,14 @@ Result<Motion> ParseMotion(const std::string* words) {
   return Motion{*place, *speed, *course};
 }
 
-// The boat by an RMC sentence: its fix is good, or void. Any other line changes nothing.
-void HearBoat(std::string_view line, std::optional<Motion>& boat, bool& good) {
+// The boat by an RMC sentence: its fix is good, or void. Any other line gives false and changes
+// nothing.
+bool HearBoat(std::string_view line, std::optional<Motion>& boat, bool& good) {
   const std::size_t star = line.find('*');
   if (!line.starts_with('$') || line.find("RMC") == std::string_view::npos ||
       star == std::string_view::npos ||
       line.substr(star + 1, 2) != NmeaChecksum(line.substr(1, star - 1))) {
-    return;
+    return false;
   }
   std::vector<std::string_view> field;
   for (std::string_view rest = line.substr(0, star);;) {
@@ -71,7 +79,7 @@ void HearBoat(std::string_view line, std::optional<Motion>& boat, bool& good) {
   }
   good = field.size() >= 9 && field[2].starts_with('A') && field[3].size() >= 8 &&
          field[5].size() >= 9;
-  if (!good) return;
+  if (!good) return true;
   const auto degrees = [](std::string_view text, std::size_t digits, bool negative) {
     const double value =
         TextToNumber(text.substr(0, digits)) + TextToNumber(text.substr(digits)) / 60.0;
@@ -81,6 +89,7 @@ void HearBoat(std::string_view line, std::optional<Motion>& boat, bool& good) {
                  degrees(field[5], 3, field[6].starts_with('W'))},
                 static_cast<float>(TextToNumber(field[7])),
                 static_cast<float>(TextToNumber(field[8]))};
+  return true;
 }
 
 // A log on its way into a table of targets.
@@ -98,8 +107,12 @@ struct Listening {
     now = time;
     const AisMessage message = DecodeAivdm(line, options, assembly);
     targets.Update(message, options, shown, now);
-    if (!boat_given) HearBoat(line, boat, fix_good);
-    if (boat && (fix_good || boat_given)) ComputeCpa(*boat, targets);
+    // What changed since the last line: all ways to the boat, or that of one target.
+    if (!boat_given && HearBoat(line, boat, fix_good)) {
+      if (fix_good) ComputeCpa(*boat, targets);
+    } else if (message.position && boat && (fix_good || boat_given)) {
+      if (AisTarget* target = targets.Find(message.position->mmsi)) ComputeCpa(*boat, *target);
+    }
   }
 };
 

@@ -215,12 +215,13 @@ void ComputeCpa(const Motion& boat, const Motion& target, float& cpa, float& tcp
   tcpa = static_cast<float>(-double_closing / (2.0 * rate_squared));
 }
 
+void ComputeCpa(const Motion& boat, AisTarget& target) {
+  ComputeCpa(boat, {target.At(), target.Way(), target.course_over_ground}, target.cpa, target.tcpa);
+  target.cpa_known = true;
+}
+
 void ComputeCpa(const Motion& boat, AisTargets& targets) {
-  for (AisTarget& target : targets.All()) {
-    ComputeCpa(boat, {target.At(), target.Way(), target.course_over_ground}, target.cpa,
-               target.tcpa);
-    target.cpa_known = true;
-  }
+  for (AisTarget& target : targets.All()) ComputeCpa(boat, target);
 }
 
 bool InCpaAlarm(const AisTarget& target, bool gps_enabled, float alarm_range) {

@@ -139,7 +139,8 @@ struct Motion {
 // place p: the time is -p.v / v.v.
 void ComputeCpa(const Motion& boat, const Motion& target, float& cpa, float& tcpa);
 
-// The same for all targets.
+// The same for a target of the table, and for all.
+void ComputeCpa(const Motion& boat, AisTarget& target);
 void ComputeCpa(const Motion& boat, AisTargets& targets);
 
 // Whether a target comes under the alarm range: of class A and B only, and only while the GPS is
