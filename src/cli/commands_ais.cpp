@@ -34,21 +34,27 @@ Result<std::string> ReadLog(const std::string& file, const Folders& folders) {
 // "12:00", "12:00:30" or decimal hours, as hours.
 Result<double> ParseClock(const std::string& text, const ClockReading& now) {
   if (text.empty()) return static_cast<double>(AisHours(now));
-  const std::size_t minutes = text.find(':');
-  const std::size_t seconds = text.rfind(':');
-  if (minutes == seconds) {
+  if (text.find(':') == std::string::npos) {
     const Result<float> hours = ParseTime(text, now);
     if (!hours) return hours.error();
     return static_cast<double>(*hours);
   }
-  const Result<int> hour = ParseWhole(text.substr(0, minutes), "hour", 0, 23);
-  if (!hour) return hour.error();
-  const Result<int> minute =
-      ParseWhole(text.substr(minutes + 1, seconds - minutes - 1), "minute", 0, 59);
-  if (!minute) return minute.error();
-  const Result<int> second = ParseWhole(text.substr(seconds + 1), "second", 0, 59);
-  if (!second) return second.error();
-  return *hour + *minute / 60.0 + *second / 3600.0;
+  constexpr struct {
+    const char* name;
+    int most;
+    double per_hour;
+  } kParts[] = {{"hour", 23, 1.0}, {"minute", 59, 60.0}, {"second", 59, 3600.0}};
+  double hours = 0.0;
+  std::size_t at = 0;
+  for (const auto& part : kParts) {
+    const std::size_t colon = part.per_hour < 3600.0 ? text.find(':', at) : std::string::npos;
+    const Result<int> value = ParseWhole(text.substr(at, colon - at), part.name, 0, part.most);
+    if (!value) return value.error();
+    hours += *value / part.per_hour;
+    if (colon == std::string::npos) break;
+    at = colon + 1;
+  }
+  return hours;
 }
 
 Result<Motion> ParseMotion(const std::string* words) {

@@ -77,7 +77,7 @@ TEST_F(AisCommands, TargetsOfALog) {
   EXPECT_EQ(Json("targets " + log + " --at 23:59 --tick 60")["targets"][0]["mmsi"], 235000001);
   EXPECT_EQ(Run("targets " + Log("")).out, "no targets\n");
   ExpectError("targets /nowhere/at-all.nmea", 1, "at-all");
-  ExpectError("targets " + log + " --at 25:00", 2, "25:00");
+  ExpectError("targets " + log + " --at 25:00", 2, "25");
   ExpectError("targets " + log + " --at 12:00:77", 2, "77");
   ExpectError("targets " + log + " --tick -1", 2, "tick");
   ExpectError("targets " + log + " --boat 99 0 0 0", 2, "99");
