@@ -1,6 +1,7 @@
 #include "instruments/ais_decoder.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "core/numbers.h"
 #include "core/text.h"
@@ -30,6 +31,50 @@ constexpr std::array<unsigned char, 256> MakeArmouring() {
   return table;
 }
 constexpr std::array<unsigned char, 256> kArmouring = MakeArmouring();
+
+// The types of ships from a code on, to the next row's.
+struct ShipTypes {
+  unsigned from;
+  const char* text;
+};
+constexpr ShipTypes kShipTypes[] = {
+    {0, "Not available"},
+    {1, "reserved"},
+    {20, "Hazardous"},
+    {21, "Hazardous category A"},
+    {22, "Hazardous category B"},
+    {23, "Hazardous category C"},
+    {24, "Hazardous category D"},
+    {25, "Reserved"},
+    {30, "Fishing"},
+    {31, "Towing"},
+    {32, "Towing: exceeds 200m or breadth exceeds 25m"},
+    {33, "Dredging or underwater ops"},
+    {34, "Diving ops"},
+    {35, "Military ops"},
+    {36, "Sailing"},
+    {37, "Pleasure Craft"},
+    {38, "Reserved"},
+    {40, "High speed craft"},
+    {50, "Pilot Vessel"},
+    {51, "Search and Rescue vessel"},
+    {52, "Tug"},
+    {53, "Port Tender"},
+    {54, "Anti-pollution equipment"},
+    {55, "55"},
+    {56, "Local Vessel"},
+    {58, "Medical Transport"},
+    {59, "Ship according to RR Resolution No. 18"},
+    {60, "Passenger"},
+    {70, "Cargo"},
+    {71, "Cargo, Hazardous"},
+    {75, "Cargo"},
+    {80, "Tanker"},
+    {81, "Tanker, Hazardous"},
+    {90, "Not Classified"},
+    {91, "Hazardous"},
+    {95, "Not Classified"},
+};
 
 unsigned SixBits(char c) { return kArmouring[static_cast<unsigned char>(c)]; }
 
@@ -370,67 +415,10 @@ char SixBitText(unsigned value) {
 }
 
 std::string ShipTypeText(unsigned code) {
-  if (code == 0) return "Not available";
-  if (code <= 19) return "reserved";
-  if (code >= 21 && code <= 24) {
-    return std::string("Hazardous category ") + static_cast<char>('A' + (code - 21));
-  }
-  if (code >= 40 && code <= 49) return "High speed craft";
-  if (code >= 60 && code <= 69) return "Passenger";
-  if (code >= 71 && code <= 74) return "Cargo, Hazardous";
-  if (code >= 70 && code <= 79) return "Cargo";
-  if (code == 80) return "Tanker";
-  if (code >= 81 && code <= 89) return "Tanker, Hazardous";
-  if (code >= 91 && code <= 94) return "Hazardous";
-  switch (code) {
-    case 20:
-      return "Hazardous";
-    case 25:
-    case 26:
-    case 27:
-    case 28:
-    case 29:
-    case 38:
-    case 39:
-      return "Reserved";
-    case 30:
-      return "Fishing";
-    case 31:
-      return "Towing";
-    case 32:
-      return "Towing: exceeds 200m or breadth exceeds 25m";
-    case 33:
-      return "Dredging or underwater ops";
-    case 34:
-      return "Diving ops";
-    case 35:
-      return "Military ops";
-    case 36:
-      return "Sailing";
-    case 37:
-      return "Pleasure Craft";
-    case 50:
-      return "Pilot Vessel";
-    case 51:
-      return "Search and Rescue vessel";
-    case 52:
-      return "Tug";
-    case 53:
-      return "Port Tender";
-    case 54:
-      return "Anti-pollution equipment";
-    case 55:
-      return "55";
-    case 56:
-    case 57:
-      return "Local Vessel";
-    case 58:
-      return "Medical Transport";
-    case 59:
-      return "Ship according to RR Resolution No. 18";
-    default:
-      return "Not Classified";
-  }
+  const auto* above =
+      std::upper_bound(std::begin(kShipTypes), std::end(kShipTypes), code,
+                       [](unsigned c, const ShipTypes& row) { return c < row.from; });
+  return std::prev(above)->text;
 }
 
 std::string NavStatusText(int code) {
