@@ -289,4 +289,37 @@ Outcome ShowComment(Session& session, const CommentWords& words);
 // Writes a cleaned copy of the diamonds of the sea area beside its file.
 Outcome ExportDiamonds(Session& session, const NoWords& words);
 
+struct TargetsWords {
+  std::string file;               // a log, or "-" for standard input
+  std::string at;                 // the clock at the first line: "12:00" or "12:00:30"
+  std::string tick;               // seconds from one line to the next
+  std::vector<std::string> boat;  // latitude, longitude, speed, course
+  bool standard = false;          // decode by the standard
+  bool events = false;            // the file is a JSON array of ["HH:MM:SS", sentence]
+  bool gps_enabled = false;       // of events: the GPS is on
+};
+// The AIS targets after a whole log.
+Outcome ListTargets(Session& session, const TargetsWords& words);
+
+struct CpaWords {
+  std::vector<std::string> words;  // latitude, longitude, speed, course, twice
+};
+// The closest approach of the second vessel to the first.
+Outcome ShowCpa(Session& session, const CpaWords& words);
+
+struct PlotWords {
+  std::string file;  // a path, or a name in the tracks folder
+};
+// The records of a plot file.
+Outcome ShowPlot(Session& session, const PlotWords& words);
+
+struct UploadWords {
+  std::string file;      // a waypoint or route file, as WaypointsWords and RouteWords
+  std::string type;      // of the GPS, 1 to 7
+  std::string identity;  // "names" or "numbers"
+  std::string route;     // number or name of a route; empty takes that of its file
+};
+// What is sent to a GPS, in order.
+Outcome ShowUpload(Session& session, const UploadWords& words);
+
 }  // namespace skerrow::cli

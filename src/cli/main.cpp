@@ -348,6 +348,43 @@ void AddInstrumentCommands(CLI::App& app, Chosen& chosen) {
       });
 }
 
+void AddAisCommands(CLI::App& app, Chosen& chosen) {
+  Add(app, "targets", "the AIS targets after a whole log", chosen, ListTargets,
+      [](CLI::App& sub, TargetsWords& words) {
+        sub.add_option("FILE", words.file, "log, or - for standard input")->required();
+        sub.add_option("--at", words.at, "the clock at the first line; now when left out");
+        sub.add_option("--tick", words.tick, "seconds from a line to the next")
+            ->default_val("0.04");
+        sub.add_option("--boat", words.boat,
+                       "LAT LONG SOG COG: the boat; that of the log's RMC "
+                       "sentences when left out")
+            ->expected(4);
+        sub.add_flag("--standard", words.standard, "standard AIS decoding");
+        CLI::Option* events = sub.add_flag("--events", words.events,
+                                           "FILE is a JSON array of [\"HH:MM:SS\", sentence]");
+        sub.add_flag("--gps-enabled", words.gps_enabled, "of events: the GPS is on")->needs(events);
+      });
+  Add(app, "cpa", "the closest approach of two vessels", chosen, ShowCpa,
+      [](CLI::App& sub, CpaWords& words) {
+        sub.add_option("WORDS", words.words, "LAT LONG SOG COG LAT LONG SOG COG")
+            ->required()
+            ->expected(8);
+      });
+  Add(app, "plot", "the records of a plot file", chosen, ShowPlot,
+      [](CLI::App& sub, PlotWords& words) {
+        sub.add_option("FILE", words.file, "plot file")->required();
+      });
+  Add(app, "upload", "the sentences that take waypoints or a route to a GPS", chosen, ShowUpload,
+      [](CLI::App& sub, UploadWords& words) {
+        sub.add_option("FILE", words.file, "waypoint or route file")->required();
+        sub.add_option("--type", words.type, "type of the GPS, 1 to 7")->required();
+        sub.add_option("--identity", words.identity, "names or numbers")->default_val("names");
+        sub.add_option("--route", words.route,
+                       "number or name of the route; that of its file "
+                       "when left out");
+      });
+}
+
 // Prints an outcome; gives the exit status.
 int Report(const Outcome& outcome, const Options& options) {
   if (const auto* failure = std::get_if<Failure>(&outcome)) {
@@ -389,6 +426,7 @@ int main(int argc, char** argv) {
   AddDriftCommands(app, chosen);
   AddExportCommands(app, chosen);
   AddInstrumentCommands(app, chosen);
+  AddAisCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {

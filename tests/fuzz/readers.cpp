@@ -10,7 +10,10 @@
 #include "charts/chart_files.h"
 #include "charts/chart_view.h"
 #include "core/config.h"
+#include "instruments/ais_decoder.h"
+#include "instruments/ais_targets.h"
 #include "instruments/nmea_checksum.h"
+#include "instruments/plot_file.h"
 #include "instruments/replay.h"
 #include "instruments/serial_link.h"
 #include "routes/route_editing.h"
@@ -405,6 +408,56 @@ void Logs(Place& place, const std::string& bytes) {
   }
 }
 
+// Each line as a sentence, with the checksum it ought to have, since a false one ends the way of
+// nearly all inputs; told and standard in turn.
+void Ais(Place&, const std::string& bytes) {
+  AisAssembly assembly[2];
+  AisTargets targets;
+  std::size_t line = 0;
+  for (std::size_t at = 0; at < bytes.size(); ++line) {
+    const std::size_t end = std::min(bytes.find('\n', at), bytes.size());
+    const std::string body = bytes.substr(at, end - at);
+    at = end + 1;
+    const std::string sentence = "!AIVDM" + body;
+    const AisDecoderOptions options{line % 2 == 1};
+    (void)DecodeAivdm(sentence, options, assembly[line % 2]);
+    const AisMessage message =
+        DecodeAivdm(sentence.substr(0, sentence.find('*')) + "*" +
+                        NmeaChecksum(std::string_view(sentence).substr(1, sentence.find('*') - 1)),
+                    options, assembly[line % 2]);
+    const auto now = static_cast<float>(line * 7 % 240) / 10.0F;
+    targets.Update(message, options, {}, now);
+    if (message.position) {
+      Require(options.standard || (message.position->position && message.position->speed));
+      Require(!message.position->speed ||
+              (*message.position->speed >= 0.0F && *message.position->speed <= 1023.0F));
+    }
+  }
+  ComputeCpa({{50, -1}, 5, 45}, targets);
+  for (const AisTarget& target : targets.All()) {
+    Require(targets.Find(target.mmsi) == &target);
+    Require(!std::isnan(target.cpa) && !std::isnan(target.tcpa));
+    Require(target.vessel_name.size() <= 20 && target.destination.size() <= 20);
+    AisDataLines(target, true, 12.5F);
+  }
+}
+
+void Plot(Place& place, const std::string& bytes) {
+  const std::string path = place.folder.Write("f.trk", bytes);
+  const auto file = ReadPlotFile(path);
+  Require(file.ok() && file->records.size() == bytes.size() / kPlotRecordSize);
+  std::vector<std::string> rows;
+  for (const PlotRecord& record : file->Sound()) {
+    ManualPlotRow(record);
+    rows.push_back(JoinPlotRow(SplitPlotRow(PlotRow(record))));
+  }
+  Require(AppendPlotRecord(path, {50, -1, "06:30", "5 Dec 2026", "x"}).ok());
+  Require(ReadPlotFile(path)->Sound().back().comment == "x");
+  if (SavePlotRows(path, rows).ok() && !rows.empty()) {
+    Require(ReadPlotFile(path)->records.size() == rows.size());
+  }
+}
+
 using Feeder = void (*)(Place&, const std::string&);
 
 // One folder serves all inputs of a reader.
@@ -431,7 +484,9 @@ const std::vector<FuzzReader>& FuzzReaders() {
                                                   {"store", InItsPlace<WindFile>, 0, 5, 0},
                                                   {"polar", InItsPlace<PolarText>, 40, 0, 0},
                                                   {"nmea", InItsPlace<Sentences>, 10, 0, 20},
-                                                  {"log", InItsPlace<Logs>, 10, 0, 20}};
+                                                  {"log", InItsPlace<Logs>, 10, 0, 20},
+                                                  {"ais", InItsPlace<Ais>, 60, 0, 0},
+                                                  {"plot", InItsPlace<Plot>, 56, 2, 0}};
   return readers;
 }
 

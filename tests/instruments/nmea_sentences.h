@@ -1,21 +1,17 @@
 #pragma once
 
-#include <cstdio>
 #include <string>
 #include <vector>
 
 #include "instruments/nmea.h"
+#include "instruments/sentences.h"
 #include "support/still_clock.h"
 
 namespace skerrow::testing {
 
-// A sentence with its checksum, from what stands between its first character and "*".
+// A sentence of a GPS, from what stands between its first character and "*".
 inline std::string GpsSentence(const std::string& body, char start = '$') {
-  int sum = 0;
-  for (const char c : body) sum ^= static_cast<unsigned char>(c);
-  char digits[3];
-  std::snprintf(digits, sizeof digits, "%02X", sum);
-  return start + body + "*" + digits;
+  return Sentence(body, start);
 }
 
 // A good RMC at that minute of 50 degrees north, 1 degree 20.25 minutes west.

@@ -3,6 +3,7 @@
 #include "charts/chart_files.h"
 #include "core/config.h"
 #include "core/record.h"
+#include "instruments/plot_file.h"
 #include "routes/route.h"
 #include "routes/waypoint.h"
 #include "tides/diamond.h"
@@ -30,6 +31,7 @@ std::string AllRecordTables() {
          Section("Imported wind: ~wind.dat", kWindCellFields) +
          Section("Imported wind with its components, for the viewer: ~GrDa.tmp", kGribWindFields) +
          Section("Waypoints: *.way", kWaypointFields) + Section("Routes: *.rte", kRouteFields) +
+         Section("Plots entered by hand: *.trk, *.jan .. *.dec", kPlotFields) +
          Section("Chart calibration: *.cht", kChartFileFields) +
          Section("Chart index: *.xrf", kChartIndexFields) +
          Section("Tidal diamonds: *.l25", kDiamondFields) +

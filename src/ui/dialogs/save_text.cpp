@@ -15,7 +15,7 @@ namespace {
 constexpr const char* kFolderKey = "Folder";  // of the last text file
 
 QString FolderOf(Desktop& desktop, const TextFileKind& kind) {
-  const QString folder = ToQt(desktop.settings.Get(kind.section, kFolderKey));
+  QString folder = ToQt(desktop.settings.Get(kind.section, kFolderKey));
   if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
   return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 }
