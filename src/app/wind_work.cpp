@@ -20,9 +20,9 @@ Status EnterWind(Program& program, const Wind& wind, Messages& messages) {
 }
 
 Status UseEnteredWind(Program& program, bool entered, Messages& messages) {
-  const Status saved =
-      ReloadThenSave(program.folders, program.config,
-                     [entered](AppConfig& config) { config.use_manual_wind = Bool16(entered); });
+  Status saved = ReloadThenSave(program.folders, program.config, [entered](AppConfig& config) {
+    config.use_manual_wind = Bool16(entered);
+  });
   WindMoved(program, messages);
   return saved;
 }
