@@ -47,7 +47,7 @@ struct AisStaticReport {
   bool has_voyage = true;
 };
 
-// Type 24: part 0 has the name, part 1 the rest.
+// Type 24, sent in two halves: `part` 0 has the name, the other the rest.
 struct AisClassBStaticReport {
   std::int32_t mmsi = 0;
   int part = 0;

@@ -82,7 +82,7 @@ def message(kind):
         return ais.class_b_extended(heading=over(0, 511), name=words(20),
                                     ship_type=over(0, 255), **ship(),
                                     **report())
-    # Not 98MIDXXXX: its part 1 has no dimensions.
+    # Not 98MIDXXXX: the second half of its report has no dimensions.
     mmsi = over(1, 979999999)
     if choose.randrange(2):
         return ais.class_b_name(mmsi, words(20))
