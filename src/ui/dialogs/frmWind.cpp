@@ -79,9 +79,10 @@ frmWind::frmWind(Desktop& desktop, QWidget* parent)
   speed_->SetText(entry.speed);
   direction_->SetText(entry.direction);
   FollowBoxes();
-  const Result<std::vector<std::string>> names = polars_->SetUps();
-  const auto selected = names ? SelectedSetUp(desktop.program.wind_config, *names) : std::nullopt;
-  ListSetUps(selected ? (*names)[*selected] : std::string());
+  const std::vector<std::string> names = ListSetUps();
+  if (const auto selected = SelectedSetUp(desktop.program.wind_config, names)) {
+    TakeUp(names[*selected]);
+  }
   ShowLegs();
   speed_->setFocus();
   speed_->selectAll();
@@ -254,8 +255,8 @@ void frmWind::FollowBoxes() {
   follow(compass_, fits ? static_cast<int>(NearestCompassPoint(wind.from_deg)) : -1);
 }
 
-void frmWind::ListSetUps(const std::string& name) {
-  const Result<std::vector<std::string>> names = polars_->SetUps();
+std::vector<std::string> frmWind::ListSetUps() {
+  Result<std::vector<std::string>> names = polars_->SetUps();
   {
     const QSignalBlocker quiet(set_ups_);
     set_ups_->clear();
@@ -269,8 +270,12 @@ void frmWind::ListSetUps(const std::string& name) {
   table_.reset();
   boat_->setText(names ? QString() : ToQt("No set-ups: " + names.error().Text()));
   boat_->setToolTip(boat_->text());
+  return names ? std::move(names.value()) : std::vector<std::string>();
+}
+
+void frmWind::TakeUp(const std::string& name) {
   const auto found = set_ups_->findItems(ToQt(name), Qt::MatchExactly | Qt::MatchCaseSensitive);
-  if (!name.empty() && !found.isEmpty()) set_ups_->setCurrentItem(found.first());
+  if (!found.isEmpty()) set_ups_->setCurrentItem(found.first());
 }
 
 void frmWind::ChooseSetUp(int row) {
@@ -379,7 +384,8 @@ void frmWind::EditPolar() {
   frmEditPlot editor(desktop(), set_up_, this);
   editor.exec();
   // A change copies the installed database, so that the file may be another one now.
-  ListSetUps(editor.set_up());
+  ListSetUps();
+  TakeUp(editor.set_up());
 }
 
 }  // namespace skerrow

@@ -35,8 +35,10 @@ class frmWind : public Dialog {
   // The buttons follow the boxes.
   void FollowBoxes();
 
-  // Lists the set-ups, and takes up `name` where it is one of them.
-  void ListSetUps(const std::string& name);
+  // Lists the set-ups, none of them selected, and gives their names.
+  std::vector<std::string> ListSetUps();
+  // Selects one of the list by its name; another name selects none.
+  void TakeUp(const std::string& name);
   void ChooseSetUp(int row);
 
   // The entered wind becomes the default one.

@@ -40,7 +40,7 @@ class PolarPictures : public QObject {
   // The colours of the day or the night, as the view has them.
   void FollowLook();
 
-  // The pictures one below the other, for paper.
+  // The polar and the graph for paper.
   Picture PolarPage() const;
   Picture GraphPage() const;
 

@@ -27,8 +27,6 @@ class LookController final : public QObject {
   // Flips a toggle of the settings and writes them.
   void Toggle(std::int16_t AppConfig::*field);
   void Toggle(float AppConfig::*field);
-  // Makes a change of the settings and writes them.
-  void SaveConfigChange(const std::function<void(AppConfig&)>& change);
   void ToggleThumbnail();
   void ToggleEveryName();
   void ShowTools();
@@ -39,6 +37,7 @@ class LookController final : public QObject {
 
  private:
   void Apply();
+  void SaveConfigChange(const std::function<void(AppConfig&)>& change);
 
   Desktop& desktop_;
   ChartViewer& viewer_;
