@@ -8,13 +8,13 @@
 #include "core/plane_sailing.h"
 #include "core/text.h"
 #include "ui/plot/plot.h"
+#include "wind/polar.h"
 #include "wind/relative_wind.h"
 
 namespace skerrow {
 namespace {
 
-constexpr double kFastestBoat = 100.0;  // knots
-constexpr double kMostWind = 200.0;     // knots
+constexpr double kMostWind = 200.0;  // knots
 // A wind that shows as 0.0 knots has no direction to tell.
 constexpr double kCalm = 0.05;
 
