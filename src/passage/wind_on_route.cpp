@@ -120,7 +120,10 @@ std::function<DepartureSpeeds(float hour)> SpeedsByDeparture(const std::vector<R
       ++leg;
       if (!wind.found) return trouble("no forecast wind");
       if (!(wind.element.speed > kLeastLegSpeed)) {
-        return trouble("too little speed (" + wind.element.speed_text + " kn)");
+        const float course = RangeBearing(points[leg - 1].At(), points[leg - 1].Next()).bearing;
+        const bool ahead = RelativeWindOf(wind.wind.from_deg, course).angle < at.closest;
+        return trouble(std::string("too little speed ") + (ahead ? "against the wind " : "") + "(" +
+                       wind.element.speed_text + " kn)");
       }
       speeds.legs.push_back(wind.element.speed);
     }

@@ -139,6 +139,7 @@ TEST(WindOnRoute, ADepartureThatCanNotBeSailedSaysWhy) {
   // Leg 1 heads east and takes ten hours in the first of these winds. The forecast ends at 15:00.
   request.wind_at = [](Position, DayAndYear day, float hours) -> std::optional<Wind> {
     if (day.day != 339 || hours >= 15.0F) return std::nullopt;
+    if (hours == 1.0F) return Wind{12.0F, 95.0F};
     return Wind{12.0F, hours < 3.0F ? 150.0F : 170.0F};
   };
   PolarRows slow = Rows();
@@ -154,6 +155,7 @@ TEST(WindOnRoute, ADepartureThatCanNotBeSailedSaysWhy) {
     std::size_t legs;
   } rows[] = {
       {Rows(), 2.0F, "", 2},
+      {Rows(), 1.0F, "too little speed against the wind (0.5 kn) on leg 1", 0},
       {Rows(), 9.0F, "no forecast wind on leg 2", 1},
       {Rows(), 15.0F, "no forecast wind on leg 1", 0},
       {slow, 0.0F, "too little speed (0.4 kn) on leg 1", 0},
