@@ -24,17 +24,16 @@ struct Departure {
   float ground_distance = 0.0F;
   float arrival_hours = 0.0F;
   DayAndYear arrival_date;
-  float last_speed = 0.0F;  // of the last leg, knots
+  float water_distance = 0.0F;
   std::vector<std::int16_t> steps;
   StreamFault fault = StreamFault::kNone;
   std::vector<std::int32_t> no_tide;  // diamonds
 };
 
 Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
-                       const std::vector<float>& speeds, int hour, DayAndYear date,
+                       const std::vector<float>& speeds, bool by_leg, int hour, DayAndYear date,
                        const LegSettings& settings) {
   Departure departure;
-  departure.last_speed = speeds.back();
   departure.arrival_hours = static_cast<float>(hour);
   departure.arrival_date = date;
   for (std::size_t i = 0; i + 1 < points.size(); ++i) {
@@ -46,12 +45,15 @@ Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
     AddDiamonds(solver.gaps().diamonds, departure.no_tide);
     departure.ground_distance += leg.track_distance;
     departure.total_hours += leg.passage_time;
+    departure.water_distance += leg.passage_time * speeds[i];
     departure.steps.push_back(leg.steps);
     const LaterTime arrival =
         AddHours(departure.arrival_date, departure.arrival_hours, leg.passage_time);
     departure.arrival_hours = arrival.hours;
     departure.arrival_date = arrival.date;
   }
+  // The route's own speeds are mostly one, and the last leg's stands for all.
+  if (!by_leg) departure.water_distance = departure.total_hours * speeds.back();
   return departure;
 }
 
@@ -88,7 +90,7 @@ std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& ti
     for (std::size_t i = next++; i < count && !stop; i = next++) {
       if (speeds[i].trouble.empty()) {
         departures[i] =
-            TryDeparture(solver, points, speeds[i].legs,
+            TryDeparture(solver, points, speeds[i].legs, request.speeds_at != nullptr,
                          request.slot.first_hour + static_cast<int>(i), request.date, settings);
       } else {
         departures[i].trouble = speeds[i].trouble;
@@ -139,7 +141,7 @@ std::string TableLine(const Departure& departure, int hour, DayAndYear date, flo
   return HoursToClock(static_cast<float>(hour)) + "\t" + ArrivalText(departure, date) + "\t" +
          HoursToDuration(total) + "\t" + FormatFixed(speed, 1, 2) + "kt.\t" +
          FormatFixed(departure.ground_distance, 1, 2) + "nm.\t" +
-         FormatFixed(total * departure.last_speed, 1, 1) + "nm.";
+         FormatFixed(departure.water_distance, 1, 1) + "nm.";
 }
 
 }  // namespace

@@ -373,6 +373,12 @@ TEST_F(Optimum, LeavesOutWhatCanNotBeSailedAndSaysSo) {
                            progress_),
             RouteOutcome::kDone);
   EXPECT_EQ(single.route_hours, passage_.optimum_times[0]);
+  float water = 0.0F;
+  for (std::size_t i = 0; i < 3; ++i) {
+    water += single.legs[i].result.passage_time * passage_.optimum_speeds[0][i];
+  }
+  const std::string& first = passage_.result_lines[6];
+  EXPECT_EQ(first.substr(first.rfind('\t') + 1), FormatFixed(water, 1, 1) + "nm.");
   EXPECT_EQ(passage_.optimum_speeds[7].size(), 1U);
   EXPECT_EQ(route_.points[1].speed, 5.0F) << "the route keeps its own";
 
