@@ -226,9 +226,9 @@ Outcome ExportPolar(Session& session, const PolarWords& words);
 
 struct PolarImportWords {
   std::string file;
-  std::string name;  // of the new set-up
+  std::string name;  // of the new set-up; with a database, of the one to take
 };
-// Adds a set-up from a file of the shared text form.
+// Adds a set-up from a file of the shared text form, or the set-ups of an .mdb database.
 Outcome ImportPolar(Session& session, const PolarImportWords& words);
 
 struct PolarSpeedWords {

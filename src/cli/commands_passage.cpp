@@ -312,11 +312,12 @@ Outcome FindDeparture(Session& session, const OptimumWords& words) {
     RouteWindRequest& wind = (*sailing)->wind;
     wind.date = *date;
     wind.hours = static_cast<float>(request.slot.first_hour);
-    if (!SetSpeedsByWind(program.route.points, (*sailing)->polar, wind, session.messages)) {
-      return NotCalculated(session);
-    }
     if (words.each) {
       request.speeds_at = SpeedsByDeparture(program.route.points, (*sailing)->polar, wind);
+      request.speeds_from = "Speeds by \"" + words.sail.polar.name + "\" and the " +
+                            (words.sail.forecast ? "forecast wind of each departure" : "wind");
+    } else if (!SetSpeedsByWind(program.route.points, (*sailing)->polar, wind, session.messages)) {
+      return NotCalculated(session);
     }
   }
   if (SearchDeparture(request, program.config, program.tides, program.route, program.passage,

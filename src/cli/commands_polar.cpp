@@ -5,6 +5,7 @@
 #include "cli/polars.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/text.h"
 #include "passage/wind_on_route.h"
 #include "platform/polars.h"
 #include "wind/polar.h"
@@ -25,6 +26,28 @@ Result<PolarRows> ReadPolarFile(const std::string& path) {
   Result<PolarImport> import = PolarFromText(*text);
   if (!import) return Error{path, import.error().Text()};
   return std::move(import.value().rows);
+}
+
+Outcome ImportDatabase(const Session& session, const PolarImportWords& words) {
+  const Folders& folders = session.program.folders;
+  const Result<PolarsImported> done =
+      ImportAccessPolars(folders.InstalledPolars(), folders.OwnPolars(), words.file, words.name);
+  if (!done) return Failed(done.error());
+  Answer answer;
+  Json left_out = Json::array();
+  std::string reasons;
+  for (const auto& [name, reason] : done->left_out) {
+    left_out.push_back({{"name", name}, {"reason", reason}});
+    reasons += "\"" + name + "\" is left out: " + reason + "\n";
+  }
+  if (done->added.empty()) return Failed({words.file, Trim(reasons)});
+  answer.json() = {
+      {"added", done->added}, {"leftOut", left_out}, {"file", OpenPolars(session)->Path()}};
+  for (const std::string& name : done->added) {
+    answer.text += "\"" + name + "\" is in " + OpenPolars(session)->Path() + "\n";
+  }
+  answer.text += reasons;
+  return answer;
 }
 
 }  // namespace
@@ -90,6 +113,8 @@ Outcome ExportPolar(Session& session, const PolarWords& words) {
 }
 
 Outcome ImportPolar(Session& session, const PolarImportWords& words) {
+  if (IsAccessFile(words.file)) return ImportDatabase(session, words);
+  if (words.name.empty()) return WrongUsage({"", "--name is required"});
   const Result<std::string> text = ReadFile(words.file);
   if (!text) return Failed(text.error());
   const Result<PolarImport> import = PolarFromText(*text);

@@ -184,10 +184,11 @@ void AddPolarCommands(CLI::App& app, Chosen& chosen) {
   Add(polar, "show", "the table of a set-up", chosen, ShowPolar, TakePolar);
   Add(polar, "export", "a set-up in the text form of routing programs", chosen, ExportPolar,
       TakePolar);
-  Add(polar, "import", "add a set-up from a polar file", chosen, ImportPolar,
-      [](CLI::App& sub, PolarImportWords& words) {
-        sub.add_option("FILE", words.file, "polar file")->required();
-        sub.add_option("--name", words.name, "name of the set-up")->required();
+  Add(polar, "import", "add a set-up from a polar file, or those of an .mdb database", chosen,
+      ImportPolar, [](CLI::App& sub, PolarImportWords& words) {
+        sub.add_option("FILE", words.file, "polar file, or .mdb database")->required();
+        sub.add_option("--name", words.name,
+                       "name for the set-up of a file; of a database, the only one to take");
       });
   Add(polar, "speed", "the boat's speed in a wind", chosen, ShowPolarSpeed,
       [](CLI::App& sub, PolarSpeedWords& words) {

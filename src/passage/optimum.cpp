@@ -5,6 +5,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <functional>
+#include <limits>
 #include <mutex>
 #include <thread>
 
@@ -16,23 +17,23 @@ namespace {
 
 constexpr const char* kRule = "=========================================";
 
-// One departure tried.
+// One departure tried, or left out.
 struct Departure {
+  std::string trouble;  // why it is left out; empty: it has been tried
   float total_hours = 0.0F;
   float ground_distance = 0.0F;
   float arrival_hours = 0.0F;
   DayAndYear arrival_date;
-  float last_speed = 0.0F;  // of the last leg, knots
+  float water_distance = 0.0F;
   std::vector<std::int16_t> steps;
   StreamFault fault = StreamFault::kNone;
   std::vector<std::int32_t> no_tide;  // diamonds
 };
 
 Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
-                       const std::vector<float>& speeds, int hour, DayAndYear date,
+                       const std::vector<float>& speeds, bool by_leg, int hour, DayAndYear date,
                        const LegSettings& settings) {
   Departure departure;
-  departure.last_speed = speeds.back();
   departure.arrival_hours = static_cast<float>(hour);
   departure.arrival_date = date;
   for (std::size_t i = 0; i + 1 < points.size(); ++i) {
@@ -44,25 +45,30 @@ Departure TryDeparture(LegSolver& solver, const std::vector<RoutePoint>& points,
     AddDiamonds(solver.gaps().diamonds, departure.no_tide);
     departure.ground_distance += leg.track_distance;
     departure.total_hours += leg.passage_time;
+    departure.water_distance += leg.passage_time * speeds[i];
     departure.steps.push_back(leg.steps);
     const LaterTime arrival =
         AddHours(departure.arrival_date, departure.arrival_hours, leg.passage_time);
     departure.arrival_hours = arrival.hours;
     departure.arrival_date = arrival.date;
   }
+  // The route's own speeds are mostly one, and the last leg's stands for all.
+  if (!by_leg) departure.water_distance = departure.total_hours * speeds.back();
   return departure;
 }
 
-// The speeds of the legs for each departure of a slot: those of the request, or the route's.
-std::vector<std::vector<float>> SpeedsOf(const OptimumRequest& request,
-                                         const std::vector<RoutePoint>& points) {
-  std::vector<float> own;
-  for (std::size_t i = 0; i + 1 < points.size(); ++i) own.push_back(points[i].speed);
-  std::vector<std::vector<float>> speeds;
+// The speeds for each departure of a slot: those of the request, or the route's.
+std::vector<DepartureSpeeds> SpeedsOf(const OptimumRequest& request,
+                                      const std::vector<RoutePoint>& points) {
+  DepartureSpeeds own;
+  for (std::size_t i = 0; i + 1 < points.size(); ++i) own.legs.push_back(points[i].speed);
+  std::vector<DepartureSpeeds> speeds;
   for (int hour = request.slot.first_hour; hour <= request.slot.last_hour; ++hour) {
-    std::vector<float> given;
-    if (request.speeds_at) given = request.speeds_at(static_cast<float>(hour));
-    speeds.push_back(given.size() == own.size() ? std::move(given) : own);
+    speeds.push_back(request.speeds_at ? request.speeds_at(static_cast<float>(hour)) : own);
+    DepartureSpeeds& given = speeds.back();
+    if (given.trouble.empty() && given.legs.size() != own.legs.size()) {
+      given.trouble = "no speed for each leg";
+    }
   }
   return speeds;
 }
@@ -71,7 +77,7 @@ std::vector<std::vector<float>> SpeedsOf(const OptimumRequest& request,
 // cancelled.
 std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& tides,
                               const std::vector<RoutePoint>& points,
-                              const std::vector<std::vector<float>>& speeds,
+                              const std::vector<DepartureSpeeds>& speeds,
                               const LegSettings& settings, Progress& progress) {
   const auto count = static_cast<std::size_t>(request.slot.last_hour - request.slot.first_hour) + 1;
   std::vector<Departure> departures(count);
@@ -82,9 +88,14 @@ std::vector<Departure> TryAll(const OptimumRequest& request, const TideState& ti
   std::size_t finished = 0;
   const auto work = [&](LegSolver& solver) {
     for (std::size_t i = next++; i < count && !stop; i = next++) {
-      departures[i] =
-          TryDeparture(solver, points, speeds[i], request.slot.first_hour + static_cast<int>(i),
-                       request.date, settings);
+      if (speeds[i].trouble.empty()) {
+        departures[i] =
+            TryDeparture(solver, points, speeds[i].legs, request.speeds_at != nullptr,
+                         request.slot.first_hour + static_cast<int>(i), request.date, settings);
+      } else {
+        departures[i].trouble = speeds[i].trouble;
+        departures[i].total_hours = std::numeric_limits<float>::quiet_NaN();
+      }
       const std::lock_guard lock(mutex);
       ++finished;
       changed.notify_one();
@@ -122,12 +133,15 @@ std::string ArrivalText(const Departure& departure, DayAndYear from) {
 }
 
 std::string TableLine(const Departure& departure, int hour, DayAndYear date, float distance) {
+  if (!departure.trouble.empty()) {
+    return HoursToClock(static_cast<float>(hour)) + "\t-\t-\t-\t-\t-";
+  }
   const float total = departure.total_hours;
   const float speed = total > 0.0F ? distance / total : 0.0F;
   return HoursToClock(static_cast<float>(hour)) + "\t" + ArrivalText(departure, date) + "\t" +
          HoursToDuration(total) + "\t" + FormatFixed(speed, 1, 2) + "kt.\t" +
          FormatFixed(departure.ground_distance, 1, 2) + "nm.\t" +
-         FormatFixed(total * departure.last_speed, 1, 1) + "nm.";
+         FormatFixed(departure.water_distance, 1, 1) + "nm.";
 }
 
 }  // namespace
@@ -139,24 +153,37 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
   if (!CheckLegSpeeds(route.points, messages)) {
     // A search that is refused has no result, and the one before stands no more.
     passage.optimum_times.clear();
+    passage.optimum_speeds.clear();
     passage.calc_mode = 0;
     return RouteOutcome::kRefused;
   }
   if (!progress.Step(5)) return RouteOutcome::kCancelled;
+  const std::vector<DepartureSpeeds> speeds = SpeedsOf(request, route.points);
+  if (std::all_of(speeds.begin(), speeds.end(),
+                  [](const DepartureSpeeds& given) { return !given.trouble.empty(); })) {
+    messages.Show("No departure of this slot can be sailed: at " +
+                      HoursToClock(static_cast<float>(request.slot.first_hour)) + " there is " +
+                      speeds.front().trouble,
+                  MessageIcon::kWarning);
+    return RouteOutcome::kRefused;
+  }
   // Built before the threads start, so that all share it.
   (void)tides.days.Get(request.date);
   const std::vector<Departure> departures =
-      TryAll(request, tides, route.points, SpeedsOf(request, route.points), LegSettingsOf(config),
-             progress);
+      TryAll(request, tides, route.points, speeds, LegSettingsOf(config), progress);
   if (departures.empty()) return RouteOutcome::kCancelled;
 
   const float distance = RouteLengthOf(route.points);
   const std::string title = "Optimum Departure for " + DateText(request.date);
   std::vector<std::string> lines = {
-      kDerivedDataNotice, "   ", title, " ",
+      kDerivedDataNotice, "   ", title, request.speeds_from.empty() ? " " : request.speeds_from,
       "Depart\tArrive\tTime Taken\tEffective Speed\tGround Distance\tWater Distance"};
   passage.route_history.push_back(title);
   passage.optimum_times.clear();
+  passage.optimum_speeds.clear();
+  if (request.speeds_at) {
+    for (const DepartureSpeeds& given : speeds) passage.optimum_speeds.push_back(given.legs);
+  }
   passage.optimum_start_hour = static_cast<float>(request.slot.first_hour);
   bool fault = false;
   std::vector<std::int32_t> no_tide;
@@ -165,18 +192,26 @@ RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& con
     fault = fault || departure.fault != StreamFault::kNone;
     AddDiamonds(departure.no_tide, no_tide);
     passage.optimum_times.push_back(departure.total_hours);
-    const std::string line = TableLine(departure, hour++, request.date, distance);
+    const std::string line = TableLine(departure, hour, request.date, distance);
     lines.emplace_back(" ");
     lines.push_back(line);
     passage.route_history.push_back(line);
+    if (!departure.trouble.empty()) {
+      lines.push_back(HoursToClock(static_cast<float>(hour)) + " is left out: there is " +
+                      departure.trouble);
+      passage.route_history.push_back(lines.back());
+    }
+    for (std::size_t i = 0; i < departure.steps.size(); ++i) {
+      route.points[i].steps = departure.steps[i];
+    }
+    ++hour;
   }
   passage.route_history.emplace_back(" ");
-  for (std::size_t i = 0; i < departures.back().steps.size(); ++i) {
-    route.points[i].steps = departures.back().steps[i];
-  }
-  lines.insert(lines.end(),
-               {" ", " ", kRule, " ",
-                "Route Details - Distance = " + FormatFixed(distance, 1, 1) + "nm.", " "});
+  lines.insert(lines.end(), {" ", " ", kRule, " ",
+                             "Route Details - Distance = " + FormatFixed(distance, 1, 1) + "nm.",
+                             request.speeds_from.empty()
+                                 ? " "
+                                 : "The search went by the speeds of the wind in place of these:"});
   for (std::string& line : RouteRows(route)) lines.push_back(std::move(line));
   lines.insert(lines.end(), {" ", kRule});
   for (std::string& line : ReferencePortLines(tides, request.date))

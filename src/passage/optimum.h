@@ -31,24 +31,34 @@ inline constexpr std::array<DepartureSlot, 5> kDepartureSlots = {{
     {"Full 24 hours", 0, 23},
 }};
 
+// What one departure sails with.
+struct DepartureSpeeds {
+  std::vector<float> legs;  // knots
+  std::string trouble;      // why it can not be sailed, "no wind on leg 2"; empty: it can
+};
+
 struct OptimumRequest {
   DepartureSlot slot = kDepartureSlots[4];
   DayAndYear date;
   // Departures calculated side by side; 0 takes as many as the machine has processors.
   unsigned threads = 0;
-  // The speeds of the legs, knots, for a departure at an hour, where they depend on it; empty
-  // keeps those of the route. Asked for on the caller's thread, once a departure.
-  std::function<std::vector<float>(float hour)> speeds_at;
+  // The speeds of the legs for a departure at an hour, where they depend on it; null keeps those of
+  // the route. Asked for on the caller's thread, once a departure.
+  std::function<DepartureSpeeds(float hour)> speeds_at;
+  std::string speeds_from;  // what they come from, for the report
 };
 
 // Searches the departures of a slot. A leg that cannot be achieved counts with the time that the
 // solver gives, and the route is not changed but for the steps of its points. The results do not
-// depend on the number of threads. A search refused or cancelled leaves everything as it was.
+// depend on the number of threads. A departure that can not be sailed is left out: its time is no
+// number, and a line says why; where that is so with all of them the search is refused with the
+// reason. A search refused or cancelled leaves everything as it was.
 RouteOutcome SearchDeparture(const OptimumRequest& request, const AppConfig& config,
                              TideState& tides, RouteState& route, PassageState& passage,
                              Messages& messages, Progress& progress);
 
-// Indices of the earliest longest and earliest shortest time; both 0 without any.
+// Indices of the earliest longest and earliest shortest time, of those that are numbers; both 0
+// without any.
 struct OptimumExtremes {
   std::size_t longest = 0;
   std::size_t shortest = 0;

@@ -44,6 +44,8 @@ struct PassageState {
 
   std::vector<float> optimum_times;  // hours, one a departure; the chart adds the spare entry
   float optimum_start_hour = 0.0F;
+  // The speeds of the legs of each departure, knots, where they were not those of the route.
+  std::vector<std::vector<float>> optimum_speeds;
 };
 
 // Forgets a calculated track with its legs and streams; the report stays.

@@ -255,7 +255,7 @@ bool CheckLegSpeeds(const std::vector<RoutePoint>& points, Messages& messages) {
     const float speed = points[i - 1].speed;
     const std::string between =
         "between waypoints " + std::to_string(i) + " and " + std::to_string(i + 1);
-    if (!(speed > 0.5F)) {
+    if (!(speed > kLeastLegSpeed)) {
       messages.Show("Boat speed below 0.5kn " + between + "\nCannot continue - please correct.",
                     MessageIcon::kWarning);
       return false;

@@ -26,6 +26,9 @@ DepartureTimeRefusal CheckDepartureTime(std::string_view text, float& hours);
 // The words of a refusal; empty for none.
 std::string DepartureTimeText(DepartureTimeRefusal refusal);
 
+// No leg is calculated with this speed or less, knots.
+inline constexpr float kLeastLegSpeed = 0.5F;
+
 // Checks the speed of every point, the last one too: 0.5 knots or less is refused with a message,
 // under 1.0 asks. False when the calculation is not to go on.
 bool CheckLegSpeeds(const std::vector<RoutePoint>& points, Messages& messages);

@@ -137,16 +137,33 @@ void SetTacksByWind(std::vector<RoutePoint>& points, float wind_from) {
   }
 }
 
-std::function<std::vector<float>(float hour)> SpeedsByDeparture(
-    const std::vector<RoutePoint>& points, const PolarTable& polar,
-    const RouteWindRequest& request) {
+std::function<DepartureSpeeds(float hour)> SpeedsByDeparture(const std::vector<RoutePoint>& points,
+                                                             const PolarTable& polar,
+                                                             const RouteWindRequest& request) {
   return [points, &polar, request](float hour) {
     RouteWindRequest at = request;
     at.hours = hour;
     const RouteWinds winds = WindsOnRoute(points, polar, at);
-    std::vector<float> speeds;
-    if (winds.outcome != RouteWindOutcome::kDone) return speeds;
-    for (const LegWind& leg : winds.legs) speeds.push_back(leg.element.speed);
+    DepartureSpeeds speeds;
+    std::size_t leg = 0;
+    const auto trouble = [&speeds, &leg](const std::string& what) {
+      speeds.trouble = what + " on leg " + std::to_string(leg);
+      return speeds;
+    };
+    for (const LegWind& wind : winds.legs) {
+      ++leg;
+      if (!wind.found) return trouble("no forecast wind");
+      if (!(wind.element.speed > kLeastLegSpeed)) {
+        const float course = RangeBearing(points[leg - 1].At(), points[leg - 1].Next()).bearing;
+        const bool ahead = RelativeWindOf(wind.wind.from_deg, course).angle < at.closest;
+        return trouble(std::string("too little speed ") + (ahead ? "against the wind " : "") + "(" +
+                       wind.element.speed_text + " kn)");
+      }
+      speeds.legs.push_back(wind.element.speed);
+    }
+    ++leg;
+    if (winds.outcome == RouteWindOutcome::kNoCell) return trouble("no value in the polar");
+    if (winds.outcome != RouteWindOutcome::kDone) return trouble("no speed");
     return speeds;
   };
 }

@@ -9,6 +9,7 @@
 
 #include "core/calendar.h"
 #include "core/messages.h"
+#include "passage/optimum.h"
 #include "routes/route.h"
 #include "wind/polar.h"
 #include "wind/wind_config.h"
@@ -78,10 +79,11 @@ bool SetLegSpeedByWind(std::vector<RoutePoint>& points, std::size_t leg, const P
 // Gives each leg the tack that a wind direction makes on its bearing, 1 port or 2 starboard.
 void SetTacksByWind(std::vector<RoutePoint>& points, float wind_from);
 
-// The speeds of the legs for a departure at another hour of the request's day; empty where
-// WindsOnRoute has no outcome. `polar` must outlive it.
-std::function<std::vector<float>(float hour)> SpeedsByDeparture(
-    const std::vector<RoutePoint>& points, const PolarTable& polar,
-    const RouteWindRequest& request);
+// The speeds of the legs for a departure at another hour of the request's day. No other wind or
+// speed stands in: where the forecast does not reach a leg, the polar lacks a cell, or the boat is
+// too slow to calculate with, the departure has that as its trouble. `polar` must outlive it.
+std::function<DepartureSpeeds(float hour)> SpeedsByDeparture(const std::vector<RoutePoint>& points,
+                                                             const PolarTable& polar,
+                                                             const RouteWindRequest& request);
 
 }  // namespace skerrow

@@ -7,6 +7,7 @@
 
 #include "core/files.h"
 #include "core/text.h"
+#include "platform/access_database.h"
 
 namespace skerrow {
 namespace {
@@ -138,28 +139,29 @@ class SqlitePolars final : public PolarDatabase {
   Status Create(std::string_view set_up, const PolarRows& rows) override {
     return Write([&](const Database& database) -> Status {
       if (Status free = MustBeFree(database, set_up); !free) return free;
-      std::string columns;
-      std::string places;
-      for (const std::string_view column : kPolarColumns) {
-        if (!columns.empty()) {
-          columns += ", ";
-          places += ", ";
-        }
-        columns += Quoted(column);
-        places += "?";
-      }
-      Status done = database.Do("CREATE TABLE " + Quoted(set_up) + " (" + columns + ")");
-      const std::string insert = "INSERT INTO " + Quoted(set_up) + " VALUES (" + places + ")";
-      for (std::size_t i = 0; done && i < rows.size(); ++i) {
-        std::vector<std::string> values;
-        for (const auto& cell : rows[i]) values.push_back(cell.value_or(""));
-        done = database.Do(insert, values);
-      }
-      if (!done) return done;
-      return database.Do("INSERT INTO SetUps (SetUp) VALUES (?)", {std::string(set_up)});
+      return Add(database, set_up, rows);
     });
   }
 
+  // Adds those whose names are free.
+  Result<PolarsImported> CreateAll(const std::vector<AccessSetUp>& set_ups) {
+    PolarsImported imported;
+    const Status done = Write([&](const Database& database) -> Status {
+      for (const AccessSetUp& set_up : set_ups) {
+        const Status free = MustBeFree(database, set_up.name);
+        if (!set_up.trouble.empty() || !free) {
+          imported.left_out.push_back(
+              {set_up.name, set_up.trouble.empty() ? free.error().reason : set_up.trouble});
+          continue;
+        }
+        if (Status added = Add(database, set_up.name, set_up.rows); !added) return added;
+        imported.added.push_back(set_up.name);
+      }
+      return Done{};
+    });
+    if (!done) return done.error();
+    return imported;
+  }
   Status Rename(std::string_view set_up, std::string_view name) override {
     return Write([&](const Database& database) -> Status {
       if (Status there = MustBeThere(database, set_up); !there) return there;
@@ -185,6 +187,29 @@ class SqlitePolars final : public PolarDatabase {
 
  private:
   Result<Database> OpenToRead() const { return Database::Open(Path(), SQLITE_OPEN_READONLY); }
+
+  // Adds a set-up whose name is free.
+  static Status Add(const Database& database, std::string_view set_up, const PolarRows& rows) {
+    std::string columns;
+    std::string places;
+    for (const std::string_view column : kPolarColumns) {
+      if (!columns.empty()) {
+        columns += ", ";
+        places += ", ";
+      }
+      columns += Quoted(column);
+      places += "?";
+    }
+    Status done = database.Do("CREATE TABLE " + Quoted(set_up) + " (" + columns + ")");
+    const std::string insert = "INSERT INTO " + Quoted(set_up) + " VALUES (" + places + ")";
+    for (std::size_t i = 0; done && i < rows.size(); ++i) {
+      std::vector<std::string> values;
+      for (const auto& cell : rows[i]) values.push_back(cell.value_or(""));
+      done = database.Do(insert, values);
+    }
+    if (!done) return done;
+    return database.Do("INSERT INTO SetUps (SetUp) VALUES (?)", {std::string(set_up)});
+  }
 
   static Error NoCell(const Database& database) {
     return {database.path(), "the table of this set-up has no such row or column"};
@@ -294,5 +319,23 @@ std::unique_ptr<PolarDatabase> OpenPolarDatabase(const std::string& installed_fi
                                                  const std::string& user_file) {
   return std::make_unique<SqlitePolars>(installed_file, user_file);
 }
+
+Result<PolarsImported> ImportAccessPolars(const std::string& installed_file,
+                                          const std::string& user_file, const std::string& file,
+                                          std::string_view only) {
+  Result<std::vector<AccessSetUp>> set_ups = ReadAccessPolars(file);
+  if (!set_ups) return set_ups.error();
+  if (!only.empty()) {
+    std::erase_if(set_ups.value(),
+                  [only](const AccessSetUp& set_up) { return set_up.name != only; });
+  }
+  if (set_ups->empty()) {
+    return Error{file, only.empty() ? "there are no set-ups in it"
+                                    : "there is no set-up \"" + std::string(only) + "\" in it"};
+  }
+  return SqlitePolars(installed_file, user_file).CreateAll(*set_ups);
+}
+
+bool IsAccessFile(std::string_view file) { return ToLowerAscii(file).ends_with(".mdb"); }
 
 }  // namespace skerrow

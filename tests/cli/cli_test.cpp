@@ -218,6 +218,20 @@ TEST_F(CommandLine, PolarsAndSailingByThem) {
                          " --wind-from 0 --wind-speed 7 --each");
   EXPECT_EQ(each["times"], Json("optimum --date 2026-12-05 --slot 1 --polar " + file +
                                 " --wind-from 0 --wind-speed 7")["times"]);
+  const std::string forecast = "'" SKERROW_SOURCE_DIR "/program/Samples/Channel low.grb'";
+  Run("grib import " + forecast);
+  const std::string by_forecast = " --polar " + file + " --grib --each";
+  const auto december = Json("optimum --date 2026-12-05 --slot 1" + by_forecast);
+  EXPECT_EQ(december["lines"][3],
+            "Speeds by \"" + file + "\" and the forecast wind of each departure");
+  EXPECT_EQ(december["times"].size(), 8U);
+  ExpectError("optimum --date 2026-12-20 --slot 1" + by_forecast, 1,
+              "at 00:00 there is no forecast wind on leg 1");
+  // The forecast ends at midnight: only the earliest departures of its last day get home in it.
+  const auto last = Json("optimum --date 2026-12-09 --slot 5" + by_forecast);
+  EXPECT_TRUE(last["times"][0].is_number());
+  EXPECT_TRUE(last["times"][23].is_null());
+  ExpectError("polar import " + file, 2, "--name");
   EXPECT_EQ(Json("wind relative --from 315 --course 0"),
             nlohmann::json({{"angle", 45.0}, {"starboard", false}}));
   EXPECT_NEAR(Json("wind apparent --speed 8 --angle 90 --boat 6")["speed"].get<double>(), 10, 1e-9);

@@ -332,6 +332,65 @@ TEST_F(Optimum, TriesEachHourOfASlot) {
   }
 }
 
+TEST_F(Optimum, LeavesOutWhatCanNotBeSailedAndSaysSo) {
+  OptimumRequest request;
+  request.slot = kDepartureSlots[1];
+  request.date = kDate;
+  const std::int16_t steps_before = route_.points[0].steps;
+  request.speeds_at = [](float) { return DepartureSpeeds{{}, "no forecast wind on leg 1"}; };
+  messages_.Expect(
+      "No departure of this slot can be sailed: at 06:00 there is no forecast wind on leg 1",
+      MessageIcon::kWarning);
+  EXPECT_EQ(SearchDeparture(request, config_, tides_, route_, passage_, messages_, progress_),
+            RouteOutcome::kRefused);
+  EXPECT_TRUE(passage_.result_lines.empty());
+  EXPECT_EQ(route_.points[0].steps, steps_before);
+
+  request.speeds_from = "Speeds by \"Sloop\"";
+  request.speeds_at = [](float hour) {
+    if (hour == 6.0F) return DepartureSpeeds{{4.0F, 4.0F, 7.0F}, ""};
+    if (hour < 12.0F) return DepartureSpeeds{{6.0F, 6.0F, 6.0F}, ""};
+    return DepartureSpeeds{{6.0F}, "no forecast wind on leg 2"};
+  };
+  ASSERT_EQ(SearchDeparture(request, config_, tides_, route_, passage_, messages_, progress_),
+            RouteOutcome::kDone);
+  EXPECT_EQ(passage_.result_lines[3], "Speeds by \"Sloop\"");
+  ASSERT_EQ(passage_.optimum_times.size(), 8U);
+  EXPECT_TRUE(std::isnan(passage_.optimum_times[6]));
+  EXPECT_TRUE(std::isnan(passage_.optimum_times[7]));
+  EXPECT_EQ(ExtremesOf(passage_.optimum_times).longest, 0U) << "the slowest";
+  EXPECT_GT(ExtremesOf(passage_.optimum_times).shortest, 0U);
+  EXPECT_LT(ExtremesOf(passage_.optimum_times).shortest, 6U);
+  const auto line =
+      std::find(passage_.result_lines.begin(), passage_.result_lines.end(), "12:00\t-\t-\t-\t-\t-");
+  ASSERT_NE(line, passage_.result_lines.end());
+  EXPECT_EQ(*(line + 1), "12:00 is left out: there is no forecast wind on leg 2");
+  // What is sailed is what the route calculation gives with these speeds.
+  PassageState single;
+  RouteState route = route_;
+  for (std::size_t i = 0; i < 3; ++i) route.points[i].speed = passage_.optimum_speeds[0][i];
+  ASSERT_EQ(CalculateRoute({6.0F, kDate, false, ""}, config_, tides_, route, single, messages_,
+                           progress_),
+            RouteOutcome::kDone);
+  EXPECT_EQ(single.route_hours, passage_.optimum_times[0]);
+  float water = 0.0F;
+  for (std::size_t i = 0; i < 3; ++i) {
+    water += single.legs[i].result.passage_time * passage_.optimum_speeds[0][i];
+  }
+  const std::string& first = passage_.result_lines[6];
+  EXPECT_EQ(first.substr(first.rfind('\t') + 1), FormatFixed(water, 1, 1) + "nm.");
+  EXPECT_EQ(passage_.optimum_speeds[7].size(), 1U);
+  EXPECT_EQ(route_.points[1].speed, 5.0F) << "the route keeps its own";
+
+  // The next search without them forgets them.
+  request.speeds_at = nullptr;
+  request.speeds_from.clear();
+  ASSERT_EQ(SearchDeparture(request, config_, tides_, route_, passage_, messages_, progress_),
+            RouteOutcome::kDone);
+  EXPECT_TRUE(passage_.optimum_speeds.empty());
+  EXPECT_EQ(passage_.result_lines[3], " ");
+}
+
 TEST_F(Optimum, DoesNotDependOnTheNumberOfThreads) {
   OptimumRequest request;
   request.date = kDate;

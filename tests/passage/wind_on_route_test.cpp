@@ -123,8 +123,51 @@ TEST(WindOnRoute, TacksAndDeparturesAlone) {
   };
   const PolarTable polar(Rows());
   const auto speeds = SpeedsByDeparture(points, polar, request);
-  EXPECT_FLOAT_EQ(speeds(0.0F)[0], 3.0F);
-  EXPECT_FLOAT_EQ(speeds(7.0F)[0], 4.0F);
+  EXPECT_EQ(speeds(0.0F).legs.size(), 2U);
+  EXPECT_FLOAT_EQ(speeds(0.0F).legs[0], 3.0F);
+  EXPECT_FLOAT_EQ(speeds(7.0F).legs[0], 4.0F);
+  EXPECT_EQ(speeds(7.0F).trouble, "");
+}
+
+// Nothing stands in for a wind or a speed that is missing.
+TEST(WindOnRoute, ADepartureThatCanNotBeSailedSaysWhy) {
+  const std::vector<RoutePoint> points = Route();
+  RouteWindRequest request;
+  request.constant_wind = false;
+  request.default_wind = {12.0F, 150.0F};
+  request.date = {339, 2026};
+  // Leg 1 heads east and takes ten hours in the first of these winds. The forecast ends at 15:00.
+  request.wind_at = [](Position, DayAndYear day, float hours) -> std::optional<Wind> {
+    if (day.day != 339 || hours >= 15.0F) return std::nullopt;
+    if (hours == 1.0F) return Wind{12.0F, 95.0F};
+    return Wind{12.0F, hours < 3.0F ? 150.0F : 170.0F};
+  };
+  PolarRows slow = Rows();
+  for (PolarRow& row : slow) row[PolarColumnOf(12.0)] = row[PolarColumnOf(14.0)] = "0.4";
+  PolarRows becalmed = Rows();
+  for (PolarRow& row : becalmed) row[PolarColumnOf(12.0)] = row[PolarColumnOf(14.0)] = "0";
+  PolarRows holed = Rows();
+  holed[10][PolarColumnOf(12.0)] = std::nullopt;  // 80 degrees, which the wind of 170 has
+  const struct {
+    PolarRows polar;
+    float hour;
+    const char* trouble;
+    std::size_t legs;
+  } rows[] = {
+      {Rows(), 2.0F, "", 2},
+      {Rows(), 1.0F, "too little speed against the wind (0.5 kn) on leg 1", 0},
+      {Rows(), 9.0F, "no forecast wind on leg 2", 1},
+      {Rows(), 15.0F, "no forecast wind on leg 1", 0},
+      {slow, 0.0F, "too little speed (0.4 kn) on leg 1", 0},
+      {becalmed, 0.0F, "too little speed (0.0 kn) on leg 1", 0},
+      {holed, 4.0F, "no value in the polar on leg 1", 0},
+  };
+  for (const auto& row : rows) {
+    const PolarTable polar(row.polar);
+    const DepartureSpeeds speeds = SpeedsByDeparture(points, polar, request)(row.hour);
+    EXPECT_EQ(speeds.trouble, row.trouble) << row.hour;
+    EXPECT_EQ(speeds.legs.size(), row.legs) << row.trouble;
+  }
 }
 
 TEST(WindOnRoute, OneLegHasTheWindOfTheTimeItBegins) {

@@ -78,11 +78,21 @@ void DepartureChart::PaintBars(QPainter& painter, const QRectF& plot) const {
                   height);
   };
   for (std::size_t j = 0; j < times.size(); ++j) {
-    painter.fillRect(bar(j), marked_ == j ? theme.bar_marked : theme.bar);
+    const bool marked = marked_ == j;
+    if (std::isfinite(times[j])) {
+      painter.fillRect(bar(j), marked ? theme.bar_marked : theme.bar);
+    } else {
+      // A departure that has been left out: its whole place is hatched.
+      const QRectF place(plot.left() + static_cast<double>(j) * width, plot.top(), width,
+                         plot.height());
+      painter.fillRect(place, QBrush(marked ? theme.bar_marked : theme.border, Qt::BDiagPattern));
+    }
   }
   painter.setPen(QPen(theme.bar_outline, 1));
   painter.setBrush(Qt::NoBrush);
-  for (std::size_t j = 0; j < times.size(); ++j) painter.drawRect(bar(j));
+  for (std::size_t j = 0; j < times.size(); ++j) {
+    if (std::isfinite(times[j])) painter.drawRect(bar(j));
+  }
 }
 
 void DepartureChart::PaintExtreme(QPainter& painter, const QRectF& plot, std::size_t index,

@@ -7,6 +7,7 @@
 #include <QToolBar>
 
 #include "ui/dialogs/frmcalcroute.h"
+#include "ui/edits.h"
 #include "ui/forms/report_look.h"
 #include "ui/widgets/print_lines.h"
 #include "ui/widgets/qt_text.h"
@@ -112,6 +113,12 @@ void frmOptResults::Print() {
 void frmOptResults::CalculateCourse() {
   const std::optional<std::size_t> marked = chart_->marked();
   if (!marked) return;
+  // What was found with the speeds of the wind is calculated with them.
+  if (!desktop().program.passage.optimum_speeds.empty()) {
+    EditRoute(desktop(), "Speeds by Wind", [&](RouteState& route) {
+      return TakeDepartureSpeeds(desktop().program.passage, *marked, route);
+    });
+  }
   SelectDeparture(desktop().program, chart_->chart().DepartureHours(*marked), desktop().messages);
   desktop().window.Changed(kRouteChanged | kTimeChanged);
   frmcalcroute(desktop(), this).exec();

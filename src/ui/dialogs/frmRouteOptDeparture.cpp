@@ -5,10 +5,10 @@
 #include <QTimer>
 
 #include "passage/optimum.h"
+#include "platform/polars.h"
 #include "routes/route_rows.h"
 #include "ui/dialogs/frmOptResults.h"
 #include "ui/edits.h"
-#include "ui/forms/calc_route_form.h"
 #include "ui/widgets/progress_dialog.h"
 #include "ui/widgets/qt_text.h"
 
@@ -17,6 +17,10 @@ namespace skerrow {
 frmRouteOptDeparture::frmRouteOptDeparture(Desktop& desktop, QWidget* parent)
     : Dialog(desktop, "frmRouteOptDeparture", "Optimise Departure", parent),
       legs_(new TextList(desktop.clipboard, "List1")),
+      wind_(DepartureWindOf(desktop.program,
+                            *OpenPolarDatabase(desktop.program.folders.InstalledPolars(),
+                                               desktop.program.folders.OwnPolars()))),
+      use_wind_(Named<QCheckBox>("chkWind", "Use &wind for each departure")),
       bar_(Named<QProgressBar>("ProgressBar1")),
       progress_(Named<QLabel>("lblProgress")) {
   body()->addWidget(
@@ -34,8 +38,18 @@ frmRouteOptDeparture::frmRouteOptDeparture(Desktop& desktop, QWidget* parent)
   }
   slots_.back()->setChecked(true);
   rows->addStretch(1);
-  columns->addWidget(box);
+  auto* choices = MakeColumn();
+  choices->addWidget(box);
+  choices->addWidget(use_wind_);
+  QLabel* note = MakeHint(ToQt(wind_.note));
+  note->setObjectName(QStringLiteral("lblWind"));
+  choices->addWidget(note);
+  choices->addStretch(1);
+  columns->addLayout(choices);
   body()->addLayout(columns, 1);
+  use_wind_->setEnabled(wind_.polar.has_value());
+  use_wind_->setToolTip(
+      "The polar and the forecast give each leg its speed anew at each departure");
   auto* progress = new QHBoxLayout;
   bar_->setRange(0, 100);
   bar_->setTextVisible(false);
@@ -96,7 +110,8 @@ void frmRouteOptDeparture::Search() {
   bar_->show();
   FormProgress progress(bar_, progress_, stop_);
   const RouteOutcome outcome =
-      RunDepartureSearch(desktop().program, Slot(), desktop().messages, progress);
+      RunDepartureSearch(desktop().program, Slot(), desktop().messages, progress,
+                         use_wind_->isChecked() ? &wind_ : nullptr);
   SetBusy(false);
   bar_->hide();
   progress_->clear();

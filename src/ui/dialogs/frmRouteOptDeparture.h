@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QCheckBox>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <array>
 
+#include "ui/forms/calc_route_form.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/text_list.h"
 
@@ -28,6 +30,8 @@ class frmRouteOptDeparture : public Dialog {
 
   TextList* legs_;
   std::array<QRadioButton*, 5> slots_{};
+  DepartureWind wind_;
+  QCheckBox* use_wind_;
   QProgressBar* bar_;
   QLabel* progress_;
   QPushButton* cancel_ = nullptr;

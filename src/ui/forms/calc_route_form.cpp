@@ -69,11 +69,53 @@ RouteOutcome RunCalculation(Program& program, const CalculationEntry& entry, Mes
   return outcome;
 }
 
+DepartureWind DepartureWindOf(const Program& program, PolarDatabase& polars) {
+  DepartureWind result;
+  const std::shared_ptr<const WindStore> store = program.wind_store.Get(program.folders);
+  const Result<std::vector<std::string>> names = polars.SetUps();
+  if (!names) {
+    result.note = names.error().Text();
+    return result;
+  }
+  // The index in the settings counts from 1; 0 is none.
+  const int index = program.wind_config.selected_setup;
+  const bool chosen = index >= 1 && static_cast<std::size_t>(index) <= names->size();
+  if (!chosen || store->last_time() == 0.0) {
+    result.note = std::string("Needs ") +
+                  (store->last_time() == 0.0 ? "an imported forecast" : "") +
+                  (!chosen && store->last_time() == 0.0 ? " and " : "") +
+                  (chosen ? "" : "a set-up of the boat, which the wind calculation chooses");
+    return result;
+  }
+  const std::string& name = (*names)[static_cast<std::size_t>(index) - 1];
+  const Result<PolarRows> rows = polars.Read(name);
+  if (!rows) {
+    result.note = rows.error().Text();
+    return result;
+  }
+  result.polar.emplace(*rows);
+  result.source = "Speeds by \"" + name + "\" and the forecast wind of each departure";
+  result.note = "By \"" + name + "\" and the forecast from " + DaysText(store->first_time()) +
+                " to " + DaysText(store->last_time()) +
+                ". A departure that it does not cover to the last leg, or that the boat can not "
+                "sail, is left out, and the results say why.";
+  result.wind.closest = program.config.closest_sailing_angle;
+  result.wind.constant_wind = false;
+  result.wind.wind_at = LookupIn(store);
+  return result;
+}
+
 RouteOutcome RunDepartureSearch(Program& program, std::size_t slot, Messages& messages,
-                                Progress& progress) {
+                                Progress& progress, const DepartureWind* wind) {
   OptimumRequest request;
   request.slot = kDepartureSlots.at(slot);
   request.date = program.selected_time.Day();
+  if (wind != nullptr && wind->polar) {
+    RouteWindRequest at = wind->wind;
+    at.date = request.date;
+    request.speeds_at = SpeedsByDeparture(program.route.points, *wind->polar, at);
+    request.speeds_from = wind->source;
+  }
   const RouteOutcome outcome = SearchDeparture(request, program.config, program.tides,
                                                program.route, program.passage, messages, progress);
   if (outcome == RouteOutcome::kDone) {

@@ -7,8 +7,11 @@
 #include <vector>
 
 #include "app/program.h"
+#include "core/polar_database.h"
 #include "core/progress.h"
 #include "passage/route_calculation.h"
+#include "passage/wind_on_route.h"
+#include "wind/polar.h"
 
 // What the route calculation and departure search dialogs show, check and do.
 namespace skerrow {
@@ -55,8 +58,19 @@ DepartureTimeRefusal CheckCalculation(const CalculationEntry& entry);
 RouteOutcome RunCalculation(Program& program, const CalculationEntry& entry, Messages& messages,
                             Progress& progress);
 
-// Searches the best departure of the selected day in slot `slot` (from 0).
+// What "Use wind for each departure" sails by: the set-up that is selected, and the imported
+// forecast.
+struct DepartureWind {
+  std::optional<PolarTable> polar;  // empty: it can not be had
+  RouteWindRequest wind;
+  std::string source;  // "Speeds by "Cruiser" and the forecast wind of each departure"
+  std::string note;    // for the form: what will be used, or what is missing
+};
+DepartureWind DepartureWindOf(const Program& program, PolarDatabase& polars);
+
+// Searches the best departure of the selected day in slot `slot` (from 0), by the speeds of the
+// route or, with `wind`, which must have its polar, by those that the wind of each departure gives.
 RouteOutcome RunDepartureSearch(Program& program, std::size_t slot, Messages& messages,
-                                Progress& progress);
+                                Progress& progress, const DepartureWind* wind = nullptr);
 
 }  // namespace skerrow

@@ -48,8 +48,19 @@ std::optional<std::size_t> OptimumChart::BarAt(double x, double width) const {
 }
 
 std::string OptimumChart::HoverText(std::size_t index) const {
+  if (!std::isfinite(times_.at(index))) {
+    return HourText(DepartureHours(index)) + " is left out: see the list";
+  }
   return "Time taken " + HoursToDuration(times_.at(index)) + " departing at " +
          HourText(DepartureHours(index));
+}
+
+bool TakeDepartureSpeeds(const PassageState& passage, std::size_t index, RouteState& route) {
+  if (index >= passage.optimum_speeds.size()) return false;
+  const std::vector<float>& speeds = passage.optimum_speeds[index];
+  if (speeds.empty() || speeds.size() + 1 != route.points.size()) return false;
+  for (std::size_t i = 0; i < speeds.size(); ++i) route.points[i].speed = speeds[i];
+  return true;
 }
 
 void SelectDeparture(Program& program, float hours, Messages& messages) {

@@ -11,7 +11,8 @@
 // The bar chart of a departure search: what stands where, without the drawing.
 namespace skerrow {
 
-// The chart of `times`, the passage times in hours of the departures from `start_hour` on. Its x
+// The chart of `times`, the passage times in hours of the departures from `start_hour` on; one that
+// is no number has been left out of the search and has no bar. Its x
 // runs from 0 to the number of departures, one unit each; behind the last one the spare entry has
 // its place on the axis and a bar of no height.
 class OptimumChart {
@@ -45,7 +46,7 @@ class OptimumChart {
   // The bar under a place of the chart; empty beside the bars.
   std::optional<std::size_t> BarAt(double x, double width) const;
 
-  // "Time taken 12Hrs 30Min  departing at 06:00".
+  // "Time taken 12Hrs 30Min  departing at 06:00", or that the departure has been left out.
   std::string HoverText(std::size_t index) const;
 
   // The departure of a bar, hours of the day.
@@ -56,6 +57,11 @@ class OptimumChart {
   float start_hour_;
   OptimumExtremes extremes_;
 };
+
+// Gives the legs of the route the speeds that departure `index` of the search was calculated with,
+// where they were not the route's own. False where that is nothing: a search by the route's own
+// speeds, a departure left out, another route.
+bool TakeDepartureSpeeds(const PassageState& passage, std::size_t index, RouteState& route);
 
 // Makes the departure of a bar the selected time; the day stays. A calculated track goes.
 void SelectDeparture(Program& program, float hours, Messages& messages);

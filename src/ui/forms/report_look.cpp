@@ -23,7 +23,8 @@ const std::vector<double> kHeightTabsMm = {12, 26};
 
 // "05:10<tab>6.6", as the events of a port stand in a report.
 bool IsHeight(std::string_view line) {
-  return line.size() > 6 && line[2] == ':' && line[5] == '\t' && line[0] >= '0' && line[0] <= '9';
+  return line.size() > 6 && line[2] == ':' && line.rfind('\t') == 5 && line[0] >= '0' &&
+         line[0] <= '9';
 }
 
 double HeightIn(std::string_view line) { return TextToNumber(line.substr(6)); }

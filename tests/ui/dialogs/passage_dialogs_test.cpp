@@ -5,6 +5,9 @@
 #include <QLabel>
 #include <QRadioButton>
 
+#include "core/files.h"
+#include "passage/wind_on_route.h"
+#include "platform/polars.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
 #include "ui/dialogs/frmOptResults.h"
@@ -182,6 +185,106 @@ TEST_F(PassageDialogs, ASearchCanBeStoppedAndLeavesNothing) {
   EXPECT_TRUE(program.passage.result_lines.empty());
   Click(form, "cmdrtecancel");
   EXPECT_FALSE(form.isVisible());
+}
+
+// The same wind all over the Channel in the parts of the selected day from `first` to `last`.
+std::vector<WindCell> SteadyWind(DayAndYear date, int first, int last, float from) {
+  std::vector<WindCell> cells(1);
+  for (int part = first; part <= last; ++part) {
+    const float time = static_cast<float>(DaysFrom2000(date)) + static_cast<float>(part) / 8.0F;
+    for (float latitude = 48.0F; latitude <= 52.0F; latitude += 0.5F) {
+      for (float longitude = -6.0F; longitude <= 2.0F; longitude += 0.5F) {
+        cells.push_back({time, latitude, longitude, 13.0F, from});
+      }
+    }
+  }
+  return cells;
+}
+
+TEST_F(PassageDialogs, TheWindOfEachDepartureNeedsAForecastAndASetUp) {
+  const auto note = [this] {
+    frmRouteOptDeparture form(desktop, nullptr);
+    auto* box = Find<QCheckBox>(form, "chkWind");
+    EXPECT_FALSE(box->isChecked());
+    return (box->isEnabled() ? "+ " : "- ") + Find<QLabel>(form, "lblWind")->text().toStdString();
+  };
+  const std::string set_up = "a set-up of the boat, which the wind calculation chooses";
+  EXPECT_EQ(note(), "- Needs an imported forecast and " + set_up);
+  program.wind_config.selected_setup = 1;
+  EXPECT_EQ(note(), "- Needs an imported forecast");
+  const DayAndYear day = program.selected_time.Day();
+  ASSERT_TRUE(WriteWindStore(program.folders, SteadyWind(day, 0, 7, 290.0F)));
+  EXPECT_TRUE(note().starts_with("+ By \"")) << note();
+  EXPECT_NE(note().find("from 00:00 14/6/2026 to 21:00 14/6/2026"), std::string::npos) << note();
+  for (const std::int16_t index : {std::int16_t{0}, std::int16_t{-1}, std::int16_t{99}}) {
+    program.wind_config.selected_setup = index;
+    EXPECT_EQ(note(), "- Needs " + set_up) << index;
+  }
+  program.wind_config.selected_setup = 1;
+  ASSERT_TRUE(ReplaceFile(program.folders.OwnPolars(), "no database"));
+  EXPECT_NE(note().find("the polar database is damaged"), std::string::npos) << note();
+}
+
+TEST_F(PassageDialogs, EachDepartureSailsByItsWind) {
+  const DayAndYear day = program.selected_time.Day();
+  program.wind_config.selected_setup = 1;
+  program.working_wind = {.speed_kn = 13.0F, .from_deg = 290.0F};
+  ASSERT_TRUE(WriteWindStore(program.folders, SteadyWind(day, 0, 6, 290.0F)));
+  const std::vector<RoutePoint> own = program.route.points;
+  const auto search = [this](bool by_wind, const std::function<void(QDialog&)>& act) {
+    frmRouteOptDeparture form(desktop, nullptr);
+    Show(form);
+    QTest::qWait(20);
+    Click(form, "Option2");
+    if (by_wind) Click(form, "chkWind");
+    WithNextDialog(act);
+    Click(form, "cmdOptimise");
+    return program.passage.optimum_times;
+  };
+  const std::vector<float> by_own = search(false, [](QDialog&) {});
+  EXPECT_EQ(program.passage.result_lines[3], " ");
+  const std::vector<float> by_wind = search(true, [](QDialog&) {});
+  EXPECT_TRUE(program.passage.result_lines[3].starts_with("Speeds by \""));
+  ASSERT_EQ(by_wind.size(), 8U);
+  EXPECT_NE(by_wind[0], by_own[0]);
+  for (std::size_t i = 0; i < own.size(); ++i) {
+    EXPECT_EQ(program.route.points[i].speed, own[i].speed) << "the route keeps its speeds";
+  }
+  // In a wind that never changes a departure takes what the route does with that wind's speeds.
+  const auto polars = OpenPolarDatabase(program.folders.InstalledPolars(), "");
+  RouteWindRequest request;
+  request.closest = program.config.closest_sailing_angle;
+  request.default_wind = program.working_wind;
+  request.date = day;
+  ASSERT_TRUE(SetSpeedsByWind(program.route.points,
+                              PolarTable(*polars->Read(polars->SetUps()->front())), request,
+                              messages));
+  const std::vector<RoutePoint> sailed = program.route.points;
+  const std::vector<float> same = search(false, [](QDialog&) {});
+  EXPECT_EQ(by_wind[0], same[0]);
+
+  // A forecast that ends at 18:00. What is left out has no bar, and the one taken takes its speeds.
+  program.route.points = own;
+  ASSERT_TRUE(WriteWindStore(program.folders, SteadyWind(day, 2, 5, 290.0F)));
+  const std::vector<float> morning = search(true, [this, &sailed](QDialog& results) {
+    auto& chart = *Find<DepartureChart>(results, "pctResults");
+    auto& cursor = *Find<QLabel>(results, "lblCursor");
+    EXPECT_LT(*chart.marked(), 6U);
+    QTest::keyClick(&chart, Qt::Key_End);
+    EXPECT_EQ(cursor.text(), "13:00 is left out: see the list");
+    EXPECT_FALSE(chart.grab().isNull());
+    QTest::keyClick(&chart, Qt::Key_Home);
+    EXPECT_TRUE(cursor.text().startsWith("Time taken "));
+    WithNextDialog([&](QDialog& route) {
+      EXPECT_EQ(Find<QLineEdit>(route, "rtedeptime")->text(), "06:00");
+      for (std::size_t i = 0; i + 1 < sailed.size(); ++i) {
+        EXPECT_EQ(program.route.points[i].speed, sailed[i].speed) << i;
+      }
+    });
+    QTest::keyClick(&chart, Qt::Key_Return);
+  });
+  EXPECT_TRUE(std::isnan(morning[7]));
+  EXPECT_TRUE(program.edits.history.CanUndo());
 }
 
 TEST_F(PassageDialogs, TheSearchChecksSpeedsOnOpeningAndAgain) {

@@ -1,5 +1,6 @@
 #include "ui/forms/optimum_chart.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 #include "support/sample_desk.h"
@@ -29,6 +30,30 @@ TEST(OptimumChart, LabelsEveryThirdHourFromNineEntriesOn) {
   EXPECT_EQ(texts(6, 18.0F), "18:00 19:00 20:00 21:00 22:00 23:00 24:00 ");
   EXPECT_EQ(texts(8, 6.0F), "06:00 09:00 12:00 ");
   EXPECT_EQ(texts(24, 0.0F), "00:00 03:00 06:00 09:00 12:00 15:00 18:00 21:00 24:00 ");
+}
+
+TEST(OptimumChart, WhatIsLeftOutHasNoTime) {
+  const float none = std::nanf("");
+  const OptimumChart chart({none, 5.0F, 6.5F, 4.0F, none}, 6.0F);
+  EXPECT_EQ(chart.extremes().longest, 2U);
+  EXPECT_EQ(chart.extremes().shortest, 3U);
+  EXPECT_FLOAT_EQ(chart.Top(), 8.125F);
+  EXPECT_EQ(chart.HoverText(0), "06:00 is left out: see the list");
+  EXPECT_EQ(chart.HoverText(4), "10:00 is left out: see the list");
+  EXPECT_EQ(chart.HoverText(1), "Time taken 05Hrs 00Min  departing at 07:00");
+
+  PassageState passage;
+  RouteState route;
+  route.points.resize(3);
+  EXPECT_FALSE(TakeDepartureSpeeds(passage, 0, route));
+  passage.optimum_speeds = {{}, {4.0F, 5.0F}, {4.0F}};
+  EXPECT_FALSE(TakeDepartureSpeeds(passage, 0, route));
+  EXPECT_FALSE(TakeDepartureSpeeds(passage, 2, route));
+  EXPECT_FALSE(TakeDepartureSpeeds(passage, 3, route));
+  EXPECT_EQ(route.points[0].speed, RoutePoint().speed);
+  EXPECT_TRUE(TakeDepartureSpeeds(passage, 1, route));
+  EXPECT_EQ(route.points[0].speed, 4.0F);
+  EXPECT_EQ(route.points[1].speed, 5.0F);
 }
 
 TEST(OptimumChart, FindsTheBarUnderThePointer) {

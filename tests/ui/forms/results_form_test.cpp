@@ -108,6 +108,11 @@ TEST(ReportLook, TellsLegsPortsAndTheStateOfTheTide) {
                                      kPort,   kHighWater, kLowWater,  kPlain}));
   EXPECT_EQ(looks[4].leg, 1);
   EXPECT_EQ(looks[10].leg, 2);
+  // The departures of a search begin like heights.
+  for (const char* row :
+       {"06:00\t11:52\t05Hrs 52Min \t5.10kt.\t30.00nm.\t29.3nm.", "07:00\t-\t-\t-\t-\t-"}) {
+    EXPECT_EQ(LooksOf({row, "08:00\t0.9"})[0].look, kPlain) << row;
+  }
 }
 
 TEST(ReportLook, ThePageKeepsEveryLineInItsBlock) {
