@@ -104,9 +104,10 @@ std::string DestinationText(std::string_view field, std::size_t degree_digits,
          FromAnsi(field.substr(split)) + FromAnsi(hemisphere);
 }
 
-void SetPosition(GpsFix& fix, float latitude, float longitude) {
-  fix.boat_latitude = latitude;
-  fix.boat_longitude = longitude;
+void SetPosition(NmeaState& state, float latitude, float longitude) {
+  state.fix.boat_latitude = latitude;
+  state.fix.boat_longitude = longitude;
+  ++state.positions;
 }
 
 // The first entry of the track table; the later ones are made by whoever records the track.
@@ -122,7 +123,7 @@ void TakeRmc(NmeaState& state, const Rmc& rmc) {
   GpsFix& fix = state.fix;
   const bool good = rmc.state == SentenceState::kGood;
   fix.position_good = good;
-  SetPosition(fix, rmc.latitude, rmc.longitude);
+  SetPosition(state, rmc.latitude, rmc.longitude);
   fix.course_over_ground = NmeaNumber(rmc.course);
   fix.speed_over_ground = NmeaNumber(rmc.speed);
   fix.position_text = rmc.latitude_text + "  " + rmc.longitude_text;
@@ -139,7 +140,7 @@ void TakeRmc(NmeaState& state, const Rmc& rmc) {
 void TakeGll(NmeaState& state, const Gll& gll, const Clock& clock) {
   if (gll.state != SentenceState::kGood) return;
   state.fix.position_good = true;
-  SetPosition(state.fix, gll.latitude, gll.longitude);
+  SetPosition(state, gll.latitude, gll.longitude);
   state.fix.fix_time = gll.time;
   const ClockReading now = clock.Now();
   state.fix.fix_date = FormatFixed(now.day_of_month, 2, 0) + FormatFixed(now.month, 2, 0) +

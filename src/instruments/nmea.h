@@ -69,6 +69,7 @@ struct NmeaState {
   bool gps_in_sentence = false;
   std::string ais_line;        // the same of the AIS port
   std::string raw_text;        // the sentences of the GPS port's latest block, for its dialog
+  std::size_t positions = 0;   // sentences whose position became the boat's
   std::size_t overflowed = 0;  // characters of overlong lines that were dropped
 };
 

@@ -292,6 +292,12 @@ void ReceiveStep(LinkState& link, NmeaState& nmea, const AppConfig& config, Seri
     }
   }
   link.phase = 1 - link.phase;
+  if (nmea.positions != link.positions) {
+    link.positions = nmea.positions;
+    link.position_at = now;
+  } else if (link.gps_enabled && now - link.position_at >= kGpsQuiet.told) {
+    nmea.fix.position_good = false;
+  }
 }
 
 std::string LinkStatusText(const LinkState& link, const AppConfig& config, std::int64_t now) {

@@ -116,9 +116,11 @@ struct LinkState {
   bool ais_enabled = false;
   LinkPort gps;
   LinkPort ais;
-  int phase = 0;         // 0: the GPS is read next, 1: the AIS
-  std::string block;     // what was read last
-  std::string ais_tail;  // of the AIS port: a sentence whose end has not come yet
+  int phase = 0;                 // 0: the GPS is read next, 1: the AIS
+  std::string block;             // what was read last
+  std::size_t positions = 0;     // of NmeaState, when the last of them came
+  std::int64_t position_at = 0;  // and when that was
+  std::string ais_tail;          // of the AIS port: a sentence whose end has not come yet
 };
 
 // Opens the GPS port, and that of the AIS anew where it is connected, and begins to receive. The
@@ -136,7 +138,9 @@ void DisconnectAis(LinkState& link, const AppConfig& config, SerialPorts& ports,
 
 // One reading step of the reception, due every 75 ms: takes a block from the port whose turn it is,
 // decodes it, and opens a port that has died again. `now` is in milliseconds, as in LinkWatch.
-// The end of a block cuts no sentence of the AIS port.
+// The end of a block cuts no sentence of the AIS port. A position that is older than the silence of
+// kGpsQuiet that the user is told of is good no longer: no track and no approach of a vessel is
+// worked out from it.
 void ReceiveStep(LinkState& link, NmeaState& nmea, const AppConfig& config, SerialPorts& ports,
                  AisSentenceSink& sink, const Clock& clock, std::int64_t now);
 

@@ -272,7 +272,12 @@ TEST_F(Link, DeadPortIsOpenedAgainWithGrowingPauses) {
   ASSERT_TRUE(Gps(0).ok());
   ports_.text[0] = RmcAt("063020") + "\r\n";
   Steps(1000);
+  Steps(10999);
   EXPECT_EQ(Text(10999), "");
+  EXPECT_TRUE(nmea_.fix.position_good);
+  Steps(11000);
+  EXPECT_FALSE(nmea_.fix.position_good);
+  EXPECT_EQ(nmea_.fix.fix_time, "063020");
   EXPECT_EQ(Text(13000), "GPS: no data for 12 s");
   ports_.there.clear();  // the cable is pulled
   Steps(13000);
