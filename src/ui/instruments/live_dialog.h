@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QLabel>
+#include <QTimer>
+
+#include "ui/widgets/dialog.h"
+
+namespace skerrow {
+
+// A dialog over what the instruments tell: it stands beside the chart and follows while it is
+// shown.
+class LiveDialog : public Dialog {
+  Q_OBJECT
+
+ public:
+  // `interval` between two looks at the state, in milliseconds.
+  LiveDialog(Desktop& desktop, const char* name, const QString& title, QWidget* parent,
+             int interval = 1000);
+
+ protected:
+  // Shows the state as it is now. What has not changed is to be left as it stands, so that nothing
+  // flickers and no selection is lost.
+  virtual void Follow() = 0;
+
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  QTimer timer_;
+};
+
+// Gives a label a text, if it is another one.
+void SetTextOf(QLabel& label, const QString& text);
+
+}  // namespace skerrow
