@@ -340,4 +340,23 @@ struct KmlPlanWords {
 // The calculated course of a route beside its legs.
 Outcome ExportPlanDocument(Session& session, const KmlPlanWords& words);
 
+struct GpxExportWords {
+  std::vector<std::string> routes;     // route files
+  std::vector<std::string> waypoints;  // waypoint files
+  std::vector<std::string> tracks;     // logs
+  std::string output;                  // file to write; empty prints the document
+};
+// Stored routes, waypoints and the tracks of logs as a GPX document.
+Outcome ExportGpx(Session& session, const GpxExportWords& words);
+
+struct GpxImportWords {
+  std::string file;
+  std::string name;   // of the file to be made; empty takes the document's name
+  std::string route;  // number from 1
+  bool waypoints = false;
+  std::string track;  // number from 1
+};
+// What a GPX document holds, or one thing of it as a file of the user's.
+Outcome ImportGpx(Session& session, const GpxImportWords& words);
+
 }  // namespace skerrow::cli
