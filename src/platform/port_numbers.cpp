@@ -211,6 +211,7 @@ const NumberedPort* PortNumbers::Find(int number) const {
 }
 
 void PortNumbers::Read() {
+  if (file_.empty()) return;
   const Result<std::string> text = ReadFile(file_, kMostFile);
   // Without a file, or with one that cannot be read, the numbers of this run go on.
   if (!text) return;
@@ -229,6 +230,7 @@ void PortNumbers::Read() {
 }
 
 Status PortNumbers::Write() const {
+  if (file_.empty()) return Done{};
   std::string text(kHeading);
   text += '\n';
   for (const NumberedPort& port : ports_) {

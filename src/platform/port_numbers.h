@@ -50,7 +50,8 @@ std::string SourcePlace(const NumberedPort& port);
 std::string SourceText(const NumberedPort& port);
 
 // The numbers by their file. It is read anew before each change, since another run of the program
-// may have written it; one that is damaged is kept aside under another name.
+// may have written it; one that is damaged is kept aside under another name. Without a file they
+// hold for this run.
 class PortNumbers {
  public:
   explicit PortNumbers(std::string file) : file_(std::move(file)) {}

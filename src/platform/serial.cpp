@@ -456,7 +456,8 @@ struct OpenedPort {
 class QtSerialPorts final : public SerialPorts {
  public:
   QtSerialPorts(const std::string& settings_folder, std::vector<std::string> devices)
-      : numbers_(JoinPath(settings_folder, kPortNumbersFile)), devices_(std::move(devices)) {
+      : numbers_(settings_folder.empty() ? "" : JoinPath(settings_folder, kPortNumbersFile)),
+        devices_(std::move(devices)) {
     if (QCoreApplication::instance() == nullptr) {
       // The command line has none, and the threads' loops need it.
       static int count = 1;

@@ -20,9 +20,9 @@ inline constexpr std::size_t kPortRoom = 65536;
 inline constexpr int kLongestWait = 400;
 
 // Serial devices and network sources by their numbers, which stand in a file in
-// `settings_folder`. `devices` are paths of devices that the system does not list, such as
-// pseudo-terminals; those named in the environment variable SKERROW_PORTS, parted by ":", are
-// added to them.
+// `settings_folder`, or hold for this run where that is empty. `devices` are paths of devices that
+// the system does not list, such as pseudo-terminals; those named in the environment variable
+// SKERROW_PORTS, parted by ":", are added to them.
 //
 // Each open port has a thread of its own for its input and output, so that a device that hangs
 // holds up neither the caller nor another port. A TCP server is held for a second after it is
