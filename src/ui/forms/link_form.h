@@ -30,7 +30,7 @@ inline constexpr std::string_view kStandardAisKey = "StandardAis";
 inline constexpr std::string_view kAlarmSoundKey = "AlarmSound";
 inline constexpr std::string_view kLastLogKey = "LastLog";
 
-inline constexpr const char* kStandardAisCaption = "&Standard AIS decoding";
+inline constexpr const char* kStandardAisCaption = "Standard AIS &decoding";
 inline constexpr const char* kStandardAisMeaning =
     "Also shows ships that report while manoeuvring, and leaves out values that a ship does not "
     "know.";
