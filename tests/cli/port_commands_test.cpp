@@ -13,6 +13,7 @@ using skerrow::testing::TcpServer;
 
 class PortCommandLine : public CommandLine {};
 
+#ifdef SKERROW_PORTS
 TEST_F(PortCommandLine, PortsHaveNumbersThatStay) {
   const std::string path = user_.File("gps");
   setenv("SKERROW_PORTS", path.c_str(), 1);
@@ -68,6 +69,13 @@ TEST_F(PortCommandLine, UploadArrivesAtTheOtherEnd) {
   EXPECT_EQ(sent.get().status, 0);
   ExpectError(words + " --device /dev/none", 1, "/dev/none");
 }
+#else
+TEST_F(PortCommandLine, WithoutTheDesktopThereAreNoPorts) {
+  ExpectError("ports", 1, "without the desktop");
+  ExpectError("listen 1", 1, "without the desktop");
+  ExpectError("upload Sample.rte --type 1 --device /dev/none", 1, "without the desktop");
+}
+#endif
 
 }  // namespace
 }  // namespace skerrow::cli

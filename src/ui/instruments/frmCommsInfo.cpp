@@ -73,7 +73,7 @@ frmCommsInfo::frmCommsInfo(Desktop& desktop, QWidget* parent)
   form->addRow(MakeLabel("&Baud:", rate_), MakeRow({rate_}));
   form->addRow(MakeRow({test_, stop_}));
   form->addRow(MakeLabel("Ports &found:", found_), found_);
-  found_->setMinimumHeight(found_->fontMetrics().lineSpacing() * 3);
+  found_->setFixedHeight(found_->fontMetrics().lineSpacing() * 4 + 12);
   log_name_->setPlaceholderText("Today's date");
   log_name_->setToolTip("The file of the raw text, which is added to");
   form->addRow(MakeLabel("Raw lo&g:", log_name_), log_name_);
@@ -87,9 +87,9 @@ frmCommsInfo::frmCommsInfo(Desktop& desktop, QWidget* parent)
   top->setSpacing(12);
   top->addWidget(port, 1);
   top->addLayout(right, 1);
-  body()->addLayout(top, 1);
+  body()->addLayout(top, 2);
   body()->addWidget(MakeLabel("&Received data:", received_));
-  body()->addWidget(received_, 1);
+  body()->addWidget(received_, 3);
   QPushButton* close = AddButton("cmdCancel", "Close");
   connect(close, &QPushButton::clicked, this, &QDialog::reject);
   for (QPushButton* button : {test_, stop_}) button->setAutoDefault(false);
@@ -98,7 +98,7 @@ frmCommsInfo::frmCommsInfo(Desktop& desktop, QWidget* parent)
   port_->Select(desktop.program.config.gps_port);
   ListPorts();
   port_->setFocus();
-  resize(760, 600);
+  resize(760, 620);
 }
 
 frmCommsInfo::~frmCommsInfo() { StopTest(); }

@@ -31,7 +31,8 @@ void ReceivedBox::Add(std::string_view received) {
   for (const QChar c : ToQt(std::string_view(text_).substr(kept ? before.size() : 0))) {
     const bool line_end = c == QLatin1Char('\r') || c == QLatin1Char('\n');
     if (line_end) {
-      if (c == QLatin1Char('\r') || !after_return_) fresh += QLatin1Char('\n');
+      // A sentence of the assembly keeps its own return before the line end.
+      if (!after_return_) fresh += QLatin1Char('\n');
     } else {
       fresh += c.isPrint() ? c : kUnprintable;
     }

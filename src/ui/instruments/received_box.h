@@ -23,7 +23,7 @@ class ReceivedBox : public QPlainTextEdit {
   void Append(const QString& text);
 
   std::string text_;
-  bool after_return_ = false;  // a line end whose second half may still come
+  bool after_return_ = false;  // a line end whose rest may still come
 };
 
 // Gives a read-only text another content, without a move of what is in view where it is the same.
