@@ -157,7 +157,11 @@ Status PortNumbers::Match(const std::vector<SeenDevice>& devices) {
     }
   }
   for (std::size_t i = 0; i < devices.size(); ++i) {
-    const int number = matched[i] ? 0 : NextNumber();
+    // The user may have named it before the system did.
+    const bool named = std::any_of(ports_.begin(), ports_.end(), [&](const NumberedPort& port) {
+      return port.kind == PortKind::kPath && port.place == devices[i].path;
+    });
+    const int number = matched[i] || named ? 0 : NextNumber();
     if (number == 0) continue;
     Insert({number, PortKind::kDevice, devices[i].path, OneField(devices[i].identity),
             OneField(devices[i].about), true});

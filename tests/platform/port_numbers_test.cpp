@@ -98,6 +98,8 @@ TEST_F(Numbers, SourcesOfTheUserComeAndGo) {
   EXPECT_EQ(*numbers_.Add(*ParseSource("/dev/none")), 4);
   EXPECT_EQ(Texts(),
             (List{"1  ttyUSB0 (u-blox 7)", "2  TCP host:1", "3  UDP 10110", "4  /dev/none -"}));
+  ASSERT_TRUE(numbers_.Match({kGps, {"/dev/none", "name:none", ""}}));
+  EXPECT_EQ(numbers_.ports().size(), 4U);
   EXPECT_FALSE(numbers_.Remove(1));
   EXPECT_FALSE(numbers_.Remove(9));
   ASSERT_TRUE(numbers_.Remove(2));

@@ -81,6 +81,7 @@ frmAISGPSConfig::frmAISGPSConfig(Desktop& desktop, QWidget* parent)
       "&Vessels");
   pages_->addTab(MakeLabels(), "&Text beside vessels");
   body()->addWidget(pages_, 1);
+  setTabOrder(ais_port_, through_);
 
   QPushButton* ok = AddButton("cmdOK", "OK");
   ok->setDefault(true);

@@ -16,7 +16,8 @@ const std::string kVessel = "!AIVDM,1,1,,B,177KQJ5000G?tO`K>RA1wUbN0TKH,0*5C\r\n
 
 class Reception : public MainWindowTest {
  protected:
-  Reception() : wires_(OpenSerialPorts(user_.File("settings/SkerrowHelm"), {gps_path_, ais_path_})) {
+  Reception()
+      : wires_(OpenSerialPorts(user_.File("settings/SkerrowHelm"), {gps_path_, ais_path_})) {
     LoadProgram(program_, messages_);
     window_ = std::make_unique<frmChart>(program_, messages_, *settings_, clipboard_, *wires_);
     window_->resize(1280, 720);
@@ -77,17 +78,17 @@ TEST_F(Reception, AGpsIsConnectedPulledPluggedInAgainAndDisconnected) {
   Command("mnugpsdisplay");
   ASSERT_EQ(window_->findChildren<frmgpsdetail*>().size(), 1);
   auto* monitor = window_->findChild<frmgpsdetail*>();
-  EXPECT_TRUE(QTest::qWaitFor([&] {
-    return monitor->findChild<QLabel*>("lblLatitude")->text() == "50.30.25N";
-  }));
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] { return monitor->findChild<QLabel*>("lblLatitude")->text() == "50.30.25N"; }));
 
   gps->Pull();
   EXPECT_TRUE(Says("GPS: reconnecting")) << StatusText();
   EXPECT_TRUE(program_.link.gps_enabled);
   gps = std::make_unique<PseudoTerminal>(gps_path_);
-  ASSERT_TRUE(FixArrives("120100", [&](const std::string& text) { gps->Write(text); }, 15000));
-  EXPECT_TRUE(QTest::qWaitFor(
-      [&] { return StatusText().find("GPS: ") == std::string::npos; }, 8000));
+  ASSERT_TRUE(FixArrives(
+      "120100", [&](const std::string& text) { gps->Write(text); }, 15000));
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return StatusText().find("GPS: ") == std::string::npos; }, 8000));
 
   Command("mnuPosGpsDisconnect");
   EXPECT_FALSE(program_.link.gps_enabled);
