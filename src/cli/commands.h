@@ -318,9 +318,21 @@ struct UploadWords {
   std::string type;      // of the GPS, 1 to 7
   std::string identity;  // "names" or "numbers"
   std::string route;     // number or name of a route; empty takes that of its file
+  std::string device;    // where it is sent to, as ListenWords::source; empty only shows it
 };
-// What is sent to a GPS, in order.
+// What is sent to a GPS, in order; with a device it is sent.
 Outcome ShowUpload(Session& session, const UploadWords& words);
+
+// The serial ports and network sources by their numbers.
+Outcome ListPorts(Session& session, const NoWords& words);
+
+struct ListenWords {
+  std::string source;   // number, path of a device, "TCP host:port" or "UDP port"
+  std::string baud;     // of a serial device
+  std::string seconds;  // how long
+};
+// What a port receives.
+Outcome Listen(Session& session, const ListenWords& words);
 
 struct KmlWords {
   std::string file;  // a path, or a name in the user's folder of its kind

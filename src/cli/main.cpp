@@ -429,7 +429,22 @@ void AddAisCommands(CLI::App& app, Chosen& chosen) {
         sub.add_option("--route", words.route,
                        "number or name of the route; that of its file "
                        "when left out");
+        sub.add_option(
+            "--device", words.device,
+            "send it to this port: its number, the path of a device or \"TCP host:port\"");
       });
+}
+
+void AddPortCommands(CLI::App& app, Chosen& chosen) {
+  Add(app, "ports", "the serial ports and network sources by their numbers", chosen, ListPorts,
+      TakeNothing);
+  Add(app, "listen", "what a port receives", chosen, Listen, [](CLI::App& sub, ListenWords& words) {
+    sub.add_option("SOURCE", words.source,
+                   "number of a port, path of a device, \"TCP host:port\" or \"UDP port\"")
+        ->required();
+    sub.add_option("--baud", words.baud, "speed of a serial device")->default_val("4800");
+    sub.add_option("--seconds", words.seconds, "how long to listen")->default_val("10");
+  });
 }
 
 // Prints an outcome; gives the exit status.
@@ -474,6 +489,7 @@ int main(int argc, char** argv) {
   AddExportCommands(app, chosen);
   AddInstrumentCommands(app, chosen);
   AddAisCommands(app, chosen);
+  AddPortCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {

@@ -397,6 +397,10 @@ std::uint32_t frmChart::NeedsMet() const {
   if (p.mob.on) met |= kNeedsMob;
   if (chart_.HasPlaces()) met |= kNeedsPlaces;
   if (HasHarmonicStreams(p)) met |= kNeedsHarmonicStreams;
+  // A connection and a replay exclude each other.
+  const bool replay = p.replay.replay_active;
+  if (!replay) met |= p.link.gps_enabled ? kNeedsGpsOn : kNeedsGpsOff;
+  if (!replay) met |= p.link.ais_enabled ? kNeedsAisOn : kNeedsAisOff;
   return met;
 }
 
