@@ -81,10 +81,10 @@ std::array<std::string, kTargetColumns> TargetHeadings() {
 }
 
 std::optional<Position> TargetReference(const Program& program) {
-  if ((!program.gps_enabled && !program.replay_active) || !program.boat.HasPosition()) {
+  if ((!program.link.gps_enabled && !program.replay.replay_active) || !program.nmea.fix.HasPosition()) {
     return std::nullopt;
   }
-  return program.boat.position;
+  return program.nmea.fix.At();
 }
 
 std::vector<TargetRow> TargetRows(const Program& program, float now) {
@@ -101,13 +101,13 @@ std::vector<TargetRow> TargetRows(const Program& program, float now) {
     row.message_type = target.message_type;
     if (boat) row.range = RangeBearing(*boat, target.At()).range;
     if (target.cpa_known && target.cpa >= 0.0F) row.cpa = target.cpa;
-    row.alarm = InCpaAlarm(target, program.gps_enabled, program.config.cpa_alarm_range);
+    row.alarm = InCpaAlarm(target, program.link.gps_enabled, program.config.cpa_alarm_range);
     row.cells = {std::move(texts[i].index),
                  std::move(texts[i].message_type),
                  std::move(texts[i].mmsi),
                  std::move(texts[i].name),
                  std::move(texts[i].range),
-                 program.gps_enabled && target.cpa_known ? ApproachText(target, now) : ""};
+                 program.link.gps_enabled && target.cpa_known ? ApproachText(target, now) : ""};
   }
   return rows;
 }

@@ -104,7 +104,7 @@ std::int32_t ColourOf(const AppConfig& config, AisClass ais_class) {
 }
 
 AisSymbol SymbolOf(const Program& program, const AisTarget& target) {
-  return AisSymbolOf(target, program.gps_enabled, program.config.cpa_alarm_range,
+  return AisSymbolOf(target, program.link.gps_enabled, program.config.cpa_alarm_range,
                      program.config.ais_min_speed);
 }
 
@@ -172,7 +172,7 @@ struct Wanted {
 std::string LinesOf(const Program& program, const AisTarget& target, float now) {
   std::string text;
   for (const std::string& line :
-       ChosenAisLines(target, program.config.ais_label_items, program.gps_enabled, now)) {
+       ChosenAisLines(target, program.config.ais_label_items, program.link.gps_enabled, now)) {
     // A line that says nothing takes no room.
     if (Trim(line).empty()) continue;
     if (!text.empty()) text += '\n';
@@ -200,8 +200,8 @@ void DrawAisTargets(DrawingSurface& surface, const OverlayView& view, const Prog
 void NameAisTargets(LabelList& names, const OverlayView& view, const Program& program,
                     const ViewState& state) {
   const SurfacePoint middle =
-      program.boat.HasPosition()
-          ? view.ToView(program.boat.position)
+      program.nmea.fix.HasPosition()
+          ? view.ToView(program.nmea.fix.At())
           : SurfacePoint{view.geometry.view_width() / 2.0, view.geometry.view_height() / 2.0};
   const double radius =
       std::max(kAisCircleRadius, kLabelRoom * AisSymbolScale(state.display_height));
