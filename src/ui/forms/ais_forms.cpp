@@ -81,7 +81,8 @@ std::array<std::string, kTargetColumns> TargetHeadings() {
 }
 
 std::optional<Position> TargetReference(const Program& program) {
-  if ((!program.link.gps_enabled && !program.replay.replay_active) || !program.nmea.fix.HasPosition()) {
+  if ((!program.link.gps_enabled && !program.replay.replay_active) ||
+      !program.nmea.fix.HasPosition()) {
     return std::nullopt;
   }
   return program.nmea.fix.At();

@@ -144,10 +144,11 @@ frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings
       mob_(desktop_),
       look_(desktop_, *viewer_),
       instruments_(desktop_, time_),
+      targets_(desktop_, chart_, look_, *this),
       route_(desktop_, *viewer_, chart_, time_, mob_, *this),
       events_(desktop_, *viewer_, chart_, route_, mob_),
-      context_{desktop_, program, messages, view_, *this,        *viewer_,       chart_,
-               route_,   time_,   mob_,     look_, instruments_, events_.mouse()} {
+      context_{desktop_, program, messages, view_, *this,        *viewer_, chart_,
+               route_,   time_,   mob_,     look_, instruments_, targets_, events_.mouse()} {
   setObjectName("frmChart");
   setWindowTitle(kProgramName);
   viewer_->setObjectName("oGdViewer");
@@ -174,6 +175,7 @@ frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings
           [this](const QString& name) { RunCommand(name.toStdString()); });
   connect(&look_, &LookController::LookChanged, this, [this] { FollowLook(); });
   connect(&time_, &TimeController::Second, this, [this] { ShowMob(); });
+  connect(&time_, &TimeController::Second, this, [this] { targets_.Step(); });
   resize(1240, 800);
 }
 
@@ -305,6 +307,9 @@ void frmChart::MakeReadouts() {
     return made;
   };
   readout_ = label("Picture1");
+  gps_label_ = label("lblGPS");
+  // What a GPS sends stands in it.
+  gps_label_->setTextFormat(Qt::PlainText);
   dividers_ = label("txtDividers");
   quiet_line_ = label("lblQuietLine");
   mob_label_ = label("lblMOB");
@@ -397,6 +402,11 @@ std::uint32_t frmChart::NeedsMet() const {
   if (p.mob.on) met |= kNeedsMob;
   if (chart_.HasPlaces()) met |= kNeedsPlaces;
   if (HasHarmonicStreams(p)) met |= kNeedsHarmonicStreams;
+  if (p.link.ais_enabled || p.replay.replay_active) {
+    met |= kNeedsTargets;
+    if (view_.targets_shown) met |= kNeedsTargetsShown;
+  }
+  if (p.link.gps_enabled || p.replay.replay_active) met |= kNeedsBoat;
   return met;
 }
 
@@ -581,6 +591,7 @@ void frmChart::ShowReadout() {
     readout_->setText(rows.join('\n'));
     readout_->adjustSize();
   }
+  ShowGps();
   dividers_->setVisible(view_.dividers_on);
   if (view_.dividers_on) {
     dividers_->setText(ToQt(DividersText(view_)));
@@ -595,6 +606,18 @@ void frmChart::ShowReadout() {
   if (desktop_.program.mob.on) ShowMob();
 }
 
+// The box of the GPS stands below the readout.
+void frmChart::ShowGps() {
+  const QString text = ToQt(GpsReadout(desktop_.program, view_));
+  if (gps_label_->text() != text) {
+    gps_label_->setText(text);
+    gps_label_->adjustSize();
+  }
+  gps_label_->setVisible(!text.isEmpty());
+  gps_label_->move(kFloatMargin,
+                   (readout_->isVisible() ? readout_->geometry().bottom() : 0) + kFloatMargin);
+}
+
 void frmChart::ShowMob() {
   const QString text = ToQt(mob_.LabelText(mob_shown_line_));
   if (mob_label_->text() != text) {
@@ -602,8 +625,9 @@ void frmChart::ShowMob() {
     mob_label_->adjustSize();
   }
   mob_label_->setVisible(!text.isEmpty());
+  const QLabel* above = gps_label_->isVisible() ? gps_label_ : readout_;
   mob_label_->move(kFloatMargin,
-                   (readout_->isVisible() ? readout_->geometry().bottom() : 0) + kFloatMargin);
+                   (above->isVisible() ? above->geometry().bottom() : 0) + kFloatMargin);
 }
 
 // The readout stands in the upper left corner, the overview in the lower right one, and the quiet
@@ -624,6 +648,7 @@ void frmChart::PlaceFloats() {
   quiet_line_->adjustSize();
   quiet_line_->move((room.width() - quiet_line_->width()) / 2,
                     room.height() - quiet_line_->height() - kFloatMargin);
+  ShowGps();
   ShowMob();
 }
 
@@ -634,7 +659,8 @@ void frmChart::FollowLook() {
           "QLabel {background: %1; color: %2; border: 1px solid %3; border-radius: 4px;}")
           .arg(ColourName(theme.readout_back), ColourName(theme.readout_text),
                ColourName(theme.readout_border));
-  for (QLabel* label : {readout_, dividers_, mob_label_, quiet_line_}) label->setStyleSheet(style);
+  for (QLabel* label : {readout_, gps_label_, dividers_, mob_label_, quiet_line_})
+    label->setStyleSheet(style);
   QPalette colours = QGuiApplication::palette();
   for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button}) {
     colours.setColor(role, theme.readout_back);

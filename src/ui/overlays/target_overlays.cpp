@@ -24,8 +24,8 @@ constexpr double kScaleParts = 150.0;
 constexpr double kHullReach = 4.0;      // scales
 constexpr double kAircraftReach = 4.0;  // scales
 constexpr double kLabelRoom = 1.5;      // scales about the centre that a label keeps clear
-// More labels than this find no room on a screen.
-constexpr std::size_t kMostLabels = 250;
+// More labels than this never find room on a screen.
+constexpr std::size_t kMostLabels = 120;
 
 // The numbers keep the stamps apart from those of others.
 enum class SymbolKind : std::int32_t { kHull = 0x41495331, kCircle, kAircraft };
@@ -115,49 +115,87 @@ std::optional<SurfacePoint> PlaceOf(const OverlayView& view, const AisTarget& ta
   return at;
 }
 
-void DrawTrackOf(DrawingSurface& surface, const OverlayView& view, const AisTarget& target,
-                 SurfacePoint at, std::span<const TimedPosition> track) {
+// Whether the places between the ends of a run lie so near to the line that joins them that nobody
+// sees the difference.
+bool Straight(std::span<const SurfacePoint> run) {
+  constexpr double kSeen = 0.3;  // pixels
+  const SurfacePoint from = run.front();
+  const double x = run.back().x - from.x;
+  const double y = run.back().y - from.y;
+  const double length = std::hypot(x, y);
+  return std::all_of(run.begin() + 1, run.end() - 1, [&](SurfacePoint at) {
+    const double across = (at.x - from.x) * y - (at.y - from.y) * x;
+    const double along = (at.x - from.x) * x + (at.y - from.y) * y;
+    return std::abs(across) <= kSeen * length && along >= 0.0 && along <= length * length;
+  });
+}
+
+// The track of a target from where it is; pieces that make one straight line are drawn as one.
+void DrawTrackOf(DrawingSurface& surface, const OverlayView& view, SurfacePoint at,
+                 std::span<const TimedPosition, kAisTrackLength> track) {
   std::array<SurfacePoint, kAisTrackLength + 1> run{at};
   std::size_t count = 1;
   for (const TimedPosition& point : track) {
-    if (point.latitude == target.latitude && point.longitude == target.longitude && count == 1) {
-      continue;
-    }
     const SurfacePoint place = view.ToView({point.latitude, point.longitude});
     if (Apart(run[count - 1], place)) run[count++] = place;
   }
-  if (count > 1) surface.Polyline({run.data(), count});
+  if (count == 1) return;
+  std::array<SurfacePoint, kAisTrackLength + 1> corners{at};
+  std::size_t kept = 1;
+  for (std::size_t first = 0; first + 1 < count;) {
+    std::size_t last = first + 1;
+    while (last + 1 < count && Straight({&run[first], last + 2 - first})) ++last;
+    corners[kept++] = run[last];
+    first = last;
+  }
+  surface.Polyline({corners.data(), kept});
 }
 
-void DrawTarget(DrawingSurface& surface, const OverlayView& view, const AppConfig& config,
-                const AisTarget& target, SurfacePoint at, const AisSymbol& look, double scale) {
-  const std::int32_t colour = ColourOf(config, look.ais_class);
-  const bool as_boat = config.ais_as_boat != 0;
-  if (look.drawn) {
-    Symbol symbol;
-    symbol.colour = colour;
-    symbol.width = std::clamp<std::int32_t>(config.ais_line_width, 1, 10);
-    if (!as_boat) {
-      symbol.kind = SymbolKind::kCircle;
-      // The only sign of an alarm that a circle can give.
-      symbol.filled = look.filled && look.ais_class != AisClass::kSearchAndRescue ? 1 : 0;
-    } else {
-      const bool aircraft = look.ais_class == AisClass::kSearchAndRescue;
-      symbol.kind = aircraft ? SymbolKind::kAircraft : SymbolKind::kHull;
-      symbol.filled = look.filled ? 1 : 0;
-      symbol.course = WholeCourse(target.course_over_ground);
-      symbol.scale = static_cast<float>(scale);
-      if (target.show_heading_vector) {
-        surface.SetPen(1, colour);
-        surface.Line(at, view.ToView(AisVectorEnd(target)));
-      }
-    }
-    DrawSymbol(surface, at, symbol);
+// A target that stands on the part of the chart that is drawn.
+struct Placed {
+  const AisTarget* target = nullptr;
+  SurfacePoint at;
+  AisSymbol look;
+  std::int32_t colour = 0;
+};
+
+std::vector<Placed> PlacedTargets(const OverlayView& view, const Program& program) {
+  std::vector<Placed> placed;
+  for (const AisTarget& target : program.ais.targets.All()) {
+    const std::optional<SurfacePoint> at = PlaceOf(view, target);
+    if (!at) continue;
+    const AisSymbol look = SymbolOf(program, target);
+    placed.push_back({&target, *at, look, ColourOf(program.config, look.ais_class)});
   }
-  if (!target.show_history && !target.show_predicted) return;
-  surface.SetPen(1, colour);
-  if (target.show_history) DrawTrackOf(surface, view, target, at, target.history);
-  if (target.show_predicted) DrawTrackOf(surface, view, target, at, target.predicted);
+  return placed;
+}
+
+void DrawLinesOf(DrawingSurface& surface, const OverlayView& view, const Placed& placed,
+                 bool as_boat) {
+  const AisTarget& target = *placed.target;
+  if (target.show_history) DrawTrackOf(surface, view, placed.at, target.history);
+  if (target.show_predicted) DrawTrackOf(surface, view, placed.at, target.predicted);
+  if (as_boat && placed.look.drawn && target.show_heading_vector) {
+    surface.Line(placed.at, view.ToView(AisVectorEnd(target)));
+  }
+}
+
+Symbol StampOf(const Placed& placed, const AppConfig& config, double scale) {
+  const bool aircraft = placed.look.ais_class == AisClass::kSearchAndRescue;
+  Symbol symbol;
+  symbol.colour = placed.colour;
+  symbol.width = std::clamp<std::int32_t>(config.ais_line_width, 1, 10);
+  if (config.ais_as_boat == 0) {
+    symbol.kind = SymbolKind::kCircle;
+    // The only sign of an alarm that a circle can give.
+    symbol.filled = placed.look.filled && !aircraft ? 1 : 0;
+    return symbol;
+  }
+  symbol.kind = aircraft ? SymbolKind::kAircraft : SymbolKind::kHull;
+  symbol.filled = placed.look.filled ? 1 : 0;
+  symbol.course = WholeCourse(placed.target->course_over_ground);
+  symbol.scale = static_cast<float>(scale);
+  return symbol;
 }
 
 // A target whose data lines are wanted.
@@ -189,11 +227,19 @@ double AisSymbolScale(double display_height) {
 
 void DrawAisTargets(DrawingSurface& surface, const OverlayView& view, const Program& program,
                     const ViewState& state) {
-  const double scale = AisSymbolScale(state.display_height);
-  for (const AisTarget& target : program.ais.targets.All()) {
-    if (const std::optional<SurfacePoint> at = PlaceOf(view, target)) {
-      DrawTarget(surface, view, program.config, target, *at, SymbolOf(program, target), scale);
+  const AppConfig& config = program.config;
+  const std::vector<Placed> placed = PlacedTargets(view, program);
+  // The lines of one colour after those of the other, and all symbols above them.
+  for (const AisClass ais_class : {AisClass::kA, AisClass::kB}) {
+    surface.SetPen(1, ColourOf(config, ais_class));
+    for (const Placed& one : placed) {
+      if ((one.look.ais_class == AisClass::kB) != (ais_class == AisClass::kB)) continue;
+      DrawLinesOf(surface, view, one, config.ais_as_boat != 0);
     }
+  }
+  const double scale = AisSymbolScale(state.display_height);
+  for (const Placed& one : placed) {
+    if (one.look.drawn) DrawSymbol(surface, one.at, StampOf(one, config, scale));
   }
 }
 
@@ -206,19 +252,17 @@ void NameAisTargets(LabelList& names, const OverlayView& view, const Program& pr
   const double radius =
       std::max(kAisCircleRadius, kLabelRoom * AisSymbolScale(state.display_height));
   std::vector<Wanted> wanted;
-  for (const AisTarget& target : program.ais.targets.All()) {
-    const std::optional<SurfacePoint> at = PlaceOf(view, target);
-    if (!at) continue;
-    const AisSymbol look = SymbolOf(program, target);
-    if (!look.drawn) continue;
-    const bool alarm = look.filled && look.ais_class != AisClass::kSearchAndRescue;
+  for (const Placed& one : PlacedTargets(view, program)) {
+    if (!one.look.drawn) continue;
+    const AisTarget& target = *one.target;
+    const bool alarm = one.look.filled && one.look.ais_class != AisClass::kSearchAndRescue;
     if (target.show_details || alarm) {
       const bool always = alarm || target.mmsi == state.shown_target;
       wanted.push_back(
-          {&target, *at, always, alarm, std::hypot(at->x - middle.x, at->y - middle.y)});
+          {&target, one.at, always, alarm, std::hypot(one.at.x - middle.x, one.at.y - middle.y)});
     } else {
       // No label covers its symbol.
-      names.labels.push_back({.text = {}, .at = *at, .radius = radius});
+      names.labels.push_back({.text = {}, .at = one.at, .radius = radius});
     }
   }
   std::stable_sort(wanted.begin(), wanted.end(), [](const Wanted& a, const Wanted& b) {

@@ -25,6 +25,9 @@ enum Need : std::uint32_t {
   kNeedsMob = 1U << 9,               // a man-overboard position
   kNeedsPlaces = 1U << 10,           // a chart with a calibration
   kNeedsHarmonicStreams = 1U << 11,  // a file of harmonic stations for the sea area
+  kNeedsTargets = 1U << 12,          // AIS reception or a replay
+  kNeedsTargetsShown = 1U << 13,     // and its vessels on the chart
+  kNeedsBoat = 1U << 14,             // GPS reception or a replay
 };
 
 struct Command {

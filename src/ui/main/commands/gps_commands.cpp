@@ -1,6 +1,7 @@
 #include "ui/main/commands/command.h"
 #include "ui/main/context.h"
 #include "ui/main/instrument_controller.h"
+#include "ui/main/look_controller.h"
 
 namespace skerrow {
 namespace {
@@ -9,7 +10,8 @@ constexpr Command kCommands[] = {
     {"mnuGPSattach", "GPS &Enable", "gps", "", ""},
     {"mnuPosGpsDisconnect", "GPS &Disable", "", "", ""},
     {"mnuGPSCentre", "GPS &Find Position on Chart", "boatsnap", "Keep the boat on the chart", "G",
-     kNoNeed, nullptr, [](const Context& c) { return c.program.config.gps_centre != 0; }},
+     kNeedsBoat, [](Context& c) { c.look.Toggle(&AppConfig::gps_centre); },
+     [](const Context& c) { return c.program.config.gps_centre != 0; }},
     {"mnugpsdisplay", "GPS &Monitor", "", "", ""},
     {"mnuAISEnable", "AIS &Enable", "ais", "", ""},
     {"mnuAISDisable", "AIS &Disable", "", "", ""},
