@@ -49,7 +49,7 @@ frmAisDetails::frmAisDetails(Desktop& desktop, ShowPlace show_place, QWidget* pa
     }
   });
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  resize(470, 620);
+  resize(500, 590);
 }
 
 void frmAisDetails::SetTarget(std::int32_t mmsi) {

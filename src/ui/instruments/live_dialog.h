@@ -26,7 +26,10 @@ class LiveDialog : public Dialog {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  void PlaceBeside();
+
   QTimer timer_;
+  bool placed_ = false;
 };
 
 // Gives a label a text, if it is another one.

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 #include <numeric>
 
 #include "app/edits.h"
@@ -21,6 +22,7 @@
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
+#include "ui/instruments/live_dialog.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
@@ -179,7 +181,11 @@ frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings
   resize(1240, 800);
 }
 
-frmChart::~frmChart() { viewer_->SetEvents(nullptr); }
+frmChart::~frmChart() {
+  viewer_->SetEvents(nullptr);
+  // They look at what goes with this window, and so go before it.
+  qDeleteAll(findChildren<LiveDialog*>());
+}
 
 QAction* frmChart::action(std::string_view name) const {
   const auto at = actions_.find(name);
@@ -668,6 +674,14 @@ void frmChart::FollowLook() {
   for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText}) {
     colours.setColor(role, theme.readout_text);
   }
+  // In another font the bar lays itself out anew, and its panels come up beneath the line that
+  // stands there.
+  QTimer::singleShot(0, this, [this] {
+    const QString line = statusBar()->currentMessage();
+    if (line.isEmpty()) return;
+    statusBar()->clearMessage();
+    statusBar()->showMessage(line, kTellTime);
+  });
   route_combo_->setPalette(colours);
   route_details_->setPalette(colours);
   for (const Command* command : AllCommands()) {

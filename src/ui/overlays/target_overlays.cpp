@@ -25,7 +25,7 @@ constexpr double kHullReach = 4.0;      // scales
 constexpr double kAircraftReach = 4.0;  // scales
 constexpr double kLabelRoom = 1.5;      // scales about the centre that a label keeps clear
 // More labels than this never find room on a screen.
-constexpr std::size_t kMostLabels = 120;
+constexpr std::size_t kMostLabels = 300;
 
 // The numbers keep the stamps apart from those of others.
 enum class SymbolKind : std::int32_t { kHull = 0x41495331, kCircle, kAircraft };
