@@ -198,6 +198,11 @@ Symbol StampOf(const Placed& placed, const AppConfig& config, double scale) {
   return symbol;
 }
 
+// The radius of the ring about the target that a window shows.
+double MarkRadius(const OverlayView& view, const ViewState& state) {
+  return std::max<double>(view.marker_radius, 5.0 * AisSymbolScale(state.display_height));
+}
+
 // A target whose data lines are wanted.
 struct Wanted {
   const AisTarget* target = nullptr;
@@ -276,7 +281,7 @@ void NameAisTargets(LabelList& names, const OverlayView& view, const Program& pr
     Label label;
     if (i < most || one.always) label.text = LinesOf(program, *one.target, now);
     label.at = one.at;
-    label.radius = radius;
+    label.radius = one.target->mmsi == state.shown_target ? MarkRadius(view, state) : radius;
     label.colour = one.alarm ? kRed : program.config.font_colour;
     label.rank = one.always ? LabelRank::kMark : LabelRank::kTarget;
     label.room = one.always         ? LabelRoom::kAlways
@@ -292,8 +297,7 @@ void DrawAisMark(DrawingSurface& surface, const OverlayView& view, const Program
   const AisTarget* target = program.ais.targets.Find(state.shown_target);
   if (target == nullptr) return;
   const std::optional<SurfacePoint> at = view.Place(target->At());
-  const double radius =
-      std::max<double>(view.marker_radius, 5.0 * AisSymbolScale(state.display_height));
+  const double radius = MarkRadius(view, state);
   if (!at || !view.Seen(*at, radius)) return;
   // Paper beneath, so that it is found on any chart.
   surface.SetPen(5, kGround);
