@@ -14,7 +14,7 @@ namespace skerrow {
 namespace {
 
 // Widths of the columns, in digits of the list's font.
-constexpr int kWidths[kTargetColumns] = {7, 13, 11, 23, 17, 17};
+constexpr int kWidths[kTargetColumns] = {7, 13, 10, 21, 16, 17};
 
 }  // namespace
 
@@ -34,7 +34,8 @@ frmAISSummary::frmAISSummary(Desktop& desktop, ShowPlace show_place, QWidget* pa
   sides->setChildrenCollapsible(false);
   sides->addWidget(MakeListSide());
   sides->addWidget(MakeDetailSide());
-  sides->setStretchFactor(0, 6);
+  sides->setSizes({700, 340});
+  sides->setStretchFactor(0, 5);
   sides->setStretchFactor(1, 2);
   body()->addWidget(sides, 1);
   QPushButton* copy = AddLeftButton("cmdCopyList", "&Copy List to Clipboard");
@@ -54,7 +55,7 @@ frmAISSummary::frmAISSummary(Desktop& desktop, ShowPlace show_place, QWidget* pa
                             copy,  copy_details_, show_,    close};
   for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
   list_->setFocus();
-  resize(1000, 480);
+  resize(1080, 480);
 }
 
 QWidget* frmAISSummary::MakeListSide() {

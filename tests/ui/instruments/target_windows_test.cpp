@@ -269,6 +269,8 @@ TEST_F(TargetWindows, TheAlarmLineTellsWhoComesHowNearAndWhen) {
             "Close approach: MMSI 235000002  0.10nm @ 10:00");
   const AisTarget* heard = program.ais.targets.Find(235000002);
   EXPECT_EQ(TargetHeardText(heard, 9.5F + 150.0F / 3600.0F), "Class A, heard 2 min ago");
+  program.ais.targets.Find(235000002)->last_heard = 23.0F + 59.0F / 60.0F;
+  EXPECT_EQ(TargetHeardText(heard, 0.5F / 60.0F), "Class A, heard 90 s ago");
 }
 
 }  // namespace

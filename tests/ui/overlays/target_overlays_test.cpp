@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/recording_surface.h"
@@ -174,7 +175,7 @@ TEST_F(TargetOverlays, TheVectorAndTheTracksLeadWhereTheyAreTold) {
   EXPECT_TRUE(Has(Symbols(), "polyline 100.00,217.00 20.00,217.00 20.00,281.00\n")) << Symbols();
   target.show_history = false;
   target.show_predicted = true;
-  target.predicted = target.history;
+  target.predicted = std::exchange(target.history, {});
   EXPECT_TRUE(Has(Symbols(), "polyline 100.00,217.00 20.00,217.00 20.00,281.00\n"));
   // Of a vessel out of sight nothing is drawn, and nothing of one beyond the chart.
   target.latitude = 50.9F;
@@ -197,6 +198,10 @@ TEST_F(TargetOverlays, TheChosenLinesStandOnWhiteToTheRight) {
   EXPECT_LT(x, 125.0);
   EXPECT_DOUBLE_EQ(y, 217.0);
   EXPECT_TRUE(Has(Labels(), " ground 255,255,255 ")) << Labels();
+  // A line that says nothing takes no room.
+  program.config.ais_label_items = {1, 4, 0, 5, 0, 0, 0, 0};
+  EXPECT_TRUE(Has(Labels(), lines)) << Labels();
+  program.config.ais_label_items = {4, 0, 5, 0, 0, 0, 0, 0};
   // Class A below the speed filter shows no text; in alarm it does, whatever was chosen.
   program.config.ais_min_speed = 20.0F;
   EXPECT_EQ(Labels(), "");
