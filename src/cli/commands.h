@@ -322,4 +322,22 @@ struct UploadWords {
 // What is sent to a GPS, in order.
 Outcome ShowUpload(Session& session, const UploadWords& words);
 
+struct KmlWords {
+  std::string file;  // a path, or a name in the user's folder of its kind
+  std::string name;  // of the document; empty takes the file's
+  std::string description;
+  bool escape = false;  // write names so that every viewer can read them
+};
+// A stored route, a waypoint file or a log as a document for a KML viewer.
+Outcome ExportRouteDocument(Session& session, const KmlWords& words);
+Outcome ExportWaypointDocument(Session& session, const KmlWords& words);
+Outcome ExportTrackDocument(Session& session, const KmlWords& words);
+
+struct KmlPlanWords {
+  PlanWords plan;
+  KmlWords kml;
+};
+// The calculated course of a route beside its legs.
+Outcome ExportPlanDocument(Session& session, const KmlPlanWords& words);
+
 }  // namespace skerrow::cli

@@ -218,6 +218,16 @@ void AddDiamondCommands(CLI::App& app, Chosen& chosen) {
       TakeWhen);
 }
 
+void TakePlan(CLI::App& app, PlanWords& words) {
+  app.add_option("FILE", words.file, "route file; the sample route when left out");
+  app.add_option("--leeway", words.leeway, "leeway, 0 to 90 degrees");
+  app.add_option("--tack", words.tacks, "tack of leg N: N=port or N=starboard")
+      ->expected(1)
+      ->take_all();
+  TakeSail(app, words.sail);
+  TakeWhen(app, words.when);
+}
+
 void AddPassageCommands(CLI::App& app, Chosen& chosen) {
   Add(app, "leg", "the course to steer for one leg", chosen, SolveLeg,
       [](CLI::App& sub, LegWords& words) {
@@ -225,16 +235,7 @@ void AddPassageCommands(CLI::App& app, Chosen& chosen) {
         sub.add_option("--speed", words.speed, "speed through the water, knots")->required();
         TakeWhen(sub, words.when);
       });
-  Add(app, "plan", "the passage plan of a route", chosen, PlanRoute,
-      [](CLI::App& sub, PlanWords& words) {
-        sub.add_option("FILE", words.file, "route file; the sample route when left out");
-        sub.add_option("--leeway", words.leeway, "leeway, 0 to 90 degrees");
-        sub.add_option("--tack", words.tacks, "tack of leg N: N=port or N=starboard")
-            ->expected(1)
-            ->take_all();
-        TakeSail(sub, words.sail);
-        TakeWhen(sub, words.when);
-      });
+  Add(app, "plan", "the passage plan of a route", chosen, PlanRoute, TakePlan);
   Add(app, "optimum", "the best hour to leave", chosen, FindDeparture,
       [](CLI::App& sub, OptimumWords& words) {
         sub.add_option("FILE", words.file, "route file; the sample route when left out");
@@ -306,8 +307,31 @@ void AddDriftCommands(CLI::App& app, Chosen& chosen) {
       });
 }
 
+void TakeKml(CLI::App& app, KmlWords& words) {
+  app.add_option("--name", words.name, "name of the document");
+  app.add_option("--description", words.description, "what it is");
+  app.add_flag("--escape", words.escape, "write names so that every viewer can read them");
+}
+
+void AddKmlCommands(CLI::App& app, Chosen& chosen) {
+  CLI::App& kml = AddGroup(app, "kml", "documents for a KML viewer");
+  const auto take = [](CLI::App& sub, KmlWords& words) {
+    sub.add_option("FILE", words.file, "a path, or a name in your folder of its kind")->required();
+    TakeKml(sub, words);
+  };
+  Add(kml, "route", "a stored route", chosen, ExportRouteDocument, take);
+  Add(kml, "waypoints", "a waypoint file", chosen, ExportWaypointDocument, take);
+  Add(kml, "track", "the track of a log", chosen, ExportTrackDocument, take);
+  Add(kml, "plan", "the calculated course of a route", chosen, ExportPlanDocument,
+      [](CLI::App& sub, KmlPlanWords& words) {
+        TakePlan(sub, words.plan);
+        TakeKml(sub, words.kml);
+      });
+}
+
 void AddExportCommands(CLI::App& app, Chosen& chosen) {
-  CLI::App& group = AddGroup(app, "export", "files made of the tidal streams");
+  CLI::App& group = AddGroup(app, "export", "files for other programs");
+  AddKmlCommands(group, chosen);
   Add(group, "streams", "east and north components of every diamond, hour by hour", chosen,
       ExportStreamFiles, [](CLI::App& sub, ExportStreamsWords& words) {
         TakeDate(sub, words.date);

@@ -60,6 +60,7 @@ std::span<const Command> HelpCommands();
 std::span<const Command> GpsCommands();
 std::span<const Command> AisCommands();
 std::span<const Command> TrackCommands();
+std::span<const Command> ExchangeCommands();
 // What belongs to subsystems that are not there yet.
 std::span<const Command> LaterCommands();
 
