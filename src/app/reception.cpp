@@ -72,7 +72,6 @@ void EndReplay(Program& program) {
   HaltReplay(program.replay, program.plot, program.nmea);
   program.ais.targets.Clear();
   program.ais.assembly = {};
-  program.ais.mark.reset();
 }
 
 }  // namespace skerrow

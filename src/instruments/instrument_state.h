@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,8 +24,6 @@ struct AisState {
   AisAssembly assembly;
   AisDecoderOptions options;
   CpaAlarm alarm;
-  // The vessel pointed out by the list of targets.
-  std::optional<Position> mark;
 };
 
 }  // namespace skerrow

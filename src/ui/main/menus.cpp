@@ -326,7 +326,7 @@ constexpr KeyRow kKeys[] = {
 };
 
 constexpr std::string_view kDoubleClick[] = {"mnuPUTidalHeights", "mnuPUTidalStream",
-                                             "mnuPUAISDetails"};
+                                             "dblAisDetails"};
 
 }  // namespace
 

@@ -29,6 +29,9 @@ enum Need : std::uint32_t {
   kNeedsGpsOn = 1U << 17,
   kNeedsAisOff = 1U << 18,  // neither the AIS connected nor a log replayed
   kNeedsAisOn = 1U << 19,
+  kNeedsTargets = 1U << 12,          // AIS reception or a replay
+  kNeedsTargetsShown = 1U << 13,     // and its vessels on the chart
+  kNeedsBoat = 1U << 14,             // GPS reception or a replay
 };
 
 struct Command {
