@@ -332,6 +332,28 @@ void AddKmlCommands(CLI::App& app, Chosen& chosen) {
 void AddExportCommands(CLI::App& app, Chosen& chosen) {
   CLI::App& group = AddGroup(app, "export", "files for other programs");
   AddKmlCommands(group, chosen);
+  Add(group, "gpx", "routes, waypoints and tracks as a GPX document", chosen, ExportGpx,
+      [](CLI::App& sub, GpxExportWords& words) {
+        sub.add_option("--route", words.routes, "route file; may be repeated")
+            ->expected(1)
+            ->take_all();
+        sub.add_option("--waypoints", words.waypoints, "waypoint file; may be repeated")
+            ->expected(1)
+            ->take_all();
+        sub.add_option("--track", words.tracks, "log; may be repeated")->expected(1)->take_all();
+        sub.add_option("--output", words.output, "file to write; printed when left out");
+      });
+  CLI::App& import = AddGroup(app, "import", "files of other programs");
+  Add(import, "gpx", "what a GPX document holds, or one thing of it", chosen, ImportGpx,
+      [](CLI::App& sub, GpxImportWords& words) {
+        sub.add_option("FILE", words.file, "GPX document")->required();
+        sub.add_option("--name", words.name, "name of the file to be made");
+        CLI::Option* route = sub.add_option("--route", words.route, "take route N");
+        CLI::Option* marks = sub.add_flag("--waypoints", words.waypoints, "take the waypoints");
+        CLI::Option* track = sub.add_option("--track", words.track, "take track N");
+        route->excludes(marks)->excludes(track);
+        marks->excludes(track);
+      });
   Add(group, "streams", "east and north components of every diamond, hour by hour", chosen,
       ExportStreamFiles, [](CLI::App& sub, ExportStreamsWords& words) {
         TakeDate(sub, words.date);
@@ -407,7 +429,22 @@ void AddAisCommands(CLI::App& app, Chosen& chosen) {
         sub.add_option("--route", words.route,
                        "number or name of the route; that of its file "
                        "when left out");
+        sub.add_option(
+            "--device", words.device,
+            "send it to this port: its number, the path of a device or \"TCP host:port\"");
       });
+}
+
+void AddPortCommands(CLI::App& app, Chosen& chosen) {
+  Add(app, "ports", "the serial ports and network sources by their numbers", chosen, ListPorts,
+      TakeNothing);
+  Add(app, "listen", "what a port receives", chosen, Listen, [](CLI::App& sub, ListenWords& words) {
+    sub.add_option("SOURCE", words.source,
+                   "number of a port, path of a device, \"TCP host:port\" or \"UDP port\"")
+        ->required();
+    sub.add_option("--baud", words.baud, "speed of a serial device")->default_val("4800");
+    sub.add_option("--seconds", words.seconds, "how long to listen")->default_val("10");
+  });
 }
 
 // Prints an outcome; gives the exit status.
@@ -452,6 +489,7 @@ int main(int argc, char** argv) {
   AddExportCommands(app, chosen);
   AddInstrumentCommands(app, chosen);
   AddAisCommands(app, chosen);
+  AddPortCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "core/calendar.h"
+#include "core/files.h"
 #include "core/iso_time.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -12,6 +13,8 @@ namespace skerrow {
 namespace {
 
 constexpr std::size_t kNameBytes = 35;
+constexpr std::size_t kMostPlotPoints = 32767;  // what a 16-bit number counts
+constexpr const char* kNoPoints = "it has no points";
 
 std::string Escaped(std::string_view text) {
   std::string escaped;
@@ -76,6 +79,19 @@ std::string Cut(std::string_view name, GpxTaken& taken) {
     bytes.resize(kNameBytes);
   }
   return Trim(FromAnsi(bytes));
+}
+
+// The path for a new file; its folder is made where it is missing.
+Result<std::string> FreePath(const std::string& folder, const std::string& name,
+                             std::string_view ending) {
+  if (Trim(name).empty()) return Error{"", "Enter a name for the file"};
+  if (name.find_first_of("/\\") != std::string::npos) {
+    return Error{name, "a file's name holds no \"/\" and no \"\\\""};
+  }
+  std::string path = JoinPath(folder, name + std::string(ending));
+  if (FileIsThere(path)) return Error{path, "there is a file of this name already"};
+  if (Status made = MakeFolder(folder); !made) return made.error();
+  return path;
 }
 
 }  // namespace
@@ -161,9 +177,14 @@ std::vector<Waypoint> WaypointsOfGpx(std::span<const GpxPoint> points, GpxTaken&
   return waypoints;
 }
 
-std::vector<PlotRecord> PlotOfGpx(const GpxLine& line, GpxTaken& taken) {
+std::vector<PlotRecord> PlotOfGpx(const GpxLine& line, std::size_t most, GpxTaken& taken) {
+  const std::size_t count = line.points.size();
+  // One place is kept for the last point.
+  taken.every = count <= most ? 1 : (count + most - 2) / (most - 1);
   std::vector<PlotRecord> records;
-  for (const GpxPoint& point : line.points) {
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i % taken.every != 0 && i + 1 != count) continue;
+    const GpxPoint& point = line.points[i];
     PlotRecord record{point.position.latitude, point.position.longitude, "", "",
                       Cut(point.name.empty() ? point.description : point.name, taken)};
     if (point.time) {
@@ -176,6 +197,46 @@ std::vector<PlotRecord> PlotOfGpx(const GpxLine& line, GpxTaken& taken) {
     records.push_back(std::move(record));
   }
   return records;
+}
+
+Result<std::vector<std::string>> SaveGpxRoute(const Folders& folders, const GpxLine& line,
+                                              const std::string& name, float speed,
+                                              GpxTaken& taken) {
+  const auto parts = RoutesOfGpx(line, speed, kMaxRoutePoints, taken);
+  if (parts.empty()) return Error{name, kNoPoints};
+  std::vector<std::string> paths;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const std::string part = i == 0 ? name : name + " " + std::to_string(i + 1);
+    const Result<std::string> path = FreePath(folders.Routes(), part, ".rte");
+    if (!path) return path.error();
+    paths.push_back(*path);
+  }
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (Status written = WriteRouteFile(paths[i], parts[i]); !written) return written.error();
+  }
+  return paths;
+}
+
+Result<std::vector<std::string>> SaveGpxWaypoints(const Folders& folders,
+                                                  std::span<const GpxPoint> points,
+                                                  const std::string& name, GpxTaken& taken) {
+  if (points.empty()) return Error{name, kNoPoints};
+  const Result<std::string> path = FreePath(folders.Waypoints(), name, ".way");
+  if (!path) return path.error();
+  const std::vector<Waypoint> waypoints = WaypointsOfGpx(points, taken);
+  if (Status written = WriteWaypointFile(*path, waypoints); !written) return written.error();
+  return std::vector{*path};
+}
+
+Result<std::vector<std::string>> SaveGpxTrack(const Folders& folders, const GpxLine& line,
+                                              const std::string& name, GpxTaken& taken) {
+  if (line.points.empty()) return Error{name, kNoPoints};
+  const Result<std::string> path = FreePath(folders.Tracks(), name, ".trk");
+  if (!path) return path.error();
+  const std::vector<PlotRecord> records = PlotOfGpx(line, kMostPlotPoints, taken);
+  const Status written = WriteRecords(*path, std::span(records), kPlotFields);
+  if (!written) return written.error();
+  return std::vector{*path};
 }
 
 }  // namespace skerrow

@@ -5,7 +5,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/folders.h"
 #include "core/gpx_document.h"
+#include "core/result.h"
 #include "instruments/gps_fix.h"
 #include "instruments/plot_file.h"
 #include "routes/route.h"
@@ -30,6 +32,7 @@ GpxLine GpxTrackOf(std::string name, std::span<const GpsTrackPoint> track);
 // What was done to bring points into the program's own files.
 struct GpxTaken {
   std::size_t names_cut = 0;  // to the 35 characters of a record
+  std::size_t every = 1;      // of a track, each n-th point, since a plot file holds no more
 };
 
 // A route's entries in parts of at most `most` points; the last point of a part begins the next.
@@ -37,6 +40,20 @@ struct GpxTaken {
 std::vector<std::vector<RouteRecord>> RoutesOfGpx(const GpxLine& line, float speed,
                                                   std::size_t most, GpxTaken& taken);
 std::vector<Waypoint> WaypointsOfGpx(std::span<const GpxPoint> points, GpxTaken& taken);
-std::vector<PlotRecord> PlotOfGpx(const GpxLine& line, GpxTaken& taken);
+// At most `most` points, evenly thinned; the last point stays.
+std::vector<PlotRecord> PlotOfGpx(const GpxLine& line, std::size_t most, GpxTaken& taken);
+
+// Writes a route, waypoints or a track into the user's folder of its kind under `name`: a route of
+// more points than a route takes in parts, "NAME", "NAME 2" and so on. Gives the paths written.
+// Errors: no points; a name that is none; a file of that name, which stays; what stands in the way
+// of writing.
+Result<std::vector<std::string>> SaveGpxRoute(const Folders& folders, const GpxLine& line,
+                                              const std::string& name, float speed,
+                                              GpxTaken& taken);
+Result<std::vector<std::string>> SaveGpxWaypoints(const Folders& folders,
+                                                  std::span<const GpxPoint> points,
+                                                  const std::string& name, GpxTaken& taken);
+Result<std::vector<std::string>> SaveGpxTrack(const Folders& folders, const GpxLine& line,
+                                              const std::string& name, GpxTaken& taken);
 
 }  // namespace skerrow

@@ -6,6 +6,7 @@
 
 #include "core/iso_time.h"
 #include "exchange/gpx.h"
+#include "support/temp_folder.h"
 
 namespace skerrow {
 namespace {
@@ -134,7 +135,13 @@ TEST(Gpx, PointsBecomeTheProgramsRecords) {
   EXPECT_EQ(parts[0][1].speed, 6.0F);
   EXPECT_EQ(parts[0][3].name, "A name that is longer than the fiel");
   EXPECT_EQ(taken.names_cut, 1U);
-  const std::vector<PlotRecord> plot = PlotOfGpx(line, taken);
+  const std::vector<PlotRecord> thin = PlotOfGpx(line, 100, taken);
+  EXPECT_EQ(taken.every, 3U);
+  ASSERT_EQ(thin.size(), 84U);  // 0, 3 .. 249
+  EXPECT_EQ(thin.back().comment, "P249");
+  EXPECT_EQ(PlotOfGpx(line, 126, taken).back().comment, "P249");
+  const std::vector<PlotRecord> plot = PlotOfGpx(line, 250, taken);
+  EXPECT_EQ(taken.every, 1U);
   EXPECT_EQ(plot[3].time, "06:30");
   EXPECT_EQ(plot[3].date, "05 Dec 2026");
   EXPECT_EQ(plot[4].time, "");
@@ -143,6 +150,26 @@ TEST(Gpx, PointsBecomeTheProgramsRecords) {
                                                  {50.0F, -1.0F, 6, 30, 20, 0, 0, 0, 0.0F, 0.0F}});
   EXPECT_EQ(track.points[0].time, 1796452220.0);
   EXPECT_FALSE(track.points[1].time);
+}
+
+TEST(Gpx, FilesAreWrittenBesideWhatIsThere) {
+  const testing::TempFolder user;
+  const Folders folders{"", user.path(), ""};
+  GpxLine line{"", {}};
+  for (int i = 0; i < 101; ++i) {
+    line.points.push_back({{50.0F, static_cast<float>(i)}, "", "", std::nullopt, std::nullopt});
+  }
+  GpxTaken taken;
+  const auto routes = SaveGpxRoute(folders, line, "Far", 5.0F, taken);
+  ASSERT_TRUE(routes) << routes.error().Text();
+  EXPECT_EQ(*routes, (std::vector{folders.Routes() + "/Far.rte", folders.Routes() + "/Far 2.rte"}));
+  EXPECT_EQ(ReadRouteFile((*routes)[1])->size(), 2U);
+  EXPECT_FALSE(SaveGpxRoute(folders, line, "Far", 5.0F, taken));
+  EXPECT_TRUE(SaveGpxWaypoints(folders, line.points, "Far", taken));
+  EXPECT_FALSE(SaveGpxWaypoints(folders, {}, "None", taken));
+  EXPECT_TRUE(SaveGpxTrack(folders, line, "Far", taken));
+  EXPECT_EQ(ReadPlotFile(folders.Tracks() + "/Far.trk")->records.size(), 101U);
+  EXPECT_FALSE(SaveGpxTrack(folders, line, "../Far", taken));
 }
 
 }  // namespace

@@ -413,6 +413,10 @@ std::uint32_t frmChart::NeedsMet() const {
     if (view_.targets_shown) met |= kNeedsTargetsShown;
   }
   if (p.link.gps_enabled || p.replay.replay_active) met |= kNeedsBoat;
+  // A connection and a replay exclude each other.
+  const bool replay = p.replay.replay_active;
+  if (!replay) met |= p.link.gps_enabled ? kNeedsGpsOn : kNeedsGpsOff;
+  if (!replay) met |= p.link.ais_enabled ? kNeedsAisOn : kNeedsAisOff;
   return met;
 }
 

@@ -1,5 +1,7 @@
 #include "ui/main/instrument_controller.h"
 
+#include "ui/forms/link_form.h"
+
 namespace skerrow {
 namespace {
 
@@ -10,6 +12,7 @@ constexpr std::int64_t kReplayTurn = 30;  // ms
 
 InstrumentController::InstrumentController(Desktop& desktop, TimerWindow& timer_window)
     : desktop_(desktop), timer_window_(timer_window) {
+  LoadInstrumentChoices(desktop.settings, desktop.program);
   since_start_.start();
   comms_timer_.setInterval(kCommsInterval);
   connect(&comms_timer_, &QTimer::timeout, this, &InstrumentController::Tick);

@@ -28,6 +28,10 @@ enum Need : std::uint32_t {
   kNeedsTargets = 1U << 12,          // AIS reception or a replay
   kNeedsTargetsShown = 1U << 13,     // and its vessels on the chart
   kNeedsBoat = 1U << 14,             // GPS reception or a replay
+  kNeedsGpsOff = 1U << 16,           // neither the GPS connected nor a log replayed
+  kNeedsGpsOn = 1U << 17,
+  kNeedsAisOff = 1U << 18,  // neither the AIS connected nor a log replayed
+  kNeedsAisOn = 1U << 19,
 };
 
 struct Command {

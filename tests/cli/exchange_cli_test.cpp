@@ -1,4 +1,4 @@
-// The command "export kml", by the real program.
+// The commands "export kml", "export gpx" and "import gpx", by the real program.
 
 #include "cli/command_line.h"
 
@@ -37,6 +37,27 @@ TEST_F(KmlCommands, WriteEachKind) {
   ExpectError("export kml route None.rte", 1, "None.rte: the file does not exist");
   ExpectError("export kml route Sample.rte --name a/b", 1, "holds no");
   ExpectError("export kml plan --time 25:00", 2, "");
+}
+
+class GpxCommands : public CommandLine {};
+
+TEST_F(GpxCommands, ARouteComesBackToTheSameBytes) {
+  const std::string gpx = user_.File("trip.gpx");
+  const std::string words = "--route Sample.rte --track 'Channel crossing.nmea'";
+  EXPECT_EQ(Json("export gpx " + words + " --output " + gpx)["file"], gpx);
+  const auto holds = Json("import gpx " + gpx);
+  EXPECT_EQ(holds["routes"][0]["name"], "Sample");
+  EXPECT_EQ(holds["routes"][0]["points"], 6);
+  EXPECT_EQ(holds["tracks"][0]["points"], 240);
+  const auto made = Json("import gpx " + gpx + " --route 1 --name Back");
+  EXPECT_EQ(FileBytes(made["files"][0].get<std::string>()),
+            FileBytes(SKERROW_SOURCE_DIR "/program/Samples/Sample.rte"));
+  EXPECT_EQ(Json("import gpx " + gpx + " --track 1")["every"], 1);
+  ExpectError("import gpx " + gpx + " --route 1 --name Back", 1, "there is a file of this name");
+  ExpectError("import gpx " + gpx + " --route 2", 1, "it has 1 routes");
+  ExpectError("import gpx " + gpx + " --route 0", 2, "route");
+  ExpectError("import gpx " + gpx + " --waypoints", 1, "it has no points");
+  ExpectError("import gpx none.gpx", 1, "none.gpx: the file does not exist");
 }
 
 }  // namespace
