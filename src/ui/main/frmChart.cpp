@@ -408,15 +408,15 @@ std::uint32_t frmChart::NeedsMet() const {
   if (p.mob.on) met |= kNeedsMob;
   if (chart_.HasPlaces()) met |= kNeedsPlaces;
   if (HasHarmonicStreams(p)) met |= kNeedsHarmonicStreams;
+  if (p.link.ais_enabled || p.replay.replay_active) {
+    met |= kNeedsTargets;
+    if (view_.targets_shown) met |= kNeedsTargetsShown;
+  }
+  if (p.link.gps_enabled || p.replay.replay_active) met |= kNeedsBoat;
   // A connection and a replay exclude each other.
   const bool replay = p.replay.replay_active;
   if (!replay) met |= p.link.gps_enabled ? kNeedsGpsOn : kNeedsGpsOff;
   if (!replay) met |= p.link.ais_enabled ? kNeedsAisOn : kNeedsAisOff;
-  if (p.link.ais_enabled || replay) {
-    met |= kNeedsTargets;
-    if (view_.targets_shown) met |= kNeedsTargetsShown;
-  }
-  if (p.link.gps_enabled || replay) met |= kNeedsBoat;
   return met;
 }
 

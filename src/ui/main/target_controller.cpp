@@ -8,6 +8,7 @@
 #include "app/boat_ahead.h"
 #include "app/reception.h"
 #include "ui/forms/ais_forms.h"
+#include "ui/forms/link_form.h"
 #include "ui/instruments/frmAISSummary.h"
 #include "ui/main/chart_controller.h"
 #include "ui/main/look_controller.h"
@@ -84,7 +85,7 @@ void TargetController::WatchApproaches() {
   std::string text = CloseApproachText(program, *nearest, AisHours(program.clock->Now()));
   if (close.size() > 1) text += "  (and " + std::to_string(close.size() - 1) + " more)";
   desktop_.window.Tell(text);
-  if (desktop_.settings.GetInt("Instruments", "AlarmSound", 1) != 0) alarm_->Sound();
+  if (desktop_.settings.GetInt(kInstrumentSection, kAlarmSoundKey, 1) != 0) alarm_->Sound();
 }
 
 void TargetController::Step() {

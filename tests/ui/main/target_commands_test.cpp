@@ -203,15 +203,6 @@ TEST_F(TargetCommands, AnApproachIsToldAndSounded) {
   EXPECT_EQ(sounds, 1);
 }
 
-TEST_F(TargetCommands, ALineOfTheStatusBarOutlivesAChangeOfTheLook) {
-  Start();
-  window_->Tell("Close approach");
-  Command("mnuViewNight");
-  QTest::qWait(100);
-  EXPECT_EQ(window_->statusBar()->currentMessage(), "Close approach");
-  EXPECT_FALSE(window_->findChild<QLabel*>("StatusBar1Panel1")->isVisible());
-}
-
 TEST_F(TargetCommands, TheBoxOfTheGpsTellsOfTheBoatOrOfTheWayToTheMark) {
   StartWithTargets();
   EXPECT_EQ(GpsBox(), "");
