@@ -83,15 +83,26 @@ ReplayStep End(ReplayState& replay, std::string message) {
   return {.repaint = true, .ended = true, .message = std::move(message)};
 }
 
+// The log of a request, opened once.
+Result<LogLines> OpenLog(const ReplayRequest& request, const std::string& tracks_folder) {
+  const std::string name = Trim(request.name);
+  if (name.empty()) return Error{"", "No file name selected"};
+  return LogLines::Open(ReplayPath(tracks_folder, name));
+}
+
 }  // namespace
+
+Status CheckReplay(const ReplayRequest& request, const std::string& tracks_folder) {
+  const Result<LogLines> lines = OpenLog(request, tracks_folder);
+  if (!lines) return lines.error();
+  return Done{};
+}
 
 Status StartReplay(const ReplayRequest& request, const std::string& tracks_folder,
                    ReplayState& replay, PlotState& plot, NmeaState& nmea) {
-  const std::string name = Trim(request.name);
-  if (name.empty()) return Error{"", "No file name selected"};
-  const std::string path = ReplayPath(tracks_folder, name);
-  const Result<LogLines> lines = LogLines::Open(path);
+  const Result<LogLines> lines = OpenLog(request, tracks_folder);
   if (!lines) return lines.error();
+  const std::string path = ReplayPath(tracks_folder, Trim(request.name));
   if (request.kind == ReplayKind::kGps) {
     plot.plot_file_name = JoinPath(tracks_folder, kReplayPlotFile);
     (void)DeleteFile(plot.plot_file_name);  // one that stays is overwritten record by record

@@ -72,6 +72,9 @@ struct ReplayStep {
   std::string message;  // at the end: why it ended
 };
 
+// Whether a replay could start. Errors: "No file name selected", and a log that cannot be read.
+Status CheckReplay(const ReplayRequest& request, const std::string& tracks_folder);
+
 // Starts a replay. That of the GPS gives the plot a file of its own and deletes an old one; that of
 // the AIS empties the track table, and the caller empties the targets. A log that is replayed is
 // not written any more, and what others add to it is not played. Errors: "No file name
