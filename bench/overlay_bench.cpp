@@ -101,10 +101,16 @@ void Fill(Program& program, ViewState& state) {
   for (const Position& position : Wander(random, kTrackPoints)) {
     program.passage.route_track.push_back({position, 0.0F, {}});
   }
+  PlotTrack earlier;
   for (const Position& position : Wander(random, kTrackPoints)) {
-    program.tracks.live.push_back({position, program.tracks.live.size() % 100 == 0 ? "Log" : ""});
+    program.nmea.track.push_back({.latitude = position.latitude, .longitude = position.longitude});
+    const bool remark = program.nmea.track.size() % 100 == 1;
+    if (remark) {
+      program.nmea.log.comments.push_back({position.latitude, position.longitude, "", "", {"Log"}});
+    }
+    earlier.push_back({position, remark ? "Log" : ""});
   }
-  program.tracks.historical.push_back(program.tracks.live);
+  program.historical_tracks.push_back(earlier);
   for (int i = 0; i < kCharts; ++i) {
     const float lat = latitude(random);
     const float lon = longitude(random);
@@ -136,21 +142,21 @@ void Fill(Program& program, ViewState& state) {
   program.config.boat_future_tide_plot = kTrue;
   program.config.show_vectors = kTrue;
   state.dividers_on = true;
-  program.boat.position.latitude = 50.5F;
-  program.boat.position.longitude = -2.0F;
+  program.nmea.fix.boat_latitude = 50.5F;
+  program.nmea.fix.boat_longitude = -2.0F;
   program.animation.index = 5000;
   program.animation.label = "ETA : 12:35  5 December";
   state.zero_point = Position{50.4F, -2.2F};
   state.divider_end = Position{50.6F, -1.9F};
-  program.boat.fix_valid = true;
-  program.boat.future_positions = Wander(random, 7);
+  program.nmea.fix.position_good = true;
+  program.boat_ahead = Wander(random, 7);
   program.mob.on = true;
   program.mob.position = {50.45F, -2.1F};
   state.marked_point_on = true;
   state.marked = {50.55F, -2.1F};
   program.ais.mark = Position{50.52F, -2.1F};
   state.calculation_on_show = true;
-  program.tracks.plot_on = true;
+  program.plot.track_plot_on = true;
 }
 
 // Median time of a paint onto a fresh picture [ms].

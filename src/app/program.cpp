@@ -42,7 +42,7 @@ void LoadProgram(Program& program, Messages& messages) {
               messages);
   ShowFailure(ReadChartSettings(program.config, program.charts), messages);
   LoadArea(program, messages);
-  program.replay_active = false;
+  program.replay.replay_active = false;
   program.route_speed = program.config.vessel_speed;
   program.selected_time.hours = program.clock->Now().Hours();
   program.saved_time = {program.selected_time, false};

@@ -14,6 +14,9 @@
 #include "core/messages.h"
 #include "core/selected_time.h"
 #include "instruments/instrument_state.h"
+#include "instruments/nmea.h"
+#include "instruments/replay.h"
+#include "instruments/serial_link.h"
 #include "passage/passage_state.h"
 #include "routes/route.h"
 #include "routes/waypoint.h"
@@ -39,11 +42,10 @@ struct TimerState {
   int seconds = 0;  // Timer1's count, which CommsTimer uses too
   bool first_pass_done = false;
   int repaint_divider = 0;
-  int phase = 1;  // turned over at the start of each tick: 0 reads the GPS, 1 the AIS
   int cycle = 0;
   bool in_comms_tick = false;
-  bool log_due = false;        // a log record is to be written; the log takes it back
-  double next_log_time = 0.0;  // Julian date
+  double next_log_time = 0.0;         // Julian date
+  std::size_t positions_tracked = 0;  // of NmeaState, when the last track point was made
 };
 
 struct Program {
@@ -74,14 +76,14 @@ struct Program {
 
   float route_speed = 5.0F;  // knots
   bool use_leeway = false;
-  bool gps_enabled = false;
-  bool ais_enabled = false;
-  bool replay_active = false;
-  BoatState boat;
-  TrackState tracks;
+  LinkState link;
+  NmeaState nmea;
+  ReplayState replay;
+  PlotState plot;
   AisState ais;
-  ReceivedText gps_text;
-  ReceivedText ais_text;
+  std::vector<Position> boat_ahead;          // where the tide will take the boat
+  std::vector<PlotTrack> historical_tracks;  // of plot files on show
+  std::string log_loaded;                    // the log whose track is in the track table
   ManOverboard mob;
   Animation animation;
   TimerState timers;

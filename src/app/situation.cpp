@@ -65,11 +65,11 @@ std::vector<std::string> ManOverboardLines(const Program& program, std::optional
                                     TwoDigits(seconds / 3600) + ":" + TwoDigits(seconds / 60 % 60) +
                                     ":" + TwoDigits(seconds % 60) + " ago"};
   const std::optional<Position> from =
-      program.boat.HasPosition() ? std::optional(program.boat.position) : cursor;
+      program.nmea.fix.HasPosition() ? std::optional(program.nmea.fix.At()) : cursor;
   if (from) {
     const RangeAndBearing way = RangeBearing(*from, mob.position);
     lines.push_back(
-        std::string(program.boat.HasPosition() ? "From the boat " : "From the cursor ") +
+        std::string(program.nmea.fix.HasPosition() ? "From the boat " : "From the cursor ") +
         FormatFixed(way.range, 1, 2) + "nm @" + FormatFixed(way.bearing, 3, 0) + "°T");
   }
   return lines;

@@ -1,6 +1,9 @@
 #include "app/timers.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "app/reception.h"
 
 namespace skerrow {
 namespace {
@@ -10,7 +13,7 @@ constexpr int kCyclesBetweenChecks = 20;
 constexpr std::size_t kAnimationStep = 3;
 
 bool BoatToCentre(const Program& program) {
-  return program.config.gps_centre != 0 && program.boat.HasPosition();
+  return program.config.gps_centre != 0 && program.nmea.fix.HasPosition();
 }
 
 // Counts a tick; true once a minute.
@@ -20,15 +23,26 @@ bool MinutePassed(Program& program) {
   return true;
 }
 
+// A point for each fix that has come since the last one.
+void AddTrackPoint(Program& program) {
+  NmeaState& nmea = program.nmea;
+  const GpsFix& fix = nmea.fix;
+  if (!fix.position_good || fix.fix_date.size() <= 5 || fix.fix_time.size() <= 5) return;
+  if (std::exchange(program.timers.positions_tracked, nmea.positions) == nmea.positions) return;
+  GpsTrackPoint point{.latitude = fix.boat_latitude, .longitude = fix.boat_longitude};
+  SetTime(point, fix.fix_time);
+  SetDate(point, fix.fix_date);
+  point.speed = fix.speed_over_ground;
+  point.course = fix.course_over_ground;
+  nmea.track.push_back(point);
+}
+
 void FollowTimeAndFix(Program& program, TimerWindow& window) {
   FollowClock(program);
   if (MinutePassed(program)) Timer1Routine(program);
-  if (const std::optional<WaitingFix>& fix = program.boat.new_fix;
-      fix && fix->date_text.size() > 5 && fix->time_text.size() > 5) {
-    program.tracks.live.push_back({fix->position, ""});
-  }
+  AddTrackPoint(program);
   if (!program.timers.first_pass_done) {
-    if (BoatToCentre(program)) window.LocatePoint(program.boat.position);
+    if (BoatToCentre(program)) window.LocatePoint(program.nmea.fix.At());
     program.timers.first_pass_done = true;
   }
   if (!window.Minimised()) {
@@ -43,57 +57,60 @@ void RepaintNowAndThen(Program& program, TimerWindow& window) {
     program.timers.repaint_divider = 1;
     if (!window.Minimised()) window.Repaint();
   }
-  if (!program.boat.new_fix || !BoatToCentre(program)) return;
+  if (!program.nmea.fix.position_good || !BoatToCentre(program)) return;
   const std::optional<VisibleChart> visible = window.Visible();
-  if (visible && !InMiddleThird(*visible, program.boat.position))
-    window.LocatePoint(program.boat.position);
-}
-
-// Adds what a port has received, a block of it, to the text that waits to be decoded. What does not
-// fit is lost from the front and counted.
-void ReadBlock(SerialPorts& ports, int port, ReceivedText& text) {
-  constexpr std::size_t kBlock = 1024;
-  std::string block;
-  if (ports.Get(port, block, kBlock) <= 0) return;
-  text.waiting += block;
-  if (text.waiting.size() <= kMostWaitingText) return;
-  const std::size_t lost = text.waiting.size() - kMostWaitingText;
-  text.waiting.erase(0, lost);
-  text.lost += lost;
+  if (visible && !InMiddleThird(*visible, program.nmea.fix.At()))
+    window.LocatePoint(program.nmea.fix.At());
 }
 
 }  // namespace
 
 void Timer1Tick(Program& program, bool comms_running, TimerWindow& window) {
-  if (program.replay_active || comms_running || program.selected_time.override_) return;
+  if (program.replay.replay_active || comms_running || program.selected_time.override_) return;
   if (!MinutePassed(program)) return;
   FollowClock(program);
   Timer1Routine(program);
   if (!window.Minimised()) window.Repaint();
 }
 
-void CommsTick(Program& program, TimerWindow& window, SerialPorts& ports) {
+void CommsTick(Program& program, TimerWindow& window, SerialPorts& ports, Messages& messages,
+               std::int64_t now) {
   TimerState& timers = program.timers;
   if (timers.in_comms_tick) return;
   timers.in_comms_tick = true;
   const bool first_pass = !timers.first_pass_done;
-  timers.phase = 1 - timers.phase;
   window.ServeEvents();
-  if (timers.phase == 0) {
-    if (program.gps_enabled && program.config.gps_through_ais == 0) {
-      ReadBlock(ports, program.config.gps_port, program.gps_text);
-    }
-  } else if (program.ais_enabled) {
-    ReadBlock(ports, program.config.ais_port, program.ais_text);
-  }
+  AisReceiver receiver(program);
+  ReceiveStep(program.link, program.nmea, program.config, ports, receiver, *program.clock, now);
   if (timers.cycle == 1 || first_pass) FollowTimeAndFix(program, window);
+  if (program.link.ais_enabled) {
+    if (const std::optional<Motion> boat = BoatMotion(program)) {
+      ComputeCpa(*boat, program.ais.targets);
+      ShowDetailsInAlarm(program.ais.targets, program.link.gps_enabled,
+                         program.config.cpa_alarm_range);
+    }
+  }
   if (timers.cycle > kCyclesBetweenChecks) RepaintNowAndThen(program, window);
   ++timers.cycle;
-  if (program.clock_julian > timers.next_log_time || first_pass) {
-    timers.log_due = true;
-    timers.next_log_time = program.clock_julian + program.config.log_interval / 86400.0;
-  }
+  KeepLog(program, messages, first_pass);
   timers.in_comms_tick = false;
+}
+
+void ReplayStepOf(Program& program, TimerWindow& window, Messages& messages) {
+  window.ServeEvents();
+  if (!program.replay.running) return;
+  AisReceiver receiver(program);
+  const ReplayStep step =
+      ReplayTick(program.replay, program.plot, program.nmea, receiver, *program.clock);
+  if (program.nmea.fix.position_good && BoatToCentre(program)) {
+    window.LocatePoint(program.nmea.fix.At());
+  }
+  KeepLog(program, messages, false);
+  if ((step.repaint || step.ended) && !window.Minimised()) {
+    window.ShowReadout();
+    window.Repaint();
+  }
+  if (step.ended) messages.Show(step.message, MessageIcon::kInformation);
 }
 
 bool AnimateTick(Program& program, TimerWindow& window) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/program.h"
+#include "core/messages.h"
 #include "core/serial_ports.h"
 
 // The work of the timers, as plain functions. What they need of the window comes through an
@@ -39,10 +40,15 @@ class TimerWindow {
 // time, reception is on (`comms_running`) or a log is replayed.
 void Timer1Tick(Program& program, bool comms_running, TimerWindow& window);
 
-// A tick of the reception, 75 ms: a block from the port whose turn it is goes to the text that
-// waits for the decoders, the time follows the clock, a fix becomes a track point and the boat is
-// kept in view. A tick that begins while another serves events does nothing.
-void CommsTick(Program& program, TimerWindow& window, SerialPorts& ports);
+// A tick of the reception, 75 ms: a block from the port whose turn it is goes through the decoders,
+// the time follows the clock, a fix becomes a track point, the vessels' closest approaches are
+// worked out, the boat is kept in view and the log is kept. A tick that begins while another serves
+// events does nothing. `now` is in milliseconds of a clock that never goes back.
+void CommsTick(Program& program, TimerWindow& window, SerialPorts& ports, Messages& messages,
+               std::int64_t now);
+
+// A tick of the replay: its next line goes through the decoders. What ends it is shown.
+void ReplayStepOf(Program& program, TimerWindow& window, Messages& messages);
 
 // Three points of the calculated track, forward or back. False when the animation has stopped.
 bool AnimateTick(Program& program, TimerWindow& window);

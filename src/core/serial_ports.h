@@ -43,4 +43,21 @@ class SerialPorts {
   virtual std::string LastErrorText() const = 0;
 };
 
+// A machine without ports.
+class NoSerialPorts final : public SerialPorts {
+ public:
+  int Reset(int, std::size_t, std::size_t) override { return -1; }
+  int SetBaud(int, int) override { return -1; }
+  int SetParameters(int) override { return -1; }
+  int SetLine(int, OutLine, bool) override { return -1; }
+  int ReadLine(int, InLine) override { return -1; }
+  int ReadOutLine(int, OutLine) override { return -1; }
+  int Get(int, std::string&, std::size_t) override { return -1; }
+  int Put(int, std::string_view) override { return -1; }
+  int ClearReceived(int) override { return -1; }
+  int ClearSending(int) override { return -1; }
+  void Done(int) override {}
+  std::string LastErrorText() const override { return ""; }
+};
+
 }  // namespace skerrow

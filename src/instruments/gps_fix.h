@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "core/position.h"
+
 // What the GPS has told last, and where the boat has been.
 namespace skerrow {
 
@@ -22,6 +24,9 @@ struct GpsFix {
   std::string waypoint_text;         // "Waypt (NAME) 1.2M@123.4°T", or empty
   bool has_active_waypoint = false;  // an RMB with a destination came in this run
 
+  Position At() const { return {boat_latitude, boat_longitude}; }
+  bool HasPosition() const { return boat_latitude != 0.0F; }
+
   friend bool operator==(const GpsFix&, const GpsFix&) = default;
 };
 
@@ -37,6 +42,8 @@ struct GpsTrackPoint {
   std::int16_t year = 0;  // two digits
   float speed = 0.0F;     // knots over the ground
   float course = 0.0F;    // degrees true over the ground
+
+  Position At() const { return {latitude, longitude}; }
 
   friend bool operator==(const GpsTrackPoint&, const GpsTrackPoint&) = default;
 };

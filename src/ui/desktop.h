@@ -7,6 +7,7 @@
 #include "app/program.h"
 #include "core/messages.h"
 #include "core/progress.h"
+#include "core/serial_ports.h"
 #include "platform/clipboard.h"
 #include "platform/settings_store.h"
 #include "ui/overlays/view_state.h"
@@ -41,6 +42,7 @@ struct Desktop {
   Messages& messages;
   SettingsStore& settings;
   Clipboard& clipboard;
+  SerialPorts& ports;
   MainWindowPort& window;
   ViewState& view;
 };

@@ -4,7 +4,10 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+#include "app/reception.h"
 #include "app/timers.h"
+#include "instruments/nmea_sentences.h"
+#include "support/fake_ports.h"
 #include "support/recording_messages.h"
 #include "support/still_clock.h"
 #include "support/temp_folder.h"
@@ -36,28 +39,6 @@ class Window final : public TimerWindow {
   std::optional<VisibleChart> visible;
 };
 
-// Ports that always have a letter of their own to tell.
-class Ports final : public SerialPorts {
- public:
-  int Reset(int, std::size_t, std::size_t) override { return 0; }
-  int SetBaud(int, int) override { return 0; }
-  int SetParameters(int) override { return 0; }
-  int SetLine(int, OutLine, bool) override { return 0; }
-  int ReadLine(int, InLine) override { return 0; }
-  int ReadOutLine(int, OutLine) override { return 0; }
-  int Get(int port, std::string& received, std::size_t most) override {
-    received.assign(std::min(most, each), port == 0 ? 'G' : 'A');
-    return static_cast<int>(received.size());
-  }
-  int Put(int, std::string_view) override { return 0; }
-  int ClearReceived(int) override { return 0; }
-  int ClearSending(int) override { return 0; }
-  void Done(int) override {}
-  std::string LastErrorText() const override { return ""; }
-
-  std::size_t each = 1;
-};
-
 // A program on the sample installation with user folders of its own.
 class Started : public ::testing::Test {
  protected:
@@ -71,13 +52,16 @@ class Started : public ::testing::Test {
     LoadProgram(program_, messages_);
   }
 
+  void Tick() { CommsTick(program_, window_, ports_, messages_, now_ += kCommsInterval); }
+
   TempFolder user_;
   Folders folders_;
   StillClock clock_;
   Program program_;
   RecordingMessages messages_;
   Window window_;
-  Ports ports_;
+  testing::FakePorts ports_;
+  std::int64_t now_ = 0;
 };
 
 TEST_F(Started, FirstStartStandsOnTheSampleChart) {
@@ -190,54 +174,87 @@ TEST_F(Started, Timer1FollowsTheClockOnceAMinuteUnlessTheTimeIsSet) {
 
 TEST_F(Started, CommsTicksTakeTurnsAndOverrideTheSetTime) {
   Start();
-  program_.gps_enabled = program_.ais_enabled = true;
+  NoProgress progress;
+  ASSERT_TRUE(StartGps(program_, ports_, 0, progress));
+  ASSERT_TRUE(StartAis(program_, ports_, 0, progress));
   program_.config.gps_centre = kTrue;
-  program_.boat.position = {50.0F, -1.0F};
-  program_.boat.new_fix = WaitingFix{{50.0F, -1.0F}, 5.0F, 90.0F, "051226", "063020"};
+  ports_.text[0] = testing::RmcAt("063020") + "\r\n";
+  ports_.text[1] = "!AIVDM,1,1,,B,177KQJ5000G?tO`K>RA1wUbN0TKH,0*5C\r\n";
   program_.selected_time.override_ = true;
   program_.selected_time.hours = 1.0F;
   // A tick that comes up while another serves events does nothing.
-  window_.on_events = [this] { CommsTick(program_, window_, ports_); };
-  CommsTick(program_, window_, ports_);
+  window_.on_events = [this] { Tick(); };
+  Tick();
   window_.on_events = nullptr;
   EXPECT_EQ(program_.selected_time.hours, 6.5F);
-  EXPECT_EQ(program_.gps_text.waiting, "G");
-  EXPECT_EQ(program_.ais_text.waiting, "");
-  EXPECT_EQ(program_.tracks.live.size(), 1U);
+  EXPECT_EQ(program_.nmea.fix.At(), (Position{50.0F + 30.25F / 60.0F, -1.3375F}));
+  EXPECT_TRUE(program_.ais.targets.All().empty());
   ASSERT_EQ(window_.located.size(), 1U);
-  for (int i = 0; i < 5; ++i) CommsTick(program_, window_, ports_);
-  EXPECT_EQ(program_.gps_text.waiting, "GGG");
-  EXPECT_EQ(program_.ais_text.waiting, "AAA");
+  Tick();
+  ASSERT_EQ(program_.ais.targets.All().size(), 1U);
+  EXPECT_TRUE(program_.ais.targets.All()[0].cpa_known);
+  // Behind the decoder's own beginning of the track, one point for one fix, however long it stands.
+  ASSERT_EQ(program_.nmea.track.size(), 2U);
+  EXPECT_EQ(program_.nmea.track[1],
+            (GpsTrackPoint{50.0F + 30.25F / 60.0F, -1.3375F, 6, 30, 20, 5, 12, 26, 5.2F, 271.5F}));
+  for (int i = 0; i < 60; ++i) Tick();
+  EXPECT_EQ(program_.nmea.track.size(), 2U);
+  ports_.text[0] = testing::RmcAt("063025", "30.3000") + "\r\n";
   // The boat is centred again only when it has left the middle third.
-  window_.visible = VisibleChart{49.0F, 51.0F, -2.0F, 0.0F};
-  for (int i = 0; i < 100; ++i) CommsTick(program_, window_, ports_);
+  window_.visible = VisibleChart{49.5F, 51.5F, -2.3F, -0.3F};
+  for (int i = 0; i < 70; ++i) Tick();
+  EXPECT_EQ(program_.nmea.track.size(), 3U);
   EXPECT_EQ(window_.located.size(), 1U);
   EXPECT_GE(window_.repaints, 1);
-  window_.visible = VisibleChart{49.0F, 51.0F, -4.0F, -0.5F};
-  for (int i = 0; i < 30; ++i) CommsTick(program_, window_, ports_);
+  window_.visible = VisibleChart{49.5F, 51.5F, -4.0F, -0.5F};
+  for (int i = 0; i < 30; ++i) Tick();
   EXPECT_GE(window_.located.size(), 2U);
-  // Text that nobody takes is bounded, and what is lost is counted.
-  ports_.each = 5000;
-  for (int i = 0; i < 200; ++i) CommsTick(program_, window_, ports_);
-  EXPECT_EQ(program_.gps_text.waiting.size(), kMostWaitingText);
-  EXPECT_GT(program_.gps_text.lost, 0U);
 }
 
-// A record at the first tick and then whenever the interval of the settings has gone by.
+// A record at the first tick and then whenever the interval of the settings has gone by; what was
+// logged comes back as a track, once.
 TEST_F(Started, TheLogKeepsItsInterval) {
   Start();
+  NoProgress progress;
   program_.config.log_interval = 40;
+  program_.nmea.log.logging_on = true;
+  program_.nmea.log.log_file_name = "Voyage";
+  ASSERT_TRUE(StartGps(program_, ports_, 0, progress));
+  const std::string path = program_.folders.Tracks() + "/Voyage.nmea";
   const std::pair<int, int> rows[] = {{0, 1}, {39, 1}, {41, 2}, {80, 2}, {82, 3}};
-  int written = 0;
   for (const auto& [seconds, records] : rows) {
     clock_.now.minute = 30 + seconds / 60;
     clock_.now.second = seconds % 60;
     for (int i = 0; i < 30; ++i) {
-      CommsTick(program_, window_, ports_);
-      written += std::exchange(program_.timers.log_due, false) ? 1 : 0;
+      ports_.text[0] = testing::RmcAt("063020") + "\r\n";
+      Tick();
     }
-    EXPECT_EQ(written, records) << seconds;
+    const std::string logged = testing::FileBytes(path);
+    EXPECT_EQ(std::count(logged.begin(), logged.end(), '\n'), records) << seconds;
   }
+  Program again(program_.folders, clock_);
+  LoadProgram(again, messages_);
+  again.nmea.log.log_file_name = "Voyage";
+  ASSERT_TRUE(StartGps(again, ports_, 0, progress));
+  ASSERT_TRUE(StartAis(again, ports_, 0, progress));
+  EXPECT_EQ(again.nmea.track.size(), 3U);
+}
+
+TEST_F(Started, AReplayFillsTheChartAndEndsByItself) {
+  Start();
+  const std::string path = program_.folders.Samples() + "/Channel crossing.nmea";
+  ASSERT_TRUE(StartReplay({ReplayKind::kAis, path, 5}, program_.folders.Tracks(), program_.replay,
+                          program_.plot, program_.nmea));
+  int steps = 0;
+  messages_.Expect("End of Log file reached", MessageIcon::kInformation);
+  while (program_.replay.running && ++steps < 1'000'000) ReplayStepOf(program_, window_, messages_);
+  EXPECT_TRUE(program_.replay.replay_active);
+  EXPECT_GT(program_.ais.targets.All().size(), 20U);
+  EXPECT_GT(program_.nmea.track.size(), 100U);
+  EXPECT_GT(window_.repaints, 10);
+  EndReplay(program_);
+  EXPECT_FALSE(program_.replay.replay_active);
+  EXPECT_TRUE(program_.ais.targets.All().empty());
 }
 
 // The clock of summer time runs an hour ahead of the tide, in the heights and in what follows.

@@ -10,6 +10,7 @@
 #include "app/program.h"
 #include "platform/settings_store.h"
 #include "routes/route.h"
+#include "support/fake_ports.h"
 #include "support/memory_clipboard.h"
 #include "support/recording_messages.h"
 #include "support/still_clock.h"
@@ -50,7 +51,7 @@ class SampleDesk : public ::testing::Test {
  protected:
   SampleDesk()
       : program({SKERROW_PROGRAM_FOLDER, user_.File("documents"), user_.File("settings")}, clock),
-        desktop{program, messages, settings, clipboard, window, view} {
+        desktop{program, messages, settings, clipboard, serial_ports, window, view} {
     ApplyTheme(false);
     MakeUserFolders(program.folders);
     LoadProgram(program, messages);
@@ -79,6 +80,7 @@ class SampleDesk : public ::testing::Test {
   RecordingMessages messages;
   MemorySettingsStore settings;
   MemoryClipboard clipboard;
+  FakePorts serial_ports;
   FakeWindow window;
   ViewState view;
   Program program;

@@ -95,7 +95,7 @@ Studio::Studio() : program(FoldersIn(user_), clock_) {
   }
   settings_ = skerrow::OpenSettingsStore(user_.filePath("skerrow.ini").toStdString());
   settings_->SetInt("Help", "QuickInstructionsOffered", 1);
-  window_ = std::make_unique<skerrow::frmChart>(program, messages, *settings_, clipboard_);
+  window_ = std::make_unique<skerrow::frmChart>(program, messages, *settings_, clipboard_, ports_);
   window_->show();
   window_->Start();
 }

@@ -55,7 +55,7 @@ class Studio {
 
   skerrow::frmChart& window() { return *window_; }
   skerrow::Desktop desktop() {
-    return {program, messages, *settings_, clipboard_, *window_, window_->view()};
+    return {program, messages, *settings_, clipboard_, ports_, *window_, window_->view()};
   }
   // Runs a command of the main window.
   void Command(const char* name);
@@ -76,6 +76,7 @@ class Studio {
  private:
   std::unique_ptr<skerrow::SettingsStore> settings_;
   skerrow::SystemClipboard clipboard_;
+  skerrow::NoSerialPorts ports_;
   std::unique_ptr<skerrow::frmChart> window_;
 };
 

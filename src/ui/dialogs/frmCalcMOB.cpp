@@ -64,9 +64,9 @@ frmCalcMOB::frmCalcMOB(Desktop& desktop, QWidget* parent)
     at_selected_time_->setChecked(true);
   });
   connect(use_sog_, &QPushButton::clicked, this, [this] {
-    const BoatState& boat = this->desktop().program.boat;
-    speed_->SetText(FormatFixed(boat.speed, 1, 1));
-    heading_->SetText(FormatFixed(boat.course, 3, 0));
+    const GpsFix& fix = this->desktop().program.nmea.fix;
+    speed_->SetText(FormatFixed(fix.speed_over_ground, 1, 1));
+    heading_->SetText(FormatFixed(fix.course_over_ground, 3, 0));
   });
   auto* gps_timer = new QTimer(this);
   connect(gps_timer, &QTimer::timeout, this, [this] { LoadGps(); });
@@ -138,9 +138,9 @@ void frmCalcMOB::LoadGps() {
   if (!gps) return;
   gps_north_->setText(ToQt(LatToText(gps->position.latitude)));
   gps_east_->setText(ToQt(LongToText(gps->position.longitude)));
-  gps_heading_->setText(ToQt(FormatFixed(program.boat.course, 3, 0) + "°T  " +
-                             FormatFixed(program.boat.speed, 1, 1) + " kt."));
-  use_sog_->setEnabled(program.boat.fix_valid);
+  gps_heading_->setText(ToQt(FormatFixed(program.nmea.fix.course_over_ground, 3, 0) + "°T  " +
+                             FormatFixed(program.nmea.fix.speed_over_ground, 1, 1) + " kt."));
+  use_sog_->setEnabled(program.nmea.fix.position_good);
 }
 
 MobEntry frmCalcMOB::Entry() const {

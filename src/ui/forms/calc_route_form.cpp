@@ -15,11 +15,11 @@ CalcRouteTexts CalcRouteTextsOf(const Program& program) {
 }
 
 std::optional<GpsReading> GpsReadingOf(const Program& program) {
-  const bool receiving = program.gps_enabled ||
-                         (program.ais_enabled && program.config.gps_through_ais != 0) ||
-                         program.replay_active;
-  if (!receiving || !program.boat.HasPosition()) return std::nullopt;
-  return GpsReading{program.boat.position, std::nullopt};
+  const bool receiving = program.link.gps_enabled ||
+                         (program.link.ais_enabled && program.config.gps_through_ais != 0) ||
+                         program.replay.replay_active;
+  if (!receiving || !program.nmea.fix.HasPosition()) return std::nullopt;
+  return GpsReading{program.nmea.fix.At(), program.nmea.fix.speed_over_ground};
 }
 
 void UseGpsForStart(RouteState& route, const GpsReading& gps, bool use_speed,

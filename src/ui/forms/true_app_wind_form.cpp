@@ -73,9 +73,9 @@ double Around(double degrees) {
 TrueAppWindForm::TrueAppWindForm(const Program& program) {
   double speed = program.route_speed;
   double course = 0.0;
-  if (program.boat.fix_valid) {
-    speed = program.boat.speed;
-    course = program.boat.course;
+  if (program.nmea.fix.position_good) {
+    speed = program.nmea.fix.speed_over_ground;
+    course = program.nmea.fix.course_over_ground;
   } else if (program.route.points.size() >= 2) {
     const RoutePoint& first = program.route.points.front();
     course = RangeBearing(first.At(), first.Next()).bearing;

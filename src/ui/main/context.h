@@ -9,6 +9,7 @@ namespace skerrow {
 class ChartController;
 class ChartMouse;
 class ChartViewer;
+class InstrumentController;
 class LookController;
 class MobController;
 class RouteController;
@@ -28,6 +29,7 @@ struct Context {
   TimeController& time;
   MobController& mob;
   LookController& look;
+  InstrumentController& instruments;
   ChartMouse& mouse;
 };
 

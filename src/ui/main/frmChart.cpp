@@ -136,17 +136,18 @@ class frmChart::ProgressOnBar final : public Progress {
 };
 
 frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings,
-                   Clipboard& clipboard)
+                   Clipboard& clipboard, SerialPorts& ports)
     : viewer_(new ChartViewer(this)),
-      desktop_{program, messages, settings, clipboard, *this, view_},
+      desktop_{program, messages, settings, clipboard, ports, *this, view_},
       chart_(desktop_, *viewer_, *this),
       time_(desktop_, *viewer_, chart_, *this),
       mob_(desktop_),
       look_(desktop_, *viewer_),
+      instruments_(desktop_, time_),
       route_(desktop_, *viewer_, chart_, time_, mob_, *this),
       events_(desktop_, *viewer_, chart_, route_, mob_),
-      context_{desktop_, program, messages, view_, *this, *viewer_,
-               chart_,   route_,  time_,    mob_,  look_, events_.mouse()} {
+      context_{desktop_, program, messages, view_, *this,        *viewer_,       chart_,
+               route_,   time_,   mob_,     look_, instruments_, events_.mouse()} {
   setObjectName("frmChart");
   setWindowTitle(kProgramName);
   viewer_->setObjectName("oGdViewer");
@@ -438,7 +439,7 @@ void frmChart::FillRecentMenu() {
 
 void frmChart::UpdateCaption() {
   const Program& program = desktop_.program;
-  if (program.replay_active) return;
+  if (program.replay.replay_active) return;
   const RouteState& route = program.route;
   std::string tail = route_.Listed() ? ListedRouteText(route) : RouteStatusText(route);
   if (!route.points.empty()) tail += RouteNameText(program);
@@ -683,6 +684,7 @@ void frmChart::closeEvent(QCloseEvent* event) {
     return;
   }
   time_.Stop();
+  instruments_.Stop();
   chart_.Stop();
   desktop_.settings.Set("Windows", "frmChart", saveGeometry().toHex().toStdString());
   if (const Status flushed = desktop_.settings.Flush(); !flushed) {

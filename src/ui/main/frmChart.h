@@ -18,6 +18,7 @@
 #include "ui/main/chart_events.h"
 #include "ui/main/commands/command.h"
 #include "ui/main/context.h"
+#include "ui/main/instrument_controller.h"
 #include "ui/main/look_controller.h"
 #include "ui/main/menus.h"
 #include "ui/main/mob_controller.h"
@@ -34,7 +35,8 @@ class frmChart final : public QMainWindow, public MainWindowPort {
   Q_OBJECT
 
  public:
-  frmChart(Program& program, Messages& messages, SettingsStore& settings, Clipboard& clipboard);
+  frmChart(Program& program, Messages& messages, SettingsStore& settings, Clipboard& clipboard,
+           SerialPorts& ports);
   ~frmChart() override;
 
   // Shows the first chart and starts the timers; the program's data have been loaded.
@@ -95,6 +97,7 @@ class frmChart final : public QMainWindow, public MainWindowPort {
   TimeController time_;
   MobController mob_;
   LookController look_;
+  InstrumentController instruments_;
   RouteController route_;
   ChartEvents events_;
   Context context_;

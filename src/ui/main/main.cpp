@@ -37,7 +37,8 @@ int main(int argc, char** argv) {
       OpenSettingsStore(JoinPath(program.folders.SettingsData(), "skerrow.ini"));
   SystemClipboard clipboard;
   LoadProgram(program, messages);
-  frmChart window(program, messages, *settings, clipboard);
+  NoSerialPorts ports;
+  frmChart window(program, messages, *settings, clipboard, ports);
   messages.SetNoticeBoard([&window](std::string_view text) { window.Tell(text); });
   window.show();
   window.Start();

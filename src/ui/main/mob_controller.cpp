@@ -34,8 +34,8 @@ void MobController::Toggle() {
   } else if (view.mob_pending) {
     view.mob_pending = false;
   } else if (desktop_.messages.Ask("Activate Man Overboard?", kTitle)) {
-    if (program.boat.HasPosition()) {
-      MarkManOverboard(program, program.boat.position);
+    if (program.nmea.fix.HasPosition()) {
+      MarkManOverboard(program, program.nmea.fix.At());
     } else {
       view.mob_pending = true;
     }

@@ -67,7 +67,7 @@ std::array<std::string, 5> StatusPanels(const Program& program, const ViewState&
           "Chart in use = " + ChartTitleOf(program.charts, program.config.chart_path),
           view.eta.empty() ? "Waypoints = " + BaseName(program.config.waypoint_file) : view.eta,
           distance > 0.0F ? "Route= " + FormatFixed(distance, 1, 1) + "nm" : "",
-          ChartIssueText(program.charts.chart.issue)};
+          view.link_status.empty() ? ChartIssueText(program.charts.chart.issue) : view.link_status};
 }
 
 std::vector<std::string> CursorReadout(const ViewState& view, const std::string& latitude,

@@ -15,7 +15,8 @@ TimeController::TimeController(Desktop& desktop, ChartViewer& viewer, ChartContr
     emit Second();
     if (desktop_.view.busy) return;
     const float hours = desktop_.program.selected_time.hours;
-    Timer1Tick(desktop_.program, false, *this);
+    const LinkState& link = desktop_.program.link;
+    Timer1Tick(desktop_.program, link.gps_enabled || link.ais_enabled, *this);
     if (hours != desktop_.program.selected_time.hours) desktop_.window.Changed(kTimeChanged);
   });
   animate_timer_.setInterval(kAnimateInterval);

@@ -82,14 +82,25 @@ void NameTrack(LabelList& names, const OverlayView& view, const Program& program
   }
 }
 
+// The lines of a comment that say something, one after the other.
+std::string CommentLabel(const CommentRecord& comment) {
+  std::string label;
+  for (const std::string& line : comment.lines) {
+    if (line.empty()) continue;
+    if (!label.empty()) label += "  ";
+    label += line;
+  }
+  return label;
+}
+
 }  // namespace
 
 void DrawInBoat(DrawingSurface& surface, const OverlayView& view, const Program& program,
                 const ViewState& state) {
-  const Position boat = program.boat.position;
+  const Position boat = program.nmea.fix.At();
   const std::optional<SurfacePoint> at = view.Place(boat);
   if (!at) return;
-  float heading = program.boat.course;
+  float heading = program.nmea.fix.course_over_ground;
   if (heading >= 360.0F) heading -= 360.0F;
   const double along = static_cast<double>(heading);
   const double length = std::min(static_cast<double>(program.config.heading_vector_length),
@@ -103,7 +114,7 @@ void DrawInBoat(DrawingSurface& surface, const OverlayView& view, const Program&
 
 void DrawRangeRings(DrawingSurface& surface, const OverlayView& view, const Program& program,
                     const ViewState&) {
-  const Position boat = program.boat.position;
+  const Position boat = program.nmea.fix.At();
   const std::optional<SurfacePoint> at = view.Place(boat);
   if (!at) return;
   surface.SetPen(1, kBlack);
@@ -117,7 +128,7 @@ void DrawRangeRings(DrawingSurface& surface, const OverlayView& view, const Prog
 
 void DrawinFuturePos(DrawingSurface& surface, const OverlayView& view, const Program& program,
                      const ViewState&) {
-  const std::vector<Position>& positions = program.boat.future_positions;
+  const std::vector<Position>& positions = program.boat_ahead;
   const std::size_t count = std::min(positions.size(), kMostFuturePositions);
   if (count == 0) return;
   const auto width =
@@ -132,22 +143,35 @@ void DrawinFuturePos(DrawingSurface& surface, const OverlayView& view, const Pro
 
 void DrawLiveTrack(DrawingSurface& surface, const OverlayView& view, const Program& program,
                    const ViewState&) {
-  DrawTrack(surface, view, program, program.tracks.live);
+  const GpsTrack& track = program.nmea.track;
+  surface.SetPen(kTrackWidth, program.config.track_colour);
+  if (!track.empty()) {
+    DrawRuns(surface, view, track.size(), [&track](std::size_t i) { return track[i].At(); });
+  }
+  for (const CommentRecord& comment : program.nmea.log.comments) {
+    const std::optional<SurfacePoint> at = view.Place({comment.latitude, comment.longitude});
+    if (at && view.Seen(*at, kCommentRadius)) surface.Ring(*at, kCommentRadius);
+  }
 }
 
 void NameLiveTrack(LabelList& names, const OverlayView& view, const Program& program,
                    const ViewState&) {
-  NameTrack(names, view, program, program.tracks.live);
+  for (const CommentRecord& comment : program.nmea.log.comments) {
+    const std::optional<SurfacePoint> at = view.Place({comment.latitude, comment.longitude});
+    if (!at) continue;
+    names.labels.push_back({CommentLabel(comment), *at, kCommentRadius, program.config.font_colour,
+                            LabelRank::kRemark, LabelSide::kRight});
+  }
 }
 
 void DrawHistoricalTracks(DrawingSurface& surface, const OverlayView& view, const Program& program,
                           const ViewState&) {
-  for (const PlotTrack& track : program.tracks.historical) DrawTrack(surface, view, program, track);
+  for (const PlotTrack& track : program.historical_tracks) DrawTrack(surface, view, program, track);
 }
 
 void NameHistoricalTracks(LabelList& names, const OverlayView& view, const Program& program,
                           const ViewState&) {
-  for (const PlotTrack& track : program.tracks.historical) NameTrack(names, view, program, track);
+  for (const PlotTrack& track : program.historical_tracks) NameTrack(names, view, program, track);
 }
 
 }  // namespace skerrow

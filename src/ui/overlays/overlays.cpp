@@ -18,12 +18,12 @@ bool WaypointsShown(const Program& program, const ViewState&) {
   return program.config.show_waypoints == 1.0F;
 }
 bool CourseShown(const Program&, const ViewState& state) { return state.calculation_on_show; }
-bool BoatShown(const Program& program, const ViewState&) { return program.boat.fix_valid; }
+bool BoatShown(const Program& program, const ViewState&) { return program.nmea.fix.position_good; }
 bool RangeRingsShown(const Program& program, const ViewState&) {
-  return program.boat.fix_valid && program.config.range_rings_on != 0;
+  return program.nmea.fix.position_good && program.config.range_rings_on != 0;
 }
 bool FutureShown(const Program& program, const ViewState&) {
-  return program.boat.fix_valid && program.config.boat_future_tide_plot != 0;
+  return program.nmea.fix.position_good && program.config.boat_future_tide_plot != 0;
 }
 bool MobHeld(const Program& program, const ViewState&) { return program.mob.on; }
 bool PointMarked(const Program&, const ViewState& state) { return state.marked_point_on; }
@@ -54,16 +54,16 @@ bool StoredWindShown(const Program& program, const ViewState& state) {
          program.config.use_manual_wind == 0;
 }
 bool TargetsShown(const Program& program, const ViewState& state) {
-  return !state.rectangle_dragging && (program.ais_enabled || program.replay_active);
+  return !state.rectangle_dragging && (program.link.ais_enabled || program.replay.replay_active);
 }
 bool ReplayShown(const Program& program, const ViewState& state) {
-  return !state.rectangle_dragging && program.replay_active;
+  return !state.rectangle_dragging && program.replay.replay_active;
 }
 bool TrackShown(const Program& program, const ViewState&) {
-  return program.tracks.plot_on || program.boat.fix_valid;
+  return program.plot.track_plot_on || program.nmea.fix.position_good;
 }
 bool HistoryShown(const Program& program, const ViewState&) {
-  return !program.tracks.historical.empty();
+  return !program.historical_tracks.empty();
 }
 bool VectorsWanted(const Program& program, const ViewState&) {
   return VectorsShown(program.config);

@@ -38,6 +38,8 @@ struct ViewState {
 
   // A calculation runs; timers and commands wait.
   bool busy = false;
+  // What is wrong with the instruments; empty when all is well.
+  std::string link_status;
   // "ETA : " with the time along the track on show; empty without one.
   std::string eta;
 

@@ -248,11 +248,12 @@ TEST_F(DriftDialogs, ManOverboardDriftsFromTheMarkAtItsTime) {
 }
 
 TEST_F(DriftDialogs, ManOverboardTakesTheGps) {
-  program.gps_enabled = true;
-  program.boat.position = {50.25F, -2.5F};
-  program.boat.fix_valid = true;
-  program.boat.speed = 4.24F;
-  program.boat.course = 88.0F;
+  program.link.gps_enabled = true;
+  program.nmea.fix.boat_latitude = 50.25F;
+  program.nmea.fix.boat_longitude = -2.5F;
+  program.nmea.fix.position_good = true;
+  program.nmea.fix.speed_over_ground = 4.24F;
+  program.nmea.fix.course_over_ground = 88.0F;
   frmCalcMOB form(desktop, nullptr);
   Show(form);
   EXPECT_EQ(Text(form, "txtstartlat"), "50.15.00N");  // no mark: the boat

@@ -97,17 +97,17 @@ TEST_F(CalcRouteForm, TacksComeFromTheDefaultWind) {
 }
 
 TEST_F(CalcRouteForm, TheGpsMovesTheStartOnlyWhileItReceives) {
-  program.boat.position.latitude = 50.7F;
-  program.boat.position.longitude = -1.5F;
+  program.nmea.fix.boat_latitude = 50.7F;
+  program.nmea.fix.boat_longitude = -1.5F;
   EXPECT_FALSE(GpsReadingOf(program));
-  program.gps_enabled = true;
+  program.link.gps_enabled = true;
   const auto gps = GpsReadingOf(program);
   ASSERT_TRUE(gps);
   UseGpsForStart(program.route, {gps->position, 4.5F}, true, RouteDefaultsOf(program), messages);
   EXPECT_EQ(points()[0].At(), (Position{50.7F, -1.5F}));
   EXPECT_EQ(points()[0].name, "");
   for (const RoutePoint& point : points()) EXPECT_FLOAT_EQ(point.speed, 4.5F);
-  program.boat.position.latitude = 0.0F;
+  program.nmea.fix.boat_latitude = 0.0F;
   EXPECT_FALSE(GpsReadingOf(program));
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "platform/settings_store.h"
+#include "support/fake_ports.h"
 #include "support/hands.h"
 #include "support/memory_clipboard.h"
 #include "support/recording_messages.h"
@@ -34,7 +35,7 @@ class MainWindowTest : public ::testing::Test {
 
   void Start() {
     LoadProgram(program_, messages_);
-    window_ = std::make_unique<frmChart>(program_, messages_, *settings_, clipboard_);
+    window_ = std::make_unique<frmChart>(program_, messages_, *settings_, clipboard_, ports_);
     window_->resize(1280, 720);
     window_->show();
     window_->Start();
@@ -102,6 +103,7 @@ class MainWindowTest : public ::testing::Test {
   RecordingMessages messages_;
   std::unique_ptr<SettingsStore> settings_;
   MemoryClipboard clipboard_;
+  FakePorts ports_;
   std::unique_ptr<frmChart> window_;
 };
 

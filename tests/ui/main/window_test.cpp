@@ -721,7 +721,8 @@ TEST_F(Window, ManOverboardIsMarkedWhereItIsPointedOut) {
   Command("tbMob");
   EXPECT_FALSE(program_.mob.on);
   // With a fix it is the boat's place.
-  program_.boat.position = {50.5F, -1.5F};
+  program_.nmea.fix.boat_latitude = 50.5F;
+  program_.nmea.fix.boat_longitude = -1.5F;
   messages_.ExpectQuestion("Activate Man Overboard?", true);
   Command("tbMob");
   EXPECT_EQ(program_.mob.position, (Position{50.5F, -1.5F}));
@@ -907,7 +908,7 @@ TEST_F(Window, FilesOfTheCommandLineAreTakenOrRefused) {
 TEST_F(Window, WithoutAChartTheDefaultsComeBackAndTheProgramEnds) {
   LoadProgram(program_, messages_);
   program_.config.chart_path = user_.File("nothing");
-  window_ = std::make_unique<frmChart>(program_, messages_, *settings_, clipboard_);
+  window_ = std::make_unique<frmChart>(program_, messages_, *settings_, clipboard_, ports_);
   window_->show();
   window_->Start();
   AppConfig own = program_.config;

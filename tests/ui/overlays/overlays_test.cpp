@@ -109,8 +109,8 @@ class OverlaysTest : public ::testing::Test {
     program.waypoints.waypoints = {{"Wreck  ", 50.5F, -1.5F}};
     program.passage.route_track = {{{50.5F, -1.5F}, 0.0F, {}}, {{50.49F, -1.49F}, 0.1F, {}}};
     program.route.points[0].tide_vector = {{50.5F, -1.5F}, {50.49F, -1.49F}};
-    program.boat.position.latitude = 50.49F;
-    program.boat.position.longitude = -1.47F;
+    program.nmea.fix.boat_latitude = 50.49F;
+    program.nmea.fix.boat_longitude = -1.47F;
     state.dividers_on = true;
     program.config.show_chart_boundaries = kTrue;
     program.config.show_tide_heights = kTrue;
@@ -119,8 +119,8 @@ class OverlaysTest : public ::testing::Test {
     program.charts.index = {{"9999-1", "Sample", 1.0F, 50.45F, -1.5F, 50.5F, -1.4F, "", ""}};
     program.port_markers = {{"Port", 50.5F, -1.5F}};
     state.zero_point = Position{50.5F, -1.5F};
-    program.boat.fix_valid = true;
-    program.boat.future_positions = {{50.49F, -1.47F}, {50.48F, -1.46F}};
+    program.nmea.fix.position_good = true;
+    program.boat_ahead = {{50.49F, -1.47F}, {50.48F, -1.46F}};
     program.mob.on = true;
     program.mob.position = {50.49F, -1.5F};
     state.marked_point_on = true;
@@ -132,9 +132,10 @@ class OverlaysTest : public ::testing::Test {
     program.tides.harmonic_streams_on = true;
     program.tides.harmonic_streams = {{},
                                       {"9999-1", 50.48F, -1.48F, 1.0F, 0.0F, 90.0F, 1.0F, 1.57F}};
-    program.tracks.live = {{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}};
-    program.tracks.historical = {program.tracks.live};
-    program.tracks.plot_on = true;
+    program.nmea.track = {{.latitude = 50.5F, .longitude = -1.5F},
+                          {.latitude = 50.49F, .longitude = -1.49F}};
+    program.historical_tracks = {{{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}}};
+    program.plot.track_plot_on = true;
   }
 
   testing::StillClock clock;
@@ -361,12 +362,12 @@ TEST_F(OverlaysTest, CourseOverGround) {
 }
 
 TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
-  program.boat.position.latitude = 50.5F;
-  program.boat.position.longitude = -1.5F;
+  program.nmea.fix.boat_latitude = 50.5F;
+  program.nmea.fix.boat_longitude = -1.5F;
   program.config.heading_vector_length = 2.0F;
-  program.boat.fix_valid = true;
+  program.nmea.fix.position_good = true;
   state.display_height = 1200.0;  // the symbol's size is 10
-  program.boat.course = 450.0F;
+  program.nmea.fix.course_over_ground = 450.0F;
   const std::string boat = DrawOne("boat");
   // 2 miles east: 2 / 60 / cos(50.5) degrees of 4000 pixels = 209.6, so column 310 of the view.
   EXPECT_NE(boat.find("line 100.00,217.00 310.00,217.00\n"), std::string::npos) << boat;
@@ -382,26 +383,26 @@ TEST_F(OverlaysTest, BoatPointsAlongItsHeading) {
   program.config.heading_vector_length = 100.0F;
   const std::string east = DrawOne("boat");
   EXPECT_NEAR(std::stod(east.substr(east.find("line ") + 19)), 0.99 * 2000.0 + 100.0, 2.0);
-  program.boat.course = 30.0F;
+  program.nmea.fix.course_over_ground = 30.0F;
   double x = 0.0;
   double y = 0.0;
   const std::string north = DrawOne("boat");
   ASSERT_EQ(std::sscanf(north.c_str() + north.find("line "), "line 100.00,217.00 %lf,%lf", &x, &y),
             2);
   EXPECT_NEAR(view.geometry.ToImage({x, y}).row, 0.01 * 3217.0, 20.0);
-  program.boat.position.longitude = -2.5F;
+  program.nmea.fix.boat_longitude = -2.5F;
   EXPECT_EQ(DrawOne("boat"), "");
   EXPECT_EQ(DrawOne("range rings"), "");
 }
 
 TEST_F(OverlaysTest, RangeRings) {
-  program.boat.position.latitude = 50.5F;
-  program.boat.position.longitude = -1.5F;
+  program.nmea.fix.boat_latitude = 50.5F;
+  program.nmea.fix.boat_longitude = -1.5F;
   program.config.horizon_range = 3.0F;
   program.config.vhf_range = 6.0F;
   program.config.radar_range = 0.0F;
   EXPECT_EQ(DrawOne("range rings"), "") << "no fix";
-  program.boat.fix_valid = true;
+  program.nmea.fix.position_good = true;
   // 50.55 north is row 2897 and 50.6 north row 2576, by the formula outside the program.
   EXPECT_EQ(DrawOne("range rings"),
             "pen 1 solid 0,0,0\n"
@@ -472,19 +473,21 @@ TEST_F(OverlaysTest, VectorsFollowTheDrift) {
 
 TEST_F(OverlaysTest, TracksCarryTheirComments) {
   program.config.track_colour = Rgb(1, 2, 3);
-  program.tracks.live = {{{50.5F, -1.5F}, ""}, {{50.5F, -1.45F}, "Reefed"}};
+  program.nmea.track = {{.latitude = 50.5F, .longitude = -1.5F},
+                        {.latitude = 50.5F, .longitude = -1.45F}};
+  program.nmea.log.comments = {{50.5F, -1.45F, "", "", {"", "Reefed"}}};
   EXPECT_EQ(DrawOne("live track"), "") << "neither plotted nor a fix";
   const std::string track =
       "pen 2 solid 1,2,3\n"
       "polyline 100.00,217.00 300.00,217.00\n"
       "ring 300.00,217.00 r 4.00\n"
       "text 308.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Reefed\"\n";
-  program.boat.fix_valid = true;
+  program.nmea.fix.position_good = true;
   EXPECT_EQ(DrawOne("live track"), track);
-  program.boat.fix_valid = false;
-  program.tracks.plot_on = true;
+  program.nmea.fix.position_good = false;
+  program.plot.track_plot_on = true;
   EXPECT_EQ(DrawOne("live track"), track);
-  program.tracks.historical = {program.tracks.live, {}};
+  program.historical_tracks = {{{{50.5F, -1.5F}, ""}, {{50.5F, -1.45F}, "Reefed"}}, {}};
   EXPECT_EQ(DrawOne("historical tracks"), track);
 }
 
@@ -611,7 +614,7 @@ TEST_F(OverlaysTest, TogglesAndTheRectangleDecideWhatIsShown) {
   EXPECT_TRUE(Shown("wind imported"));
   EXPECT_TRUE(Shown("tidal streams"));
   EXPECT_FALSE(Shown("AIS targets"));
-  program.replay_active = true;
+  program.replay.replay_active = true;
   EXPECT_TRUE(Shown("AIS targets"));
   EXPECT_FALSE(DrawOne("boat of a replay").empty());
   state.rectangle_mode = true;  // asked for, not yet being drawn

@@ -139,9 +139,9 @@ TEST_F(TrueAppWind, OpensWithTheBoatAndTheWindInUse) {
   program.route.points[1].latitude = 49.0F;
   RelinkRoute(program.route.points);
   EXPECT_EQ(opened(), "5.5 180 12.0 000");
-  program.boat.fix_valid = true;
-  program.boat.speed = 6.25F;
-  program.boat.course = 77.0F;
+  program.nmea.fix.position_good = true;
+  program.nmea.fix.speed_over_ground = 6.25F;
+  program.nmea.fix.course_over_ground = 77.0F;
   EXPECT_EQ(opened(), "6.3 077 12.0 000");
 }
 

@@ -7,7 +7,7 @@ std::vector<const Command*> AllCommands() {
   for (const std::span<const Command> rows :
        {FileCommands(), ChartCommands(), RouteCommands(), TimeCommands(), WaypointCommands(),
         ViewCommands(), TideCommands(), StreamCommands(), DriftCommands(), WindCommands(),
-        HelpCommands(), LaterCommands()}) {
+        GpsCommands(), AisCommands(), TrackCommands(), HelpCommands(), LaterCommands()}) {
     for (const Command& command : rows) all.push_back(&command);
   }
   return all;

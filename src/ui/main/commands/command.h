@@ -54,6 +54,9 @@ std::span<const Command> StreamCommands();
 std::span<const Command> DriftCommands();
 std::span<const Command> WindCommands();
 std::span<const Command> HelpCommands();
+std::span<const Command> GpsCommands();
+std::span<const Command> AisCommands();
+std::span<const Command> TrackCommands();
 // What belongs to subsystems that are not there yet.
 std::span<const Command> LaterCommands();
 
