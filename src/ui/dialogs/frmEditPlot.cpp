@@ -7,20 +7,25 @@
 #include <QGroupBox>
 #include <QInputDialog>
 #include <QMenu>
+#include <chrono>
+#include <future>
 
 #include "core/files.h"
 #include "platform/polars.h"
 #include "ui/dialogs/save_text.h"
+#include "ui/widgets/progress_dialog.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
 namespace {
 
 constexpr TextFileKind kPolarText = {"Polars (*.pol *.txt *.csv)", "pol", "Polars"};
+constexpr TextFileKind kDatabase = {"Databases of polars (*.mdb)", "mdb", "Polars"};
 constexpr int kLongestName = 64;
 constexpr int kLongestNumber = 6;
 constexpr int kBoxColumns = 4;
 constexpr std::size_t kUsualOption = 5;  // 12 knots
+constexpr double kUnknownPercent = 50.0;
 
 }  // namespace
 
@@ -116,6 +121,8 @@ QMenuBar* frmEditPlot::MakeMenus() {
   add(file, "mnuDeleteSetUp", "&Delete...", {}, true, &frmEditPlot::Delete);
   file->addSeparator();
   add(file, "mnuImportPolar", "&Import Polar Text...", {}, false, &frmEditPlot::Import);
+  add(file, "mnuImportDatabase", "Import Set-ups from a &Database...", {}, false,
+      &frmEditPlot::ImportDatabase);
   add(file, "mnuExportPolar", "&Export Polar Text...", {}, true, &frmEditPlot::Export);
   QMenu* edit = bar->addMenu("&Edit");
   undo_ = add(edit, "mnuUndo", "&Undo", QKeySequence::Undo, false, &frmEditPlot::Undo);
@@ -325,6 +332,34 @@ void frmEditPlot::Import() {
                               " values lie outside the table of the file and repeat its edge. "
                               "Check them before you rely on them.",
                           MessageIcon::kInformation);
+}
+
+void frmEditPlot::ImportDatabase() {
+  if (!MayDrop()) return;
+  const std::string file = AskTextFile(desktop(), this, "Import Set-ups", kDatabase);
+  if (file.empty()) return;
+  const Folders& folders = desktop().program.folders;
+  // The programs that read the file have a time limit, so that the wait for them ends.
+  std::future<Result<PolarsImported>> work = std::async(std::launch::async, [&] {
+    return ImportAccessPolars(folders.InstalledPolars(), folders.OwnPolars(), file);
+  });
+  SetBusy(true);
+  {
+    ProgressDialog progress(this, "Reading the set-ups");
+    while (work.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready) {
+      progress.Step(kUnknownPercent);
+    }
+  }
+  SetBusy(false);
+  const Result<PolarsImported> done = work.get();
+  if (!done) return Refuse(done.error().Text());
+  After(editor_.Imported(done->added));
+  std::string told = std::to_string(done->added.size()) +
+                     (done->added.size() == 1 ? " set-up imported" : " set-ups imported");
+  for (const auto& [name, reason] : done->left_out) {
+    told += "\n\"" + name + "\" is left out: " + reason;
+  }
+  desktop().messages.Show(told, MessageIcon::kInformation);
 }
 
 void frmEditPlot::Export() {

@@ -56,6 +56,7 @@ class frmEditPlot : public Dialog {
   void Rename();
   void Delete();
   void Import();
+  void ImportDatabase();
   void Export();
   void Undo();
 

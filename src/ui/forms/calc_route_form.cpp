@@ -3,6 +3,7 @@
 #include "app/edits.h"
 #include "core/numbers.h"
 #include "passage/optimum.h"
+#include "ui/forms/wind_form.h"
 
 namespace skerrow {
 
@@ -77,9 +78,7 @@ DepartureWind DepartureWindOf(const Program& program, PolarDatabase& polars) {
     result.note = names.error().Text();
     return result;
   }
-  // The index in the settings counts from 1; 0 is none.
-  const int index = program.wind_config.selected_setup;
-  const bool chosen = index >= 1 && static_cast<std::size_t>(index) <= names->size();
+  const std::optional<std::size_t> chosen = SelectedSetUp(program.wind_config, *names);
   if (!chosen || store->last_time() == 0.0) {
     result.note = std::string("Needs ") +
                   (store->last_time() == 0.0 ? "an imported forecast" : "") +
@@ -87,7 +86,7 @@ DepartureWind DepartureWindOf(const Program& program, PolarDatabase& polars) {
                   (chosen ? "" : "a set-up of the boat, which the wind calculation chooses");
     return result;
   }
-  const std::string& name = (*names)[static_cast<std::size_t>(index) - 1];
+  const std::string& name = (*names)[*chosen];
   const Result<PolarRows> rows = polars.Read(name);
   if (!rows) {
     result.note = rows.error().Text();

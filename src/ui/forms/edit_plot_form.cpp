@@ -166,6 +166,20 @@ Status PolarEditor::Add(std::string_view name, const PolarRows& rows) {
   return Load(added);
 }
 
+Status PolarEditor::Imported(const std::vector<std::string>& names) {
+  if (names.empty()) return Done{};
+  undo_.push_back(
+      {"Import of " + std::to_string(names.size()) + (names.size() == 1 ? " Set-up" : " Set-ups"),
+       [names](PolarDatabase& base) -> Status {
+         for (const std::string& name : names) {
+           if (Status deleted = base.Delete(name); !deleted) return deleted;
+         }
+         return Done{};
+       },
+       name_});
+  return Load(names.front());
+}
+
 Status PolarEditor::Rename(std::string_view name) {
   if (name_.empty()) return Refused(kNoSetUp);
   const std::string now = Trim(name);

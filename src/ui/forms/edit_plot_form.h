@@ -61,6 +61,9 @@ class PolarEditor {
   Status Create(std::string_view name);
   Status Copy(std::string_view name);
   Status Add(std::string_view name, const PolarRows& rows);
+  // Takes up the first of set-ups that have been imported into the database by other means; to take
+  // the import back deletes them all.
+  Status Imported(const std::vector<std::string>& names);
   // Renames or deletes the one in hand.
   Status Rename(std::string_view name);
   Status Delete();

@@ -411,5 +411,37 @@ TEST_F(PolarEditorDialog, ExportsAndImportsTheSharedText) {
   EXPECT_EQ(Cell(90, 7, "cruiser"), "7.50");
 }
 
+// The set-ups of a database of the Jet format, by scripts that print what mdbtools print.
+TEST_F(PolarEditorDialog, ImportsADatabaseAndTakesItBack) {
+  const std::string file = user_.File("polars.mdb");
+  ASSERT_TRUE(ReplaceFile(file, "a database"));
+  const std::pair<const char*, const char*> scripts[] = {
+      {"mdb-tables", "printf 'setups\\nStorm\\nGone\\n'"},
+      {"mdb-export",
+       "[ \"$3\" = setups ] && printf 'ID,SetUp\\n1,Storm\\n2,Trawler\\n'; "
+       "[ \"$3\" = Storm ] && printf 'WindAngle,Wind10kn\\n30,3.5\\n35,5.25\\n'; true"}};
+  for (const auto& [name, body] : scripts) {
+    ASSERT_TRUE(ReplaceFile(user_.File(name), std::string("#!/bin/sh\n") + body + "\n"));
+    std::filesystem::permissions(user_.File(name), std::filesystem::perms::owner_all);
+  }
+  const std::string before = std::getenv("PATH");
+  qputenv("PATH", QByteArray::fromStdString(user_.path() + ":" + before));
+  WithNextDialog([&file](QDialog& dialog) {
+    Find<QLineEdit>(dialog, "fileNameEdit")->setText(QString::fromStdString(file));
+    dialog.accept();
+  });
+  messages.Expect("1 set-up imported\n\"Trawler\" is left out: its table is missing",
+                  MessageIcon::kInformation);
+  Trigger("mnuImportDatabase");
+  qputenv("PATH", QByteArray::fromStdString(before));
+  EXPECT_EQ(form.set_up(), "Storm");
+  EXPECT_EQ(Cell(35, 6, "Storm"), "5.25");
+  auto* undo = form.findChild<QAction*>("mnuUndo");
+  EXPECT_EQ(undo->text(), "&Undo Import of 1 Set-up");
+  undo->trigger();
+  EXPECT_NE(form.set_up(), "Storm");
+  EXPECT_EQ(Find<QComboBox>(form, "cmbSetUps")->findText("Storm"), -1);
+}
+
 }  // namespace
 }  // namespace skerrow::testing
