@@ -29,12 +29,12 @@ constexpr PaceRow kPaces[] = {
 
 frmNMEAReplay::frmNMEAReplay(Desktop& desktop, ReplayKind kind, QWidget* parent)
     : Dialog(desktop, "frmNMEAReplay", "Replay Log File", parent),
-      request_{.kind = kind},
       files_(new TextList(desktop.clipboard, "fillist")),
       name_(Named<QLineEdit>("txtFileName")),
       paces_(new QButtonGroup(this)),
       speed_(Named<QSlider>("HScroll1", Qt::Horizontal)),
       speed_text_(Named<QLabel>("lblSpeed")) {
+  request_.kind = kind;
   files_->setSelectionMode(QAbstractItemView::SingleSelection);
   files_->SetLines(ListTracks(desktop.program.folders.Tracks(), TrackKind::kLog));
   body()->addWidget(MakeLabel("&Log files", files_));

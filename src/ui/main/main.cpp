@@ -43,6 +43,14 @@ int main(int argc, char** argv) {
   window.show();
   window.Start();
   const QStringList words = QApplication::arguments();
-  for (qsizetype i = 1; i < words.size(); ++i) window.OpenFile(words[i].toStdString());
+  for (qsizetype i = 1; i < words.size(); ++i) {
+    if (words[i] != QLatin1String("--replay")) {
+      window.OpenFile(words[i].toStdString());
+    } else if (++i < words.size()) {
+      window.ReplayFile(words[i].toStdString());
+    } else {
+      messages.Show("--replay wants the name of a log", MessageIcon::kWarning, kProgramTitle);
+    }
+  }
   return QApplication::exec();
 }

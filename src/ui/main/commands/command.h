@@ -25,6 +25,16 @@ enum Need : std::uint32_t {
   kNeedsMob = 1U << 9,               // a man-overboard position
   kNeedsPlaces = 1U << 10,           // a chart with a calibration
   kNeedsHarmonicStreams = 1U << 11,  // a file of harmonic stations for the sea area
+  kNeedsNoReplay = 1U << 20,
+  kNeedsQuiet = 1U << 21,          // neither a reception nor a replay
+  kNeedsReplay = 1U << 22,         // running, paused or at its end
+  kNeedsGpsText = 1U << 23,        // GPS reception or a replay
+  kNeedsAisText = 1U << 24,        // AIS reception or a replay
+  kNeedsLog = 1U << 25,            // a log being written
+  kNeedsPlot = 1U << 26,           // a track on the chart
+  kNeedsGpsPort = 1U << 27,        // a GPS at a port of its own
+  kNeedsGps = 1U << 28,            // GPS reception
+  kNeedsDemonstration = 1U << 29,  // what kNeedsQuiet says, or the demonstration itself
 };
 
 struct Command {
