@@ -478,7 +478,7 @@ TEST_F(OverlaysTest, TracksCarryTheirComments) {
       "ring 300.00,217.00 r 4.00\n";
   const std::string track = line +
                             "text 308.00,207.40 left top 12 bold 0,0,0 halo 255,255,255 "
-                            "\"Reefed\\n\\nWind SW 6\"\n";
+                            "\"Reefed\n\nWind SW 6\"\n";
   struct Case {
     bool good, plot, historical;
   };
