@@ -121,6 +121,10 @@ void InstrumentController::ToggleDemonstration() {
            program.config.chart_path, viewer_.VisibleRect()});
   program.ais.options = kept_->ais.options;
   ReplayHere(request);
+  // Close enough for the boat to be seen moving.
+  chart_.ZoomTo(1.0);
+  if (const auto at = FirstPositionOf(request.name)) chart_.LocatePoint(*at);
+  desktop_.window.Tell("A voyage across the Channel plays; Help > Demonstration ends it");
 }
 
 void InstrumentController::EndDemonstration() {
@@ -190,7 +194,7 @@ void InstrumentController::ShowState() {
 
 std::string InstrumentController::StatusText() const {
   const Program& program = desktop_.program;
-  if (demonstrating()) return "Demonstration: Help > Demonstration ends it";
+  if (demonstrating()) return "Help > Demonstration ends it";
   if (!program.replay.replay_active) {
     return Receiving() ? LinkStatusText(program.link, program.config, Now()) : std::string();
   }
