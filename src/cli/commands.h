@@ -318,8 +318,57 @@ struct UploadWords {
   std::string type;      // of the GPS, 1 to 7
   std::string identity;  // "names" or "numbers"
   std::string route;     // number or name of a route; empty takes that of its file
+  std::string device;    // where it is sent to, as ListenWords::source; empty only shows it
 };
-// What is sent to a GPS, in order.
+// What is sent to a GPS, in order; with a device it is sent.
 Outcome ShowUpload(Session& session, const UploadWords& words);
+
+// The serial ports and network sources by their numbers.
+Outcome ListPorts(Session& session, const NoWords& words);
+
+struct ListenWords {
+  std::string source;   // number, path of a device, "TCP host:port" or "UDP port"
+  std::string baud;     // of a serial device
+  std::string seconds;  // how long
+};
+// What a port receives.
+Outcome Listen(Session& session, const ListenWords& words);
+
+struct KmlWords {
+  std::string file;  // a path, or a name in the user's folder of its kind
+  std::string name;  // of the document; empty takes the file's
+  std::string description;
+  bool escape = false;  // write names so that every viewer can read them
+};
+// A stored route, a waypoint file or a log as a document for a KML viewer.
+Outcome ExportRouteDocument(Session& session, const KmlWords& words);
+Outcome ExportWaypointDocument(Session& session, const KmlWords& words);
+Outcome ExportTrackDocument(Session& session, const KmlWords& words);
+
+struct KmlPlanWords {
+  PlanWords plan;
+  KmlWords kml;
+};
+// The calculated course of a route beside its legs.
+Outcome ExportPlanDocument(Session& session, const KmlPlanWords& words);
+
+struct GpxExportWords {
+  std::vector<std::string> routes;     // route files
+  std::vector<std::string> waypoints;  // waypoint files
+  std::vector<std::string> tracks;     // logs
+  std::string output;                  // file to write; empty prints the document
+};
+// Stored routes, waypoints and the tracks of logs as a GPX document.
+Outcome ExportGpx(Session& session, const GpxExportWords& words);
+
+struct GpxImportWords {
+  std::string file;
+  std::string name;   // of the file to be made; empty takes the document's name
+  std::string route;  // number from 1
+  bool waypoints = false;
+  std::string track;  // number from 1
+};
+// What a GPX document holds, or one thing of it as a file of the user's.
+Outcome ImportGpx(Session& session, const GpxImportWords& words);
 
 }  // namespace skerrow::cli

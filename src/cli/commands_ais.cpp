@@ -7,6 +7,7 @@
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/ports.h"
 #include "core/calendar.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -309,6 +310,10 @@ Outcome ShowUpload(Session& session, const UploadWords& words) {
   for (UploadStep& step :
        route ? UploadRoute(points, name, *options) : UploadWaypoints(points, *options)) {
     steps.push_back(std::move(step));
+  }
+  if (!words.device.empty()) {
+    const Status all = SendSteps(session, words.device, options->gps_type, steps);
+    if (!all) return Failed(all.error());
   }
   Answer answer;
   Json sent = Json::array();

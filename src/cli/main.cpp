@@ -218,6 +218,16 @@ void AddDiamondCommands(CLI::App& app, Chosen& chosen) {
       TakeWhen);
 }
 
+void TakePlan(CLI::App& app, PlanWords& words) {
+  app.add_option("FILE", words.file, "route file; the sample route when left out");
+  app.add_option("--leeway", words.leeway, "leeway, 0 to 90 degrees");
+  app.add_option("--tack", words.tacks, "tack of leg N: N=port or N=starboard")
+      ->expected(1)
+      ->take_all();
+  TakeSail(app, words.sail);
+  TakeWhen(app, words.when);
+}
+
 void AddPassageCommands(CLI::App& app, Chosen& chosen) {
   Add(app, "leg", "the course to steer for one leg", chosen, SolveLeg,
       [](CLI::App& sub, LegWords& words) {
@@ -225,16 +235,7 @@ void AddPassageCommands(CLI::App& app, Chosen& chosen) {
         sub.add_option("--speed", words.speed, "speed through the water, knots")->required();
         TakeWhen(sub, words.when);
       });
-  Add(app, "plan", "the passage plan of a route", chosen, PlanRoute,
-      [](CLI::App& sub, PlanWords& words) {
-        sub.add_option("FILE", words.file, "route file; the sample route when left out");
-        sub.add_option("--leeway", words.leeway, "leeway, 0 to 90 degrees");
-        sub.add_option("--tack", words.tacks, "tack of leg N: N=port or N=starboard")
-            ->expected(1)
-            ->take_all();
-        TakeSail(sub, words.sail);
-        TakeWhen(sub, words.when);
-      });
+  Add(app, "plan", "the passage plan of a route", chosen, PlanRoute, TakePlan);
   Add(app, "optimum", "the best hour to leave", chosen, FindDeparture,
       [](CLI::App& sub, OptimumWords& words) {
         sub.add_option("FILE", words.file, "route file; the sample route when left out");
@@ -306,8 +307,53 @@ void AddDriftCommands(CLI::App& app, Chosen& chosen) {
       });
 }
 
+void TakeKml(CLI::App& app, KmlWords& words) {
+  app.add_option("--name", words.name, "name of the document");
+  app.add_option("--description", words.description, "what it is");
+  app.add_flag("--escape", words.escape, "write names so that every viewer can read them");
+}
+
+void AddKmlCommands(CLI::App& app, Chosen& chosen) {
+  CLI::App& kml = AddGroup(app, "kml", "documents for a KML viewer");
+  const auto take = [](CLI::App& sub, KmlWords& words) {
+    sub.add_option("FILE", words.file, "a path, or a name in your folder of its kind")->required();
+    TakeKml(sub, words);
+  };
+  Add(kml, "route", "a stored route", chosen, ExportRouteDocument, take);
+  Add(kml, "waypoints", "a waypoint file", chosen, ExportWaypointDocument, take);
+  Add(kml, "track", "the track of a log", chosen, ExportTrackDocument, take);
+  Add(kml, "plan", "the calculated course of a route", chosen, ExportPlanDocument,
+      [](CLI::App& sub, KmlPlanWords& words) {
+        TakePlan(sub, words.plan);
+        TakeKml(sub, words.kml);
+      });
+}
+
 void AddExportCommands(CLI::App& app, Chosen& chosen) {
-  CLI::App& group = AddGroup(app, "export", "files made of the tidal streams");
+  CLI::App& group = AddGroup(app, "export", "files for other programs");
+  AddKmlCommands(group, chosen);
+  Add(group, "gpx", "routes, waypoints and tracks as a GPX document", chosen, ExportGpx,
+      [](CLI::App& sub, GpxExportWords& words) {
+        sub.add_option("--route", words.routes, "route file; may be repeated")
+            ->expected(1)
+            ->take_all();
+        sub.add_option("--waypoints", words.waypoints, "waypoint file; may be repeated")
+            ->expected(1)
+            ->take_all();
+        sub.add_option("--track", words.tracks, "log; may be repeated")->expected(1)->take_all();
+        sub.add_option("--output", words.output, "file to write; printed when left out");
+      });
+  CLI::App& import = AddGroup(app, "import", "files of other programs");
+  Add(import, "gpx", "what a GPX document holds, or one thing of it", chosen, ImportGpx,
+      [](CLI::App& sub, GpxImportWords& words) {
+        sub.add_option("FILE", words.file, "GPX document")->required();
+        sub.add_option("--name", words.name, "name of the file to be made");
+        CLI::Option* route = sub.add_option("--route", words.route, "take route N");
+        CLI::Option* marks = sub.add_flag("--waypoints", words.waypoints, "take the waypoints");
+        CLI::Option* track = sub.add_option("--track", words.track, "take track N");
+        route->excludes(marks)->excludes(track);
+        marks->excludes(track);
+      });
   Add(group, "streams", "east and north components of every diamond, hour by hour", chosen,
       ExportStreamFiles, [](CLI::App& sub, ExportStreamsWords& words) {
         TakeDate(sub, words.date);
@@ -383,7 +429,22 @@ void AddAisCommands(CLI::App& app, Chosen& chosen) {
         sub.add_option("--route", words.route,
                        "number or name of the route; that of its file "
                        "when left out");
+        sub.add_option(
+            "--device", words.device,
+            "send it to this port: its number, the path of a device or \"TCP host:port\"");
       });
+}
+
+void AddPortCommands(CLI::App& app, Chosen& chosen) {
+  Add(app, "ports", "the serial ports and network sources by their numbers", chosen, ListPorts,
+      TakeNothing);
+  Add(app, "listen", "what a port receives", chosen, Listen, [](CLI::App& sub, ListenWords& words) {
+    sub.add_option("SOURCE", words.source,
+                   "number of a port, path of a device, \"TCP host:port\" or \"UDP port\"")
+        ->required();
+    sub.add_option("--baud", words.baud, "speed of a serial device")->default_val("4800");
+    sub.add_option("--seconds", words.seconds, "how long to listen")->default_val("10");
+  });
 }
 
 // Prints an outcome; gives the exit status.
@@ -428,6 +489,7 @@ int main(int argc, char** argv) {
   AddExportCommands(app, chosen);
   AddInstrumentCommands(app, chosen);
   AddAisCommands(app, chosen);
+  AddPortCommands(app, chosen);
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {

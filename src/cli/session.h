@@ -72,6 +72,9 @@ class Session {
   // where the first folder would have it.
   static std::string FindFile(const std::string& name, const std::vector<std::string>& folders);
 
+  // Whether an answer may be printed as it comes, ahead of its end.
+  bool prints_text() const { return !options_.json; }
+
   Program program;
   ConsoleMessages messages;
   ConsoleProgress progress;

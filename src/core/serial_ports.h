@@ -3,8 +3,20 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "core/result.h"
 
 namespace skerrow {
+
+// A port that is known by its number, for the lists of the dialogs.
+struct PortSource {
+  int port = 0;          // counted from 0
+  std::string text;      // "1  ttyUSB0 (u-blox 7)", with the number as the user sees it
+  std::string place;     // path of the device, "TCP host:port" or "UDP port"
+  bool present = false;  // a network source always is
+  bool added = false;    // by the user, who can take it away again
+};
 
 // The serial ports and the network sources that take their place, by numbers counted from 0. Calls
 // return at once; those that give a number are below 0 on failure.
@@ -41,6 +53,16 @@ class SerialPorts {
   virtual void Done(int port) = 0;
   // The system's words for what went wrong last; empty when nothing did.
   virtual std::string LastErrorText() const = 0;
+
+  // The ports known, present ones and others, by number.
+  virtual std::vector<PortSource> Sources() { return {}; }
+  // Gives a number to a source: "TCP host:port", "UDP port", "UDP address:port" or the path of a
+  // device. One that is known keeps its own. The port, or why there is none.
+  virtual Result<int> AddSource(std::string_view) { return Error{"", "there are no ports here"}; }
+  // Forgets a source that the user has added, or a device that is not present.
+  virtual Status RemoveSource(int) { return Error{"", "there are no ports here"}; }
+  // Bytes of a port that were thrown away since it was opened, because nobody took them in time.
+  virtual std::size_t Lost(int) const { return 0; }
 };
 
 // A machine without ports.

@@ -91,6 +91,31 @@ std::string FromAnsi(std::string_view bytes) {
   return text;
 }
 
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const std::size_t length = lead < 0x80                   ? 1
+                               : lead >= 0xC2 && lead < 0xE0 ? 2
+                               : lead >= 0xE0 && lead < 0xF0 ? 3
+                               : lead >= 0xF0 && lead < 0xF5 ? 4
+                                                             : 0;
+    if (length == 0 || text.size() < length) return false;
+    for (std::size_t i = 1; i < length; ++i) {
+      if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return false;
+    }
+    if (length > 2) {
+      // Overlong forms, surrogates and what lies beyond the last code point.
+      const auto second = static_cast<unsigned char>(text[1]);
+      if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
+          (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F)) {
+        return false;
+      }
+    }
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 std::string ToAnsi(std::string_view text) {
   std::string bytes;
   bytes.reserve(text.size());

@@ -22,6 +22,9 @@ std::string FromAnsi(std::string_view bytes);
 // Code page 1252 from UTF-8; a character outside the code page, or a broken sequence, becomes "?".
 std::string ToAnsi(std::string_view text);
 
+// Whether a text is well-formed UTF-8 (RFC 3629).
+bool IsUtf8(std::string_view text);
+
 // `text` with every `from` replaced by `to`.
 std::string ReplaceAll(std::string text, std::string_view from, std::string_view to);
 

@@ -163,6 +163,7 @@ Status ForEachRmc(const std::string& log, Take take) {
 Status Write(const Folders& folders, const KmlHead& head, const std::string& document) {
   const Result<std::string> path = KmlPath(folders, head.name);
   if (!path) return path.error();
+  if (Status made = MakeFolder(folders.GoogleEarth()); !made) return made;
   return ReplaceFile(*path, document);
 }
 

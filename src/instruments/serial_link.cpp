@@ -104,6 +104,7 @@ bool Serve(LinkPort& port, const QuietLimits& limits, SerialPorts& ports, std::s
   block.clear();
   const int count = ports.Get(port.number, block, kReceiveBlock);
   if (count > 0) {
+    ++port.blocks;
     LinkHeard(port.watch, now);
     take(std::string_view(block).substr(0, static_cast<std::size_t>(count)));
   } else if ((count < 0 && count != kNoData) || LinkHangs(port.watch, limits, now)) {
@@ -193,7 +194,9 @@ std::string PortReport(const std::vector<int>& ports) {
   return report;
 }
 
-void CloseAllPorts(SerialPorts& ports) { (void)ScanPorts(ports); }
+void CloseAllPorts(SerialPorts& ports) {
+  for (int port = 0; port <= kLastPort; ++port) ports.Done(port);
+}
 
 void ShowReceived(std::string& box, std::string_view received) {
   const auto characters =
@@ -231,7 +234,7 @@ Status ConnectGps(LinkState& link, const AppConfig& config, SerialPorts& ports, 
   if (!Reopen(ports, config.gps_port, config.gps_baud_code)) {
     return PortRefused("GPS", config.gps_port, "Configure GPS");
   }
-  link.gps = {config.gps_port, config.gps_baud_code, {}};
+  link.gps = {config.gps_port, config.gps_baud_code};
   LinkConnected(link.gps.watch, now);
   if (link.ais_enabled) {
     link.ais_tail.clear();
@@ -246,7 +249,7 @@ Status ConnectAis(LinkState& link, const AppConfig& config, SerialPorts& ports, 
   if (!Reopen(ports, config.ais_port, kAisBaudCode)) {
     return PortRefused("AIS", config.ais_port, "Configure GPS/AIS");
   }
-  link.ais = {config.ais_port, kAisBaudCode, {}};
+  link.ais = {config.ais_port, kAisBaudCode};
   LinkConnected(link.ais.watch, now);
   link.ais_tail.clear();
   link.ais_enabled = true;

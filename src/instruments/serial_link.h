@@ -90,7 +90,7 @@ std::vector<int> ScanPorts(SerialPorts& ports);
 // The lines of the ports found, "    COM1" and so on.
 std::string PortReport(const std::vector<int>& ports);
 
-// Closes all ports.
+// Closes all ports. None is opened for it: opening a port would wake what hangs on it.
 void CloseAllPorts(SerialPorts& ports);
 
 // Adds received bytes to a box of text, which is emptied first when it holds more than
@@ -107,7 +107,8 @@ std::string TestReportHead(int buffer_size, int on_line_code);
 struct LinkPort {
   int number = -1;  // -1: not connected
   int baud_code = 4;
-  LinkWatch watch;
+  LinkWatch watch{};
+  std::size_t blocks = 0;  // that were read of it
 };
 
 // The state of the reception.

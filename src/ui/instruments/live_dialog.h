@@ -29,6 +29,19 @@ class LiveDialog : public Dialog {
   QTimer timer_;
 };
 
+// Shows the dialog of a kind beside the chart, the one that is open or a new one.
+template <typename Form>
+void ShowBeside(Desktop& desktop, QWidget& window) {
+  auto* form = window.findChild<Form*>();
+  if (form == nullptr) {
+    form = new Form(desktop, &window);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  form->show();
+  form->raise();
+  form->activateWindow();
+}
+
 // Gives a label a text, if it is another one.
 void SetTextOf(QLabel& label, const QString& text);
 

@@ -416,13 +416,16 @@ std::uint32_t frmChart::NeedsMet() const {
   if (HasHarmonicStreams(p)) met |= kNeedsHarmonicStreams;
   // A connection and a replay exclude each other.
   const bool replay = p.replay.replay_active;
+  if (!replay) met |= p.link.gps_enabled ? kNeedsGpsOn : kNeedsGpsOff;
+  if (!replay) met |= p.link.ais_enabled ? kNeedsAisOn : kNeedsAisOff;
   const bool quiet = !replay && !instruments_.Receiving();
   met |= replay ? kNeedsReplay : kNeedsNoReplay;
   if (quiet) met |= kNeedsQuiet;
   if (quiet || instruments_.demonstrating()) met |= kNeedsDemonstration;
-  if (replay || p.link.gps_enabled) met |= kNeedsGpsText;
-  if (replay || p.link.ais_enabled) met |= kNeedsAisText;
-  if (p.link.gps_enabled) met |= kNeedsGps;
+  // A demonstration is not logged.
+  const bool text = replay && !instruments_.demonstrating();
+  if (text || p.link.gps_enabled) met |= kNeedsGpsText;
+  if (text || p.link.ais_enabled) met |= kNeedsAisText;
   if (p.link.gps_enabled && p.link.gps.number >= 0) met |= kNeedsGpsPort;
   if (p.nmea.log.logging_on) met |= kNeedsLog;
   if (p.plot.historical_plot_on || p.plot.track_plot_on) met |= kNeedsPlot;

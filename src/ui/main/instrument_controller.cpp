@@ -5,6 +5,7 @@
 #include "app/historical_track.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "ui/forms/link_form.h"
 #include "ui/main/chart_controller.h"
 
 namespace skerrow {
@@ -21,6 +22,7 @@ constexpr int kDemonstrationPause = 3000;  // before it begins anew, ms
 InstrumentController::InstrumentController(Desktop& desktop, TimerWindow& timer_window,
                                            ChartController& chart, ChartViewer& viewer)
     : desktop_(desktop), timer_window_(timer_window), chart_(chart), viewer_(viewer) {
+  LoadInstrumentChoices(desktop.settings, desktop.program);
   since_start_.start();
   comms_timer_.setInterval(kCommsInterval);
   connect(&comms_timer_, &QTimer::timeout, this, &InstrumentController::Tick);

@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "core/clock.h"
 #include "platform/clipboard.h"
+#include "platform/serial.h"
 #include "platform/settings_store.h"
 #include "platform/standard_folders.h"
 #include "ui/dialogs/Frmdisclaimer.h"
@@ -37,13 +38,20 @@ int main(int argc, char** argv) {
       OpenSettingsStore(JoinPath(program.folders.SettingsData(), "skerrow.ini"));
   SystemClipboard clipboard;
   LoadProgram(program, messages);
-  NoSerialPorts ports;
-  frmChart window(program, messages, *settings, clipboard, ports);
+  // "--device PATH" names a serial device that the system does not list.
+  QStringList words = QApplication::arguments().mid(1);
+  std::vector<std::string> devices;
+  for (qsizetype at = words.indexOf("--device"); at >= 0; at = words.indexOf("--device")) {
+    words.removeAt(at);
+    if (at < words.size()) devices.push_back(words.takeAt(at).toStdString());
+  }
+  const std::unique_ptr<SerialPorts> ports =
+      OpenSerialPorts(program.folders.SettingsData(), devices);
+  frmChart window(program, messages, *settings, clipboard, *ports);
   messages.SetNoticeBoard([&window](std::string_view text) { window.Tell(text); });
   window.show();
   window.Start();
-  const QStringList words = QApplication::arguments();
-  for (qsizetype i = 1; i < words.size(); ++i) {
+  for (qsizetype i = 0; i < words.size(); ++i) {
     if (words[i] != QLatin1String("--replay")) {
       window.OpenFile(words[i].toStdString());
     } else if (++i < words.size()) {

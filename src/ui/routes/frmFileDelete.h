@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/routes/file_list.h"
+#include "ui/dialogs/file_list.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/text_list.h"
 

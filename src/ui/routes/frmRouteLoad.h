@@ -2,7 +2,7 @@
 
 #include <QCheckBox>
 
-#include "ui/routes/file_list.h"
+#include "ui/dialogs/file_list.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/text_list.h"
 

@@ -4,8 +4,8 @@
 #include <QRadioButton>
 
 #include "app/waypoint_work.h"
+#include "ui/dialogs/file_list.h"
 #include "ui/forms/waypoint_forms.h"
-#include "ui/routes/file_list.h"
 #include "ui/routes/waypoint_list.h"
 #include "ui/widgets/dialog.h"
 #include "ui/widgets/field_edits.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/routes/file_list.h"
+#include "ui/dialogs/file_list.h"
 #include "ui/widgets/dialog.h"
 
 namespace skerrow {

@@ -3,8 +3,8 @@
 #include <QLineEdit>
 #include <string>
 
+#include "ui/dialogs/file_list.h"
 #include "ui/forms/file_forms.h"
-#include "ui/routes/file_list.h"
 #include "ui/widgets/dialog.h"
 
 namespace skerrow {

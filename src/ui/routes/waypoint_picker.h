@@ -4,7 +4,7 @@
 #include <string>
 
 #include "ui/desktop.h"
-#include "ui/routes/file_list.h"
+#include "ui/dialogs/file_list.h"
 #include "ui/routes/waypoint_list.h"
 
 namespace skerrow {

@@ -30,6 +30,11 @@
 #include "ui/dialogs/frmroutehistory.h"
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/dialogs/frmtimdat.h"
+#include "ui/instruments/frmAISGPSConfig.h"
+#include "ui/instruments/frmAISLog.h"
+#include "ui/instruments/frmCommsInfo.h"
+#include "ui/instruments/frmGPSLog.h"
+#include "ui/instruments/frmgpsdetail.h"
 #include "ui/routes/frmFileDelete.h"
 #include "ui/routes/frmLoadWay.h"
 #include "ui/routes/frmNewWay.h"
@@ -140,6 +145,23 @@ const Row kRows[] = {
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmConfigure>(desktop, nullptr, nullptr);
      }},
+    {"frmGPSLog", "GPS Connection and Log", "cmdOK",
+     "cmbPort cmbGPSType chkNmeaLogOn txtFileName fillist cmdTest txtNMEA cmdOK cmdCancel",
+     "cmdCancelTest lblTest", Open<frmGPSLog>},
+    {"frmAISLog", "AIS Connection and Log", "cmdOK",
+     "cmbPort chkStandardAIS chkNmeaLogOn txtFileName fillist cmdTest txtNMEA cmdOK cmdCancel",
+     "cmdCancelTest lblTest", Open<frmAISLog>},
+    {"frmAISGPSConfig", "Instruments (GPS & AIS)", "cmdOK",
+     "cmbGPSPort cmbGPSType cmbAISPort chkGPSThroAIS cmbGPSInterval chkNmeaLogOn lstSources "
+     "txtSource cmdAddSource cmdOK cmdCancel",
+     "cmdRemoveSource cmbVHFRange cmbCPAAlarm chkStandardAIS chkAlarmSound cmbAISLine1 cmbAISLine7 "
+     "pctClassACol pctClassBCol pctGPSCol",
+     Open<frmAISGPSConfig>},
+    {"frmCommsInfo", "Test Configurations", "",
+     "cmbPort cmbBaud cmdTest txtPorts txtFileName txtCommsDetails txtNMEA cmdCancel",
+     "cmdCancelTest lblLost", Open<frmCommsInfo>},
+    {"frmgpsdetail", "GPS Monitor", "cmdCancel", "txtNMEA txtCommsDetails cmdCancel", "cmdSave",
+     Open<frmgpsdetail>},
     {"Frmdisclaimer", "Skerrow Helm (v6.0.0.1)", "cmdCCok", "List1 cmdCCok cmddecline", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<Frmdisclaimer>(desktop.program, desktop.messages);

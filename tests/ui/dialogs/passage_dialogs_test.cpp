@@ -226,6 +226,7 @@ TEST_F(PassageDialogs, TheWindOfEachDepartureNeedsAForecastAndASetUp) {
 }
 
 TEST_F(PassageDialogs, EachDepartureSailsByItsWind) {
+  program.config.closest_sailing_angle = 86.0F;  // the first leg lies closer to the wind
   const DayAndYear day = program.selected_time.Day();
   program.wind_config.selected_setup = 1;
   program.working_wind = {.speed_kn = 13.0F, .from_deg = 290.0F};

@@ -217,6 +217,7 @@ TEST_F(WindDialog, ShowsTheEstimateOnThePolar) {
   WithNextDialog([](QDialog& plot) {
     EXPECT_EQ(plot.objectName().toStdString(), "frmPolarPlot");
     EXPECT_EQ(Box(plot, "txtEstBoatSpeed"), "7.3");
+    EXPECT_TRUE(Find<QAbstractButton>(plot, "optWindPlot6")->isChecked()) << "of 11 knots";
     const PolarDiagram& diagram = Find<PolarWidget>(plot, "Picture1")->diagram();
     ASSERT_EQ(diagram.marks.size(), 1U);
     EXPECT_EQ(diagram.marks[0].at, (PolarPlace{92.0, 7.3}));
@@ -274,6 +275,7 @@ TEST_F(PolarEditorDialog, ChangesTheCellOfThePickedAngle) {
   Refused(form, "cmdChange1", "Click on the polar to choose a wind angle");
   Pick(62.0);
   EXPECT_EQ(Label(form, "lblAngle"), "60\u00b0");
+  EXPECT_EQ(Box(form, "txtAngle"), "60");
   for (const char* wind : {"11", "0", "32", "12.5"}) {
     Type(form, "txtWindSpeed1", wind);
     Refused(form, "cmdChange1", "Wind speed must be a multiple of 2");

@@ -67,7 +67,8 @@ TEST_F(Window, CommandsFollowWhatTheyNeed) {
   EXPECT_FALSE(enabled("mnurouteclear"));
   EXPECT_FALSE(enabled("mnuUndo"));
   EXPECT_FALSE(enabled("mnuAnimateStart"));
-  EXPECT_FALSE(enabled("mnuGPSattach")) << "a later subsystem";
+  EXPECT_TRUE(enabled("mnuGPSattach"));
+  EXPECT_FALSE(enabled("mnuPosGpsDisconnect")) << "not connected";
   ShiftClick({50.2F, -1.8F});
   EXPECT_TRUE(enabled("mnurouteclear"));
   EXPECT_TRUE(enabled("mnuUndo"));

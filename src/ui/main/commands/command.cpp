@@ -7,7 +7,8 @@ std::vector<const Command*> AllCommands() {
   for (const std::span<const Command> rows :
        {FileCommands(), ChartCommands(), RouteCommands(), TimeCommands(), WaypointCommands(),
         ViewCommands(), TideCommands(), StreamCommands(), DriftCommands(), WindCommands(),
-        GpsCommands(), AisCommands(), TrackCommands(), HelpCommands(), LaterCommands()}) {
+        GpsCommands(), AisCommands(), TrackCommands(), ExchangeCommands(), HelpCommands(),
+        LaterCommands()}) {
     for (const Command& command : rows) all.push_back(&command);
   }
   return all;

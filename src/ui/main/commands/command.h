@@ -25,6 +25,10 @@ enum Need : std::uint32_t {
   kNeedsMob = 1U << 9,               // a man-overboard position
   kNeedsPlaces = 1U << 10,           // a chart with a calibration
   kNeedsHarmonicStreams = 1U << 11,  // a file of harmonic stations for the sea area
+  kNeedsGpsOff = 1U << 16,           // neither the GPS connected nor a log replayed
+  kNeedsGpsOn = 1U << 17,
+  kNeedsAisOff = 1U << 18,  // neither the AIS connected nor a log replayed
+  kNeedsAisOn = 1U << 19,
   kNeedsNoReplay = 1U << 20,
   kNeedsQuiet = 1U << 21,          // neither a reception nor a replay
   kNeedsReplay = 1U << 22,         // running, paused or at its end
@@ -33,7 +37,6 @@ enum Need : std::uint32_t {
   kNeedsLog = 1U << 25,            // a log being written
   kNeedsPlot = 1U << 26,           // a track on the chart
   kNeedsGpsPort = 1U << 27,        // a GPS at a port of its own
-  kNeedsGps = 1U << 28,            // GPS reception
   kNeedsDemonstration = 1U << 29,  // what kNeedsQuiet says, or the demonstration itself
 };
 
@@ -67,6 +70,7 @@ std::span<const Command> HelpCommands();
 std::span<const Command> GpsCommands();
 std::span<const Command> AisCommands();
 std::span<const Command> TrackCommands();
+std::span<const Command> ExchangeCommands();
 // What belongs to subsystems that are not there yet.
 std::span<const Command> LaterCommands();
 

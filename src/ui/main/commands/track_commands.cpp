@@ -1,6 +1,8 @@
 #include "app/historical_track.h"
 #include "instruments/plot_file.h"
+#include "ui/instruments/frmAISLog.h"
 #include "ui/instruments/frmGPSComment.h"
+#include "ui/instruments/frmGPSLog.h"
 #include "ui/instruments/frmNMEAReplay.h"
 #include "ui/instruments/frmNewTrackName.h"
 #include "ui/instruments/frmRouteFileUpload.h"
@@ -25,6 +27,16 @@ void EnterPosition(Context& c) {
   if (plot.historical_plot_on) RemoveHistoricalPlot(c.program);
   if (plot.plot_file_name.empty()) frmNewTrackName(c.desktop, &c.window).exec();
   if (!plot.plot_file_name.empty()) frmmanualpos(c.desktop, &c.window).exec();
+  c.desktop.window.Changed(kTargetsChanged);
+}
+
+// The dialog of the connection asks for the log too; the connection stays as it is.
+template <typename Dialog>
+void KeepALog(Context& c) {
+  if (Dialog(c.desktop, &c.window).exec() != QDialog::Accepted) return;
+  constexpr double kSecondsPerDay = 86400.0;
+  c.program.timers.next_log_time =
+      c.program.clock->Now().Julian() + c.program.config.log_interval / kSecondsPerDay;
   c.desktop.window.Changed(kTargetsChanged);
 }
 
@@ -59,7 +71,7 @@ constexpr Command kCommands[] = {
        c.desktop.window.Changed(kTargetsChanged);
      }},
     {"mnugpscomment", "Enter GPS &Comment", "", "A remark for the log, at the boat's position", "",
-     kNeedsGps, [](Context& c) { frmGPSComment(c.desktop, &c.window).exec(); }},
+     kNeedsGpsOn, [](Context& c) { frmGPSComment(c.desktop, &c.window).exec(); }},
     {"mnuposmanual", "&Manual Entry", "", "Enter a position into a plot file", "", kNeedsNoReplay,
      EnterPosition},
     {"mnutrackoff", "Track Plot &Off", "", "End the plot of the track", "",
@@ -73,7 +85,8 @@ constexpr Command kCommands[] = {
      "", kNeedsGpsPort, [](Context& c) { frmRouteFileUpload(c.desktop, &c.window).exec(); }},
     {"mnugpswaypointupload", "Upload &Waypoints to GPS", "", "Send a waypoint file to the GPS", "",
      kNeedsGpsPort, [](Context& c) { frmWayFileUpload(c.desktop, &c.window).exec(); }},
-    {"mnuLogGPS", "&Log GPS Data", "record", "", ""},
+    {"mnuLogGPS", "&Log GPS Data", "record", "Keep a log of what comes in", "", kNeedsGpsText,
+     KeepALog<frmGPSLog>},
     {"mnuStopGPSDataLog", "&Stop GPS Log", "", "End the log", "", kNeedsLog | kNeedsGpsText,
      StopLog},
     {"mnuGPSReplay", "Re&play Log", "", "Play a log of an earlier voyage", "", kNeedsQuiet,
@@ -81,7 +94,8 @@ constexpr Command kCommands[] = {
     {"mnuGPSReplayPause", "Pause Log Replay", "", "Stop the replay for a while, or go on with it",
      "", kNeedsReplay, PauseReplay},
     {"mnuGPSReplayHalt", "&Halt Replay", "", "End the replay", "", kNeedsReplay, HaltReplay},
-    {"mnuLogAIS", "&Log AIS Data", "", "", ""},
+    {"mnuLogAIS", "&Log AIS Data", "", "Keep a log of what comes in", "", kNeedsAisText,
+     KeepALog<frmAISLog>},
     {"mnuStopAISDataLog", "Stop AIS Lo&g", "", "End the log", "", kNeedsLog | kNeedsAisText,
      StopLog},
     {"mnuAISReplay", "Re&play Log", "", "Play a log with the vessels around", "", kNeedsQuiet,

@@ -1,4 +1,4 @@
-#include "ui/routes/file_list.h"
+#include "ui/dialogs/file_list.h"
 
 #include <QApplication>
 #include <QDir>
@@ -48,9 +48,11 @@ FileList::FileList(QWidget* parent) : QListWidget(parent) {
   setItemDelegate(new FileDelegate(this));
 }
 
-void FileList::Fill(const std::string& folder, FileKind kind) {
+void FileList::Fill(const std::string& folder, FileKind kind) { Fill(ListFiles(folder, kind)); }
+
+void FileList::Fill(const std::vector<std::string>& names) {
   clear();
-  for (const std::string& name : ListFiles(folder, kind)) addItem(ToQt(name));
+  for (const std::string& name : names) addItem(ToQt(name));
 }
 
 std::string FileList::Selected() const {

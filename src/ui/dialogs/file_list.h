@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ui/forms/file_forms.h"
 
@@ -20,6 +21,7 @@ class FileList : public QListWidget {
 
   // Lists the files of a kind in `folder`, with nothing selected.
   void Fill(const std::string& folder, FileKind kind);
+  void Fill(const std::vector<std::string>& names);
 
   // The selected name; empty when none is.
   std::string Selected() const;

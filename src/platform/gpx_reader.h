@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/gpx_document.h"
+#include "core/result.h"
+
+namespace skerrow {
+
+// Files beyond this are refused: a year of fixes, one a second, is not passage planning.
+inline constexpr std::size_t kMostGpxBytes = std::size_t{256} * 1024 * 1024;
+
+// Reads a document of GPX 1.0 or 1.1, in any of the encodings that XML declares. Points without a
+// place on the globe are left out and counted; entities that the document defines are not expanded.
+// Errors: text that is no XML, or no GPX.
+Result<GpxDocument> ReadGpx(std::string_view text);
+
+// The same of a file. Errors: also missing, unreadable, too large.
+Result<GpxDocument> ReadGpxFile(const std::string& path);
+
+}  // namespace skerrow
