@@ -22,6 +22,7 @@
 #include "ui/drawing/qt_surface.h"
 #include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
+#include "ui/overlays/target_overlays.h"
 #include "ui/viewer/chart_viewer.h"
 
 namespace {
@@ -38,6 +39,7 @@ constexpr int kWaypoints = 2000;
 constexpr std::size_t kRoutePoints = 100;
 constexpr int kTrackPoints = 10000;
 constexpr int kCharts = 200;
+constexpr int kTargets = 4000;
 constexpr int kPorts = 200;
 constexpr int kWindRows = 40;
 constexpr int kWindColumns = 50;
@@ -157,9 +159,37 @@ void Fill(Program& program, ViewState& state) {
   program.mob.position = {50.45F, -2.1F};
   state.marked_point_on = true;
   state.marked = {50.55F, -2.1F};
-  program.ais.mark = Position{50.52F, -2.1F};
   state.calculation_on_show = true;
   program.plot.track_plot_on = true;
+}
+
+// Vessels all over the chart, one in a hundred under the alarm range: their courses and speeds
+// scattered, and half an hour of way behind them.
+void FillTargets(Program& program) {
+  std::mt19937 random(20261123);
+  std::uniform_real_distribution<float> latitude(50.02F, 50.98F);
+  std::uniform_real_distribution<float> longitude(-2.98F, -1.02F);
+  std::uniform_real_distribution<float> course(0.0F, 359.9F);
+  std::uniform_real_distribution<float> speed(0.0F, 25.0F);
+  program.link.ais_enabled = true;
+  program.link.gps_enabled = true;
+  for (int i = 0; i < kTargets; ++i) {
+    AisPositionReport report;
+    report.message_type = i % 3 == 0 ? 18 : 1;
+    report.mmsi = 235000000 + i;
+    report.position = Position{latitude(random), longitude(random)};
+    report.course = course(random);
+    report.speed = speed(random);
+    program.ais.targets.UpdateAisPosition(report, {true, true, false, false}, 11.5F);
+    AisTarget& target = *program.ais.targets.Find(report.mmsi);
+    target.cpa_known = true;
+    target.cpa = i % 100 == 0 ? 0.1F : 2.0F;
+    for (std::size_t k = 0; k < kAisTrackLength; ++k) {
+      const Position back = PredictAisPosition(target.At(), -5.0F * static_cast<float>(k + 1),
+                                               *report.speed, *report.course);
+      target.history[k] = {back.latitude, back.longitude, 11.0F};
+    }
+  }
 }
 
 // Median time of a paint onto a fresh picture [ms].
@@ -180,6 +210,27 @@ double TimePaint(QImage& picture, const std::function<void(DrawingSurface&)>& pa
   }
   std::nth_element(times.begin(), times.begin() + kPaints / 2, times.end());
   return times[kPaints / 2];
+}
+
+// The rows of the vessels, as the settings have them at first and with less of them.
+void ReportTargets(const OverlayView& view, Program& program, const ViewState& state) {
+  QImage picture(kViewWidth, kViewHeight, QImage::Format_ARGB32_Premultiplied);
+  const auto report = [&](const char* what) {
+    const double draw = TimePaint(
+        picture, [&](DrawingSurface& surface) { DrawAisTargets(surface, view, program, state); });
+    const double names = TimePaint(picture, [&](DrawingSurface& surface) {
+      LabelList labels;
+      NameAisTargets(labels, view, program, state);
+      DrawLabels(surface, view, labels, false);
+    });
+    std::printf("%-34s %10.3f %10.3f\n", what, draw, names);
+  };
+  std::printf("\n%d vessels in view%17s %10s %10s\n", kTargets, "", "symbols", "labels");
+  report("history and labels");
+  for (AisTarget& target : program.ais.targets.All()) target.show_history = false;
+  report("labels");
+  for (AisTarget& target : program.ais.targets.All()) target.show_details = false;
+  report("symbols and labels in alarm");
 }
 
 void Report(const char* title, const OverlayView& view, const Program& program,
@@ -301,6 +352,10 @@ int main(int argc, char** argv) {
   geometry.FitAll();
   Report("whole chart in view", MakeOverlayView(program.charts.chart, geometry, geometry, 12),
          program, state);
+  Program traffic({"/nonexistent", "/nonexistent", "/nonexistent"}, clock);
+  traffic.charts.chart = program.charts.chart;
+  FillTargets(traffic);
+  ReportTargets(MakeOverlayView(program.charts.chart, geometry, geometry, 12), traffic, {});
   geometry.SetZoom(1.0);
   Report("at 100 %", MakeOverlayView(program.charts.chart, geometry, geometry, 12), program, state);
   ReportFrames(program, state);

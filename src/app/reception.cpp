@@ -79,7 +79,6 @@ void EndReplay(Program& program) {
   program.log_loaded.clear();
   program.ais.targets.Clear();
   program.ais.assembly = {};
-  program.ais.mark.reset();
 }
 
 }  // namespace skerrow

@@ -68,6 +68,11 @@ AisTarget* AisTargets::Find(std::int32_t mmsi) {
   return found == index_.end() ? nullptr : &targets_[found->second];
 }
 
+const AisTarget* AisTargets::Find(std::int32_t mmsi) const {
+  const auto found = index_.find(mmsi);
+  return found == index_.end() ? nullptr : &targets_[found->second];
+}
+
 void AisTargets::UpdateAisPosition(const AisPositionReport& report, const AisShown& shown,
                                    float now) {
   AisTarget* target = Find(report.mmsi);

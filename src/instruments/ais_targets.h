@@ -106,6 +106,7 @@ class AisTargets {
   bool IsKnownTarget(std::int32_t mmsi) const { return index_.contains(mmsi); }
   // Null when there is none.
   AisTarget* Find(std::int32_t mmsi);
+  const AisTarget* Find(std::int32_t mmsi) const;
 
   // The MMSI of an entry must stay as it is.
   std::span<AisTarget> All() { return targets_; }

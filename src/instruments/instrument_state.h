@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "core/position.h"
 #include "instruments/ais_alarm.h"
 #include "instruments/ais_decoder.h"
@@ -16,8 +14,6 @@ struct AisState {
   AisAssembly assembly;
   AisDecoderOptions options;
   CpaAlarm alarm;
-  // The vessel pointed out by the list of targets.
-  std::optional<Position> mark;
 };
 
 }  // namespace skerrow

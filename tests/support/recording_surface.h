@@ -52,7 +52,9 @@ class RecordingSurface final : public DrawingSurface {
     Note("text " + Pair(at) + kAcross[static_cast<int>(style.align_x)] +
          kDown[static_cast<int>(style.align_y)] + std::to_string(style.size_pt) +
          (style.bold ? " bold " : " plain ") + style.family + Colour(colour) +
-         (style.halo ? " halo " + Colour(*style.halo) : "") + " \"" + std::string(text) + '"');
+         (style.halo ? " halo " + Colour(*style.halo) : "") +
+         (style.background ? " ground " + Colour(*style.background) : "") + " \"" +
+         std::string(text) + '"');
   }
   // Half of the size for each byte, one and a half of it for the line.
   SurfaceRect TextExtent(std::string_view text, const TextStyle& style) const override {

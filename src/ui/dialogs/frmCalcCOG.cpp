@@ -3,6 +3,7 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <utility>
 
 #include "core/numbers.h"
 #include "ui/dialogs/frmresults.h"
@@ -22,8 +23,9 @@ void ShowName(QLabel* label, const QString& name) {
 
 }  // namespace
 
-frmCalcCOG::frmCalcCOG(Desktop& desktop, QWidget* parent)
+frmCalcCOG::frmCalcCOG(Desktop& desktop, QWidget* parent, Upload upload)
     : Dialog(desktop, "frmCalcCOG", "Leg Set-up", parent),
+      upload_(std::move(upload)),
       start_latitude_(MakeLatitudeEdit(desktop.messages, "txtstartlat")),
       start_longitude_(MakeLongitudeEdit(desktop.messages, "txtstartlon")),
       start_name_(Named<QLabel>("lblstartname")),
@@ -44,8 +46,11 @@ frmCalcCOG::frmCalcCOG(Desktop& desktop, QWidget* parent)
   columns->addLayout(MakeWaypoints(), 1);
   body()->addLayout(columns, 1);
   QPushButton* to_gps = AddLeftButton("CmdDesttogps", "Destination to &GPS",
-                                      "Needs a GPS that takes waypoints from this program");
-  to_gps->setEnabled(false);
+                                      desktop.program.link.gps_enabled
+                                          ? "Sends the destination to the GPS as a waypoint"
+                                          : "Needs a connected GPS");
+  to_gps->setEnabled(upload_ != nullptr && desktop.program.link.gps_enabled);
+  connect(to_gps, &QPushButton::clicked, this, [this] { UploadDestination(); });
   QPushButton* calculate = AddButton("cmdCalculate", "&Calculate");
   calculate->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", "Cancel");
@@ -204,6 +209,16 @@ QWidget* frmCalcCOG::BoxOf(DriftField field) const {
       break;
   }
   return nullptr;
+}
+
+void frmCalcCOG::UploadDestination() {
+  if (busy()) return;
+  const std::optional<UploadPoint> destination = DestinationOf(Entry());
+  if (!destination) {
+    Refuse("Error in start and destination coordinates", false, dest_latitude_);
+    return;
+  }
+  if (desktop().messages.Ask("Upload destination to GPS?")) upload_(*destination);
 }
 
 void frmCalcCOG::Calculate() {

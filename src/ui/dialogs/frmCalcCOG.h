@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QRadioButton>
+#include <functional>
 
 #include "ui/dialogs/leeway_box.h"
 #include "ui/forms/drift_forms.h"
@@ -16,7 +17,9 @@ class frmCalcCOG : public Dialog {
   Q_OBJECT
 
  public:
-  frmCalcCOG(Desktop& desktop, QWidget* parent);
+  // `upload` takes a waypoint to the GPS; without one the dialog offers no upload.
+  using Upload = std::function<void(const UploadPoint&)>;
+  frmCalcCOG(Desktop& desktop, QWidget* parent, Upload upload = {});
 
  private:
   QWidget* MakeEntries();
@@ -29,6 +32,9 @@ class frmCalcCOG : public Dialog {
   CogEntry Entry() const;
   QWidget* BoxOf(DriftField field) const;
   void Calculate();
+  void UploadDestination();
+
+  Upload upload_;
 
   FilteredEdit* start_latitude_;
   FilteredEdit* start_longitude_;

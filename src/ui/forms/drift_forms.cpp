@@ -109,6 +109,14 @@ std::string OfferedHeading(const CogEntry& entry) {
   return FormatFixed(static_cast<double>(RoundToInteger(tenths)), 3, 0);
 }
 
+std::optional<UploadPoint> DestinationOf(const CogEntry& entry) {
+  const std::optional<Position> place =
+      PlaceOf(entry.destination_latitude, entry.destination_longitude);
+  if (!place) return std::nullopt;
+  const std::string name = Trim(entry.destination_name);
+  return UploadPoint{name.empty() ? "DEST" : name, *place};
+}
+
 CheckedDrift CheckCourseOverGround(const Program& program, const CogEntry& entry) {
   if (Blank(entry.speed)) return Refused("Enter boat speed", DriftField::kSpeed);
   const std::string heading = Blank(entry.heading) ? OfferedHeading(entry) : entry.heading;

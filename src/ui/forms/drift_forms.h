@@ -6,6 +6,7 @@
 #include "app/program.h"
 #include "core/messages.h"
 #include "core/progress.h"
+#include "instruments/upload.h"
 #include "passage/drift.h"
 #include "passage/route_calculation.h"
 
@@ -53,6 +54,9 @@ struct CheckedDrift {
 // The bearing from start to destination, "045": rounded to tenths and then to an integer. Empty
 // unless both places are complete.
 std::string OfferedHeading(const CogEntry& entry);
+
+// The destination as a waypoint for a GPS, "DEST" where it has no name; empty unless it is whole.
+std::optional<UploadPoint> DestinationOf(const CogEntry& entry);
 
 // Checks the entry of `frmCalcCOG` in this order: "Enter boat speed", "Duration not set",
 // "Duration entry ambiguous", "Direction not set", "Error in start and destination coordinates",

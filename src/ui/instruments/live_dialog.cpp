@@ -1,6 +1,10 @@
 #include "ui/instruments/live_dialog.h"
 
+#include <QScreen>
 #include <QShowEvent>
+#include <algorithm>
+
+#include "ui/widgets/place_window.h"
 
 namespace skerrow {
 
@@ -16,6 +20,20 @@ void LiveDialog::showEvent(QShowEvent* event) {
   Follow();
   timer_.start();
   Dialog::showEvent(event);
+  if (!placed_) PlaceBeside();
+  placed_ = true;
+}
+
+// At the right edge of its parent, below the toolbars, so that the middle of the chart is seen.
+void LiveDialog::PlaceBeside() {
+  if (parentWidget() == nullptr) return;
+  constexpr int kBelow = 120;
+  const QRect room = screen()->availableGeometry();
+  const QRect parent = parentWidget()->window()->geometry();
+  const QSize outer = size() + QSize(kFrameWidth, kFrameHeight);
+  const int left = std::min(parent.right(), room.right()) - outer.width();
+  const int top = std::min(parent.top() + kBelow, room.bottom() - outer.height());
+  move(std::max(left, room.left()), std::max(top, room.top()));
 }
 
 void LiveDialog::hideEvent(QHideEvent* event) {

@@ -26,7 +26,10 @@ class LiveDialog : public Dialog {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  void PlaceBeside();
+
   QTimer timer_;
+  bool placed_ = false;
 };
 
 // Shows the dialog of a kind beside the chart, the one that is open or a new one.

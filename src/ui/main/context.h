@@ -13,6 +13,7 @@ class InstrumentController;
 class LookController;
 class MobController;
 class RouteController;
+class TargetController;
 class TimeController;
 
 // What the commands of the main window work on: the state, what the windows share, and the
@@ -30,6 +31,7 @@ struct Context {
   MobController& mob;
   LookController& look;
   InstrumentController& instruments;
+  TargetController& targets;
   ChartMouse& mouse;
 };
 

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 #include <numeric>
 
 #include "app/edits.h"
@@ -21,6 +22,7 @@
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
+#include "ui/instruments/live_dialog.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
@@ -144,10 +146,11 @@ frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings
       mob_(desktop_),
       look_(desktop_, *viewer_),
       instruments_(desktop_, time_, chart_, *viewer_),
+      targets_(desktop_, chart_, look_, *this),
       route_(desktop_, *viewer_, chart_, time_, mob_, *this),
       events_(desktop_, *viewer_, chart_, route_, mob_),
-      context_{desktop_, program, messages, view_, *this,        *viewer_,       chart_,
-               route_,   time_,   mob_,     look_, instruments_, events_.mouse()} {
+      context_{desktop_, program, messages, view_, *this,        *viewer_, chart_,
+               route_,   time_,   mob_,     look_, instruments_, targets_, events_.mouse()} {
   setObjectName("frmChart");
   setWindowTitle(kProgramName);
   viewer_->setObjectName("oGdViewer");
@@ -174,10 +177,15 @@ frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings
           [this](const QString& name) { RunCommand(name.toStdString()); });
   connect(&look_, &LookController::LookChanged, this, [this] { FollowLook(); });
   connect(&time_, &TimeController::Second, this, [this] { ShowMob(); });
+  connect(&time_, &TimeController::Second, this, [this] { targets_.Step(); });
   resize(1240, 800);
 }
 
-frmChart::~frmChart() { viewer_->SetEvents(nullptr); }
+frmChart::~frmChart() {
+  viewer_->SetEvents(nullptr);
+  // They look at what goes with this window, and so go before it.
+  qDeleteAll(findChildren<LiveDialog*>());
+}
 
 QAction* frmChart::action(std::string_view name) const {
   const auto at = actions_.find(name);
@@ -305,6 +313,9 @@ void frmChart::MakeReadouts() {
     return made;
   };
   readout_ = label("Picture1");
+  gps_label_ = label("lblGPS");
+  // What a GPS sends stands in it.
+  gps_label_->setTextFormat(Qt::PlainText);
   dividers_ = label("txtDividers");
   quiet_line_ = label("lblQuietLine");
   mob_label_ = label("lblMOB");
@@ -418,6 +429,11 @@ std::uint32_t frmChart::NeedsMet() const {
   const bool replay = p.replay.replay_active;
   if (!replay) met |= p.link.gps_enabled ? kNeedsGpsOn : kNeedsGpsOff;
   if (!replay) met |= p.link.ais_enabled ? kNeedsAisOn : kNeedsAisOff;
+  if (p.link.ais_enabled || replay) {
+    met |= kNeedsTargets;
+    if (view_.targets_shown) met |= kNeedsTargetsShown;
+  }
+  if (p.link.gps_enabled || replay) met |= kNeedsBoat;
   const bool quiet = !replay && !instruments_.Receiving();
   met |= replay ? kNeedsReplay : kNeedsNoReplay;
   if (quiet) met |= kNeedsQuiet;
@@ -622,6 +638,7 @@ void frmChart::ShowReadout() {
     readout_->setText(rows.join('\n'));
     readout_->adjustSize();
   }
+  ShowGps();
   dividers_->setVisible(view_.dividers_on);
   if (view_.dividers_on) {
     dividers_->setText(ToQt(DividersText(view_)));
@@ -636,6 +653,18 @@ void frmChart::ShowReadout() {
   if (desktop_.program.mob.on) ShowMob();
 }
 
+// The box of the GPS stands below the readout.
+void frmChart::ShowGps() {
+  const QString text = ToQt(GpsReadout(desktop_.program, view_));
+  if (gps_label_->text() != text) {
+    gps_label_->setText(text);
+    gps_label_->adjustSize();
+  }
+  gps_label_->setVisible(!text.isEmpty());
+  gps_label_->move(kFloatMargin,
+                   (readout_->isVisible() ? readout_->geometry().bottom() : 0) + kFloatMargin);
+}
+
 void frmChart::ShowMob() {
   const QString text = ToQt(mob_.LabelText(mob_shown_line_));
   if (mob_label_->text() != text) {
@@ -643,8 +672,9 @@ void frmChart::ShowMob() {
     mob_label_->adjustSize();
   }
   mob_label_->setVisible(!text.isEmpty());
+  const QLabel* above = gps_label_->isVisible() ? gps_label_ : readout_;
   mob_label_->move(kFloatMargin,
-                   (readout_->isVisible() ? readout_->geometry().bottom() : 0) + kFloatMargin);
+                   (above->isVisible() ? above->geometry().bottom() : 0) + kFloatMargin);
 }
 
 // The readout stands in the upper left corner, the overview in the lower right one, and the quiet
@@ -665,6 +695,7 @@ void frmChart::PlaceFloats() {
   quiet_line_->adjustSize();
   quiet_line_->move((room.width() - quiet_line_->width()) / 2,
                     room.height() - quiet_line_->height() - kFloatMargin);
+  ShowGps();
   ShowMob();
 }
 
@@ -675,7 +706,8 @@ void frmChart::FollowLook() {
           "QLabel {background: %1; color: %2; border: 1px solid %3; border-radius: 4px;}")
           .arg(ColourName(theme.readout_back), ColourName(theme.readout_text),
                ColourName(theme.readout_border));
-  for (QLabel* label : {readout_, dividers_, mob_label_, quiet_line_}) label->setStyleSheet(style);
+  for (QLabel* label : {readout_, gps_label_, dividers_, mob_label_, quiet_line_})
+    label->setStyleSheet(style);
   QPalette colours = QGuiApplication::palette();
   for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button}) {
     colours.setColor(role, theme.readout_back);
@@ -683,6 +715,14 @@ void frmChart::FollowLook() {
   for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText}) {
     colours.setColor(role, theme.readout_text);
   }
+  // In another font the bar lays itself out anew, and its panels come up beneath the line that
+  // stands there.
+  QTimer::singleShot(0, this, [this] {
+    const QString line = statusBar()->currentMessage();
+    if (line.isEmpty()) return;
+    statusBar()->clearMessage();
+    statusBar()->showMessage(line, kTellTime);
+  });
   route_combo_->setPalette(colours);
   route_details_->setPalette(colours);
   for (const Command* command : AllCommands()) {

@@ -23,6 +23,7 @@
 #include "ui/main/menus.h"
 #include "ui/main/mob_controller.h"
 #include "ui/main/route_controller.h"
+#include "ui/main/target_controller.h"
 #include "ui/main/time_controller.h"
 #include "ui/viewer/chart_overview.h"
 #include "ui/viewer/chart_viewer.h"
@@ -89,6 +90,7 @@ class frmChart final : public QMainWindow, public MainWindowPort {
   void UpdateStatusBar();
   void UpdateRouteCombo();
   void ShowReadout();
+  void ShowGps();
   void ShowMob();
   void FillRecentMenu();
   void PlaceFloats();
@@ -102,6 +104,7 @@ class frmChart final : public QMainWindow, public MainWindowPort {
   MobController mob_;
   LookController look_;
   InstrumentController instruments_;
+  TargetController targets_;
   RouteController route_;
   ChartEvents events_;
   Context context_;
@@ -117,6 +120,7 @@ class frmChart final : public QMainWindow, public MainWindowPort {
   QToolButton* route_details_ = nullptr;     // lblRouteDetails
   std::vector<QAction*> route_list_places_;  // show and hide both in their toolbar
   QLabel* readout_ = nullptr;                // Picture1
+  QLabel* gps_label_ = nullptr;              // lblGPS
   QLabel* dividers_ = nullptr;               // txtDividers
   QLabel* mob_label_ = nullptr;              // lblMOB
   QLabel* quiet_line_ = nullptr;             // what an empty or incomplete chart says

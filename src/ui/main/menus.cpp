@@ -331,7 +331,7 @@ constexpr KeyRow kKeys[] = {
 };
 
 constexpr std::string_view kDoubleClick[] = {"mnuPUTidalHeights", "mnuPUTidalStream",
-                                             "mnuPUAISDetails"};
+                                             "dblAisDetails"};
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "app/edits.h"
+#include "core/calendar.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
@@ -88,6 +89,26 @@ std::vector<std::string> CursorReadout(const ViewState& view, const std::string&
                    FormatFixed(way.bearing, 3, 0) + "°T");
   }
   return rows;
+}
+
+std::string GpsReadout(const Program& program, const ViewState& view) {
+  if (!program.link.gps_enabled && !program.replay.replay_active) return "";
+  const GpsFix& fix = program.nmea.fix;
+  if (view.marked_point_on && !view.route_drag_on && fix.HasPosition()) {
+    const RangeAndBearing way = RangeBearing(fix.At(), view.marked);
+    const float speed = fix.speed_over_ground;
+    return "From Boat To Marked Point " + FormatFixed(way.range, 1, 1) + "nm @" +
+           FormatFixed(way.bearing, 3, 0) + "°T\nETA at Marked Point " +
+           (speed > 0.0F ? AddHours(program.clock->Now().Day(), program.clock->Now().Hours(),
+                                    way.range / speed)
+                               .text
+                         : "Not calculated");
+  }
+  std::string text = program.config.gps_centre != 0 ? "GPS(Located on Screen)" : "GPS";
+  for (const std::string& line : {fix.position_text, fix.course_speed_text, fix.waypoint_text}) {
+    if (!line.empty()) text += "\n" + line;
+  }
+  return text;
 }
 
 std::string DividersText(const ViewState& view) {

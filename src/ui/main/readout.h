@@ -34,6 +34,10 @@ std::array<std::string, 5> StatusPanels(const Program& program, const ViewState&
 std::vector<std::string> CursorReadout(const ViewState& view, const std::string& latitude,
                                        const std::string& longitude);
 
+// lblGPS: the boat's position, course and speed and its way to the GPS's waypoint, or with a marked
+// point the way there and the time of arrival; empty without reception.
+std::string GpsReadout(const Program& program, const ViewState& view);
+
 // What floats beside the cursor while the dividers are on.
 std::string DividersText(const ViewState& view);
 

@@ -176,11 +176,12 @@ void RouteController::KeyboardEdit() {
   desktop_.window.Changed(kRouteChanged);
 }
 
-template <typename Dialog>
-void RouteController::Calculate() {
+template <typename Dialog, typename... Arguments>
+void RouteController::Calculate(Arguments&&... arguments) {
   const Program& program = desktop_.program;
   desktop_.view.route_drag_on = false;
-  const bool done = Dialog(desktop_, &window_).exec() == QDialog::Accepted;
+  const bool done =
+      Dialog(desktop_, &window_, std::forward<Arguments>(arguments)...).exec() == QDialog::Accepted;
   desktop_.view.calculation_on_show = !program.passage.route_track.empty();
   time_.DropAnimation();
   desktop_.window.Changed(kRouteChanged | kTimeChanged);

@@ -77,8 +77,8 @@ class RouteController {
   void WaypointsRead();
   void ClearMark();
   void ResetModes();
-  template <typename Dialog>
-  void Calculate();
+  template <typename Dialog, typename... Arguments>
+  void Calculate(Arguments&&... arguments);
 
   Desktop& desktop_;
   ChartViewer& viewer_;

@@ -138,8 +138,9 @@ std::vector<std::optional<SurfaceRect>> PlaceLabels(std::span<const LabelWish> w
         over_mark = place;
       }
     }
-    if (!box && (all || wish.rank <= LabelRank::kRoute)) box = over_mark;
-    if (!box && all) box = PlaceOf(wish, 0);
+    const bool forced = wish.room == LabelRoom::kAlways || (all && wish.room == LabelRoom::kUsual);
+    if (!box && (forced || wish.rank <= LabelRank::kRoute)) box = over_mark;
+    if (!box && forced) box = PlaceOf(wish, 0);
     if (box) names.Add(*box, i);
   }
   return boxes;

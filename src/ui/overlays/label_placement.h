@@ -11,10 +11,17 @@
 namespace skerrow {
 
 // How much a name matters; the first are placed first.
-enum class LabelRank { kMark, kRoute, kWaypoint, kPort, kRemark, kStream };
+enum class LabelRank { kMark, kRoute, kTarget, kWaypoint, kPort, kRemark, kStream };
 
 // On which side of its mark a name is tried first.
 enum class LabelSide { kRight, kLeft };
+
+// What becomes of a name that finds no room.
+enum class LabelRoom {
+  kUsual,     // it goes without, unless every name is to show
+  kFreeOnly,  // it goes without
+  kAlways,    // it stands at its first place
+};
 
 // A name that wants to stand beside a mark.
 struct LabelWish {
@@ -25,6 +32,7 @@ struct LabelWish {
   double height = 0.0;
   LabelRank rank = LabelRank::kWaypoint;
   LabelSide side = LabelSide::kRight;
+  LabelRoom room = LabelRoom::kUsual;
 };
 
 // The room between a mark and its name, pixels.

@@ -16,8 +16,8 @@ void DrawLabels(DrawingSurface& surface, const OverlayView& view, const LabelLis
   wishes.reserve(list.labels.size());
   for (const Label& label : list.labels) {
     const SurfaceRect extent = surface.TextExtent(label.text, style);
-    wishes.push_back(
-        {label.text, label.at, label.radius, extent.width, extent.height, label.rank, label.side});
+    wishes.push_back({label.text, label.at, label.radius, extent.width, extent.height, label.rank,
+                      label.side, label.room});
   }
   std::vector<SurfaceRect> taken;
   for (const FixedText& text : list.fixed) {
@@ -34,8 +34,10 @@ void DrawLabels(DrawingSurface& surface, const OverlayView& view, const LabelLis
         box.top + box.height < 0.0) {
       continue;
     }
+    TextStyle own = style;
+    if ((own.background = list.labels[i].background)) own.halo.reset();
     surface.Text({box.left, box.top + box.height / 2.0}, list.labels[i].text, list.labels[i].colour,
-                 style);
+                 own);
   }
   for (const FixedText& text : list.fixed) {
     surface.Text(text.top_left, text.text, text.colour, ChartText(view));

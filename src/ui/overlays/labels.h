@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,8 @@ struct Label {
   std::int32_t colour = 0;
   LabelRank rank = LabelRank::kWaypoint;
   LabelSide side = LabelSide::kRight;
+  LabelRoom room = LabelRoom::kUsual;
+  std::optional<std::int32_t> background = {};  // a ground of its own in the place of the rim
 };
 
 // A text with a place of its own, to which the others give way.

@@ -126,9 +126,4 @@ void DrawMarkedPoint(DrawingSurface& surface, const OverlayView& view, const Pro
   DrawCircle(surface, view, state.marked, view.marker_radius, kRed);
 }
 
-void DrawAisMark(DrawingSurface& surface, const OverlayView& view, const Program& program,
-                 const ViewState&) {
-  if (program.ais.mark) DrawCircle(surface, view, *program.ais.mark, view.marker_radius, kRed);
-}
-
 }  // namespace skerrow

@@ -27,8 +27,4 @@ void NameMob(LabelList& names, const OverlayView& view, const Program& program,
 void DrawMarkedPoint(DrawingSurface& surface, const OverlayView& view, const Program& program,
                      const ViewState& state);
 
-// The ring about the target marked in the list.
-void DrawAisMark(DrawingSurface& surface, const OverlayView& view, const Program& program,
-                 const ViewState& state);
-
 }  // namespace skerrow

@@ -7,6 +7,7 @@
 #include "ui/overlays/mark_overlays.h"
 #include "ui/overlays/route_overlays.h"
 #include "ui/overlays/stream_overlays.h"
+#include "ui/overlays/target_overlays.h"
 #include "ui/overlays/wind_overlays.h"
 
 namespace skerrow {
@@ -27,7 +28,6 @@ bool FutureShown(const Program& program, const ViewState&) {
 }
 bool MobHeld(const Program& program, const ViewState&) { return program.mob.on; }
 bool PointMarked(const Program&, const ViewState& state) { return state.marked_point_on; }
-bool AisMarked(const Program& program, const ViewState&) { return program.ais.mark.has_value(); }
 
 // While a rectangle is being drawn the chart's own marks stay away.
 bool BoundariesShown(const Program& program, const ViewState& state) {
@@ -54,7 +54,11 @@ bool StoredWindShown(const Program& program, const ViewState& state) {
          program.config.use_manual_wind == 0;
 }
 bool TargetsShown(const Program& program, const ViewState& state) {
-  return !state.rectangle_dragging && (program.link.ais_enabled || program.replay.replay_active);
+  return !state.rectangle_dragging && state.targets_shown &&
+         (program.link.ais_enabled || program.replay.replay_active);
+}
+bool TargetMarked(const Program& program, const ViewState& state) {
+  return state.shown_target != 0 && TargetsShown(program, state);
 }
 bool ReplayShown(const Program& program, const ViewState& state) {
   return !state.rectangle_dragging && program.replay.replay_active;
@@ -85,7 +89,7 @@ constexpr std::array kOverlays = {
     Overlay{"future positions", FutureShown, DrawinFuturePos},
     Overlay{"man overboard", MobHeld, DrawMob, NameMob},
     Overlay{"marked point", PointMarked, DrawMarkedPoint},
-    Overlay{"AIS mark", AisMarked, DrawAisMark},
+    Overlay{"AIS mark", TargetMarked, DrawAisMark},
     Overlay{"chart boundaries", BoundariesShown, DrawChartBoundaries},
     Overlay{"candidate chart", CandidateShown, DrawCandidateChart, NameCandidateChart},
     Overlay{"tidal streams", StreamsShown, DrawStreams, NameStreams},
@@ -93,7 +97,7 @@ constexpr std::array kOverlays = {
     Overlay{"tidal ports", PortsShown, DrawPorts, NamePorts},
     Overlay{"wind entered", ManualWindShown, DrawManualWind, NameManualWind},
     Overlay{"wind imported", StoredWindShown, DrawStoredWind, NameStoredWind},
-    Overlay{"AIS targets", TargetsShown, nullptr},
+    Overlay{"AIS targets", TargetsShown, DrawAisTargets, NameAisTargets},
     Overlay{"boat of a replay", ReplayShown, DrawInBoat},
     Overlay{"live track", TrackShown, DrawLiveTrack, NameLiveTrack},
     Overlay{"plot file", PlotFileShown, DrawPlotFile, NamePlotFile},

@@ -62,6 +62,10 @@ struct ViewState {
   // The dividers have been taken up and not been moved yet.
   bool dividers_fresh = false;
 
+  // The vessels around stand on the chart, and the one that a window shows (MMSI; 0 for none).
+  bool targets_shown = true;
+  std::int32_t shown_target = 0;
+
   // The next click sets the man-overboard mark.
   bool mob_pending = false;
 

@@ -4,8 +4,10 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <utility>
 
 #include "ui/widgets/qt_text.h"
 #include "ui/widgets/theme.h"
@@ -98,6 +100,28 @@ void TextList::SetLines(const std::vector<std::string>& lines, std::vector<RowLo
   looks_ = std::move(looks);
   MeasureColumns();
   for (const std::string& line : lines) addItem(ToQt(line));
+}
+
+void TextList::UpdateLines(const std::vector<std::string>& lines, std::vector<RowLook> looks) {
+  if (lines == lines_ && looks == looks_) return;
+  const int top = verticalScrollBar()->value();
+  if (lines.size() != lines_.size()) {
+    const int row = currentRow();
+    SetLines(lines, std::move(looks));
+    setCurrentRow(std::min(row, count() - 1));
+  } else {
+    const std::vector<std::vector<int>> before = columns_;
+    const std::vector<std::string> old = std::exchange(lines_, lines);
+    looks_ = std::move(looks);
+    MeasureColumns();
+    for (int row = 0; row < count(); ++row) {
+      const auto index = static_cast<std::size_t>(row);
+      if (lines[index] != old[index]) item(row)->setText(ToQt(lines[index]));
+    }
+    if (columns_ != before) scheduleDelayedItemsLayout();
+    viewport()->update();
+  }
+  verticalScrollBar()->setValue(top);
 }
 
 RowLook TextList::LookOf(int row) const {

@@ -18,6 +18,8 @@ struct RowLook {
   bool warning = false;
   bool room_above = false;
   int number = 0;  // shown before the row, in a margin of its own; 0 for none
+
+  friend bool operator==(const RowLook&, const RowLook&) = default;
 };
 
 // A list of report lines. Columns separated by tabs, one or several, line up over all rows that
@@ -30,6 +32,9 @@ class TextList : public QListWidget {
 
   // `looks` has one entry for each line, or none at all.
   void SetLines(const std::vector<std::string>& lines, std::vector<RowLook> looks = {});
+  // The same with lines that follow something alive: what has not changed stays as it stands, and
+  // so do the selection and the scroll position.
+  void UpdateLines(const std::vector<std::string>& lines, std::vector<RowLook> looks = {});
   RowLook LookOf(int row) const;
   // The width of the margin that the numbers stand in; 0 without numbers.
   int margin() const { return margin_; }

@@ -76,6 +76,29 @@ TEST_F(DriftDialogs, CourseOverGroundRefusesInItsWordsAndOrder) {
   EXPECT_TRUE(program.passage.route_track.empty());
 }
 
+TEST_F(DriftDialogs, TheDestinationGoesToAConnectedGps) {
+  std::vector<UploadPoint> sent;
+  const auto upload = [&sent](const UploadPoint& point) { sent.push_back(point); };
+  EXPECT_FALSE(
+      Find<QPushButton>(*std::make_unique<frmCalcCOG>(desktop, nullptr, upload), "CmdDesttogps")
+          ->isEnabled());
+  program.link.gps_enabled = true;
+  frmCalcCOG form(desktop, nullptr, upload);
+  Show(form);
+  messages.Expect("Error in start and destination coordinates", MessageIcon::kWarning);
+  Click(form, "CmdDesttogps");
+  TypePlaces(form);
+  Type(form, "txtdestlat", "50.40.00N");
+  messages.ExpectQuestion("Upload destination to GPS?", false);
+  Click(form, "CmdDesttogps");
+  EXPECT_TRUE(sent.empty());
+  messages.ExpectQuestion("Upload destination to GPS?", true);
+  Click(form, "CmdDesttogps");
+  ASSERT_EQ(sent.size(), 1U);
+  EXPECT_EQ(sent[0].name, "DEST");
+  EXPECT_NEAR(sent[0].position.latitude, 50.6667, 1e-4);
+}
+
 TEST_F(DriftDialogs, TheBearingIsOfferedUntilAHeadingIsTyped) {
   frmCalcCOG form(desktop, nullptr);
   Show(form);

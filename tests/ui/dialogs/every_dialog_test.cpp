@@ -32,6 +32,7 @@
 #include "ui/dialogs/frmtimdat.h"
 #include "ui/instruments/frmAISGPSConfig.h"
 #include "ui/instruments/frmAISLog.h"
+#include "ui/instruments/frmAISSummary.h"
 #include "ui/instruments/frmCommsInfo.h"
 #include "ui/instruments/frmGPSLog.h"
 #include "ui/instruments/frmgpsdetail.h"
@@ -276,6 +277,16 @@ const Row kRows[] = {
      "txtAppDir "
      "txtAppAngle cmdCancel",
      "lblTrueForce lblAppForce lblTrouble Picture1", Open<frmTrueAppWind>},
+    {"frmAisDetails", "AIS Target Details", "", "lstAisDetails cmdCopy cmdPrint cmdClose",
+     "lblName lblHeard cmdShow",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmAisDetails>(desktop, ShowPlace(), nullptr);
+     }},
+    {"frmAISSummary", "AIS Target List", "", "lstAISTargets txtFilter List1 cmdCopyList cmdClose",
+     "lblCount lblTime lblName cmdMark cmdClearMark cmdCopyDetails cmdShow",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmAISSummary>(desktop, ShowPlace(), nullptr);
+     }},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmUnsaved>(desktop, "Unsaved.", nullptr);

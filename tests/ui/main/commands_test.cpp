@@ -40,6 +40,10 @@ TEST(Commands, EachStandsOnceAndEveryPlaceNamesOne) {
     EXPECT_TRUE(keys.insert(row.key).second) << row.key << " is bound twice";
     placed.insert(row.command);
   }
+  for (const std::string_view command : DoubleClickRows()) {
+    EXPECT_TRUE(names.contains(command)) << command;
+    placed.insert(command);
+  }
   for (const std::string_view name : names) {
     EXPECT_TRUE(placed.contains(name)) << name << " stands nowhere";
   }

@@ -127,7 +127,6 @@ class OverlaysTest : public ::testing::Test {
     program.mob.position = {50.49F, -1.5F};
     state.marked_point_on = true;
     state.marked = {50.5F, -1.49F};
-    program.ais.mark = Position{50.48F, -1.49F};
     state.calculation_on_show = true;
     state.candidate_chart = program.charts.index[0];
     program.tides.tidal_streams = {{"9999-1", 50.49, -1.49, 90.0F, 1.570796F, 1.5F}};
@@ -178,9 +177,9 @@ TEST_F(OverlaysTest, APaintIsItsRowsOneAfterTheOtherAndThenTheNames) {
     rows += shapes(row);
   }
   EXPECT_EQ(shapes(whole), rows);
-  // No replay runs, the wind is hidden, and targets have no drawer yet.
-  EXPECT_EQ(silent, (std::set<std::string_view>{"wind entered", "wind imported", "AIS targets",
-                                                "boat of a replay"}));
+  // No replay and no AIS runs, and the wind is hidden.
+  EXPECT_EQ(silent, (std::set<std::string_view>{"wind entered", "wind imported", "AIS mark",
+                                                "AIS targets", "boat of a replay"}));
   EXPECT_EQ(Draw(), whole) << "a paint changed something that the next one sees";
 }
 

@@ -29,6 +29,9 @@ enum Need : std::uint32_t {
   kNeedsGpsOn = 1U << 17,
   kNeedsAisOff = 1U << 18,  // neither the AIS connected nor a log replayed
   kNeedsAisOn = 1U << 19,
+  kNeedsTargets = 1U << 12,       // AIS reception or a replay
+  kNeedsTargetsShown = 1U << 13,  // and its vessels on the chart
+  kNeedsBoat = 1U << 14,          // GPS reception or a replay
   kNeedsNoReplay = 1U << 20,
   kNeedsQuiet = 1U << 21,          // neither a reception nor a replay
   kNeedsReplay = 1U << 22,         // running, paused or at its end
@@ -37,7 +40,7 @@ enum Need : std::uint32_t {
   kNeedsLog = 1U << 25,            // a log being written
   kNeedsPlot = 1U << 26,           // a track on the chart
   kNeedsGpsPort = 1U << 27,        // a GPS at a port of its own
-  kNeedsDemonstration = 1U << 29,  // what kNeedsQuiet says, or the demonstration itself
+  kNeedsDemonstration = 1U << 28,  // what kNeedsQuiet says, or the demonstration itself
 };
 
 struct Command {

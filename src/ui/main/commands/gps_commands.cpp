@@ -6,6 +6,7 @@
 #include "ui/main/commands/command.h"
 #include "ui/main/context.h"
 #include "ui/main/instrument_controller.h"
+#include "ui/main/look_controller.h"
 
 namespace skerrow {
 namespace {
@@ -31,7 +32,8 @@ constexpr Command kCommands[] = {
     {"mnuPosGpsDisconnect", "GPS &Disable", "", "Close the GPS port", "", kNeedsGpsOn,
      [](Context& c) { c.instruments.DisconnectGps(); }},
     {"mnuGPSCentre", "GPS &Find Position on Chart", "boatsnap", "Keep the boat on the chart", "G",
-     kNoNeed, nullptr, [](const Context& c) { return c.program.config.gps_centre != 0; }},
+     kNeedsBoat, [](Context& c) { c.look.Toggle(&AppConfig::gps_centre); },
+     [](const Context& c) { return c.program.config.gps_centre != 0; }},
     {"mnugpsdisplay", "GPS &Monitor", "", "What the GPS tells, and its text", "", kNeedsGpsOn,
      [](Context& c) { ShowBeside<frmgpsdetail>(c.desktop, c.window); }},
     {"mnuAISEnable", "AIS &Enable", "ais", "Connect the AIS receiver", "", kNeedsAisOff, EnableAis},
