@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/position.h"
 #include "instruments/ais_alarm.h"
 #include "instruments/ais_decoder.h"
 #include "instruments/ais_targets.h"

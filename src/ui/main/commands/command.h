@@ -25,13 +25,13 @@ enum Need : std::uint32_t {
   kNeedsMob = 1U << 9,               // a man-overboard position
   kNeedsPlaces = 1U << 10,           // a chart with a calibration
   kNeedsHarmonicStreams = 1U << 11,  // a file of harmonic stations for the sea area
+  kNeedsTargets = 1U << 12,          // AIS reception or a replay
+  kNeedsTargetsShown = 1U << 13,     // and its vessels on the chart
+  kNeedsBoat = 1U << 14,             // GPS reception or a replay
   kNeedsGpsOff = 1U << 16,           // neither the GPS connected nor a log replayed
   kNeedsGpsOn = 1U << 17,
   kNeedsAisOff = 1U << 18,  // neither the AIS connected nor a log replayed
   kNeedsAisOn = 1U << 19,
-  kNeedsTargets = 1U << 12,       // AIS reception or a replay
-  kNeedsTargetsShown = 1U << 13,  // and its vessels on the chart
-  kNeedsBoat = 1U << 14,          // GPS reception or a replay
   kNeedsNoReplay = 1U << 20,
   kNeedsQuiet = 1U << 21,          // neither a reception nor a replay
   kNeedsReplay = 1U << 22,         // running, paused or at its end
