@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <random>
 #include <string>
@@ -103,16 +104,18 @@ void Fill(Program& program, ViewState& state) {
   for (const Position& position : Wander(random, kTrackPoints)) {
     program.passage.route_track.push_back({position, 0.0F, {}});
   }
-  PlotTrack earlier;
+  std::vector<PlotRecord> earlier;
   for (const Position& position : Wander(random, kTrackPoints)) {
     program.nmea.track.push_back({.latitude = position.latitude, .longitude = position.longitude});
     const bool remark = program.nmea.track.size() % 100 == 1;
     if (remark) {
       program.nmea.log.comments.push_back({position.latitude, position.longitude, "", "", {"Log"}});
     }
-    earlier.push_back({position, remark ? "Log" : ""});
+    earlier.push_back({position.latitude, position.longitude, "", "", remark ? "Log" : ""});
   }
-  program.historical_tracks.push_back(earlier);
+  program.plot.plot_file_name = std::filesystem::temp_directory_path() / "skerrow-bench.trk";
+  program.plot.track_plot_on = true;
+  (void)WriteRecords<PlotRecord>(program.plot.plot_file_name, earlier, kPlotFields);
   for (int i = 0; i < kCharts; ++i) {
     const float lat = latitude(random);
     const float lon = longitude(random);

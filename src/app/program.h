@@ -15,6 +15,7 @@
 #include "core/selected_time.h"
 #include "instruments/instrument_state.h"
 #include "instruments/nmea.h"
+#include "instruments/plot_file.h"
 #include "instruments/replay.h"
 #include "instruments/serial_link.h"
 #include "passage/passage_state.h"
@@ -81,9 +82,9 @@ struct Program {
   ReplayState replay;
   PlotState plot;
   AisState ais;
-  std::vector<Position> boat_ahead;          // where the tide will take the boat
-  std::vector<PlotTrack> historical_tracks;  // of plot files on show
-  std::string log_loaded;                    // the log whose track is in the track table
+  std::vector<Position> boat_ahead;  // where the tide will take the boat
+  StoredPlot stored_plot;            // the plot file on show
+  std::string log_loaded;            // the log whose track is in the track table
   ManOverboard mob;
   Animation animation;
   TimerState timers;

@@ -1,5 +1,6 @@
 #include "app/reception.h"
 
+#include "app/historical_track.h"
 #include "instruments/log.h"
 
 namespace skerrow {
@@ -32,6 +33,7 @@ Status StartGps(Program& program, SerialPorts& ports, std::int64_t now, Progress
   if (const Status connected = ConnectGps(program.link, program.config, ports, now); !connected) {
     return connected;
   }
+  if (program.plot.historical_plot_on) RemoveHistoricalPlot(program);
   LoadLogInUse(program, progress);
   program.timers.next_log_time =
       program.clock->Now().Julian() + program.config.log_interval / kSecondsPerDay;
@@ -42,6 +44,7 @@ Status StartAis(Program& program, SerialPorts& ports, std::int64_t now, Progress
   if (const Status connected = ConnectAis(program.link, program.config, ports, now); !connected) {
     return connected;
   }
+  if (program.plot.historical_plot_on) RemoveHistoricalPlot(program);
   LoadLogInUse(program, progress);
   program.timers.next_log_time =
       program.clock->Now().Julian() + program.config.log_interval / kSecondsPerDay;
@@ -70,6 +73,10 @@ void KeepLog(Program& program, Messages& messages, bool force) {
 
 void EndReplay(Program& program) {
   HaltReplay(program.replay, program.plot, program.nmea);
+  // Nothing of an earlier voyage is to pass for the boat, or to be joined to her track.
+  program.nmea.track.clear();
+  program.nmea.fix = GpsFix();
+  program.log_loaded.clear();
   program.ais.targets.Clear();
   program.ais.assembly = {};
 }

@@ -70,6 +70,20 @@ Result<RecordFile<PlotRecord>> ReadPlotFile(const std::string& path) {
   return ReadRecords(path, kPlotFields);
 }
 
+const std::vector<PlotRecord>& StoredPlot::Get(const std::string& path) const {
+  // Taken before the reading: a file that comes in between is then read the next time.
+  const FileStamp stamp = path.empty() ? FileStamp() : StampOf(path);
+  if (path == path_ && stamp == stamp_) return records_;
+  path_ = path;
+  stamp_ = stamp;
+  records_.clear();
+  if (!stamp.there) return records_;
+  if (const Result<RecordFile<PlotRecord>> file = ReadPlotFile(path); file) {
+    records_ = file->Sound();
+  }
+  return records_;
+}
+
 Status AppendPlotRecord(const std::string& path, const PlotRecord& record) {
   if (Status sound = CheckRecords<PlotRecord>(path, {&record, 1}, kPlotFields); !sound) {
     return sound;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/clock.h"
+#include "core/file_stamp.h"
 #include "core/messages.h"
 #include "core/position.h"
 #include "core/record.h"
@@ -42,6 +43,19 @@ static_assert(IsPacked(kPlotFields, kPlotRecordSize));
 // The records of a plot file, damaged ones left out. Errors: missing, unreadable, more records than
 // a 16-bit number counts.
 Result<RecordFile<PlotRecord>> ReadPlotFile(const std::string& path);
+
+// A plot file in memory, for a chart that is drawn many times a second.
+class StoredPlot {
+ public:
+  // The records of the file at `path` as it stands now, damaged ones left out; none of one that
+  // cannot be read. Valid until the next call.
+  const std::vector<PlotRecord>& Get(const std::string& path) const;
+
+ private:
+  mutable std::vector<PlotRecord> records_;
+  mutable std::string path_;
+  mutable FileStamp stamp_;
+};
 
 // Writes a record behind the last whole one, creating the file when it is missing. Errors, with the
 // file as it was: a position that is no number, a file that is full, and what stands in the way of

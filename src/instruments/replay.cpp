@@ -83,15 +83,26 @@ ReplayStep End(ReplayState& replay, std::string message) {
   return {.repaint = true, .ended = true, .message = std::move(message)};
 }
 
+// The log of a request, opened once.
+Result<LogLines> OpenLog(const ReplayRequest& request, const std::string& tracks_folder) {
+  const std::string name = Trim(request.name);
+  if (name.empty()) return Error{"", "No file name selected"};
+  return LogLines::Open(ReplayPath(tracks_folder, name));
+}
+
 }  // namespace
+
+Status CheckReplay(const ReplayRequest& request, const std::string& tracks_folder) {
+  const Result<LogLines> lines = OpenLog(request, tracks_folder);
+  if (!lines) return lines.error();
+  return Done{};
+}
 
 Status StartReplay(const ReplayRequest& request, const std::string& tracks_folder,
                    ReplayState& replay, PlotState& plot, NmeaState& nmea) {
-  const std::string name = Trim(request.name);
-  if (name.empty()) return Error{"", "No file name selected"};
-  const std::string path = ReplayPath(tracks_folder, name);
-  const Result<LogLines> lines = LogLines::Open(path);
+  const Result<LogLines> lines = OpenLog(request, tracks_folder);
   if (!lines) return lines.error();
+  const std::string path = ReplayPath(tracks_folder, Trim(request.name));
   if (request.kind == ReplayKind::kGps) {
     plot.plot_file_name = JoinPath(tracks_folder, kReplayPlotFile);
     (void)DeleteFile(plot.plot_file_name);  // one that stays is overwritten record by record
@@ -152,7 +163,35 @@ int ReplayWait(ReplayState& replay) {
 
 std::string_view PauseReplay(ReplayState& replay) {
   replay.running = !replay.running;
-  return replay.running ? kPauseReplayCaption : kResumeReplayCaption;
+  return PauseCaption(replay);
+}
+
+std::string_view PauseCaption(const ReplayState& replay) {
+  const bool paused = replay.replay_active && !replay.running && !ReplayEnded(replay);
+  return paused ? kResumeReplayCaption : kPauseReplayCaption;
+}
+
+bool ReplayEnded(const ReplayState& replay) {
+  return replay.replay_active && !replay.running && replay.replay_position >= replay.end;
+}
+
+double ReplayPercent(const ReplayState& replay) {
+  if (replay.end <= 0) return 100.0;
+  return std::min(
+      100.0, 100.0 * static_cast<double>(replay.replay_position) / static_cast<double>(replay.end));
+}
+
+std::optional<Position> FirstPositionOf(const std::string& path) {
+  Result<LogLines> lines = LogLines::Open(path);
+  if (!lines) return std::nullopt;
+  for (int count = 0; count < kMostLinesAhead; ++count) {
+    const auto line = lines.value().Next();
+    if (!line || !*line) return std::nullopt;
+    if (line->value().find("RMC") == std::string_view::npos) continue;
+    const Rmc rmc = ParseRmc(**line);
+    if (rmc.state == SentenceState::kGood) return Position{rmc.latitude, rmc.longitude};
+  }
+  return std::nullopt;
 }
 
 void HaltReplay(ReplayState& replay, PlotState& plot, NmeaState& nmea) {

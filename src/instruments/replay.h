@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/position.h"
 #include "core/result.h"
 #include "instruments/nmea.h"
 
@@ -72,6 +73,9 @@ struct ReplayStep {
   std::string message;  // at the end: why it ended
 };
 
+// Whether a replay could start. Errors: "No file name selected", and a log that cannot be read.
+Status CheckReplay(const ReplayRequest& request, const std::string& tracks_folder);
+
 // Starts a replay. That of the GPS gives the plot a file of its own and deletes an old one; that of
 // the AIS empties the track table, and the caller empties the targets. A log that is replayed is
 // not written any more, and what others add to it is not played. Errors: "No file name
@@ -90,6 +94,15 @@ int ReplayWait(ReplayState& replay);
 
 // Pauses a replay, or goes on with it. Gives the caption that the menu entry then has.
 std::string_view PauseReplay(ReplayState& replay);
+std::string_view PauseCaption(const ReplayState& replay);
+
+// Whether a replay has played its last line.
+bool ReplayEnded(const ReplayState& replay);
+// The part that has been played.
+double ReplayPercent(const ReplayState& replay);
+
+// The first good position of a log, looked for in its first lines only; none where there is none.
+std::optional<Position> FirstPositionOf(const std::string& path);
 
 // Ends a replay: plot, logging and queue with it. The caller empties the targets.
 void HaltReplay(ReplayState& replay, PlotState& plot, NmeaState& nmea);

@@ -19,20 +19,10 @@ std::string SpanText(double days) {
 
 }  // namespace
 
-StoredWind::Stamp StoredWind::StampOf(const std::string& path) {
-  Stamp stamp;
-  std::error_code size_fault;
-  std::error_code time_fault;
-  stamp.size = std::filesystem::file_size(path, size_fault);
-  stamp.time = std::filesystem::last_write_time(path, time_fault);
-  stamp.there = !size_fault && !time_fault;
-  return stamp.there ? stamp : Stamp();
-}
-
 std::shared_ptr<const WindStore> StoredWind::Get(const Folders& folders) const {
   const std::string path = folders.WindDataFile();
   // Taken before the reading: a file that comes in between is then read the next time.
-  const Stamp stamp = StampOf(path);
+  const FileStamp stamp = StampOf(path);
   if (store_ != nullptr && path == path_ && stamp == stamp_) return store_;
   Result<std::vector<WindCell>> cells =
       stamp.there ? ReadWindStore(folders) : Result<std::vector<WindCell>>(Error{path, "missing"});

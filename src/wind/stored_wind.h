@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <string>
 
+#include "core/file_stamp.h"
 #include "core/folders.h"
 #include "wind/wind_store.h"
 
@@ -20,17 +20,9 @@ class StoredWind {
   std::uint32_t revision() const { return revision_; }
 
  private:
-  struct Stamp {
-    bool there = false;
-    std::uintmax_t size = 0;
-    std::filesystem::file_time_type time;
-    friend bool operator==(const Stamp&, const Stamp&) = default;
-  };
-  static Stamp StampOf(const std::string& path);
-
   mutable std::shared_ptr<const WindStore> store_;
   mutable std::string path_;
-  mutable Stamp stamp_;
+  mutable FileStamp stamp_;
   mutable std::uint32_t revision_ = 0;
 };
 

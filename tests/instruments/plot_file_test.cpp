@@ -51,6 +51,24 @@ TEST_F(PlotFile, RecordIsThatOfTheFile) {
             "50.30.00N,001.15.00W,6:30,5 Dec,x");
 }
 
+TEST_F(PlotFile, AStoredPlotFollowsItsFile) {
+  StoredPlot stored;
+  EXPECT_TRUE(stored.Get("").empty());
+  EXPECT_TRUE(stored.Get(Path()).empty());
+  ASSERT_TRUE(AppendPlotRecord(Path(), {50.5F, -1.25F, "06:30", "", "one"}));
+  ASSERT_EQ(stored.Get(Path()).size(), 1U);
+  ASSERT_TRUE(AppendPlotRecord(Path(), {50.6F, -1.25F, "06:40", "", "two"}));
+  ASSERT_EQ(stored.Get(Path()).size(), 2U);
+  EXPECT_EQ(stored.Get(Path())[1].comment, "two");
+  folder_.Write("other.trk", Bytes("1", "", "other"));
+  ASSERT_EQ(stored.Get(folder_.File("other.trk")).size(), 1U);
+  EXPECT_EQ(stored.Get(folder_.File("other.trk"))[0].comment, "other");
+  std::filesystem::remove(Path());
+  EXPECT_TRUE(stored.Get(Path()).empty());
+  folder_.Write("empty.trk", "");
+  EXPECT_TRUE(stored.Get(folder_.File("empty.trk")).empty());
+}
+
 TEST_F(PlotFile, EntriesFollowOneAnother) {
   for (const char* time : {"6", "5", "4", "3", "2", "1"}) {
     ASSERT_TRUE(AppendPlotRecord(Path(), {50.5F, -1.25F, time, "", ""}));

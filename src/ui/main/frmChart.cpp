@@ -145,7 +145,7 @@ frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings
       time_(desktop_, *viewer_, chart_, *this),
       mob_(desktop_),
       look_(desktop_, *viewer_),
-      instruments_(desktop_, time_),
+      instruments_(desktop_, time_, chart_, *viewer_),
       targets_(desktop_, chart_, look_, *this),
       route_(desktop_, *viewer_, chart_, time_, mob_, *this),
       events_(desktop_, *viewer_, chart_, route_, mob_),
@@ -384,13 +384,30 @@ void frmChart::OpenFile(const std::string& path) {
         desktop_.messages.Show(opened.error().Text(), MessageIcon::kWarning, kProgramTitle);
       }
     });
+  } else if (kind == kLogEnding) {
+    ReplayFile(path);
   } else if (kind == ".cht" || kind == ".l55") {
     chart_.OpenStored(path.substr(0, path.rfind('.')) + ".cht");
   } else {
-    desktop_.messages.Show(path + ": this is no route, waypoint or chart file",
+    desktop_.messages.Show(path + ": this is no route, waypoint, chart or log file",
                            MessageIcon::kWarning, kProgramTitle);
   }
   Changed(kAllChanged);
+}
+
+void frmChart::ReplayFile(const std::string& name) {
+  const Folders& folders = desktop_.program.folders;
+  const std::string sample = JoinPath(folders.Samples(), name);
+  std::string path = name;  // or of a log in the tracks folder
+  if (FileIsThere(name)) {
+    path = QDir(ToQt(name)).absolutePath().toStdString();
+  } else if (!FileIsThere(JoinPath(folders.Tracks(), name)) && FileIsThere(sample)) {
+    path = sample;
+  }
+  instruments_.ReplayHere({.kind = ReplayKind::kAis,
+                           .name = path,
+                           .interval = kReplayStart,
+                           .pace = ReplayPace::kInterval});
 }
 
 std::uint32_t frmChart::NeedsMet() const {
@@ -408,15 +425,26 @@ std::uint32_t frmChart::NeedsMet() const {
   if (p.mob.on) met |= kNeedsMob;
   if (chart_.HasPlaces()) met |= kNeedsPlaces;
   if (HasHarmonicStreams(p)) met |= kNeedsHarmonicStreams;
-  if (p.link.ais_enabled || p.replay.replay_active) {
+  const bool replay = p.replay.replay_active;
+  if (p.link.ais_enabled || replay) {
     met |= kNeedsTargets;
     if (view_.targets_shown) met |= kNeedsTargetsShown;
   }
-  if (p.link.gps_enabled || p.replay.replay_active) met |= kNeedsBoat;
+  if (p.link.gps_enabled || replay) met |= kNeedsBoat;
   // A connection and a replay exclude each other.
-  const bool replay = p.replay.replay_active;
   if (!replay) met |= p.link.gps_enabled ? kNeedsGpsOn : kNeedsGpsOff;
   if (!replay) met |= p.link.ais_enabled ? kNeedsAisOn : kNeedsAisOff;
+  const bool quiet = !replay && !instruments_.Receiving();
+  met |= replay ? kNeedsReplay : kNeedsNoReplay;
+  if (quiet) met |= kNeedsQuiet;
+  if (quiet || instruments_.demonstrating()) met |= kNeedsDemonstration;
+  // A demonstration is not logged.
+  const bool text = replay && !instruments_.demonstrating();
+  if (text || p.link.gps_enabled) met |= kNeedsGpsText;
+  if (text || p.link.ais_enabled) met |= kNeedsAisText;
+  if (p.link.gps_enabled && p.link.gps.number >= 0) met |= kNeedsGpsPort;
+  if (p.nmea.log.logging_on) met |= kNeedsLog;
+  if (p.plot.historical_plot_on || p.plot.track_plot_on) met |= kNeedsPlot;
   return met;
 }
 
@@ -438,6 +466,8 @@ void frmChart::UpdateActions() {
   action("mnuUndo")->setText(named(history.UndoName(), "&Undo"));
   action("mnuRedo")->setText(named(history.RedoName(), "&Redo"));
   action("tbMob")->setText(WithKey(*action("tbMob"), ToQt(mob_.MenuText())));
+  const QString pause = ToQt(PauseCaption(desktop_.program.replay));
+  for (const char* name : {"mnuGPSReplayPause", "mnuAISReplayPause"}) action(name)->setText(pause);
   named_menus_.at("mnuTools")->menuAction()->setVisible(view_.tools_shown);
   const bool one_input = desktop_.program.config.gps_through_ais != 0;
   named_menus_.at("mnuGPS")->menuAction()->setVisible(!one_input);
@@ -459,7 +489,14 @@ void frmChart::FillRecentMenu() {
 
 void frmChart::UpdateCaption() {
   const Program& program = desktop_.program;
-  if (program.replay.replay_active) return;
+  if (program.replay.replay_active) {
+    setWindowTitle(QString(kProgramName) +
+                   (instruments_.demonstrating() ? " - Demonstration" : " - Replay of ") +
+                   (instruments_.demonstrating()
+                        ? QString()
+                        : ToQt(FileNameOf(program.replay.replay_file_name))));
+    return;
+  }
   const RouteState& route = program.route;
   std::string tail = route_.Listed() ? ListedRouteText(route) : RouteStatusText(route);
   if (!route.points.empty()) tail += RouteNameText(program);

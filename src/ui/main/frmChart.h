@@ -42,8 +42,12 @@ class frmChart final : public QMainWindow, public MainWindowPort {
 
   // Shows the first chart and starts the timers; the program's data have been loaded.
   void Start();
-  // Opens a file named on the command line: a route, a waypoint file, or a chart's settings.
+  // Opens a file named on the command line: a route, a waypoint file, a chart's settings, or a log,
+  // which is replayed.
   void OpenFile(const std::string& path);
+  // Replays a log, where it lies on the chart: a path, or the name of one in the tracks folder or
+  // among the samples.
+  void ReplayFile(const std::string& name);
 
   Context& context() { return context_; }
   ChartViewer& viewer() { return *viewer_; }

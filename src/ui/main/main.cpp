@@ -51,6 +51,14 @@ int main(int argc, char** argv) {
   messages.SetNoticeBoard([&window](std::string_view text) { window.Tell(text); });
   window.show();
   window.Start();
-  for (const QString& word : words) window.OpenFile(word.toStdString());
+  for (qsizetype i = 0; i < words.size(); ++i) {
+    if (words[i] != QLatin1String("--replay")) {
+      window.OpenFile(words[i].toStdString());
+    } else if (++i < words.size()) {
+      window.ReplayFile(words[i].toStdString());
+    } else {
+      messages.Show("--replay wants the name of a log", MessageIcon::kWarning, kProgramTitle);
+    }
+  }
   return QApplication::exec();
 }

@@ -46,6 +46,10 @@ constexpr MenuRow kMenuBar[] = {
     Menu(1, "Historical &Track"),
     Item(2, "mnuhistPlot"),
     Item(2, "mnuremovehistplot"),
+    // The menu of the position is hidden.
+    Line(2),
+    Item(2, "mnuposmanual"),
+    Item(2, "mnutrackoff"),
     Line(1),
     Menu(1, "Recent C&harts", "mnuRecent"),
     Line(1),
@@ -174,6 +178,7 @@ constexpr MenuRow kMenuBar[] = {
     Item(1, "mnuHelpManual"),
     Line(1),
     Item(1, "mnuQuickHelp"),
+    Item(1, "mnuDemonstration"),
     Item(1, "mnuCommsMonitor"),
     Item(0, "mnuTideRollPlus"),
     Item(0, "mnuTideRollMinus"),

@@ -21,6 +21,8 @@ class TimeController final : public QObject, public TimerWindow {
 
   void Start() { timer1_.start(); }
   void Stop();
+  // The clock's timer alone.
+  void Rest() { timer1_.stop(); }
 
   void Animate(AnimationDirection direction);
   void PauseAnimation();

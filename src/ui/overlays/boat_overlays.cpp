@@ -6,6 +6,7 @@
 
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
+#include "core/text.h"
 
 namespace skerrow {
 namespace {
@@ -14,6 +15,8 @@ constexpr double kBoatScale = 120.0;  // parts of the display's height
 constexpr double kBoatCentreRadius = 4.0;
 constexpr double kFutureRadius = 3.0;
 constexpr double kCommentRadius = 4.0;
+constexpr double kCommentReach = 600.0;  // of the longest comment, pixels
+constexpr double kHalfLine = 0.8;        // half the height of a line, pixels to a point of its font
 constexpr int kTrackWidth = 2;
 constexpr std::size_t kMostFuturePositions = 7;
 constexpr double kMilesPerDegree = 60.0;
@@ -58,39 +61,35 @@ void DrawHull(DrawingSurface& surface, const Program& program, SurfacePoint at, 
   surface.SetFill(std::nullopt);
 }
 
-void DrawTrack(DrawingSurface& surface, const OverlayView& view, const Program& program,
-               const PlotTrack& track) {
-  if (track.empty()) return;
-  surface.SetPen(kTrackWidth, program.config.track_colour);
-  DrawRuns(surface, view, track.size(), [&track](std::size_t i) { return track[i].position; });
-  for (const PlotPoint& point : track) {
-    if (point.comment.empty()) continue;
-    const std::optional<SurfacePoint> at = view.Place(point.position);
-    if (!at) continue;
-    if (view.Seen(*at, kCommentRadius)) surface.Ring(*at, kCommentRadius);
-  }
+// The line from where a track ends to where the boat is.
+void JoinToBoat(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                Position last) {
+  const GpsFix& fix = program.nmea.fix;
+  if (!fix.HasPosition()) return;
+  const std::optional<SurfacePoint> from = view.Place(last);
+  const std::optional<SurfacePoint> to = view.Place(fix.At());
+  if (!from || !to || !Apart(*from, *to)) return;
+  surface.SetPen(static_cast<int>(RoundToInteger(static_cast<double>(program.config.line_width))),
+                 program.config.boat_colour);
+  surface.Line(*from, *to);
 }
 
-void NameTrack(LabelList& names, const OverlayView& view, const Program& program,
-               const PlotTrack& track) {
-  for (const PlotPoint& point : track) {
-    if (point.comment.empty()) continue;
-    if (const std::optional<SurfacePoint> at = view.Place(point.position)) {
-      names.labels.push_back({point.comment, *at, kCommentRadius, program.config.font_colour,
-                              LabelRank::kRemark, LabelSide::kRight});
-    }
-  }
-}
-
-// The lines of a comment that say something, one after the other.
-std::string CommentLabel(const CommentRecord& comment) {
-  std::string label;
+// The lines of a comment from the first that says something to the last.
+std::string CommentText(const CommentRecord& comment) {
+  std::string text;
   for (const std::string& line : comment.lines) {
-    if (line.empty()) continue;
-    if (!label.empty()) label += "  ";
-    label += line;
+    if (!text.empty()) text += "\n";
+    text += line;
   }
-  return label;
+  const std::size_t end = text.find_last_not_of('\n');
+  return text.substr(0, end == std::string::npos ? 0 : end + 1);
+}
+
+Position PlaceOf(const CommentRecord& comment) { return {comment.latitude, comment.longitude}; }
+Position PlaceOf(const PlotRecord& record) { return {record.latitude, record.longitude}; }
+
+const std::vector<PlotRecord>& PlotRecords(const Program& program) {
+  return program.stored_plot.Get(program.plot.plot_file_name);
 }
 
 }  // namespace
@@ -149,29 +148,51 @@ void DrawLiveTrack(DrawingSurface& surface, const OverlayView& view, const Progr
     DrawRuns(surface, view, track.size(), [&track](std::size_t i) { return track[i].At(); });
   }
   for (const CommentRecord& comment : program.nmea.log.comments) {
-    const std::optional<SurfacePoint> at = view.Place({comment.latitude, comment.longitude});
+    const std::optional<SurfacePoint> at = view.Place(PlaceOf(comment));
     if (at && view.Seen(*at, kCommentRadius)) surface.Ring(*at, kCommentRadius);
   }
+  if (!track.empty()) JoinToBoat(surface, view, program, track.back().At());
 }
 
 void NameLiveTrack(LabelList& names, const OverlayView& view, const Program& program,
                    const ViewState&) {
+  // The user's own words do not give way to the names of marks. Lines stand as far apart as the
+  // letters need, since at 10 pixels they would cover each other.
+  const double half_line = kHalfLine * view.text_size;
   for (const CommentRecord& comment : program.nmea.log.comments) {
-    const std::optional<SurfacePoint> at = view.Place({comment.latitude, comment.longitude});
-    if (!at) continue;
-    names.labels.push_back({CommentLabel(comment), *at, kCommentRadius, program.config.font_colour,
-                            LabelRank::kRemark, LabelSide::kRight});
+    const std::optional<SurfacePoint> at = view.Place(PlaceOf(comment));
+    if (!at || !view.Seen(*at, kCommentReach)) continue;
+    names.fixed.push_back({CommentText(comment),
+                           {at->x + kCommentRadius + kLabelGap, at->y - half_line},
+                           program.config.font_colour});
   }
 }
 
-void DrawHistoricalTracks(DrawingSurface& surface, const OverlayView& view, const Program& program,
-                          const ViewState&) {
-  for (const PlotTrack& track : program.historical_tracks) DrawTrack(surface, view, program, track);
+void DrawPlotFile(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                  const ViewState&) {
+  const std::vector<PlotRecord>& records = PlotRecords(program);
+  if (records.empty()) return;
+  surface.SetPen(kTrackWidth, program.config.track_colour);
+  DrawRuns(surface, view, records.size(),
+           [&records](std::size_t i) { return PlaceOf(records[i]); });
+  for (const PlotRecord& record : records) {
+    if (Trim(record.comment).empty()) continue;
+    const std::optional<SurfacePoint> at = view.Place(PlaceOf(record));
+    if (at && view.Seen(*at, kCommentRadius)) surface.Ring(*at, kCommentRadius);
+  }
+  JoinToBoat(surface, view, program, PlaceOf(records.back()));
 }
 
-void NameHistoricalTracks(LabelList& names, const OverlayView& view, const Program& program,
-                          const ViewState&) {
-  for (const PlotTrack& track : program.historical_tracks) NameTrack(names, view, program, track);
+void NamePlotFile(LabelList& names, const OverlayView& view, const Program& program,
+                  const ViewState&) {
+  for (const PlotRecord& record : PlotRecords(program)) {
+    const std::string comment = Trim(record.comment);
+    if (comment.empty()) continue;
+    if (const std::optional<SurfacePoint> at = view.Place(PlaceOf(record))) {
+      names.labels.push_back({comment, *at, kCommentRadius, program.config.font_colour,
+                              LabelRank::kRemark, LabelSide::kRight});
+    }
+  }
 }
 
 }  // namespace skerrow

@@ -2,7 +2,7 @@
 
 #include "ui/overlays/overlays.h"
 
-// The boat, its range rings and predicted positions, and recorded tracks.
+// The boat, its range rings and predicted positions, and tracks.
 namespace skerrow {
 
 // A boat's symbol turned to its heading (degrees true), with the vector ahead of it.
@@ -17,15 +17,17 @@ void DrawRangeRings(DrawingSurface& surface, const OverlayView& view, const Prog
 void DrawinFuturePos(DrawingSurface& surface, const OverlayView& view, const Program& program,
                      const ViewState& state);
 
-// The boat's own track, and those loaded from files.
+// The track table, be it of the boat, of a replay or of an earlier voyage, with the comments of the
+// log, and the line from its end to the boat.
 void DrawLiveTrack(DrawingSurface& surface, const OverlayView& view, const Program& program,
                    const ViewState& state);
-void DrawHistoricalTracks(DrawingSurface& surface, const OverlayView& view, const Program& program,
-                          const ViewState& state);
-// The remarks made on them.
 void NameLiveTrack(LabelList& names, const OverlayView& view, const Program& program,
                    const ViewState& state);
-void NameHistoricalTracks(LabelList& names, const OverlayView& view, const Program& program,
-                          const ViewState& state);
+
+// The positions of the plot file in force, likewise.
+void DrawPlotFile(DrawingSurface& surface, const OverlayView& view, const Program& program,
+                  const ViewState& state);
+void NamePlotFile(LabelList& names, const OverlayView& view, const Program& program,
+                  const ViewState& state);
 
 }  // namespace skerrow

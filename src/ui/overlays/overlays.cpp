@@ -63,11 +63,15 @@ bool TargetMarked(const Program& program, const ViewState& state) {
 bool ReplayShown(const Program& program, const ViewState& state) {
   return !state.rectangle_dragging && program.replay.replay_active;
 }
+bool TrackLayer(const Program& program) { return program.config.track_layer_on != 0.0F; }
 bool TrackShown(const Program& program, const ViewState&) {
-  return program.plot.track_plot_on || program.nmea.fix.position_good;
+  return TrackLayer(program) && (program.plot.historical_plot_on || program.plot.track_plot_on ||
+                                 program.nmea.fix.position_good);
 }
-bool HistoryShown(const Program& program, const ViewState&) {
-  return !program.historical_tracks.empty();
+// The name of an earlier voyage has no folder, and no file.
+bool PlotFileShown(const Program& program, const ViewState&) {
+  return TrackLayer(program) && (program.link.gps_enabled || program.plot.track_plot_on) &&
+         program.plot.plot_file_name.find('/') != std::string::npos;
 }
 bool VectorsWanted(const Program& program, const ViewState&) {
   return VectorsShown(program.config);
@@ -96,7 +100,7 @@ constexpr std::array kOverlays = {
     Overlay{"AIS targets", TargetsShown, DrawAisTargets, NameAisTargets},
     Overlay{"boat of a replay", ReplayShown, DrawInBoat},
     Overlay{"live track", TrackShown, DrawLiveTrack, NameLiveTrack},
-    Overlay{"historical tracks", HistoryShown, DrawHistoricalTracks, NameHistoricalTracks},
+    Overlay{"plot file", PlotFileShown, DrawPlotFile, NamePlotFile},
     Overlay{"vectors", VectorsWanted, DrawVectors},
 };
 

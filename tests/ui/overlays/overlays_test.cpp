@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <limits>
 #include <map>
@@ -16,6 +17,7 @@
 #include "core/plane_sailing.h"
 #include "support/recording_surface.h"
 #include "support/still_clock.h"
+#include "support/temp_folder.h"
 #include "ui/drawing/qt_surface.h"
 #include "ui/overlays/live_overlays.h"
 
@@ -133,10 +135,17 @@ class OverlaysTest : public ::testing::Test {
                                       {"9999-1", 50.48F, -1.48F, 1.0F, 0.0F, 90.0F, 1.0F, 1.57F}};
     program.nmea.track = {{.latitude = 50.5F, .longitude = -1.5F},
                           {.latitude = 50.49F, .longitude = -1.49F}};
-    program.historical_tracks = {{{{50.5F, -1.5F}, ""}, {{50.49F, -1.49F}, "tacked"}}};
+    PlotFrom({{50.5F, -1.5F, "", "", ""}, {50.49F, -1.49F, "", "", "tacked"}});
     program.plot.track_plot_on = true;
   }
 
+  // Makes those the records of the plot file in force.
+  void PlotFrom(const std::vector<PlotRecord>& records) {
+    program.plot.plot_file_name = folder.File("plot.trk");
+    ASSERT_TRUE(WriteRecords<PlotRecord>(program.plot.plot_file_name, records, kPlotFields));
+  }
+
+  const testing::TempFolder folder;
   testing::StillClock clock;
   Program program;
   ViewState state;
@@ -144,29 +153,13 @@ class OverlaysTest : public ::testing::Test {
 };
 
 TEST_F(OverlaysTest, StandInTheirOrder) {
-  const std::vector<std::string_view> expected = {"dividers",
-                                                  "route",
-                                                  "route legs",
-                                                  "waypoints",
-                                                  "course over ground",
-                                                  "boat",
-                                                  "range rings",
-                                                  "future positions",
-                                                  "man overboard",
-                                                  "marked point",
-                                                  "AIS mark",
-                                                  "chart boundaries",
-                                                  "candidate chart",
-                                                  "tidal streams",
-                                                  "harmonic streams",
-                                                  "tidal ports",
-                                                  "wind entered",
-                                                  "wind imported",
-                                                  "AIS targets",
-                                                  "boat of a replay",
-                                                  "live track",
-                                                  "historical tracks",
-                                                  "vectors"};
+  const std::vector<std::string_view> expected = {
+      "dividers",           "route",         "route legs",       "waypoints",
+      "course over ground", "boat",          "range rings",      "future positions",
+      "man overboard",      "marked point",  "AIS mark",         "chart boundaries",
+      "candidate chart",    "tidal streams", "harmonic streams", "tidal ports",
+      "wind entered",       "wind imported", "AIS targets",      "boat of a replay",
+      "live track",         "plot file",     "vectors"};
   std::vector<std::string_view> names;
   for (const Overlay& overlay : Overlays()) names.push_back(overlay.name);
   EXPECT_EQ(names, expected);
@@ -472,22 +465,65 @@ TEST_F(OverlaysTest, VectorsFollowTheDrift) {
 
 TEST_F(OverlaysTest, TracksCarryTheirComments) {
   program.config.track_colour = Rgb(1, 2, 3);
+  program.config.boat_colour = Rgb(4, 5, 6);
+  program.config.line_width = 3.0F;
   program.nmea.track = {{.latitude = 50.5F, .longitude = -1.5F},
                         {.latitude = 50.5F, .longitude = -1.45F}};
-  program.nmea.log.comments = {{50.5F, -1.45F, "", "", {"", "Reefed"}}};
+  program.nmea.log.comments = {{50.5F, -1.45F, "", "", {"Reefed", "", "Wind SW 6"}}};
   EXPECT_EQ(DrawOne("live track"), "") << "neither plotted nor a fix";
-  const std::string track =
+  const std::string line =
       "pen 2 solid 1,2,3\n"
       "polyline 100.00,217.00 300.00,217.00\n"
-      "ring 300.00,217.00 r 4.00\n"
-      "text 308.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Reefed\"\n";
-  program.nmea.fix.position_good = true;
-  EXPECT_EQ(DrawOne("live track"), track);
-  program.nmea.fix.position_good = false;
+      "ring 300.00,217.00 r 4.00\n";
+  const std::string track = line +
+                            "text 308.00,207.40 left top 12 bold 0,0,0 halo 255,255,255 "
+                            "\"Reefed\n\nWind SW 6\"\n";
+  struct Case {
+    bool good, plot, historical;
+  };
+  for (const Case& shown : {Case{true, false, false}, {false, true, false}, {false, false, true}}) {
+    program.nmea.fix.position_good = shown.good;
+    program.plot.track_plot_on = shown.plot;
+    program.plot.historical_plot_on = shown.historical;
+    EXPECT_EQ(DrawOne("live track"), track);
+  }
+  program.config.track_layer_on = 0.0F;
+  EXPECT_EQ(DrawOne("live track"), "");
+  program.config.track_layer_on = 1.0F;
+  program.nmea.log.comments.clear();
+  // On to the boat, where there is one.
+  program.nmea.fix.boat_latitude = 50.48F;
+  program.nmea.fix.boat_longitude = -1.45F;
+  const std::string to_boat = "pen 3 solid 4,5,6\nline 300.00,217.00 300.00,345.00\n";
+  EXPECT_EQ(DrawOne("live track"),
+            "pen 2 solid 1,2,3\npolyline 100.00,217.00 300.00,217.00\n" + to_boat);
+  program.nmea.fix.boat_latitude = 55.0F;  // off the chart
+  EXPECT_EQ(DrawOne("live track").find("line 300"), std::string::npos);
+  program.nmea.fix = {};
+
+  program.plot = {};
+  PlotFrom({{50.5F, -1.5F, "", "", ""}, {50.5F, -1.45F, "", "", "Reefed "}});
+  EXPECT_EQ(DrawOne("plot file"), "");
+  const std::string plot =
+      line + "text 308.00,217.00 left middle 12 bold 0,0,0 halo 255,255,255 \"Reefed\"\n";
   program.plot.track_plot_on = true;
-  EXPECT_EQ(DrawOne("live track"), track);
-  program.historical_tracks = {{{{50.5F, -1.5F}, ""}, {{50.5F, -1.45F}, "Reefed"}}, {}};
-  EXPECT_EQ(DrawOne("historical tracks"), track);
+  EXPECT_EQ(DrawOne("plot file"), plot);
+  program.plot.track_plot_on = false;
+  program.link.gps_enabled = true;
+  EXPECT_EQ(DrawOne("plot file"), plot);
+  program.nmea.fix.boat_latitude = 50.48F;
+  program.nmea.fix.boat_longitude = -1.45F;
+  EXPECT_NE(DrawOne("plot file").find(to_boat), std::string::npos);
+  program.config.track_layer_on = 0.0F;
+  EXPECT_EQ(DrawOne("plot file"), "");
+  program.config.track_layer_on = 1.0F;
+  // Gone, empty, or the name of an earlier voyage.
+  folder.Write("plot.trk", "");
+  EXPECT_EQ(DrawOne("plot file"), "");
+  std::filesystem::remove(folder.File("plot.trk"));
+  EXPECT_EQ(DrawOne("plot file"), "");
+  program.plot.plot_file_name = "Voyage";
+  EXPECT_EQ(DrawOne("plot file"), "");
 }
 
 // A route point on a waypoint and a port, close to a crowd of other waypoints: the names that

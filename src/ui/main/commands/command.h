@@ -32,6 +32,15 @@ enum Need : std::uint32_t {
   kNeedsGpsOn = 1U << 17,
   kNeedsAisOff = 1U << 18,  // neither the AIS connected nor a log replayed
   kNeedsAisOn = 1U << 19,
+  kNeedsNoReplay = 1U << 20,
+  kNeedsQuiet = 1U << 21,          // neither a reception nor a replay
+  kNeedsReplay = 1U << 22,         // running, paused or at its end
+  kNeedsGpsText = 1U << 23,        // GPS reception or a replay
+  kNeedsAisText = 1U << 24,        // AIS reception or a replay
+  kNeedsLog = 1U << 25,            // a log being written
+  kNeedsPlot = 1U << 26,           // a track on the chart
+  kNeedsGpsPort = 1U << 27,        // a GPS at a port of its own
+  kNeedsDemonstration = 1U << 28,  // what kNeedsQuiet says, or the demonstration itself
 };
 
 struct Command {
