@@ -8,6 +8,7 @@
 #include "ui/dialogs/frmRouteOptDeparture.h"
 #include "ui/dialogs/frmcalcroute.h"
 #include "ui/edits.h"
+#include "ui/instruments/frmSingwayup.h"
 #include "ui/main/chart_controller.h"
 #include "ui/main/mob_controller.h"
 #include "ui/main/time_controller.h"
@@ -193,7 +194,10 @@ void RouteController::CalculateDialog() { Calculate<frmcalcroute>(); }
 
 void RouteController::OptimiseDialog() { Calculate<frmRouteOptDeparture>(); }
 
-void RouteController::CourseOverGroundDialog() { Calculate<frmCalcCOG>(); }
+void RouteController::CourseOverGroundDialog() {
+  Calculate<frmCalcCOG>(
+      [this](const UploadPoint& point) { frmSingwayup(desktop_, point, &window_).exec(); });
+}
 
 void RouteController::ManOverboardDialog() { Calculate<frmCalcMOB>(); }
 
