@@ -197,9 +197,24 @@ class Wire : public QObject {
     }
   }
 
+  // The same of a program on the network, which may end its lines with LF alone; sentences end with
+  // CR.
+  void ReceiveLines(const QByteArray& bytes) {
+    QByteArray lines;
+    lines.reserve(bytes.size() + bytes.size() / 16);
+    for (const char c : bytes) {
+      if (c == '\n' && last_ != '\r') lines += '\r';
+      lines += c;
+      last_ = c;
+    }
+    Receive(lines);
+  }
+
+  virtual void Take(const QByteArray& bytes) { Receive(bytes); }
+
   void ReceiveAll() {
     // What is left over calls again.
-    if (device()->isOpen()) Receive(device()->read(kReadAtOnce));
+    if (device()->isOpen()) Take(device()->read(kReadAtOnce));
     if (device()->isOpen() && device()->bytesAvailable() > 0) {
       QTimer::singleShot(0, this, [this] {
         if (device()->bytesAvailable() > 0) ReceiveAll();
@@ -234,6 +249,7 @@ class Wire : public QObject {
 
   QEventLoop loop_;
   QTimer hold_{this};
+  char last_ = '\0';  // received
   bool dead_ = false;
 };
 
@@ -347,7 +363,7 @@ class TcpWire final : public Wire {
     connect(&socket_, &QTcpSocket::readyRead, this, [this] { ReceiveAll(); });
     connect(&socket_, &QTcpSocket::bytesWritten, this, [this] { Send(); });
     connect(&socket_, &QTcpSocket::errorOccurred, this, [this] {
-      while (socket_.bytesAvailable() > 0) Receive(socket_.read(kReadAtOnce));
+      while (socket_.bytesAvailable() > 0) Take(socket_.read(kReadAtOnce));
       Die(kSystemError, socket_.errorString());
     });
     patience_.setSingleShot(true);
@@ -370,6 +386,7 @@ class TcpWire final : public Wire {
     socket_.disconnect(this);
     socket_.abort();
   }
+  void Take(const QByteArray& bytes) override { ReceiveLines(bytes); }
   QIODevice* device() override { return &socket_; }
 
  private:
@@ -420,7 +437,7 @@ class UdpWire final : public Wire {
       datagram.truncate(size);
       // A datagram has whole sentences; some senders leave the end of the last one away.
       if (EndsWithChecksum(datagram)) datagram += "\r\n";
-      Receive(datagram);
+      ReceiveLines(datagram);
     }
   }
 

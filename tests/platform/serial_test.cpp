@@ -183,6 +183,11 @@ TEST_F(Ports, AServerGoesAwayAndComesBack) {
   EXPECT_FALSE(server->Accept(100));
   server->Write("!AIVDM\r\n");
   EXPECT_EQ(Take(port, 8), "!AIVDM\r\n");
+  // A server that ends its lines in another way is heard as well.
+  server->Write("a\nb\r");
+  EXPECT_EQ(Take(port, 5), "a\r\nb\r");
+  server->Write("\nc");
+  EXPECT_EQ(Take(port, 2), "\nc");
   ports_->Put(port, "$PUBX\r\n");
   EXPECT_EQ(testing::ReadFrom(server->client(), 7), "$PUBX\r\n");
 

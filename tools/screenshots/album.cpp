@@ -94,8 +94,9 @@ Studio::Studio() : program(FoldersIn(user_), clock_) {
                                {program.folders.Samples() + "/" + name}, messages);
   }
   settings_ = skerrow::OpenSettingsStore(user_.filePath("skerrow.ini").toStdString());
+  ports_ = skerrow::OpenSerialPorts(user_.path().toStdString());
   settings_->SetInt("Help", "QuickInstructionsOffered", 1);
-  window_ = std::make_unique<skerrow::frmChart>(program, messages, *settings_, clipboard_, ports_);
+  window_ = std::make_unique<skerrow::frmChart>(program, messages, *settings_, clipboard_, *ports_);
   window_->show();
   window_->Start();
 }

@@ -11,6 +11,7 @@
 #include "core/messages.h"
 #include "platform/clipboard.h"
 #include "platform/printing.h"
+#include "platform/serial.h"
 #include "platform/settings_store.h"
 #include "ui/main/frmChart.h"
 
@@ -55,7 +56,7 @@ class Studio {
 
   skerrow::frmChart& window() { return *window_; }
   skerrow::Desktop desktop() {
-    return {program, messages, *settings_, clipboard_, ports_, *window_, window_->view()};
+    return {program, messages, *settings_, clipboard_, *ports_, *window_, window_->view()};
   }
   // Runs a command of the main window.
   void Command(const char* name);
@@ -76,11 +77,12 @@ class Studio {
  private:
   std::unique_ptr<skerrow::SettingsStore> settings_;
   skerrow::SystemClipboard clipboard_;
-  skerrow::NoSerialPorts ports_;
+  std::unique_ptr<skerrow::SerialPorts> ports_;
   std::unique_ptr<skerrow::frmChart> window_;
 };
 
 // Every dialog, filled with the sample data.
 void KeepDialogs(const Album& album, Studio& studio);
+void KeepInstruments(const Album& album, Studio& studio);
 
 }  // namespace screenshots

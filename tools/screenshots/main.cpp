@@ -111,6 +111,7 @@ int main(int argc, char** argv) {
     screenshots::KeepChart(album, studio);
     screenshots::KeepDialogs(album, studio);
     screenshots::KeepTrack(album, studio);
+    screenshots::KeepInstruments(album, studio);
   }
   return 0;
 }

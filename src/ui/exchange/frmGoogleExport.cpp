@@ -64,7 +64,7 @@ frmGoogleExport::frmGoogleExport(Desktop& desktop, KmlKind kind, QWidget* parent
       "made whether or not a viewer is installed; open it with the viewer when you want to "
       "see it."));
   const std::string folder = desktop.program.folders.GoogleEarth();
-  body()->addWidget(MakeFolderHint(ToQt("Exported files are in " + folder), folder));
+  body()->addWidget(MakeFolderHint("Exported files are in", folder));
   QPushButton* save = AddButton("Save", "E&xport");
   save->setDefault(true);
   QPushButton* close = AddButton("cmdCancel", "Close");

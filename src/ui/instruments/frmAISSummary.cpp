@@ -14,7 +14,7 @@ namespace skerrow {
 namespace {
 
 // Widths of the columns, in digits of the list's font.
-constexpr int kWidths[kTargetColumns] = {7, 13, 10, 21, 16, 17};
+constexpr int kWidths[kTargetColumns] = {7, 13, 12, 21, 16, 17};
 
 }  // namespace
 
