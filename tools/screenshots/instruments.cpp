@@ -1,7 +1,7 @@
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTreeView>
 #include <QTest>
-#include <QTextEdit>
 
 #include "album.h"
 #include "app/reception.h"
@@ -136,6 +136,8 @@ void KeepInstruments(const Album& album, Studio& studio) {
   Desktop desktop = studio.desktop();
   const auto nowhere = [](Position) {};
   frmAISSummary summary(desktop, nowhere, nullptr);
+  auto* vessels = summary.findChild<QTreeView*>();
+  vessels->setCurrentIndex(vessels->model()->index(5, 0));
   album.Keep(summary, "frmAISSummary");
   frmAisDetails details(desktop, nowhere, nullptr);
   details.SetTarget(studio.program.ais.targets.All().front().mmsi);
