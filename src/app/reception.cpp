@@ -30,7 +30,7 @@ std::optional<Motion> BoatMotion(const Program& program) {
 }
 
 Status StartGps(Program& program, SerialPorts& ports, std::int64_t now, Progress& progress) {
-  if (const Status connected = ConnectGps(program.link, program.config, ports, now); !connected) {
+  if (Status connected = ConnectGps(program.link, program.config, ports, now); !connected) {
     return connected;
   }
   if (program.plot.historical_plot_on) RemoveHistoricalPlot(program);
@@ -41,7 +41,7 @@ Status StartGps(Program& program, SerialPorts& ports, std::int64_t now, Progress
 }
 
 Status StartAis(Program& program, SerialPorts& ports, std::int64_t now, Progress& progress) {
-  if (const Status connected = ConnectAis(program.link, program.config, ports, now); !connected) {
+  if (Status connected = ConnectAis(program.link, program.config, ports, now); !connected) {
     return connected;
   }
   if (program.plot.historical_plot_on) RemoveHistoricalPlot(program);

@@ -38,7 +38,7 @@ Outcome ImportDatabase(const Session& session, const PolarImportWords& words) {
   std::string reasons;
   for (const auto& [name, reason] : done->left_out) {
     left_out.push_back({{"name", name}, {"reason", reason}});
-    reasons += "\"" + name + "\" is left out: " + reason + "\n";
+    reasons.append("\"").append(name).append("\" is left out: ").append(reason).append("\n");
   }
   if (done->added.empty()) return Failed({words.file, Trim(reasons)});
   answer.json() = {

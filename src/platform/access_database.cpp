@@ -98,6 +98,7 @@ Run RunProgram(std::vector<std::string> words, Clock::time_point end) {
   posix_spawnattr_setflags(&set_up.attributes, POSIX_SPAWN_SETPGROUP);
   posix_spawnattr_setpgroup(&set_up.attributes, 0);
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   pid_t program = 0;
@@ -145,7 +146,7 @@ std::optional<std::size_t> ColumnOf(const std::vector<std::string>& heads, std::
 // A cell as a database shows a number: single precision without the digits of its binary form.
 // Another text stays.
 std::string CellText(const std::string& text) {
-  const std::string trimmed = Trim(text);
+  std::string trimmed = Trim(text);
   double value = 0.0;
   const char* end = trimmed.data() + trimmed.size();
   const auto [rest, fault] = std::from_chars(trimmed.data(), end, value);

@@ -203,7 +203,7 @@ Status PortNumbers::Remove(int number) {
   }
   const std::vector<NumberedPort> before = ports_;
   std::erase_if(ports_, [number](const NumberedPort& other) { return other.number == number; });
-  const Status written = Write();
+  Status written = Write();
   if (!written) ports_ = before;
   return written;
 }
@@ -244,7 +244,7 @@ Status PortNumbers::Write() const {
     text.append(port.about).append("\n");
   }
   // The command line may be the first to need the folder.
-  if (const Status made = MakeFolder(FolderOf(file_)); !made) return made;
+  if (Status made = MakeFolder(FolderOf(file_)); !made) return made;
   return ReplaceFile(file_, text);
 }
 

@@ -1,7 +1,7 @@
 #include <QLineEdit>
 #include <QListWidget>
-#include <QTreeView>
 #include <QTest>
+#include <QTreeView>
 
 #include "album.h"
 #include "app/reception.h"

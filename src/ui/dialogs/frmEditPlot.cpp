@@ -357,7 +357,7 @@ void frmEditPlot::ImportDatabase() {
   std::string told = std::to_string(done->added.size()) +
                      (done->added.size() == 1 ? " set-up imported" : " set-ups imported");
   for (const auto& [name, reason] : done->left_out) {
-    told += "\n\"" + name + "\" is left out: " + reason;
+    told.append("\n\"").append(name).append("\" is left out: ").append(reason);
   }
   desktop().messages.Show(told, MessageIcon::kInformation);
 }
