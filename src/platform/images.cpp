@@ -37,12 +37,19 @@ class WatchedFile final : public QIODevice {
   bool isSequential() const override { return false; }
   QString Reason() const { return file_.errorString(); }
   bool cancelled() const { return cancelled_; }
+  bool failed() const { return failed_; }  // for Reason
 
  protected:
   qint64 readData(char* data, qint64 length) override {
     cancelled_ = cancelled_ || (hooks_.cancelled && hooks_.cancelled());
-    if (cancelled_) return -1;
+    // The end of the file, never a failure: the TIFF library takes the -1 of a failure for a length
+    // and clears a byte before its own memory.
+    if (cancelled_) return 0;
     const qint64 count = file_.read(data, length);
+    if (count < 0) {
+      failed_ = true;
+      return 0;
+    }
     if (hooks_.progress && file_.size() > 0) {
       const int percent = static_cast<int>(file_.pos() * 100 / file_.size());
       if (percent > percent_) hooks_.progress(percent_ = percent);
@@ -57,6 +64,7 @@ class WatchedFile final : public QIODevice {
   const DecodeHooks& hooks_;
   int percent_ = -1;
   bool cancelled_ = false;
+  bool failed_ = false;
 };
 
 // The decoders' own bound, which is far below a chart, is raised once to ours.
@@ -70,6 +78,7 @@ void RaiseAllocationLimit() {
 
 std::string ReaderReason(const QImageReader& reader, const WatchedFile& file) {
   if (file.cancelled()) return kDecodeCancelled;
+  if (file.failed()) return file.Reason().toStdString();
   if (file.size() == 0) return "the file is empty";
   switch (reader.error()) {
     case QImageReader::UnsupportedFormatError:
@@ -203,7 +212,9 @@ Result<Picture> DecodePicture(const std::string& path, const DecodeHooks& hooks)
   const OpenPicture& open = **picture;
   QImage image;
   const bool read = open.reader->read(&image);
-  if (open.file->cancelled()) return Error{path, kDecodeCancelled};
+  if (open.file->cancelled() || open.file->failed()) {
+    return Error{path, ReaderReason(*open.reader, *open.file)};
+  }
   if (!read || image.isNull()) return Error{path, ReaderReason(*open.reader, *open.file)};
   ToOwnFormat(image);
   if (image.isNull()) return Error{path, "there is not enough memory for the picture"};
