@@ -722,10 +722,18 @@ class QtSerialPorts final : public SerialPorts {
   // caller is to wait for it: hardly at all where it was silent the last time, so that a server
   // that is away holds up nobody each time it is tried.
   OpenedPort TakeUp(const NumberedPort& where, milliseconds& wait) {
+    // One UDP port on all addresses and on one of them are the same to the system.
+    const auto number = [](const NumberedPort& port) {
+      return port.place.substr(port.place.rfind(':') + 1);
+    };
+    const auto excludes = [&](const NumberedPort& a) {
+      if (a.kind != where.kind) return false;
+      return a.kind == PortKind::kUdp ? number(a) == number(where) : a.place == where.place;
+    };
     if (silent_.count(SourcePlace(where)) != 0) wait = kShortAnswer;
     Reap();
     for (auto at = closing_.begin(); at != closing_.end(); ++at) {
-      if (at->where.kind != where.kind || at->where.place != where.place) continue;
+      if (!excludes(at->where)) continue;
       if (where.kind == PortKind::kTcp && WantAgain(*at->shared)) {
         OpenedPort again = std::move(*at);
         closing_.erase(at);
