@@ -8,6 +8,7 @@
 #include "core/iso_time.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "exchange/xml_text.h"
 
 namespace skerrow {
 namespace {
@@ -15,27 +16,6 @@ namespace {
 constexpr std::size_t kNameBytes = 35;
 constexpr std::size_t kMostPlotPoints = 32767;  // what a 16-bit number counts
 constexpr const char* kNoPoints = "it has no points";
-
-std::string Escaped(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      default:
-        // XML knows no other control characters.
-        if (static_cast<unsigned char>(c) >= ' ' || c == '\t' || c == '\n') escaped += c;
-    }
-  }
-  return escaped;
-}
 
 // The shortest text that gives the same single back.
 std::string Shortest(float value) {
@@ -48,7 +28,7 @@ std::string Shortest(float value) {
 void Element(std::string& out, std::string_view indent, std::string_view name,
              std::string_view text) {
   if (text.empty()) return;
-  out.append(indent).append("<").append(name).append(">").append(Escaped(text));
+  out.append(indent).append("<").append(name).append(">").append(EscapeXml(text));
   out.append("</").append(name).append(">\n");
 }
 

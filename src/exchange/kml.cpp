@@ -3,6 +3,7 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "exchange/xml_text.h"
 #include "instruments/log.h"
 #include "instruments/nmea.h"
 
@@ -22,30 +23,6 @@ constexpr std::string_view kCogLine = "COGLine";
 constexpr int kLineCounter = 9;
 constexpr int kMarkCounter = 10;
 constexpr std::size_t kCogStep = 3;
-
-std::string Escaped(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      default:
-        // XML knows no other control characters.
-        if (static_cast<unsigned char>(c) >= ' ' || c == '\t' || c == '\n') escaped += c;
-    }
-  }
-  return escaped;
-}
 
 std::string Coordinate(float degrees) { return FormatFixed(static_cast<double>(degrees), 1, 7); }
 
@@ -124,7 +101,7 @@ class Document {
 
  private:
   std::string Text(std::string_view text) const {
-    return head_.escape ? Escaped(text) : ToAnsi(text);
+    return head_.escape ? EscapeXml(text) : ToAnsi(text);
   }
   void Line(std::string_view line) { lines_.append(line).append("\r\n"); }
 
