@@ -8,6 +8,14 @@ namespace {
 
 constexpr double kSecondsPerDay = 86400.0;
 
+// What a connection brings to the chart and the log.
+void BeginVoyage(Program& program, Progress& progress) {
+  if (program.plot.historical_plot_on) RemoveHistoricalPlot(program);
+  LoadLogInUse(program, progress);
+  program.timers.next_log_time =
+      program.clock->Now().Julian() + program.config.log_interval / kSecondsPerDay;
+}
+
 }  // namespace
 
 bool AisReceiver::Take(std::string_view sentence) {
@@ -25,30 +33,21 @@ AisShown AisShownOf(const AppConfig& config) {
 
 std::optional<Motion> BoatMotion(const Program& program) {
   const GpsFix& fix = program.nmea.fix;
-  if (!fix.position_good) return std::nullopt;
+  const bool told = program.link.gps_enabled || program.replay.replay_active;
+  if (!told || !fix.position_good) return std::nullopt;
   return Motion{fix.At(), fix.speed_over_ground, fix.course_over_ground};
 }
 
 Status StartGps(Program& program, SerialPorts& ports, std::int64_t now, Progress& progress) {
-  if (Status connected = ConnectGps(program.link, program.config, ports, now); !connected) {
-    return connected;
-  }
-  if (program.plot.historical_plot_on) RemoveHistoricalPlot(program);
-  LoadLogInUse(program, progress);
-  program.timers.next_log_time =
-      program.clock->Now().Julian() + program.config.log_interval / kSecondsPerDay;
-  return Done{};
+  Status connected = ConnectGps(program.link, program.config, ports, now);
+  if (connected) BeginVoyage(program, progress);
+  return connected;
 }
 
 Status StartAis(Program& program, SerialPorts& ports, std::int64_t now, Progress& progress) {
-  if (Status connected = ConnectAis(program.link, program.config, ports, now); !connected) {
-    return connected;
-  }
-  if (program.plot.historical_plot_on) RemoveHistoricalPlot(program);
-  LoadLogInUse(program, progress);
-  program.timers.next_log_time =
-      program.clock->Now().Julian() + program.config.log_interval / kSecondsPerDay;
-  return Done{};
+  Status connected = ConnectAis(program.link, program.config, ports, now);
+  if (connected) BeginVoyage(program, progress);
+  return connected;
 }
 
 void LoadLogInUse(Program& program, Progress& progress) {
@@ -59,6 +58,8 @@ void LoadLogInUse(Program& program, Progress& progress) {
   const std::string path = LogPath(program.folders.Tracks(), name);
   // A log that is not there yet, or cannot be read, has nothing to show.
   (void)LoadTrackFromLog(path, nmea.fix, nmea.track, progress);
+  // Where the boat was when the log ended is not where she is.
+  nmea.fix.position_good = false;
   (void)LoadCommentsFromLog(path, nmea.log.comments, progress);
 }
 

@@ -24,7 +24,8 @@ class AisReceiver final : public AisSentenceSink {
 // How the settings want new targets to be shown.
 AisShown AisShownOf(const AppConfig& config);
 
-// Where the boat is and how it moves; empty while there is no good fix.
+// Where the boat is and how it moves; empty while no GPS and no replay tells it by a good fix. The
+// last position of an earlier voyage on the chart is none.
 std::optional<Motion> BoatMotion(const Program& program);
 
 // Connects the GPS or the AIS receiver at the port of the settings, for which the log and the track

@@ -238,6 +238,11 @@ TEST_F(Started, TheLogKeepsItsInterval) {
   ASSERT_TRUE(StartGps(again, ports_, 0, progress));
   ASSERT_TRUE(StartAis(again, ports_, 0, progress));
   EXPECT_EQ(again.nmea.track.size(), 3U);
+  EXPECT_FALSE(BoatMotion(again)) << "where the log ended is not where the boat is";
+  again.nmea.fix.position_good = true;
+  EXPECT_TRUE(BoatMotion(again));
+  again.link.gps_enabled = false;
+  EXPECT_FALSE(BoatMotion(again)) << "nobody tells her place";
 }
 
 TEST_F(Started, AReplayFillsTheChartAndEndsByItself) {
