@@ -73,7 +73,9 @@ bool ChangeToChart(Program& program, Messages& messages, const std::string& char
                    const ShowChart& show) {
   return ChangeChart(
       program, messages,
-      [&](AppConfig& config, ChartState& charts) { return OpenChart(chart_path, config, charts); },
+      [&](AppConfig& config, ChartState& charts) {
+        return OpenChart(program.folders, chart_path, config, charts);
+      },
       show);
 }
 
@@ -83,13 +85,18 @@ bool ChangeToStoredChart(Program& program, Messages& messages, const std::string
       program, messages,
       [&](AppConfig& config, ChartState& charts) {
         NameStoredChart(config, cht_path);
-        return ReadChartSettings(config, charts);
+        return ReadChartSettings(program.folders, config, charts);
       },
       show);
 }
 
 bool ChangeToPreviousChart(Program& program, Messages& messages, const ShowChart& show) {
-  return ChangeChart(program, messages, OpenPreviousChart, show);
+  return ChangeChart(
+      program, messages,
+      [&](AppConfig& config, ChartState& charts) {
+        return OpenPreviousChart(program.folders, config, charts);
+      },
+      show);
 }
 
 void LoadArea(Program& program, Messages& messages) {

@@ -40,7 +40,7 @@ void LoadProgram(Program& program, Messages& messages) {
   FollowClock(program);
   ShowFailure(LoadCurrentWaypoints(program.folders, program.config, program.waypoints, messages),
               messages);
-  ShowFailure(ReadChartSettings(program.config, program.charts), messages);
+  ShowFailure(ReadChartSettings(program.folders, program.config, program.charts), messages);
   LoadArea(program, messages);
   program.replay.replay_active = false;
   program.route_speed = program.config.vessel_speed;

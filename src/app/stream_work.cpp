@@ -18,9 +18,9 @@ void ShowHarmonicStreams(Program& program, bool on, Messages& messages) {
     return;
   }
   const SelectedTime& time = program.selected_time;
-  tides.harmonic_streams_on = LoadHarmonicStations(tides, program.folders.HarmonicStreams(),
-                                                   Trim(program.config.tidal_area) + ".l27",
-                                                   time.hours, time.Day(), messages);
+  tides.harmonic_streams_on =
+      LoadHarmonicStations(tides, HarmonicStationPath(program.folders, program.config.tidal_area),
+                           time.hours, time.Day(), messages);
 }
 
 void HarmonicStreamsFollowArea(Program& program, Messages& messages) {

@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <system_error>
 
+#include "core/data_files.h"
 #include "core/files.h"
 #include "core/plane_sailing.h"
 
@@ -45,7 +46,9 @@ const char* CalibrationFault(const ChartFileRecord& file) {
 }  // namespace
 
 std::string ChartPathOf(const Folders& folders, std::string_view chart_key) {
-  return JoinPath(folders.Charts(), chart_key);
+  const std::string image =
+      FindData(folders, DataFolder::kCharts, std::string(chart_key) + std::string(kChartImage));
+  return image.substr(0, image.size() - kChartImage.size());
 }
 
 Result<ChartRecord> WorkOutChart(const ChartFileRecord& file) {
@@ -86,11 +89,25 @@ bool IsCalibrated(const ChartRecord& chart) {
          chart.west_lon != chart.east_lon;
 }
 
-std::string CalibrationFile(std::string_view chart_path) { return NativePath(chart_path) + ".cht"; }
+std::string CalibrationFile(const Folders& folders, std::string_view chart_path) {
+  const std::string path = NativePath(chart_path) + ".cht";
+  const bool programs_own = FolderOf(path) == ProgramDataFolder(folders, DataFolder::kCharts);
+  return programs_own ? FindData(folders, DataFolder::kCharts, FileNameOf(path)) : path;
+}
 
-Status ReadChartSettings(AppConfig& config, ChartState& state) {
+Result<std::string> WritableCalibration(const Folders& folders, std::string_view chart_path) {
+  const std::string path = NativePath(chart_path) + ".cht";
+  if (FolderOf(path) != ProgramDataFolder(folders, DataFolder::kCharts)) return path;
+  return WritableData(folders, DataFolder::kCharts, FileNameOf(path));
+}
+
+std::string AreaIndexFile(const Folders& folders, std::string_view sea_area) {
+  return FindData(folders, DataFolder::kCharts, Trim(sea_area) + ".xrf");
+}
+
+Status ReadChartSettings(const Folders& folders, AppConfig& config, ChartState& state) {
   config.chart_path = Trim(config.chart_path);
-  const std::string path = CalibrationFile(config.chart_path);
+  const std::string path = CalibrationFile(folders, config.chart_path);
   const Result<std::string> content = ReadFile(path, kMaxChartFileBytes);
   if (!content && !FileReadable(path)) {
     return Error{"", "Does not exist in Mod. ReadChartSettings\n" + path};
@@ -110,7 +127,7 @@ Status LoadChartIndex(const Folders& folders, AppConfig& config, ChartState& sta
                       Messages& messages) {
   config.sea_area = Trim(config.sea_area);
   state.index.clear();
-  const std::string path = JoinPath(folders.Charts(), config.sea_area + ".xrf");
+  const std::string path = AreaIndexFile(folders, config.sea_area);
   std::error_code error;
   if (!std::filesystem::exists(path, error)) return Done{};
   const Result<RecordFile<ChartIndexEntry>> file = ReadRecords(path, kChartIndexFields);
@@ -156,19 +173,20 @@ std::optional<std::string> SmallerScaleChart(Position position, ChartState& stat
   return std::nullopt;
 }
 
-Status OpenChart(std::string_view chart_path, AppConfig& config, ChartState& state) {
+Status OpenChart(const Folders& folders, std::string_view chart_path, AppConfig& config,
+                 ChartState& state) {
   const std::string before = config.chart_path;
   config.chart_path = Trim(chart_path);
-  Status read = ReadChartSettings(config, state);
+  Status read = ReadChartSettings(folders, config, state);
   if (!read) config.chart_path = before;
   return read;
 }
 
-Status OpenPreviousChart(AppConfig& config, ChartState& state) {
+Status OpenPreviousChart(const Folders& folders, AppConfig& config, ChartState& state) {
   if (state.history.empty()) return Error{};
   if (state.history.size() > 1) state.history.pop_back();
   const std::string previous = state.history.back();
-  Status opened = OpenChart(previous, config, state);
+  Status opened = OpenChart(folders, previous, config, state);
   if (opened) {
     state.history.pop_back();
   } else {

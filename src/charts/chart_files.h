@@ -122,7 +122,12 @@ struct ChartState {
   std::vector<std::string> history;       // chart paths, the current one last
 };
 
-// The path of a chart of that key, without extension.
+// The endings of a chart's files: its image, the small image of it for the lists.
+inline constexpr std::string_view kChartImage = ".l55";
+inline constexpr std::string_view kChartPreview = ".tif";
+
+// The path of a chart of that key, without extension: where its image lies, in the user's charts or
+// the program's.
 std::string ChartPathOf(const Folders& folders, std::string_view chart_key);
 
 // Works the values of a calibration out. Error (without a path): a value that is no number, equal
@@ -134,15 +139,22 @@ Result<ChartRecord> WorkOutChart(const ChartFileRecord& file);
 // no chart has been read into doesn't.
 bool IsCalibrated(const ChartRecord& chart);
 
-// The file that holds the calibration of a chart.
-std::string CalibrationFile(std::string_view chart_path);
+// The file that the calibration of a chart is read from. For a chart of the program's that is the
+// user's own copy if there is one.
+std::string CalibrationFile(const Folders& folders, std::string_view chart_path);
+
+// The file that the calibration of a chart is written to. Errors: those of WritableData.
+Result<std::string> WritableCalibration(const Folders& folders, std::string_view chart_path);
+
+// The file that the index of a sea area is read from.
+std::string AreaIndexFile(const Folders& folders, std::string_view sea_area);
 
 // Reads the settings of the chart of ChartPath, trimming that field, and adds the path to the
 // history. Fields beyond the end of a short file keep what the record held. Errors, with record
 // and history as they were: "Does not exist in Mod. ReadChartSettings" and the path on a new line;
 // an unreadable file; "the chart is not calibrated" with the reason, for an empty file and for one
 // that WorkOutChart refuses.
-Status ReadChartSettings(AppConfig& config, ChartState& state);
+Status ReadChartSettings(const Folders& folders, AppConfig& config, ChartState& state);
 
 // Reads the index of the sea area of `config`, trimming that field. Titles and keys end at their
 // first NUL; entries without a title at the end of the file are dropped. A missing file gives an
@@ -171,12 +183,13 @@ std::optional<std::string> SmallerScaleChart(Position position, ChartState& stat
 
 // Makes `chart_path` (without extension) the current chart and reads its settings. On an error
 // ChartPath is as it was.
-Status OpenChart(std::string_view chart_path, AppConfig& config, ChartState& state);
+Status OpenChart(const Folders& folders, std::string_view chart_path, AppConfig& config,
+                 ChartState& state);
 
 // Goes back to the chart before the current one. With one chart in the history that is read again.
 // On an error ChartPath stays, and the chart that could not be opened is forgotten. Error without
 // text: the history is empty.
-Status OpenPreviousChart(AppConfig& config, ChartState& state);
+Status OpenPreviousChart(const Folders& folders, AppConfig& config, ChartState& state);
 
 // "Chart issued 5/1200" from the issue mark 5.12.
 std::string ChartIssueText(float issue);

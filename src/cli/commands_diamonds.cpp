@@ -86,9 +86,9 @@ Outcome ShowHarmonic(Session& session, const WhenWords& words) {
   Program& program = session.program;
   const Result<When> when = ParseWhen(words.date, words.time, program.clock->Now());
   if (!when) return WrongUsage(when.error());
-  if (!LoadHarmonicStations(program.tides, program.folders.HarmonicStreams(),
-                            Trim(program.config.tidal_area) + ".l27", when->hours, when->date,
-                            session.messages)) {
+  if (!LoadHarmonicStations(program.tides,
+                            HarmonicStationPath(program.folders, program.config.tidal_area),
+                            when->hours, when->date, session.messages)) {
     return Failure{kFailed, ""};  // the message has told why
   }
   Answer answer;

@@ -153,8 +153,8 @@ Outcome ListCharts(Session& session, const NoWords&) {
 
 Outcome ShowChart(Session& session, const ChartWords& words) {
   Program& program = session.program;
-  const Status opened =
-      OpenChart(ChartPathOf(program.folders, words.key), program.config, program.charts);
+  const Status opened = OpenChart(program.folders, ChartPathOf(program.folders, words.key),
+                                  program.config, program.charts);
   if (!opened) return Failed(opened.error());
   const ChartRecord& chart = program.charts.chart;
   Answer answer;

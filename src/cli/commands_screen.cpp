@@ -2,6 +2,7 @@
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "core/data_files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "tides/port.h"
@@ -41,9 +42,10 @@ int FindPort(const std::vector<std::optional<Port>>& ports, const std::string& w
 
 Result<FoundPort> ReadPort(Session& session, const TideWords& words) {
   const Program& program = session.program;
-  const std::string path =
-      Session::FindFile(words.file.empty() ? Trim(program.config.tidal_port_file) : words.file,
-                        {program.folders.TidalStreams(), program.folders.program});
+  const std::string path = Session::FindFile(
+      words.file.empty() ? Trim(program.config.tidal_port_file) : words.file,
+      {OwnDataFolder(program.folders, DataFolder::kTidalStreams),
+       ProgramDataFolder(program.folders, DataFolder::kTidalStreams), program.folders.program});
   const Result<RecordFile<Port>> ports = ReadRecords(path, kPortFields);
   if (!ports) return ports.error();
   const int number = FindPort(ports->records, words.port);

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "core/data_files.h"
+
 namespace skerrow {
 
 std::string DiamondFilePath(const Folders& folders, std::string_view tidal_area) {
-  return JoinPath(folders.TidalStreams(), Trim(tidal_area) + ".l25");
+  return FindData(folders, DataFolder::kTidalStreams, Trim(tidal_area) + ".l25");
 }
 
 Result<RecordFile<Diamond>> ReadDiamonds(const std::string& path) {

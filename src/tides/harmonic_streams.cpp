@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/data_files.h"
 #include "core/plane_sailing.h"
 #include "tides/streams.h"
 
@@ -52,13 +53,12 @@ float ValueOf(const Component& component, const DayEnds& day, float& hours) {
 }  // namespace
 
 std::string HarmonicStationPath(const Folders& folders, std::string_view tidal_area) {
-  return JoinPath(folders.HarmonicStreams(), Trim(tidal_area) + ".l27");
+  return FindData(folders, DataFolder::kHarmonicStreams, Trim(tidal_area) + ".l27");
 }
 
-bool LoadHarmonicStations(TideState& state, const std::string& folder, std::string_view file_name,
-                          float hours, DayAndYear date, Messages& messages) {
+bool LoadHarmonicStations(TideState& state, const std::string& path, float hours, DayAndYear date,
+                          Messages& messages) {
   state.harmonic_stations.clear();
-  const std::string path = JoinPath(folder, file_name);
   const Result<RecordFile<HarmonicStation>> file = ReadRecords(path, kHarmonicStationFields);
   if (file) {
     TellLeftOut(path, file->left_out, messages);

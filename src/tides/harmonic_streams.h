@@ -89,13 +89,13 @@ enum class StreamAxis { kX, kY };
 // The path of a sea area's station file.
 std::string HarmonicStationPath(const Folders& folders, std::string_view tidal_area);
 
-// Replaces the stations by those of a file and calculates their streams for a time. A file that
-// cannot be read leaves none, and a message says so; whole records are read of one that is cut
-// short or damaged, and a message tells what is left out. A first record that is damaged leaves an
-// empty station in its place, since the chart does not show the first one. Gives whether the file
-// could be read.
-bool LoadHarmonicStations(TideState& state, const std::string& folder, std::string_view file_name,
-                          float hours, DayAndYear date, Messages& messages);
+// Replaces the stations by those of the file at `path` and calculates their streams for a time. A
+// file that cannot be read leaves none, and a message says so; whole records are read of one that
+// is cut short or damaged, and a message tells what is left out. A first record that is damaged
+// leaves an empty station in its place, since the chart does not show the first one. Gives whether
+// the file could be read.
+bool LoadHarmonicStations(TideState& state, const std::string& path, float hours, DayAndYear date,
+                          Messages& messages);
 
 // Recomputes the streams of all stations for a time of a day. The time of the program stays as it
 // is: at midnight the streams are those of a minute past, and the clock still shows 00:00.

@@ -93,7 +93,10 @@ int TimeZoneHours(std::string_view letter);
 // The letter of a number of whole hours; "L" outside -11 .. 11.
 std::string TimeZoneLetter(int hours);
 
-// All ports of an area file in the program's TS folder.
+// Where an area file (of the tidal data) is read.
+std::string AreaPortFile(const Folders& folders, std::string_view file_name);
+
+// All ports of an area file.
 Result<RecordFile<Port>> ReadAreaPorts(const Folders& folders, std::string_view file_name);
 
 // The port at 1-based `position` of an area file. Errors: there is none, or its record is damaged.

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "core/data_files.h"
 #include "core/numbers.h"
 #include "core/position.h"
 #include "core/text.h"
@@ -131,11 +132,12 @@ Result<Port> BuildPort(const PortEntry& entry, bool file_selected,
 }
 
 Result<PortEditor> PortEditor::Open(const Folders& folders, const std::string& file_name) {
-  Result<SeenFile> seen = SeeFile(JoinPath(folders.TidalStreams(), file_name), kPortSize);
+  Result<SeenFile> seen = SeeFile(AreaPortFile(folders, file_name), kPortSize);
   if (!seen) return seen.error();
   Result<RecordFile<Port>> ports = DecodeRecords(seen->content, seen->path, kPortFields);
   if (!ports) return ports.error();
   PortEditor editor;
+  editor.folders_ = folders;
   editor.file_name_ = file_name;
   editor.seen_ = std::move(seen.value());
   editor.ports_ = std::move(ports.value());
@@ -166,6 +168,10 @@ Status PortEditor::Splice(std::size_t index, std::size_t removed, const std::opt
     }
     bytes = EncodeRecord(*port, kPortFields);
   }
+  if (Status same = CheckUnchanged(seen_); !same) return same;
+  Result<std::string> path = WritableData(folders_, DataFolder::kTidalStreams, file_name_);
+  if (!path) return path.error();
+  seen_.path = std::move(path.value());
   if (Status done = SpliceRecords(seen_, index, removed, bytes); !done) return done;
   Result<RecordFile<Port>> ports = DecodeRecords(seen_.content, seen_.path, kPortFields);
   if (!ports) return ports.error();

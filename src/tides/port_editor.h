@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "core/record_edit.h"
 #include "tides/port.h"
-#include "tides/record_edit.h"
 
 // The editor of the harmonic constants: an area file as it is listed, the texts of a port, and the
 // record made of them.
@@ -87,6 +87,7 @@ class PortEditor {
  private:
   Status Splice(std::size_t index, std::size_t removed, const std::optional<Port>& port);
 
+  Folders folders_;
   std::string file_name_;
   SeenFile seen_;
   RecordFile<Port> ports_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/data_files.h"
 #include "core/plane_sailing.h"
 
 namespace skerrow {
@@ -113,7 +114,7 @@ void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tid
 
 void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view file_name,
                     Messages& messages) {
-  state.sl_diamonds = ReadDiamondsAndTell(JoinPath(folders.TidalStreams(), file_name),
+  state.sl_diamonds = ReadDiamondsAndTell(FindData(folders, DataFolder::kTidalStreams, file_name),
                                           "LoadSlDiamondsError ", messages);
 }
 

@@ -48,7 +48,7 @@ TEST_F(ChartFilesTest, WorksTheCalibrationOut) {
   ChartFileRecord delivered = Channel();
   delivered.scale = 1.0F;  // a second record is not read
   config_.chart_path = Chart("a", Bytes(Channel()) + Bytes(delivered)) + "   ";
-  ASSERT_TRUE(ReadChartSettings(config_, state_));
+  ASSERT_TRUE(ReadChartSettings(folders_, config_, state_));
   EXPECT_FALSE(config_.chart_path.ends_with(' '));
   const ChartRecord& chart = state_.chart;
   EXPECT_EQ(chart.lon_per_col, 0.0015);
@@ -85,12 +85,12 @@ TEST_F(ChartFilesTest, PlacesOfTheFields) {
 
 TEST_F(ChartFilesTest, ShortFileKeepsTheFieldsItDoesNotReach) {
   config_.chart_path = Chart("a", Bytes(Channel()));
-  ASSERT_TRUE(ReadChartSettings(config_, state_));
+  ASSERT_TRUE(ReadChartSettings(folders_, config_, state_));
   ChartFileRecord other = Channel();
   other.upper_lat = 52.0F;
   other.scale = 1000.0F;
   config_.chart_path = Chart("b", Bytes(other).substr(0, 32));
-  ASSERT_TRUE(ReadChartSettings(config_, state_));
+  ASSERT_TRUE(ReadChartSettings(folders_, config_, state_));
   EXPECT_EQ(state_.chart.top_lat, 52.0F);
   EXPECT_EQ(state_.chart.scale, 500000.0F);
 }
@@ -98,7 +98,7 @@ TEST_F(ChartFilesTest, ShortFileKeepsTheFieldsItDoesNotReach) {
 TEST_F(ChartFilesTest, RefusalsLeaveTheChartInForce) {
   const std::string good = Chart("good", Bytes(Channel()));
   config_.chart_path = good;
-  ASSERT_TRUE(ReadChartSettings(config_, state_));
+  ASSERT_TRUE(ReadChartSettings(folders_, config_, state_));
   const float nan = std::nanf("");
   const float infinity = std::numeric_limits<float>::infinity();
   const struct {
@@ -122,7 +122,7 @@ TEST_F(ChartFilesTest, RefusalsLeaveTheChartInForce) {
     ChartFileRecord bad = Channel();
     bad.*row.field = row.value;
     const std::string path = Chart("bad", Bytes(bad));
-    const Status status = OpenChart(path, config_, state_);
+    const Status status = OpenChart(folders_, path, config_, state_);
     ASSERT_FALSE(status) << row.reason;
     EXPECT_EQ(status.error().Text(), path + ".cht: the chart is not calibrated, " + row.reason);
     EXPECT_TRUE(IsCalibrated(state_.chart));
@@ -131,17 +131,17 @@ TEST_F(ChartFilesTest, RefusalsLeaveTheChartInForce) {
     EXPECT_EQ(state_.chart.top_lat, 51.0F);
   }
   const std::string gone = ChartPathOf(folders_, "gone");
-  EXPECT_EQ(OpenChart(gone, config_, state_).error().Text(),
+  EXPECT_EQ(OpenChart(folders_, gone, config_, state_).error().Text(),
             "Does not exist in Mod. ReadChartSettings\n" + gone + ".cht");
   EXPECT_EQ(config_.chart_path, good);
   // An empty file is none of the chart before either.
   const std::string empty = Chart("empty", "");
-  EXPECT_EQ(OpenChart(empty, config_, state_).error().Text(),
+  EXPECT_EQ(OpenChart(folders_, empty, config_, state_).error().Text(),
             empty + ".cht: the chart is not calibrated, the file is empty");
   EXPECT_EQ(state_.chart.top_lat, 51.0F);
   // Without a chart before, what a short file does not reach is not there.
   ChartState fresh;
-  EXPECT_FALSE(OpenChart(Chart("short", Bytes(Channel()).substr(0, 20)), config_, fresh));
+  EXPECT_FALSE(OpenChart(folders_, Chart("short", Bytes(Channel()).substr(0, 20)), config_, fresh));
   EXPECT_FALSE(IsCalibrated(fresh.chart));
 }
 
@@ -216,20 +216,20 @@ TEST_F(ChartFilesTest, ChoiceByPositionAndScale) {
 }
 
 TEST_F(ChartFilesTest, PreviousChartWalksTheHistory) {
-  EXPECT_FALSE(OpenPreviousChart(config_, state_));
+  EXPECT_FALSE(OpenPreviousChart(folders_, config_, state_));
   const std::string a = Chart("a", Bytes(Channel()));
   const std::string b = Chart("b", Bytes(Channel()));
   const std::string c = Chart("c", Bytes(Channel()));
-  for (const std::string& path : {a, b, c}) ASSERT_TRUE(OpenChart(path, config_, state_));
-  ASSERT_TRUE(OpenPreviousChart(config_, state_));
+  for (const std::string& path : {a, b, c}) ASSERT_TRUE(OpenChart(folders_, path, config_, state_));
+  ASSERT_TRUE(OpenPreviousChart(folders_, config_, state_));
   EXPECT_EQ(config_.chart_path, b);
   EXPECT_EQ(state_.history, (std::vector<std::string>{a, b}));
   // The chart before is gone: the current one stays, and the history ends with it.
   std::filesystem::remove(a + ".cht");
-  EXPECT_FALSE(OpenPreviousChart(config_, state_));
+  EXPECT_FALSE(OpenPreviousChart(folders_, config_, state_));
   EXPECT_EQ(config_.chart_path, b);
   EXPECT_EQ(state_.history, std::vector<std::string>{b});
-  ASSERT_TRUE(OpenPreviousChart(config_, state_));
+  ASSERT_TRUE(OpenPreviousChart(folders_, config_, state_));
   EXPECT_EQ(state_.history, std::vector<std::string>{b});
 }
 

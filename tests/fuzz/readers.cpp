@@ -107,7 +107,7 @@ void Chart(Place& place, const std::string& bytes) {
   AppConfig config;
   config.chart_path = ChartPathOf(place.folders, "f");
   ChartState state;
-  if (!ReadChartSettings(config, state)) return;
+  if (!ReadChartSettings(place.folders, config, state)) return;
   const ChartView view = MakeChartView(state.chart, 1000, 800);
   Require(std::isfinite(view.pixels_per_degree) && view.pixels_per_degree != 0.0);
   view.LatToRow(view.RowToLat(400));
@@ -247,7 +247,7 @@ void PolarText(Place&, const std::string& bytes) {
 void HarmonicStations(Place& place, const std::string& bytes) {
   place.folder.Write("HarmTS/f.l27", bytes);
   TideState state;
-  LoadHarmonicStations(state, place.folders.HarmonicStreams(), "f.l27", 6.5F, {100, 2026},
+  LoadHarmonicStations(state, HarmonicStationPath(place.folders, "f"), 6.5F, {100, 2026},
                        place.messages);
   Require(state.harmonic_stations.size() <= bytes.size() / kHarmonicStationSize);
   Require(state.harmonic_streams.size() == state.harmonic_stations.size());

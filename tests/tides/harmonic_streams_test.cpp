@@ -112,7 +112,7 @@ TEST(HarmonicStations, TellWhatAFileLacks) {
     RecordingMessages messages;
     const std::string path = folder.Write("Area.l27", row.content);
     if (*row.left_out != '\0') messages.Expect(path + ": " + row.left_out, MessageIcon::kWarning);
-    LoadHarmonicStations(state, folder.path(), "Area.l27", 6.0F, {10, 2026}, messages);
+    LoadHarmonicStations(state, JoinPath(folder.path(), "Area.l27"), 6.0F, {10, 2026}, messages);
     EXPECT_EQ(state.harmonic_stations.size(), row.stations) << row.left_out;
     EXPECT_EQ(state.harmonic_streams.size(), row.stations) << row.left_out;
     if (row.stations > 0) {
@@ -122,7 +122,7 @@ TEST(HarmonicStations, TellWhatAFileLacks) {
   RecordingMessages messages;
   messages.Expect(folder.File("None.l27") + ": the file does not exist");
   state.harmonic_stations = {Station()};
-  LoadHarmonicStations(state, folder.path(), "None.l27", 6.0F, {10, 2026}, messages);
+  LoadHarmonicStations(state, JoinPath(folder.path(), "None.l27"), 6.0F, {10, 2026}, messages);
   EXPECT_TRUE(state.harmonic_stations.empty() && state.harmonic_streams.empty());
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "support/temp_folder.h"
+#include "tides/tidal_files.h"
 
 namespace skerrow {
 namespace {

@@ -1,22 +1,14 @@
 #include "ui/forms/load_chart_form.h"
 
-#include <algorithm>
-#include <filesystem>
-
+#include "core/data_files.h"
+#include "core/files.h"
 #include "core/text.h"
 
 namespace skerrow {
 
 std::vector<std::string> SeaAreas(const Folders& folders) {
-  std::vector<std::string> areas;
-  std::error_code error;
-  for (std::filesystem::directory_iterator it(folders.Charts(), error), end; !error && it != end;
-       it.increment(error)) {
-    if (ToLowerAscii(it->path().extension().string()) == ".xrf") {
-      areas.push_back(it->path().stem().string());
-    }
-  }
-  std::sort(areas.begin(), areas.end());
+  std::vector<std::string> areas = ListData(folders, DataFolder::kCharts, ".xrf");
+  for (std::string& area : areas) area.resize(area.size() - std::string_view(".xrf").size());
   return areas;
 }
 
@@ -41,7 +33,7 @@ std::optional<std::size_t> FindChartRow(const std::vector<ChartRow>& rows, std::
 }
 
 std::string PreviewPath(const Folders& folders, std::string_view chart_key) {
-  return ChartPathOf(folders, Trim(chart_key)) + ".tif";
+  return ChartPathOf(folders, Trim(chart_key)) + std::string(kChartPreview);
 }
 
 Status ChooseChart(const Folders& folders, const ChartChoice& choice, AppConfig& config,
@@ -53,11 +45,11 @@ Status ChooseChart(const Folders& folders, const ChartChoice& choice, AppConfig&
     record.tidal_area = choice.sea_area;
     record.chart_path = path;
     record.chart_file_name = Trim(choice.chart_key) + ".cht";
-    record.chart_folder = folders.Charts();
+    record.chart_folder = FolderOf(path);
     record.chart_scale_choice = choice.scale_filter;
   };
   apply(chosen);
-  if (Status status = ReadChartSettings(chosen, charts); !status) return status;
+  if (Status status = ReadChartSettings(folders, chosen, charts); !status) return status;
   return ReloadThenSave(folders, config, apply);
 }
 

@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "app/chart_change.h"
+#include "core/data_files.h"
 #include "core/position.h"
 #include "core/text.h"
 #include "tides/diamond.h"
+#include "tides/tidal_files.h"
 
 namespace skerrow {
 namespace {
@@ -91,8 +93,8 @@ std::string_view ExtensionOf(CopyKind kind) { return kind == CopyKind::kPorts ? 
 Result<CopySource> OpenCopySource(const Folders& folders, CopyKind kind,
                                   const std::string& file_name) {
   const bool ports = kind == CopyKind::kPorts;
-  Result<SeenFile> file =
-      SeeFile(JoinPath(folders.TidalStreams(), file_name), ports ? kPortSize : kDiamondSize);
+  Result<SeenFile> file = SeeFile(FindData(folders, DataFolder::kTidalStreams, file_name),
+                                  ports ? kPortSize : kDiamondSize);
   if (!file) return file.error();
   if (ports) {
     return RowsOf(std::move(file.value()), kPortFields,
@@ -115,8 +117,10 @@ Result<std::string> CopyMarked(Program& program, Messages& messages, CopyKind ki
                            " is damaged and cannot be copied; nothing is written"};
     }
   }
-  const Status copied =
-      CopyRecords(source.file, marked, JoinPath(program.folders.TidalStreams(), *name));
+  const Result<std::string> target =
+      WritableData(program.folders, DataFolder::kTidalStreams, *name);
+  if (!target) return target.error();
+  const Status copied = CopyRecords(source.file, marked, *target);
   if (!copied) return copied.error();
   if (kind == CopyKind::kPorts) {
     if (InUse(program, *name)) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/program.h"
+#include "core/record_edit.h"
 #include "tides/port_editor.h"
 
 // What the editor of the harmonic constants and the copying of ports and diamonds do beside the

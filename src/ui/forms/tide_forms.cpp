@@ -7,6 +7,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/data_files.h"
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
 #include "core/text.h"
@@ -73,7 +74,7 @@ Result<PortList> ListPorts(const Folders& folders, std::string_view file_name) {
   const Result<RecordFile<Port>> file = ReadAreaPorts(folders, file_name);
   if (!file) return file.error();
   PortList list;
-  list.left_out = LeftOutText(JoinPath(folders.TidalStreams(), file_name), file->left_out);
+  list.left_out = LeftOutText(AreaPortFile(folders, file_name), file->left_out);
   for (std::size_t i = 0; i < file->records.size(); ++i) {
     if (file->records[i]) list.rows.push_back({static_cast<int>(i + 1), *file->records[i]});
   }
@@ -81,17 +82,9 @@ Result<PortList> ListPorts(const Folders& folders, std::string_view file_name) {
 }
 
 std::vector<std::string> ListTideAreas(const Folders& folders) {
-  namespace fs = std::filesystem;
-  std::vector<std::string> names;
-  std::error_code error;
-  for (fs::directory_iterator it(folders.TidalStreams(), error), end; !error && it != end;
-       it.increment(error)) {
-    const std::string name = it->path().filename().string();
-    if (ToLowerAscii(name).ends_with(".hc") && FileReadable(it->path().string())) {
-      names.push_back(name);
-    }
-  }
-  std::sort(names.begin(), names.end());
+  std::vector<std::string> names = ListData(folders, DataFolder::kTidalStreams, ".hc");
+  std::erase_if(
+      names, [&](const std::string& name) { return !FileReadable(AreaPortFile(folders, name)); });
   return names;
 }
 
@@ -111,7 +104,7 @@ Status TideForm::Open(int position) {
   const Result<PortList> ports = ListPorts(program_.folders, area_);
   if (!ports) return ports.error();
   if (ports->rows.empty()) {
-    return Error{JoinPath(program_.folders.TidalStreams(), area_), "the file holds no ports"};
+    return Error{AreaPortFile(program_.folders, area_), "the file holds no ports"};
   }
   const int wanted = position > 0 ? position : program_.config.tide_port_number;
   const auto found = std::find_if(ports->rows.begin(), ports->rows.end(),
@@ -313,9 +306,11 @@ std::optional<float> ParseUserDepth(std::string_view text) {
 
 Status SaveUserDepth(const Folders& folders, std::string_view file_name, int position,
                      float depth) {
-  const std::string path = JoinPath(folders.TidalStreams(), file_name);
   const Result<Port> port = ReadAreaPort(folders, file_name, position);
   if (!port) return port.error();
+  const Result<std::string> writable = WritableData(folders, DataFolder::kTidalStreams, file_name);
+  if (!writable) return writable.error();
+  const std::string& path = *writable;
   Result<std::string> content = ReadFile(path);
   if (!content) return content.error();
   const std::size_t at = static_cast<std::size_t>(position - 1) * kPortSize;

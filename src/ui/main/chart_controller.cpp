@@ -5,7 +5,7 @@
 
 #include "core/files.h"
 #include "core/text.h"
-#include "ui/dialogs/frmLoadChart.h"
+#include "ui/charts/frmLoadChart.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
@@ -51,7 +51,7 @@ bool ChartController::HasPlaces() const {
 std::string ChartController::MissingCalibration() const {
   if (viewer_.image_height() < 1 || IsCalibrated(desktop_.program.charts.chart)) return "";
   return "No positions on this chart: " +
-         CalibrationFile(Trim(desktop_.program.config.chart_path)) +
+         CalibrationFile(desktop_.program.folders, desktop_.program.config.chart_path) +
          " is missing or holds no calibration";
 }
 
@@ -81,8 +81,9 @@ bool ChartController::DrawChart(Failure failure) {
   config.chart_path = Trim(config.chart_path);
   redraw_ = false;
   const std::unique_ptr<Progress> progress = desktop_.window.StartProgress("Opening chart");
-  const Status opened = viewer_.OpenAndWait(NativePath(config.chart_path) + ".l55",
-                                            ChartViewer::OnFailure::kKeepOld, *progress);
+  const Status opened =
+      viewer_.OpenAndWait(NativePath(config.chart_path) + std::string(kChartImage),
+                          ChartViewer::OnFailure::kKeepOld, *progress);
   redraw_ = true;
   viewer_.Redraw();
   if (!opened) {

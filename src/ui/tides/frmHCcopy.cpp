@@ -3,6 +3,7 @@
 #include <QtWidgets/QLineEdit>
 #include <algorithm>
 
+#include "tides/tidal_files.h"
 #include "ui/dialogs/report_write.h"
 #include "ui/widgets/qt_text.h"
 

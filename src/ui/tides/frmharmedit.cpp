@@ -6,6 +6,7 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "tides/tidal_files.h"
 #include "ui/dialogs/report_write.h"
 #include "ui/widgets/qt_text.h"
 

@@ -13,7 +13,6 @@
 #include "support/sample_desk.h"
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmConfigure.h"
-#include "ui/dialogs/frmLoadChart.h"
 #include "ui/dialogs/frmQuickInstructions.h"
 #include "ui/dialogs/frmtimdat.h"
 #include "ui/forms/report_look.h"
@@ -110,34 +109,6 @@ TEST_F(SingleDialogs, PreviewDecodesBesideTheWindowAndShowsTheLastOneAskedFor) {
   preview.Open(file("missing.png"));
   ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.opening(); }, 20000));
   EXPECT_TRUE(preview.empty());
-}
-
-TEST_F(SingleDialogs, ChartListFiltersSearchesAndChooses) {
-  frmLoadChart form(desktop, nullptr);
-  form.show();
-  auto* list = form.findChild<QListWidget*>("List1");
-  auto* preview = form.findChild<PicturePreview*>("GdViewer1");
-  ASSERT_EQ(list->count(), 4);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !preview->empty(); }));
-  auto* search = form.findChild<QLineEdit*>("txtSearch");
-  QTest::keyClicks(search, "islands");
-  EXPECT_EQ(list->currentItem()->text(), "Channel Islands");
-  const QString key = form.findChild<QLabel*>("lblChartNumber")->text();
-  const QPoint row = list->visualItemRect(list->currentItem()).center();
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row);
-  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, row);
-  EXPECT_FALSE(form.isVisible());
-  EXPECT_TRUE(program.config.chart_path.ends_with("/" + key.toStdString()));
-
-  frmLoadChart none(desktop, nullptr);
-  none.show();
-  auto* scale = none.findChild<QLineEdit*>("txtScale");
-  scale->setFocus();
-  scale->selectAll();
-  QTest::keyClicks(scale, "9000000");
-  EXPECT_EQ(none.findChild<QListWidget*>("List1")->count(), 0);
-  EXPECT_TRUE(none.findChild<PicturePreview*>("GdViewer1")->empty());
-  EXPECT_FALSE(none.findChild<QPushButton*>("cmdOK")->isEnabled());
 }
 
 TEST_F(SingleDialogs, StartFormAcceptsDeclinesAndRestoresDefaults) {

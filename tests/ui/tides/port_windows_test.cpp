@@ -185,22 +185,27 @@ TEST_F(PortWindows, AFileThatCannotBeWrittenIsTold) {
   EXPECT_EQ(Text(form, "txtportname"), "Concarneau");
 }
 
-// In a folder that may be read only.
-TEST_F(PortWindows, AReadOnlyFolderIsTold) {
+// An installed program's folder is read only: the change goes into the user's own copy.
+TEST_F(PortWindows, AReadOnlyFolderKeepsItsFileAndTheUserHasTheChange) {
+  namespace fs = std::filesystem;
   frmharmedit form(desktop, nullptr);
   Show(form);
   Type(form, "txtz0", "9");
-  std::filesystem::permissions(user_.File("program/TS"),
-                               std::filesystem::perms::owner_write |
-                                   std::filesystem::perms::group_write |
-                                   std::filesystem::perms::others_write,
-                               std::filesystem::perm_options::remove);
-  messages.Expect("This file could not be written, and nothing in it has changed:\n" + path_ +
-                  ": Permission denied");
+  const fs::path installed = user_.File("program/TS");
+  constexpr auto kWriters =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  fs::permissions(installed, kWriters, fs::perm_options::remove);
+  fs::permissions(program.folders.UserData(), fs::perms::all);
   AsPlainUser([&] { Click(form, "chartok"); });
+  fs::permissions(installed, fs::perms::owner_all);
   EXPECT_TRUE(FileBytes(path_) == before_);
-  EXPECT_EQ(Text(form, "txtz0"), "9");
-  std::filesystem::permissions(user_.File("program/TS"), std::filesystem::perms::owner_all);
+  const std::string own = program.folders.UserData() + "/TS/" + FileNameOf(path_);
+  const std::string changed = FileBytes(own);
+  ASSERT_EQ(changed.size(), before_.size());
+  EXPECT_TRUE(changed.substr(76 * kPortSize) == before_.substr(76 * kPortSize));
+  const Result<Port> port = ReadAreaPort(program.folders, FileNameOf(path_), 76);
+  ASSERT_TRUE(port);
+  EXPECT_EQ(port->z0, 9.0F);
 }
 
 TEST_F(PortWindows, WithoutAFileNothingIsDone) {

@@ -1,4 +1,4 @@
-#include "ui/dialogs/frmLoadChart.h"
+#include "ui/charts/frmLoadChart.h"
 
 #include <QGridLayout>
 #include <cmath>

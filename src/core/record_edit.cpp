@@ -1,20 +1,11 @@
-#include "tides/record_edit.h"
+#include "core/record_edit.h"
 
-#include <algorithm>
 #include <cstdint>
-#include <filesystem>
-#include <system_error>
 
 #include "core/files.h"
 #include "core/record.h"
-#include "core/text.h"
 
 namespace skerrow {
-namespace {
-
-namespace fs = std::filesystem;
-
-constexpr std::string_view kScratch = "scratch";
 
 Status CheckUnchanged(const SeenFile& seen) {
   const Result<std::string> now = ReadFile(seen.path);
@@ -24,8 +15,6 @@ Status CheckUnchanged(const SeenFile& seen) {
   }
   return Done{};
 }
-
-}  // namespace
 
 Result<SeenFile> SeeFile(const std::string& path, std::size_t record_size) {
   Result<std::string> content = ReadFile(path);
@@ -67,43 +56,6 @@ Status CopyRecords(const SeenFile& source, const std::vector<std::size_t>& chose
   Result<SeenFile> target = SeeFile(path, source.record_size);
   if (!target) return target.error();
   return SpliceRecords(target.value(), target->Count(), 0, records);
-}
-
-std::vector<std::string> ListTidalFiles(const Folders& folders, std::string_view extension) {
-  std::vector<std::string> names;
-  std::error_code error;
-  for (fs::directory_iterator at(folders.TidalStreams(), error), end; !error && at != end;
-       at.increment(error)) {
-    const std::string name = at->path().filename().string();
-    const std::string lower = ToLowerAscii(name);
-    std::error_code ignored;
-    if (lower.ends_with(extension) && lower != std::string(kScratch) + std::string(extension) &&
-        at->is_regular_file(ignored)) {
-      names.push_back(name);
-    }
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-Result<std::string> NameTidalFile(const Folders& folders, std::string_view typed,
-                                  std::string_view extension) {
-  std::string name = Trim(typed);
-  if (ToLowerAscii(name).ends_with(extension)) {
-    name = TrimRight(name.substr(0, name.size() - extension.size()));
-  }
-  if (name.empty()) return Error{"", "No file name"};
-  const bool leaves = name.find_first_of(std::string_view("/\\:\0", 4)) != std::string::npos;
-  if (leaves || name.front() == '.' || ToLowerAscii(name) == kScratch) {
-    return Error{"", "\"" + name + "\" cannot be the name of a file here"};
-  }
-  name += extension;
-  const std::vector<std::string> names = ListTidalFiles(folders, extension);
-  if (std::find(names.begin(), names.end(), name) != names.end()) return name;
-  for (const std::string& other : names) {
-    if (ToLowerAscii(other) == ToLowerAscii(name)) return other;
-  }
-  return name;
 }
 
 }  // namespace skerrow

@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "core/folders.h"
 #include "core/result.h"
 
 // Edits of a file of fixed-size records by its bytes, so that the records that are not touched stay
@@ -30,6 +29,9 @@ struct SeenFile {
 // Errors: those of ReadFile, or more records than a 16-bit number counts.
 Result<SeenFile> SeeFile(const std::string& path, std::size_t record_size);
 
+// Error: the file is no more as it was seen.
+Status CheckUnchanged(const SeenFile& seen);
+
 // Puts `records`, whole ones, in the place of `removed` records from `index` on; an index at the
 // end appends, ahead of what is cut short there. `seen` becomes the new content. Errors, with the
 // file and `seen` as they were: the file has changed since, there is no such record, too many
@@ -42,15 +44,5 @@ Status SpliceRecords(SeenFile& seen, std::size_t index, std::size_t removed,
 // changed, or as SpliceRecords.
 Status CopyRecords(const SeenFile& source, const std::vector<std::size_t>& chosen,
                    const std::string& path);
-
-// The names of the files of the TS folder with that extension (".hc", ".l25") in either case, in
-// alphabetical order. A "scratch" file that an editor has left there is none of them.
-std::vector<std::string> ListTidalFiles(const Folders& folders, std::string_view extension);
-
-// The file of the TS folder that a typed name means, its extension left out or typed: one that is
-// there, in whatever case, or the name for a new one. Error: blank ("No file name"), or no name of
-// a file of that folder.
-Result<std::string> NameTidalFile(const Folders& folders, std::string_view typed,
-                                  std::string_view extension);
 
 }  // namespace skerrow
