@@ -10,6 +10,7 @@
 
 #include "cli/commands.h"
 #include "cli/session.h"
+#include "core/version.h"
 
 namespace {
 
@@ -477,6 +478,7 @@ int main(int argc, char** argv) {
       ->expected(1)
       ->take_all();
   app.add_flag("--json", options.json, "answer in JSON");
+  app.set_version_flag("--version", "skerrow-cli " + std::string(kVersion));
   AddConfigCommands(app, chosen);
   AddPlaceCommands(app, chosen);
   AddFileCommands(app, chosen);
@@ -493,7 +495,7 @@ int main(int argc, char** argv) {
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {
-    if (error.get_exit_code() == 0) return app.exit(error);  // --help
+    if (error.get_exit_code() == 0) return app.exit(error);  // --help, --version
     return Report(Failure{kWrongUsage, std::string(error.what()) + " (--help tells more)"},
                   options);
   }
