@@ -53,7 +53,8 @@ int main(int argc, char** argv) {
   using namespace skerrow;  // NOLINT: this file is the program
   if (Answered(argc, argv)) return 0;
   QApplication application(argc, argv);
-  // The toolkit takes over the user's locale; the numbers of files keep their points in every library.
+  // The toolkit takes over the user's locale; the numbers of files keep their points in every
+  // library.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("Skerrow Helm");
   QGuiApplication::setDesktopFileName("org.skerrow.Helm");  // by which a desktop finds the icon
