@@ -24,7 +24,7 @@ constexpr Place kPlaces[] = {
     {"txtLeftPix", 2, 2, "Column:", "Image column of the left line, pixels from the left"},
     {"txtLowerLat", 4, 0, "La&titude:", "Latitude of the lower line: 50.30.25N"},
     {"txtBottomPix", 4, 2, "Row:", "Image row of the lower line, pixels from the top"},
-    {"txtUpperLon", 5, 0, "Lon&gitude:", "Longitude of the right line: 001.05.40W"},
+    {"txtUpperLon", 5, 0, "Long&itude:", "Longitude of the right line: 001.05.40W"},
     {"txtRightPix", 5, 2, "Column:", "Image column of the right line, pixels from the left"},
     {"txtScale", 7, 0, "Scale &1:", "Natural scale of the chart"},
     {"txtWidth", 8, 0, "&Width:", "Width of the image, pixels"},
@@ -35,7 +35,9 @@ constexpr int kUpperHeading = 0;
 constexpr int kLowerHeading = 3;
 constexpr int kChartHeading = 6;
 constexpr int kButtonColumn = 3;
+// One past the last of each.
 constexpr int kColumns = 5;
+constexpr int kRows = 9;
 
 KeyFilter FilterOf(ChartBox kind) {
   switch (kind) {
@@ -55,10 +57,12 @@ KeyFilter FilterOf(ChartBox kind) {
 
 CalibrationPanel::CalibrationPanel(Messages& beeper, QWidget* parent)
     : QWidget(parent), grid_(new QGridLayout(this)) {
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
   grid_->setContentsMargins(0, 0, 0, 0);
   grid_->setHorizontalSpacing(8);
   grid_->setVerticalSpacing(6);
   grid_->setColumnStretch(kColumns, 1);
+  grid_->setRowStretch(kRows, 1);
   grid_->addWidget(MakeHeading("Upper left"), kUpperHeading, 0, 1, kButtonColumn);
   grid_->addWidget(MakeHeading("Lower right"), kLowerHeading, 0, 1, kButtonColumn);
   grid_->addWidget(MakeHeading("Chart"), kChartHeading, 0, 1, kButtonColumn);

@@ -65,6 +65,9 @@ frmChartInfo::frmChartInfo(Desktop& desktop, ChartViewer& viewer, std::function<
   connect(panel_, &CalibrationPanel::Changed, this, [this] { FollowTexts(); });
   panel_->SetTexts(TextsOf(shown_));
   FollowTexts();
+  // Left to itself a window opens with two thirds of the screen at most, and the boxes give way.
+  const int wide = sizeHint().width();
+  resize(wide, layout()->totalHeightForWidth(wide));
   // The mouse comes through the viewport, keys through the viewer itself.
   viewer_.installEventFilter(this);
   viewer_.viewport()->installEventFilter(this);
@@ -164,7 +167,8 @@ bool frmChartInfo::PickAt(QPointF at) {
   EndPick();
   panel_->SetTexts(PickCorner(panel_->Texts(), corner, point.column, point.row, width, height));
   activateWindow();
-  panel_->Box(corner == ChartCorner::kUpperLeft ? "txtUpperLat" : "txtLowerLat")->setFocus();
+  panel_->Box(corner == ChartCorner::kUpperLeft ? "txtUpperLat" : "txtLowerLat")
+      ->setFocus(Qt::TabFocusReason);
   return true;
 }
 

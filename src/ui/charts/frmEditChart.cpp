@@ -22,7 +22,7 @@ frmEditChart::frmEditChart(Desktop& desktop, Open open, QWidget* parent)
   auto* columns = new QHBoxLayout;
   columns->setSpacing(14);
   columns->addLayout(MakeChoices(), 2);
-  columns->addLayout(MakeFields(), 3);
+  columns->addLayout(MakeFields(), 4);
   body()->addLayout(columns, 1);
   accept_ = AddLeftButton("cmdAcceptChanges", "A&ccept Changes",
                           "Store these settings in the chart's file, and its scale in the index");
@@ -44,7 +44,7 @@ frmEditChart::frmEditChart(Desktop& desktop, Open open, QWidget* parent)
   areas_->setCurrentIndex(current >= 0 ? current : 0);
   LoadArea();
   list_->setFocus();
-  resize(900, 560);
+  resize(1000, 540);
 }
 
 QLayout* frmEditChart::MakeChoices() {

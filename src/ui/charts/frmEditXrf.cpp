@@ -54,6 +54,8 @@ frmEditXrf::frmEditXrf(Desktop& desktop, QWidget* parent)
 }
 
 QLayout* frmEditXrf::MakeFields() {
+  number_->setMaxLength(static_cast<int>(kChartIndexFields[0].size));
+  name_->setMaxLength(static_cast<int>(kChartIndexFields[1].size));
   number_->setToolTip("The file name of the chart without its ending: 9999-1");
   scale_->SetColumns(10);
   scale_->setToolTip("Natural scale of the chart");

@@ -32,6 +32,11 @@ void TimeController::Stop() {
   animate_timer_.stop();
 }
 
+void TimeController::Release() {
+  held_ = false;
+  desktop_.view.harvest_text.clear();
+}
+
 void TimeController::Animate(AnimationDirection direction) {
   Program& p = desktop_.program;
   if (p.passage.route_track.empty()) return;

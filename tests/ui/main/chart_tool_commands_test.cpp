@@ -182,6 +182,7 @@ TEST_F(ChartToolCommands, DiamondsAreHarvested) {
   Command("mnuSaveTidalDiamonds");
   EXPECT_EQ(std::filesystem::file_size(saved), 136U * kDiamondSize);
   Command("mnuselrealtime");
+  EXPECT_EQ(Panel(3), "Waypoints = Sample");
   let_a_minute_pass(11);
   EXPECT_EQ(program_.selected_time.hours, 11.0F);
 }

@@ -93,7 +93,7 @@ void KeepDiamond(Context& c) {
 constexpr Command kCommands[] = {
     {"keyChartInfo", "Calibrate Chart", "", "Rows, columns and positions of the chart in view", "C",
      kNeedsTools, ShowChartInfo},
-    {"mnuChartEdit", "Chart &Settings", "", "The calibration of any chart", "", kNeedsTools,
+    {"mnuChartEdit", "&Chart Settings", "", "The calibration of any chart", "", kNeedsTools,
      EditChart},
     {"mnuXrfEdit", "Sea Area &Index", "", "The charts of a sea area, with their borders", "",
      kNeedsTools, EditIndex},
