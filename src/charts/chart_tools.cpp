@@ -46,13 +46,14 @@ void FillRows(IndexList& list) {
 
 Status EditIndex(const Folders& folders, IndexList& list, std::size_t record, std::size_t removed,
                  std::string_view records) {
-  // Seen in the program's folder and written to the user's, the file is still to be the one seen.
-  if (Status same = CheckUnchanged(list.file); !same) return same;
   const Result<std::string> path =
       WritableData(folders, DataFolder::kCharts, list.sea_area + std::string(kIndexEnding));
   if (!path) return path.error();
-  list.file.path = *path;
-  if (Status edited = SpliceRecords(list.file, record, removed, records); !edited) return edited;
+  // A copy of the user's begins as what was listed, too.
+  SeenFile file = list.file;
+  file.path = *path;
+  if (Status edited = SpliceRecords(file, record, removed, records); !edited) return edited;
+  list.file = std::move(file);
   FillRows(list);
   return Done{};
 }

@@ -14,7 +14,7 @@ namespace skerrow::cli {
 namespace {
 
 // Sets what `text` tells, if it tells anything.
-std::optional<Failure> Take(const std::string& text, Result<float> value, float& into) {
+std::optional<Failure> Take(const std::string& text, const Result<float>& value, float& into) {
   if (text.empty()) return std::nullopt;
   if (!value) return WrongUsage(value.error());
   into = *value;

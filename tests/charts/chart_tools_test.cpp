@@ -50,18 +50,17 @@ TEST_F(ChartTools, TheFirstSaveKeepsTheCalibrationDelivered) {
                                 "ab  \n\0",
                                 8));
   const std::string path = Chart(delivered);
-  ChartFileRecord moved = Channel();
-  moved.upper_lat = 51.5F;
-  moved.right_pix = 4000.0F;
-  moved.scale = 250000.0F;
+  ChartFileRecord moved = {51.5F,     101.0F, 48.5F, 3101.0F, -5.5F,   51.0F,   1.5F,   4051.0F,
+                           250000.0F, 7.0F,   5.12F, 8.0F,    4101.0F, 3201.0F, "spare"};
   moved.spare1 = 99.0F;  // what the form knows nothing of comes from the file
   moved.issue = 1.0F;
   moved.spare3 = "other";
   ASSERT_TRUE(SaveCalibration(folders_, path + "  ", moved, Delivered::kKept));
   std::string expected = delivered;
-  bytes::PutFloat(expected, 0, 51.5F);
-  bytes::PutFloat(expected, 28, 4000.0F);
-  bytes::PutFloat(expected, 32, 250000.0F);
+  const std::pair<std::size_t, float> fields[] = {
+      {0, 51.5F}, {4, 101.0F},   {8, 48.5F},      {12, 3101.0F}, {16, -5.5F},  {20, 51.0F},
+      {24, 1.5F}, {28, 4051.0F}, {32, 250000.0F}, {48, 4101.0F}, {52, 3201.0F}};
+  for (const auto& [offset, value] : fields) bytes::PutFloat(expected, offset, value);
   EXPECT_EQ(ChartFile(), expected + delivered);
 
   moved.lower_lat = 48.0F;

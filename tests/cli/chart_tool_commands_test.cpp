@@ -53,6 +53,14 @@ TEST_F(ChartToolCommands, CalibrateByFieldsByPointsAndBack) {
   bytes::PutFloat(changed, 32, 550000.0F);
   EXPECT_EQ(Cht(), changed + delivered);
 
+  const nlohmann::json rest =
+      Json(Words("calibrate 9999-2 --lower-lat 49.00.00N --bottom-row 3400 --right-long 100.30.00E "
+                 "--left-column 150 --right-column 4400 --width 4600 --height 3700"));
+  const std::pair<const char*, double> others[] = {
+      {"lowerLat", 49},   {"bottomPix", 3400}, {"upperLon", 100.5}, {"leftPix", 150},
+      {"rightPix", 4400}, {"width", 4600},     {"height", 3700},    {"topPix", 12.5}};
+  for (const auto& [name, value] : others) EXPECT_EQ(rest[name], value) << name;
+
   // The corners may be any two that lie across from each other, in any order.
   for (const char* points :
        {"--point 3000 200 49.30.00N 003.00.00W --point 500 4200 50.45.00N 000.15.00E",
@@ -61,7 +69,7 @@ TEST_F(ChartToolCommands, CalibrateByFieldsByPointsAndBack) {
     const std::pair<const char*, double> values[] = {
         {"upperLat", 50.75}, {"topPix", 500},  {"lowerLat", 49.5},        {"bottomPix", 3000},
         {"lowerLon", -3.0},  {"leftPix", 200}, {"upperLon", 0.25},        {"rightPix", 4200},
-        {"scale", 550000},   {"width", 4564},  {"lonPerCol", 3.25 / 4000}};
+        {"scale", 550000},   {"width", 4600},  {"lonPerCol", 3.25 / 4000}};
     for (const auto& [name, value] : values) EXPECT_EQ(placed[name], value) << name;
   }
   EXPECT_EQ(Cht().size(), 128U);
