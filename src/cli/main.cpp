@@ -129,6 +129,26 @@ void AddFileCommands(CLI::App& app, Chosen& chosen) {
       });
   Add(chart, "at", "the charts at a position, most detailed first", chosen, FindCharts,
       TakePosition);
+  Add(chart, "bounds", "the charts as lines of a catalogue", chosen, ListChartBounds, TakeNothing);
+  Add(chart, "calibrate", "change the calibration of a chart", chosen, CalibrateChart,
+      [](CLI::App& sub, CalibrateWords& words) {
+        sub.add_option("KEY", words.key, "key of the chart, such as 9999-1")->required();
+        sub.add_option("--upper-lat", words.upper_lat, "latitude of the upper line");
+        sub.add_option("--top-row", words.top_row, "its image row");
+        sub.add_option("--lower-lat", words.lower_lat, "latitude of the lower line");
+        sub.add_option("--bottom-row", words.bottom_row, "its image row");
+        sub.add_option("--left-long", words.left_long, "longitude of the left line");
+        sub.add_option("--left-column", words.left_column, "its image column");
+        sub.add_option("--right-long", words.right_long, "longitude of the right line");
+        sub.add_option("--right-column", words.right_column, "its image column");
+        sub.add_option("--scale", words.scale, "natural scale, the denominator");
+        sub.add_option("--width", words.width, "width of the image, pixels");
+        sub.add_option("--height", words.height, "height of the image, pixels");
+        sub.add_option("--point", words.points,
+                       "ROW COLUMN LAT LONG of a point; twice, for two corners")
+            ->expected(4, 8);
+        sub.add_flag("--restore", words.restore, "the calibration as delivered");
+      });
 }
 
 void AddTideCommands(CLI::App& app, Chosen& chosen) {
