@@ -260,6 +260,10 @@ Result<std::string> ImportChart(const Folders& folders, ChartSource& source,
   return chart;
 }
 
+bool IsChartOnShow(const Folders& folders, const AppConfig& config, std::string_view key) {
+  return NativePath(config.chart_path) == NativePath(ChartPathOf(folders, Trim(key)));
+}
+
 bool IsOwnChart(const Folders& folders, std::string_view key) {
   const std::string program = ProgramDataFolder(folders, kCharts);
   const std::string own = OwnDataFolder(folders, kCharts);

@@ -61,6 +61,9 @@ Status CheckImport(const Folders& folders, const ImportRequest& request);
 Result<std::string> ImportChart(const Folders& folders, ChartSource& source,
                                 const ImportRequest& request, Progress& progress);
 
+// Whether the settings name that chart as the current one.
+bool IsChartOnShow(const Folders& folders, const AppConfig& config, std::string_view key);
+
 // Whether a chart is the user's own and not one of the program's.
 bool IsOwnChart(const Folders& folders, std::string_view key);
 

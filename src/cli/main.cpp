@@ -128,6 +128,19 @@ void AddFileCommands(CLI::App& app, Chosen& chosen) {
       });
   Add(chart, "at", "the charts at a position, most detailed first", chosen, FindCharts,
       TakePosition);
+  Add(chart, "import", "bring a chart of another maker in", chosen, ImportChartFile,
+      [](CLI::App& sub, ChartImportWords& words) {
+        sub.add_option("FILE", words.file, "GeoTIFF, BSB/KAP, MBTiles, PNG or JPEG")->required();
+        sub.add_option("--area", words.area, "sea area it belongs to; a new one is made")
+            ->required();
+        sub.add_option("--key", words.key, "name of its files; a free number when left out");
+        sub.add_option("--title", words.title, "title; that of the file when left out");
+        sub.add_option("--scale", words.scale, "50000 for 1 : 50,000; guessed when left out");
+      });
+  Add(chart, "remove", "take one of the user's own charts away", chosen, RemoveChartFile,
+      [](CLI::App& sub, ChartKeyWords& words) {
+        sub.add_option("KEY", words.key, "key of the chart")->required();
+      });
 }
 
 void AddTideCommands(CLI::App& app, Chosen& chosen) {

@@ -334,6 +334,12 @@ Placement PlacementOf(GDALDatasetH dataset, const ChartHeader& header,
   }
   placement.placed = placement.system != nullptr;
   placement.affine = affine;
+  // Degrees that are counted from 0 to 360 east.
+  const double middle =
+      Apply(affine, {GDALGetRasterXSize(dataset) / 2.0, GDALGetRasterYSize(dataset) / 2.0}).x;
+  if (placement.placed && OSRIsGeographic(placement.system.get()) && middle > 180.0) {
+    placement.affine[0] -= 360.0;
+  }
   return placement;
 }
 
@@ -349,8 +355,8 @@ Transformer MakeTransformer(const Placement& placement, const Affine& to) {
     return made;
   }
   if (placement.system == nullptr) {
-    return Transformer(GDALCreateGenImgProjTransformer4(nullptr, placement.affine.data(), nullptr,
-                                                        to.data(), nullptr));
+    return Transformer(
+        GDALCreateGenImgProjTransformer3(nullptr, placement.affine.data(), nullptr, to.data()));
   }
   const System mercator = SystemOf(3857);
   return Transformer(GDALCreateGenImgProjTransformer4(
@@ -499,6 +505,25 @@ struct Plan {
   double reduction = 1.0;
 };
 
+// Whether the way back from the Mercator plane leads to where it came from, as the warping needs.
+bool LeadsBack(const Transformer& transformer, const Box& box, double tolerance) {
+  std::vector<Point> there;
+  std::vector<Point> from;
+  const std::vector<Point> grid = GridOver(box, 9);
+  const auto points = Transformed(transformer, grid);
+  for (std::size_t i = 0; i < grid.size(); ++i) {
+    if (!points[i]) continue;
+    there.push_back(*points[i]);
+    from.push_back(grid[i]);
+  }
+  const auto back = Transformed(transformer, there, true);
+  for (std::size_t i = 0; i < back.size(); ++i) {
+    if (!back[i] || std::hypot(back[i]->x - from[i].x, back[i]->y - from[i].y) > tolerance)
+      return false;
+  }
+  return !back.empty();
+}
+
 // The sheet whose pixels are those of a box of the source, where they lie so.
 std::optional<Plan> AlignedPlan(const Placement& placement, const Transformer& transformer,
                                 const Box& box) {
@@ -547,6 +572,10 @@ Result<Plan> MakePlan(const Placement& placement, const Box& box, std::int64_t m
   }
   const Result<Extent> found = ExtentOf(transformer, box, path);
   if (!found) return found.error();
+  // A bent rule is laid through its points anew for either way.
+  if (!LeadsBack(transformer, box, placement.bent == nullptr ? 0.5 : kReferenceMiss)) {
+    return Error{path, "the rule by which its pixels are placed cannot be turned round"};
+  }
   if (pixels <= static_cast<double>(max_pixels)) {
     if (const auto aligned = AlignedPlan(placement, transformer, box)) return *aligned;
   }
@@ -944,8 +973,11 @@ Status GdalChartSource::WorkOut(std::int64_t max_pixels) {
   if (cutline_ != nullptr) {
     OGREnvelope ring{};
     OGR_G_GetEnvelope(cutline_.get(), &ring);
-    const Box inner{std::max(0.0, std::floor(ring.MinX)), std::max(0.0, std::floor(ring.MinY)),
-                    std::min(width, std::ceil(ring.MaxX)), std::min(height, std::ceil(ring.MaxY))};
+    constexpr double kSliver = 0.05;  // of a pixel, that is worth no column of its own
+    const Box inner{std::max(0.0, std::floor(ring.MinX + kSliver)),
+                    std::max(0.0, std::floor(ring.MinY + kSliver)),
+                    std::min(width, std::ceil(ring.MaxX - kSliver)),
+                    std::min(height, std::ceil(ring.MaxY - kSliver))};
     if (inner.right - inner.left >= 2.0 && inner.bottom - inner.top >= 2.0) {
       box = inner;
     } else {

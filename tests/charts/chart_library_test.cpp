@@ -54,8 +54,8 @@ class ChartLibrary : public ::testing::Test {
     for (const char* ending : {".l55", ".tif", ".cht"}) {
       folder_.Write(std::string("program/Charts/9999-1") + ending, "installed");
     }
-    installed_ = EncodeRecord(
-        ChartIndexEntry{"9999-1", "Channel", 500000, 48, -6, 51, 2, "", ""}, kChartIndexFields);
+    installed_ = EncodeRecord(ChartIndexEntry{"9999-1", "Channel", 500000, 48, -6, 51, 2, "", ""},
+                              kChartIndexFields);
     folder_.Write("program/Charts/Sample Chart.xrf", installed_);
   }
   Result<std::string> Import(const ImportRequest& request) {
