@@ -95,6 +95,22 @@ struct CalibrateWords {
 // Changes the calibration of a chart in its file, which keeps the one delivered, and shows it.
 Outcome CalibrateChart(Session& session, const CalibrateWords& words);
 
+struct ChartImportWords {
+  std::string file;
+  std::string area;   // an area there is, or a new one
+  std::string key;    // empty takes a free one
+  std::string title;  // empty takes that of the file
+  std::string scale;  // denominator; empty takes that of the file
+};
+// Brings a chart of another maker into the user's folder.
+Outcome ImportChartFile(Session& session, const ChartImportWords& words);
+
+struct ChartKeyWords {
+  std::string key;
+};
+// Takes one of the user's own charts away.
+Outcome RemoveChartFile(Session& session, const ChartKeyWords& words);
+
 struct DayWords {
   std::string date;
 };

@@ -120,6 +120,9 @@ void AddFileCommands(CLI::App& app, Chosen& chosen) {
       [](CLI::App& sub, RouteWords& words) {
         sub.add_option("FILE", words.file, "route file")->required();
       });
+}
+
+void AddChartCommands(CLI::App& app, Chosen& chosen) {
   CLI::App& chart = AddGroup(app, "chart", "the charts of the sea area");
   Add(chart, "list", "all charts", chosen, ListCharts, TakeNothing);
   Add(chart, "show", "the calibration of a chart", chosen, ShowChart,
@@ -148,6 +151,19 @@ void AddFileCommands(CLI::App& app, Chosen& chosen) {
                        "ROW COLUMN LAT LONG of a point; twice, for two corners")
             ->expected(4, 8);
         sub.add_flag("--restore", words.restore, "the calibration as delivered");
+      });
+  Add(chart, "import", "bring a chart of another maker in", chosen, ImportChartFile,
+      [](CLI::App& sub, ChartImportWords& words) {
+        sub.add_option("FILE", words.file, "GeoTIFF, BSB/KAP, MBTiles, PNG or JPEG")->required();
+        sub.add_option("--area", words.area, "sea area it belongs to; a new one is made")
+            ->required();
+        sub.add_option("--key", words.key, "name of its files; a free number when left out");
+        sub.add_option("--title", words.title, "title; that of the file when left out");
+        sub.add_option("--scale", words.scale, "50000 for 1 : 50,000; guessed when left out");
+      });
+  Add(chart, "remove", "take one of the user's own charts away", chosen, RemoveChartFile,
+      [](CLI::App& sub, ChartKeyWords& words) {
+        sub.add_option("KEY", words.key, "key of the chart")->required();
       });
 }
 
@@ -502,6 +518,7 @@ int main(int argc, char** argv) {
   AddConfigCommands(app, chosen);
   AddPlaceCommands(app, chosen);
   AddFileCommands(app, chosen);
+  AddChartCommands(app, chosen);
   AddTideCommands(app, chosen);
   AddDiamondCommands(app, chosen);
   AddPassageCommands(app, chosen);
