@@ -106,7 +106,7 @@ struct CatalogueLine {
   std::string title;
   std::string provider;
   std::string format;
-  std::string issue;       // "5/1200"; empty where the calibration cannot be read
+  std::string issue;       // "5/1200"; empty where the calibration has none or cannot be read
   std::string sheet;       // "Main panel", or "Panel" and its text
   float lower_lat = 0.0F;  // degrees
   float lower_lon = 0.0F;
