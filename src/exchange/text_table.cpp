@@ -45,27 +45,7 @@ struct Moment {
   DayAndYear date;
 };
 
-// When the boat is at each point of the track. A track point has the time at which the step to it
-// began, which is that of the point before.
-std::vector<Moment> MomentsOf(const PassageState& passage) {
-  const std::vector<TrackPoint>& track = passage.route_track;
-  std::vector<Moment> moments;
-  moments.reserve(track.size());
-  for (std::size_t i = 1; i < track.size(); ++i) {
-    moments.push_back({track[i].hours, track[i].date});
-  }
-  if (track.empty()) return moments;
-  Moment end{track.back().hours, track.back().date};
-  if (!passage.legs.empty()) {
-    end = {passage.legs.back().arrival_hours, passage.legs.back().arrival_date};
-  } else if (track.size() > 2) {
-    // A prediction ends after one more step of the length of the others.
-    const float step = track[track.size() - 1].hours - track[track.size() - 2].hours;
-    AdvanceTime(end.hours, end.date, step < 0.0F ? step + 24.0F : step);
-  }
-  moments.push_back(end);
-  return moments;
-}
+DayAndYear NextDay(DayAndYear date) { return AddHours(date, 0.0F, 24.0F).date; }
 
 // Through at most one midnight, as steps are.
 float HoursBetween(const Moment& from, const Moment& to) {
@@ -77,6 +57,36 @@ float HoursBetween(const Moment& from, const Moment& to) {
 std::size_t StepsOf(const PassageState& passage, std::size_t leg) {
   return leg < passage.legs.size() ? static_cast<std::size_t>(passage.legs[leg].result.steps)
                                    : passage.route_track.size();
+}
+
+// When the boat is at each point of the track: its stream is read there as the step from it begins.
+// The track's own times would not do, since the first point of a leg has taken the place of the end
+// of the leg before, and with it the time at which the last step of that leg began.
+std::vector<Moment> MomentsOf(const PassageState& passage) {
+  const std::vector<TrackPoint>& track = passage.route_track;
+  std::vector<Moment> moments;
+  moments.reserve(track.size());
+  for (std::size_t i = 0; i + 1 < track.size(); ++i) {
+    const bool read = i < passage.route_streams.size();
+    Moment moment{read ? passage.route_streams[i].hours : track[i + 1].hours, track[0].date};
+    if (!moments.empty()) {
+      moment.date = moments.back().date;
+      if (moment.hours < moments.back().hours) moment.date = NextDay(moment.date);
+    }
+    moments.push_back(moment);
+  }
+  if (track.empty()) return moments;
+  // The track ends with a whole step, past the destination or short of it.
+  Moment end{track.back().hours, track.back().date};
+  const std::size_t steps = StepsOf(passage, std::max<std::size_t>(passage.legs.size(), 1) - 1);
+  if (steps >= 2 && moments.size() >= 2) {
+    end = moments.back();
+    AdvanceTime(end.hours, end.date, HoursBetween(moments[moments.size() - 2], end));
+  } else if (!passage.legs.empty()) {
+    end = {passage.legs.back().arrival_hours, passage.legs.back().arrival_date};
+  }
+  moments.push_back(end);
+  return moments;
 }
 
 // ---- Reading
