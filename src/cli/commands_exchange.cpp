@@ -136,7 +136,7 @@ Outcome ExportGpx(Session& session, const GpxExportWords& words) {
   }
   for (const std::string& file : words.tracks) {
     const std::string path = Session::FindFile(file, {folders.Tracks(), folders.Samples()});
-    Result<GpxLine> track = GpxTrackOfLog(StemOf(path), path);
+    Result<GpxLine> track = GpxTrackOfLog(StemOf(path), path, session.progress);
     if (!track) return Failed(track.error());
     document.tracks.push_back(std::move(track.value()));
   }

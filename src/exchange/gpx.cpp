@@ -1,5 +1,7 @@
 #include "exchange/gpx.h"
 
+#include <optional>
+
 #include "core/calendar.h"
 #include "core/iso_time.h"
 #include "core/numbers.h"
@@ -11,8 +13,6 @@
 
 namespace skerrow {
 namespace {
-
-constexpr std::size_t kMostPlotPoints = 32767;  // what a 16-bit number counts
 
 void Element(std::string& out, std::string_view indent, std::string_view name,
              std::string_view text) {
@@ -39,6 +39,30 @@ void Point(std::string& out, std::string_view indent, std::string_view kind,
     out += inner + "</extensions>\n";
   }
   out.append(indent).append("</").append(kind).append(">\n");
+}
+
+bool AllDigits(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// The time that the texts of a record tell, "06:30" of "05 Dec 2026"; empty for other texts.
+std::optional<double> PlotTime(const PlotRecord& record) {
+  const std::string time = Trim(record.time);
+  const std::string date = Trim(record.date);
+  const std::size_t first = date.find(' ');
+  if (time.size() != 5 || time[2] != ':' || first == std::string::npos ||
+      date.size() != first + 9 || date[first + 4] != ' ') {
+    return std::nullopt;
+  }
+  int month = 0;
+  for (int i = 1; i <= 12; ++i) {
+    if (LongMonthName(i).substr(0, 3) == date.substr(first + 1, 3)) month = i;
+  }
+  const std::string day = date.substr(0, first);
+  const std::string year = date.substr(first + 5);
+  if (month == 0 || !AllDigits(day) || day.size() > 2 || !AllDigits(year)) return std::nullopt;
+  return ParseIsoTime(year + "-" + FormatFixed(month, 2, 0) + "-" +
+                      FormatFixed(TextToNumber(day), 2, 0) + "T" + time + "Z");
 }
 
 }  // namespace
@@ -122,14 +146,18 @@ GpxLine GpxPlanOf(std::string name, std::span<const RoutePoint> points,
   return line;
 }
 
-Result<GpxLine> GpxTrackOfLog(std::string name, const std::string& log) {
+Result<GpxLine> GpxTrackOfLog(std::string name, const std::string& log, Progress& progress) {
+  constexpr std::size_t kLinesAStep = 2000;
   Result<LogLines> lines = LogLines::Open(log);
   if (!lines) return lines.error();
   GpsTrack track;
-  while (true) {
+  for (std::size_t count = 1;; ++count) {
     const auto line = lines.value().Next();
     if (!line) return line.error();
     if (!*line) return GpxTrackOf(std::move(name), track);
+    if (count % kLinesAStep == 0 && !progress.Step(lines->Percent())) {
+      return Error{log, "the reading was stopped"};
+    }
     if ((*line)->find("RMC") == std::string_view::npos) continue;
     const Rmc rmc = ParseRmc(**line);
     if (rmc.state != SentenceState::kGood) continue;
@@ -138,6 +166,20 @@ Result<GpxLine> GpxTrackOfLog(std::string name, const std::string& log) {
     SetDate(point, std::string(rmc.date));
     track.push_back(point);
   }
+}
+
+GpxLine GpxTrackOfPlot(std::string name, std::span<const PlotRecord> records) {
+  GpxLine line{std::move(name), {}, 0};
+  line.points.reserve(records.size());
+  for (const PlotRecord& record : records) {
+    line.points.push_back({{record.latitude, record.longitude},
+                           Trim(record.comment),
+                           "",
+                           PlotTime(record),
+                           std::nullopt,
+                           ""});
+  }
+  return line;
 }
 
 std::vector<RouteRecord> RouteOfGpx(const GpxLine& line, float speed, Taken& taken) {
@@ -204,7 +246,7 @@ Result<std::vector<std::string>> SaveGpxTrack(const Folders& folders, const GpxL
                                               std::string_view name, Taken& taken,
                                               const MayReplace& may_replace) {
   taken.left_out += line.left_out;
-  return SaveTrackFile(folders, PlotOfGpx(line, kMostPlotPoints, taken), name, may_replace);
+  return SaveTrackFile(folders, PlotOfGpx(line, kMostTrackPoints, taken), name, may_replace);
 }
 
 }  // namespace skerrow

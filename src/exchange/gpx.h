@@ -7,6 +7,7 @@
 
 #include "core/folders.h"
 #include "core/gpx_document.h"
+#include "core/progress.h"
 #include "core/result.h"
 #include "exchange/user_files.h"
 #include "instruments/gps_fix.h"
@@ -35,12 +36,15 @@ GpxLine GpxTrackOf(std::string name, std::span<const GpsTrackPoint> track);
 // is there. Without results, for another number of legs, it is the route alone.
 GpxLine GpxPlanOf(std::string name, std::span<const RoutePoint> points,
                   std::span<const LegReport> legs);
-// The good fixes of a log, with their times. Errors: missing, unreadable.
-Result<GpxLine> GpxTrackOfLog(std::string name, const std::string& log);
+// The good fixes of a log, with their times. Errors: missing, unreadable, a stop by `progress`.
+Result<GpxLine> GpxTrackOfLog(std::string name, const std::string& log, Progress& progress);
+// A plot file's records; comments are names, and texts that are a time of a date become one.
+GpxLine GpxTrackOfPlot(std::string name, std::span<const PlotRecord> records);
 
 // A route's entries. A point that tells no speed has `speed` [kn].
 std::vector<RouteRecord> RouteOfGpx(const GpxLine& line, float speed, Taken& taken);
 std::vector<Waypoint> WaypointsOfGpx(std::span<const GpxPoint> points, Taken& taken);
+inline constexpr std::size_t kMostTrackPoints = 32767;  // what the readers of a plot file count
 // At most `most` points, evenly thinned; the last point stays.
 std::vector<PlotRecord> PlotOfGpx(const GpxLine& line, std::size_t most, Taken& taken);
 

@@ -463,12 +463,11 @@ std::string WaypointTable(std::span<const Waypoint> waypoints) {
   return table;
 }
 
-std::string CourseTable(const PassageState& passage) {
+std::vector<CourseStep> CourseSteps(const PassageState& passage) {
   const std::vector<TrackPoint>& track = passage.route_track;
-  std::string table = "Leg,Date,Time,Steer," + std::string(kPlaceHeadings) +
-                      ",Course over ground,Speed over ground (kn),Stream rate (kn),"
-                      "Stream direction,Diamond\r\n";
   const std::vector<Moment> moments = MomentsOf(passage);
+  std::vector<CourseStep> steps;
+  steps.reserve(track.size());
   std::size_t leg = 0;
   std::size_t leg_end = StepsOf(passage, leg);
   for (std::size_t i = 0; i < track.size(); ++i) {
@@ -476,30 +475,46 @@ std::string CourseTable(const PassageState& passage) {
     while (!last && i >= leg_end && leg + 1 < passage.legs.size()) {
       leg_end += StepsOf(passage, ++leg);
     }
-    const bool of_leg = leg < passage.legs.size();
-    const std::string when = DateAndMinute(moments[i].date, moments[i].hours);
-    table.append(of_leg ? std::to_string(leg + 1) : "").append(",");
-    table.append(when, 0, 10).append(",").append(when, 11).append(",");
-    if (of_leg && !last) table.append(FormatFixed(passage.legs[leg].heading, 3, 0));
-    table.append(",").append(Place(track[i].position)).append(",");
+    CourseStep step;
+    step.when = DateAndMinute(moments[i].date, moments[i].hours);
+    step.place = track[i].position;
+    if (leg < passage.legs.size()) {
+      step.leg = std::to_string(leg + 1);
+      if (!last) step.steer = FormatFixed(passage.legs[leg].heading, 3, 0);
+    }
     if (!last) {
       const RangeAndBearing run = RangeBearing(track[i].position, track[i + 1].position);
       const float hours = HoursBetween(moments[i], moments[i + 1]);
-      table.append(FormatFixed(run.bearing, 3, 0)).append(",");
-      if (hours > 0.0F) table.append(FormatFixed(run.range / hours, 1, 1));
-    } else {
-      table.append(",");
+      step.course = FormatFixed(run.bearing, 3, 0);
+      if (hours > 0.0F) step.speed = FormatFixed(run.range / hours, 1, 1);
     }
-    table.append(",");
-    // A reading is taken where its step begins.
     if (!last && i < passage.route_streams.size()) {
       const StreamSample& stream = passage.route_streams[i];
-      table.append(FormatFixed(stream.rate, 1, 1)).append(",");
-      table.append(FormatFixed(stream.direction, 3, 0)).append(",").append(Field(stream.label));
-    } else {
-      table.append(",,");
+      step.rate = FormatFixed(stream.rate, 1, 1);
+      step.direction = FormatFixed(stream.direction, 3, 0);
+      step.diamond = stream.label;
     }
-    table.append("\r\n");
+    steps.push_back(std::move(step));
+  }
+  return steps;
+}
+
+std::string CourseTable(const PassageState& passage) {
+  std::string table = "Leg,Date,Time,Steer," + std::string(kPlaceHeadings) +
+                      ",Course over ground,Speed over ground (kn),Stream rate (kn),"
+                      "Stream direction,Diamond\r\n";
+  for (const CourseStep& step : CourseSteps(passage)) {
+    const std::string fields[] = {step.leg,
+                                  step.when.substr(0, 10),
+                                  step.when.substr(11),
+                                  step.steer,
+                                  Place(step.place),
+                                  step.course,
+                                  step.speed,
+                                  step.rate,
+                                  step.direction};
+    for (const std::string& field : fields) table.append(field).append(",");
+    table.append(Field(step.diamond)).append("\r\n");
   }
   return table;
 }

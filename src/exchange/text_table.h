@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/position.h"
 #include "core/result.h"
 #include "exchange/user_files.h"
 #include "passage/passage_state.h"
@@ -20,9 +21,19 @@ namespace skerrow {
 std::string RouteTable(std::span<const RouteRecord> records);
 std::string WaypointTable(std::span<const Waypoint> waypoints);
 
-// The steps of a calculated track: leg, date and time, heading to steer, position, course and speed
-// over the ground to the next step, and the stream with its diamond. Without a leg, as in a
-// prediction, its columns are empty.
+// A step of a calculated track, as it is printed; what there is not is empty.
+struct CourseStep {
+  std::string leg;    // its number; none in a prediction
+  std::string when;   // "2026-12-05T08:10"
+  std::string steer;  // degrees magnetic, with leeway
+  Position place;
+  std::string course;     // over the ground to the next step, degrees true
+  std::string speed;      // and its speed, knots
+  std::string rate;       // of the stream, knots
+  std::string direction;  // degrees true towards which it runs
+  std::string diamond;
+};
+std::vector<CourseStep> CourseSteps(const PassageState& passage);
 std::string CourseTable(const PassageState& passage);
 
 // The bytes of a file with such a table. Spreadsheets take one without a mark at its beginning for

@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
@@ -24,10 +26,10 @@
 #include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
 #include "ui/instruments/live_dialog.h"
+#include "ui/main/imports.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
-#include "ui/routes/frmLoadWay.h"
 #include "ui/routes/leaving.h"
 #include "ui/widgets/qt_text.h"
 #include "ui/widgets/theme.h"
@@ -158,6 +160,7 @@ frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings
   viewer_->setFocusPolicy(Qt::StrongFocus);
   viewer_->setAccessibleName("Chart");
   setCentralWidget(viewer_);
+  setAcceptDrops(true);
   viewer_->SetEvents(&events_);
   viewer_->SetOverlayPainter(
       [this](DrawingSurface& surface, const ViewGeometry& area) { PaintOverlays(surface, area); });
@@ -379,18 +382,15 @@ void frmChart::OpenFile(const std::string& path) {
   if (kind == ".rte") {
     route_.LoadFile(path);
   } else if (kind == ".way") {
-    route_.WithWaypoints([&] {
-      const Status opened = OpenWaypointFile(desktop_, path);
-      if (!opened) {
-        desktop_.messages.Show(opened.error().Text(), MessageIcon::kWarning, kProgramTitle);
-      }
-    });
+    OpenWaypoints(context_, path);
+  } else if (kind == ".gpx") {
+    ImportGpx(context_, path);
   } else if (kind == kLogEnding) {
     ReplayFile(path);
   } else if (kind == ".cht" || kind == ".l55") {
     chart_.OpenStored(path.substr(0, path.rfind('.')) + ".cht");
   } else {
-    desktop_.messages.Show(path + ": this is no route, waypoint, chart or log file",
+    desktop_.messages.Show(path + ": this is no route, waypoint, GPX, chart or log file",
                            MessageIcon::kWarning, kProgramTitle);
   }
   Changed(kAllChanged);
@@ -758,6 +758,26 @@ void frmChart::contextMenuEvent(QContextMenuEvent* event) {
   if (view_.busy || (!by_key && viewer_->QWidget::geometry().contains(event->pos()))) return;
   if (chart_.HasPlaces()) view_.last_click = view_.cursor;
   ShowPopUp(event->globalPos());
+}
+
+void frmChart::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  const bool files =
+      std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
+  if (files && !view_.busy) event->acceptProposedAction();
+}
+
+void frmChart::dropEvent(QDropEvent* event) {
+  QStringList paths;
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile()) paths.append(url.toLocalFile());
+  }
+  event->acceptProposedAction();
+  // The other program waits until the drop is over, and a dialog may come up.
+  QTimer::singleShot(0, this, [this, paths] {
+    activateWindow();
+    for (const QString& path : paths) OpenFile(FromQt(path));
+  });
 }
 
 void frmChart::closeEvent(QCloseEvent* event) {

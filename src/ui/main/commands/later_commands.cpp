@@ -12,11 +12,6 @@ namespace {
 
 // Each of these gets its handler, and moves to the file of its subject, with its subsystem.
 constexpr Command kCommands[] = {
-    {"mnuFileRouteTextExport", "&Route as Text", "", "", ""},
-    {"mnuFileWaypointTextExport", "Wa&ypoints as Text", "", "", ""},
-    {"mnuFileCOGExport", "&Course Over Ground as Text", "", "", ""},
-    {"mnutxtRouteImport", "&Routes from Text", "", "", ""},
-    {"mnutxtWayImport", "Wa&ypoints from Text", "", "", ""},
     {"keyChartInfo", "Calibrate Chart", "", "", "C", kNeedsTools},
     {"mnuChartEdit", "Chart &Settings", "", "", "", kNeedsTools},
     {"mnuXrfEdit", "Sea Area &Index", "", "", ""},

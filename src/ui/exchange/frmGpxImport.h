@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QTableWidget>
+#include <string>
+#include <vector>
+
+#include "ui/forms/gpx_form.h"
+#include "ui/widgets/dialog.h"
+
+namespace skerrow {
+
+// "Import a GPX Document": the routes, waypoints and tracks of a document that has been read, those
+// to be taken ticked, each with the name of the file it becomes.
+class frmGpxImport : public Dialog {
+  Q_OBJECT
+
+ public:
+  frmGpxImport(Desktop& desktop, GpxDocument document, const std::string& path, QWidget* parent);
+
+  // The files that were written, in the order of the document.
+  const std::vector<std::string>& files() const { return files_; }
+  // Whether they are to be shown on the chart.
+  bool show_files() const { return show_->isChecked(); }
+
+ private:
+  void FillList();
+  void ShowRemarks();
+  void TickAll(bool on);
+  void Import();
+  // Writes the item of a row; false when that halts the import.
+  bool Take(int row);
+
+  const GpxDocument document_;
+  const std::vector<GpxItem> items_;
+  QTableWidget* contents_;
+  QLabel* remarks_;
+  QCheckBox* show_;
+  std::vector<std::string> files_;
+  Taken taken_;
+};
+
+// Reads a document, behind a progress window where that takes long. False, after a message, when it
+// cannot be read, holds nothing or the user stopped it.
+bool ReadGpxDocument(Desktop& desktop, QWidget* parent, const std::string& path,
+                     GpxDocument& document);
+
+}  // namespace skerrow
