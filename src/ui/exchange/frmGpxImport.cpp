@@ -1,6 +1,7 @@
 #include "ui/exchange/frmGpxImport.h"
 
 #include <QHeaderView>
+#include <QShortcut>
 
 #include "platform/gpx_reader.h"
 #include "routes/route.h"
@@ -50,6 +51,20 @@ frmGpxImport::frmGpxImport(Desktop& desktop, GpxDocument document, const std::st
   connect(ok, &QPushButton::clicked, this, [this] { Import(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(contents_, &QTableWidget::currentCellChanged, this, [this] { ShowRemarks(); });
+  // The name is edited, and the tick set, from any column of their row.
+  auto* tick = new QShortcut(Qt::Key_Space, contents_, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(tick, &QShortcut::activated, this, [this] {
+    QTableWidgetItem* what = contents_->item(contents_->currentRow(), kWhat);
+    if (what == nullptr || !(what->flags() & Qt::ItemIsUserCheckable)) return;
+    what->setCheckState(what->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+  });
+  auto* edit = new QShortcut(Qt::Key_F2, contents_, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(edit, &QShortcut::activated, this, [this] {
+    QTableWidgetItem* name = contents_->item(contents_->currentRow(), kSaveAs);
+    if (name == nullptr || !(name->flags() & Qt::ItemIsEditable)) return;
+    contents_->setCurrentItem(name);
+    contents_->editItem(name);
+  });
   FillList();
   contents_->setFocus();
   resize(820, 440);
@@ -63,8 +78,7 @@ void frmGpxImport::FillList() {
   contents_->setSelectionMode(QAbstractItemView::SingleSelection);
   contents_->setTabKeyNavigation(false);
   contents_->setWordWrap(false);
-  contents_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
-                             QAbstractItemView::SelectedClicked);
+  contents_->setEditTriggers(QAbstractItemView::DoubleClicked);
   contents_->setRowCount(static_cast<int>(items_.size()));
   for (int row = 0; row < contents_->rowCount(); ++row) {
     const GpxItem& item = items_[static_cast<std::size_t>(row)];
@@ -81,9 +95,11 @@ void frmGpxImport::FillList() {
       return cell;
     };
     const Qt::ItemFlags plain = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
-    put(kWhat, GpxKindText(item.kind),
-        item.takeable ? plain | Qt::ItemIsUserCheckable : Qt::ItemFlags(Qt::ItemIsSelectable))
-        ->setCheckState(item.takeable ? Qt::Checked : Qt::Unchecked);
+    QTableWidgetItem* what = put(kWhat, GpxKindText(item.kind), plain);
+    if (item.takeable) {
+      what->setFlags(plain | Qt::ItemIsUserCheckable);
+      what->setCheckState(Qt::Checked);
+    }
     put(kName, ToQt(item.name), plain);
     put(kPoints, QString::number(item.points), plain);
     put(kSaveAs, ToQt(item.file_name), item.takeable ? plain | Qt::ItemIsEditable : plain)
@@ -95,7 +111,10 @@ void frmGpxImport::FillList() {
   for (const int column : {kName, kSaveAs}) {
     contents_->setColumnWidth(column, std::min(contents_->columnWidth(column) + 12, kWidestName));
   }
-  contents_->horizontalHeader()->setStretchLastSection(true);
+  // The remarks take the room that is left; in full they stand under the list.
+  contents_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  contents_->horizontalHeader()->setSectionResizeMode(kRemarks, QHeaderView::Stretch);
+  contents_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   contents_->horizontalHeader()->setHighlightSections(false);
   if (contents_->rowCount() > 0) contents_->setCurrentCell(0, kWhat);
 }
@@ -119,6 +138,7 @@ bool frmGpxImport::Take(int row) {
   const std::string name = FromQt(contents_->item(row, kSaveAs)->text());
   const bool split = item.kind == GpxKind::kRoute && RoutePartsOf(item.points) > 1;
   Messages& messages = desktop().messages;
+  contents_->setCurrentCell(row, kWhat);
   if (split && !messages.Ask(SplitQuestion(name, item.points))) return false;
   Taken one;
   const auto saved = SaveGpxItem(
@@ -126,15 +146,10 @@ bool frmGpxImport::Take(int row) {
         return messages.Ask(file + ": " + std::string(kOverwriteQuestion));
       });
   if (!saved) {
-    contents_->setCurrentCell(row, kSaveAs);
     Refuse(saved.error().Text(), false, contents_);
     return false;
   }
-  if (saved->empty()) {
-    contents_->setCurrentCell(row, kSaveAs);
-    contents_->setFocus();
-    return false;
-  }
+  if (saved->empty()) return false;
   files_.insert(files_.end(), saved->begin(), saved->end());
   AddTaken(taken_, one);
   // What is done is not done again when a later one stands in the way.
@@ -147,7 +162,7 @@ void frmGpxImport::Import() {
   for (int row = 0; row < contents_->rowCount(); ++row) {
     if (contents_->item(row, kWhat)->checkState() != Qt::Checked) continue;
     any = true;
-    if (!Take(row)) return;
+    if (!Take(row)) return contents_->setFocus();
   }
   if (!any) return Refuse("Tick what is to be imported", false, contents_);
   desktop().messages.Show(ImportedText(files_, taken_), MessageIcon::kInformation);

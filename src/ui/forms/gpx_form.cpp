@@ -83,9 +83,10 @@ std::vector<GpxItem> GpxItemsOf(const GpxDocument& document, const std::string& 
     GpxItem item{GpxKind::kRoute, i, line.name, line.points.size(), "", {}, true};
     if (line.left_out > 0) {
       item.takeable = false;
-      item.remarks.push_back(Counted(line.left_out, "point") +
-                             " of it without a place on the globe: without them it would lead over "
-                             "what it was laid round.");
+      item.remarks.push_back(Counted(line.left_out, "point") + " of it " +
+                             (line.left_out == 1 ? "has" : "have") +
+                             " no place on the globe, and without a point a route leads over what "
+                             "it was laid round.");
     } else if (line.points.empty()) {
       continue;
     } else if (const std::size_t parts = RoutePartsOf(line.points.size());

@@ -41,6 +41,10 @@ constexpr MenuRow kMenuBar[] = {
     Menu(1, "&Import"),
     Item(2, "mnuFileRouteImport"),
     Item(2, "mnuwaypointimport"),
+    Line(2),
+    // The menu of text is hidden.
+    Item(2, "mnutxtRouteImport"),
+    Item(2, "mnutxtWayImport"),
     Menu(2, "From &Text", "mnuTextFromDisk"),
     Item(3, "mnutxtRouteImport"),
     Item(3, "mnutxtWayImport"),
