@@ -16,22 +16,20 @@ enum Column { kWhat, kName, kPoints, kSaveAs, kRemarks, kColumns };
 
 }  // namespace
 
-frmGpxImport::frmGpxImport(Desktop& desktop, GpxDocument document, const std::string& path,
-                           QWidget* parent)
+frmGpxImport::frmGpxImport(Desktop& desktop, GpxContents contents, QWidget* parent)
     : Dialog(desktop, "frmGpxImport", "Import a GPX Document", parent),
-      document_(std::move(document)),
-      items_(GpxItemsOf(document_, path)),
-      contents_(Named<QTableWidget>("lstContents")),
+      contents_(std::move(contents)),
+      list_(Named<QTableWidget>("lstContents")),
       remarks_(MakeHint({})),
       show_(Named<QCheckBox>("chkShow", "Show it on the &chart")) {
-  auto* summary = new QLabel(ToQt(GpxSummary(document_, path)));
+  auto* summary = new QLabel(ToQt(GpxSummary(contents_)));
   summary->setObjectName("lblSummary");
   summary->setTextFormat(Qt::PlainText);
   summary->setWordWrap(true);
   body()->addWidget(summary);
   body()->addWidget(
-      MakeLabel("&Tick what is to be imported, and change the names if you like:", contents_));
-  body()->addWidget(contents_, 1);
+      MakeLabel("&Tick what is to be imported, and change the names if you like:", list_));
+  body()->addWidget(list_, 1);
   remarks_->setObjectName("lblRemarks");
   remarks_->setTextFormat(Qt::PlainText);
   // Room for two lines, so that the list keeps its place from row to row.
@@ -50,38 +48,38 @@ frmGpxImport::frmGpxImport(Desktop& desktop, GpxDocument document, const std::st
   connect(none, &QPushButton::clicked, this, [this] { TickAll(false); });
   connect(ok, &QPushButton::clicked, this, [this] { Import(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(contents_, &QTableWidget::currentCellChanged, this, [this] { ShowRemarks(); });
+  connect(list_, &QTableWidget::currentCellChanged, this, [this] { ShowRemarks(); });
   // The name is edited, and the tick set, from any column of their row.
-  auto* tick = new QShortcut(Qt::Key_Space, contents_, nullptr, nullptr, Qt::WidgetShortcut);
+  auto* tick = new QShortcut(Qt::Key_Space, list_, nullptr, nullptr, Qt::WidgetShortcut);
   connect(tick, &QShortcut::activated, this, [this] {
-    QTableWidgetItem* what = contents_->item(contents_->currentRow(), kWhat);
+    QTableWidgetItem* what = list_->item(list_->currentRow(), kWhat);
     if (what == nullptr || !(what->flags() & Qt::ItemIsUserCheckable)) return;
     what->setCheckState(what->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
   });
-  auto* edit = new QShortcut(Qt::Key_F2, contents_, nullptr, nullptr, Qt::WidgetShortcut);
+  auto* edit = new QShortcut(Qt::Key_F2, list_, nullptr, nullptr, Qt::WidgetShortcut);
   connect(edit, &QShortcut::activated, this, [this] {
-    QTableWidgetItem* name = contents_->item(contents_->currentRow(), kSaveAs);
+    QTableWidgetItem* name = list_->item(list_->currentRow(), kSaveAs);
     if (name == nullptr || !(name->flags() & Qt::ItemIsEditable)) return;
-    contents_->setCurrentItem(name);
-    contents_->editItem(name);
+    list_->setCurrentItem(name);
+    list_->editItem(name);
   });
   FillList();
-  contents_->setFocus();
+  list_->setFocus();
   resize(820, 440);
 }
 
 void frmGpxImport::FillList() {
-  contents_->setColumnCount(kColumns);
-  contents_->setHorizontalHeaderLabels({"Import", "Name", "Points", "Save as", "Remarks"});
-  contents_->verticalHeader()->hide();
-  contents_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  contents_->setSelectionMode(QAbstractItemView::SingleSelection);
-  contents_->setTabKeyNavigation(false);
-  contents_->setWordWrap(false);
-  contents_->setEditTriggers(QAbstractItemView::DoubleClicked);
-  contents_->setRowCount(static_cast<int>(items_.size()));
-  for (int row = 0; row < contents_->rowCount(); ++row) {
-    const GpxItem& item = items_[static_cast<std::size_t>(row)];
+  list_->setColumnCount(kColumns);
+  list_->setHorizontalHeaderLabels({"Import", "Name", "Points", "Save as", "Remarks"});
+  list_->verticalHeader()->hide();
+  list_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  list_->setSelectionMode(QAbstractItemView::SingleSelection);
+  list_->setTabKeyNavigation(false);
+  list_->setWordWrap(false);
+  list_->setEditTriggers(QAbstractItemView::DoubleClicked);
+  list_->setRowCount(static_cast<int>(contents_.items.size()));
+  for (int row = 0; row < list_->rowCount(); ++row) {
+    const GpxItem& item = contents_.items[static_cast<std::size_t>(row)];
     std::string remarks;
     for (const std::string& remark : item.remarks) {
       remarks.append(remarks.empty() ? "" : " ").append(remark);
@@ -91,7 +89,7 @@ void frmGpxImport::FillList() {
       cell->setFlags(flags);
       if (column == kPoints) cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
       if (column == kRemarks && !remarks.empty()) cell->setToolTip(ToQt(remarks));
-      contents_->setItem(row, column, cell);
+      list_->setItem(row, column, cell);
       return cell;
     };
     const Qt::ItemFlags plain = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
@@ -106,27 +104,27 @@ void frmGpxImport::FillList() {
         ->setToolTip("F2 or a double click changes it");
     put(kRemarks, ToQt(remarks), plain);
   }
-  contents_->resizeColumnsToContents();
+  list_->resizeColumnsToContents();
   constexpr int kWidestName = 220;
   for (const int column : {kName, kSaveAs}) {
-    contents_->setColumnWidth(column, std::min(contents_->columnWidth(column) + 12, kWidestName));
+    list_->setColumnWidth(column, std::min(list_->columnWidth(column) + 12, kWidestName));
   }
   // The remarks take the room that is left; in full they stand under the list.
-  contents_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  contents_->horizontalHeader()->setSectionResizeMode(kRemarks, QHeaderView::Stretch);
-  contents_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  contents_->horizontalHeader()->setHighlightSections(false);
-  if (contents_->rowCount() > 0) contents_->setCurrentCell(0, kWhat);
+  list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list_->horizontalHeader()->setSectionResizeMode(kRemarks, QHeaderView::Stretch);
+  list_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  list_->horizontalHeader()->setHighlightSections(false);
+  if (list_->rowCount() > 0) list_->setCurrentCell(0, kWhat);
 }
 
 void frmGpxImport::ShowRemarks() {
-  const int row = contents_->currentRow();
-  remarks_->setText(row < 0 ? QString() : contents_->item(row, kRemarks)->text());
+  const int row = list_->currentRow();
+  remarks_->setText(row < 0 ? QString() : list_->item(row, kRemarks)->text());
 }
 
 void frmGpxImport::TickAll(bool on) {
-  for (int row = 0; row < contents_->rowCount(); ++row) {
-    QTableWidgetItem* cell = contents_->item(row, kWhat);
+  for (int row = 0; row < list_->rowCount(); ++row) {
+    QTableWidgetItem* cell = list_->item(row, kWhat);
     if (cell->flags() & Qt::ItemIsUserCheckable) {
       cell->setCheckState(on ? Qt::Checked : Qt::Unchecked);
     }
@@ -134,59 +132,51 @@ void frmGpxImport::TickAll(bool on) {
 }
 
 bool frmGpxImport::Take(int row) {
-  const GpxItem& item = items_[static_cast<std::size_t>(row)];
-  const std::string name = FromQt(contents_->item(row, kSaveAs)->text());
+  const GpxItem& item = contents_.items[static_cast<std::size_t>(row)];
+  const std::string name = FromQt(list_->item(row, kSaveAs)->text());
   const bool split = item.kind == GpxKind::kRoute && RoutePartsOf(item.points) > 1;
   Messages& messages = desktop().messages;
-  contents_->setCurrentCell(row, kWhat);
+  list_->setCurrentCell(row, kWhat);
   if (split && !messages.Ask(SplitQuestion(name, item.points))) return false;
   Taken one;
   const auto saved = SaveGpxItem(
-      desktop().program, document_, item, name, one, [&messages](const std::string& file) {
+      desktop().program, contents_.document, item, name, one, [&messages](const std::string& file) {
         return messages.Ask(file + ": " + std::string(kOverwriteQuestion));
       });
   if (!saved) {
-    Refuse(saved.error().Text(), false, contents_);
+    Refuse(saved.error().Text(), false, list_);
     return false;
   }
   if (saved->empty()) return false;
   files_.insert(files_.end(), saved->begin(), saved->end());
   AddTaken(taken_, one);
   // What is done is not done again when a later one stands in the way.
-  contents_->item(row, kWhat)->setCheckState(Qt::Unchecked);
+  list_->item(row, kWhat)->setCheckState(Qt::Unchecked);
   return true;
 }
 
 void frmGpxImport::Import() {
   bool any = false;
-  for (int row = 0; row < contents_->rowCount(); ++row) {
-    if (contents_->item(row, kWhat)->checkState() != Qt::Checked) continue;
+  for (int row = 0; row < list_->rowCount(); ++row) {
+    if (list_->item(row, kWhat)->checkState() != Qt::Checked) continue;
     any = true;
-    if (!Take(row)) return contents_->setFocus();
+    if (!Take(row)) return list_->setFocus();
   }
-  if (!any) return Refuse("Tick what is to be imported", false, contents_);
+  if (!any) return Refuse("Tick what is to be imported", false, list_);
   desktop().messages.Show(ImportedText(files_, taken_), MessageIcon::kInformation);
   accept();
 }
 
-bool ReadGpxDocument(Desktop& desktop, QWidget* parent, const std::string& path,
-                     GpxDocument& document) {
-  Result<GpxDocument> read =
+std::optional<GpxContents> ReadGpxContents(Desktop& desktop, QWidget* parent,
+                                           const std::string& path) {
+  Result<GpxContents> read =
       RunInBackground(desktop, parent, "Reading the document",
-                      [&path](Progress& progress) { return ReadGpxFile(path, progress); });
-  if (!read) {
-    if (read.error().reason != kGpxStopped) {
-      desktop.messages.Show(read.error().Text(), MessageIcon::kWarning);
-    }
-    return false;
+                      [&path](Progress& progress) { return ReadContents(path, progress); });
+  if (read) return std::move(read.value());
+  if (read.error().reason != kGpxStopped) {
+    desktop.messages.Show(read.error().Text(), MessageIcon::kWarning);
   }
-  if (GpxItemsOf(*read, path).empty()) {
-    desktop.messages.Show(Error{path, "it holds no route, waypoint or track"}.Text(),
-                          MessageIcon::kWarning);
-    return false;
-  }
-  document = std::move(read.value());
-  return true;
+  return std::nullopt;
 }
 
 }  // namespace skerrow

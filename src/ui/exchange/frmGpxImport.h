@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QTableWidget>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ class frmGpxImport : public Dialog {
   Q_OBJECT
 
  public:
-  frmGpxImport(Desktop& desktop, GpxDocument document, const std::string& path, QWidget* parent);
+  frmGpxImport(Desktop& desktop, GpxContents contents, QWidget* parent);
 
   // The files that were written, in the order of the document.
   const std::vector<std::string>& files() const { return files_; }
@@ -32,18 +33,17 @@ class frmGpxImport : public Dialog {
   // Writes the item of a row; false when that halts the import.
   bool Take(int row);
 
-  const GpxDocument document_;
-  const std::vector<GpxItem> items_;
-  QTableWidget* contents_;
+  const GpxContents contents_;
+  QTableWidget* list_;
   QLabel* remarks_;
   QCheckBox* show_;
   std::vector<std::string> files_;
   Taken taken_;
 };
 
-// Reads a document, behind a progress window where that takes long. False, after a message, when it
-// cannot be read, holds nothing or the user stopped it.
-bool ReadGpxDocument(Desktop& desktop, QWidget* parent, const std::string& path,
-                     GpxDocument& document);
+// Reads a document, behind a progress window where that takes long. Empty, after a message, when it
+// cannot be read or holds nothing, and when the user stopped it.
+std::optional<GpxContents> ReadGpxContents(Desktop& desktop, QWidget* parent,
+                                           const std::string& path);
 
 }  // namespace skerrow

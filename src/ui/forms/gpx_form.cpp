@@ -99,7 +99,7 @@ std::vector<GpxItem> GpxItemsOf(const GpxDocument& document, const std::string& 
                              " routes.");
     }
     Taken taken;
-    (void)RouteOfGpx(line, 0.0F, taken);
+    if (item.takeable) (void)RouteOfGpx(line, 0.0F, taken);
     add(std::move(item), taken, routes);
   }
   if (!document.waypoints.empty()) {
@@ -126,8 +126,18 @@ std::vector<GpxItem> GpxItemsOf(const GpxDocument& document, const std::string& 
   return items;
 }
 
-std::string GpxSummary(const GpxDocument& document, const std::string& path) {
-  return FileNameOf(path) + " holds " + Counted(document.routes.size(), "route") + ", " +
+Result<GpxContents> ReadContents(const std::string& path, Progress& progress) {
+  Result<GpxDocument> read = ReadGpxFile(path, progress);
+  if (!read) return read.error();
+  GpxContents contents{path, std::move(read.value()), {}};
+  contents.items = GpxItemsOf(contents.document, path);
+  if (contents.items.empty()) return Error{path, "it holds no route, waypoint or track"};
+  return contents;
+}
+
+std::string GpxSummary(const GpxContents& contents) {
+  const GpxDocument& document = contents.document;
+  return FileNameOf(contents.path) + " holds " + Counted(document.routes.size(), "route") + ", " +
          Counted(document.waypoints.size(), "waypoint") + " and " +
          Counted(document.tracks.size(), "track") + " of " +
          Counted(TotalPoints(document.tracks), "point") + ".";

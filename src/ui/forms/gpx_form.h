@@ -29,12 +29,21 @@ struct GpxItem {
 // "Route", "Waypoints" or "Track".
 const char* GpxKindText(GpxKind kind);
 
-// What the document at `path` holds, in the order routes, waypoints, tracks. Things without a point
-// are left out, unless points of theirs were left out.
+// A document that has been read, and what can be taken of it, in the order routes, waypoints,
+// tracks. Routes and tracks without a point are none, but for a route all of whose points were left
+// out.
+struct GpxContents {
+  std::string path;
+  GpxDocument document;
+  std::vector<GpxItem> items;
+};
 std::vector<GpxItem> GpxItemsOf(const GpxDocument& document, const std::string& path);
 
-// "Out.gpx holds 2 routes, 46 waypoints and 1 track."
-std::string GpxSummary(const GpxDocument& document, const std::string& path);
+// Errors: those of ReadGpxFile, and a document that holds nothing.
+Result<GpxContents> ReadContents(const std::string& path, Progress& progress);
+
+// "Out.gpx holds 2 routes, 46 waypoints and 1 track of 900 points."
+std::string GpxSummary(const GpxContents& contents);
 
 // Asked before a route of more than 100 points is taken.
 std::string SplitQuestion(const std::string& name, std::size_t points);

@@ -1,6 +1,7 @@
 #include "ui/main/imports.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "app/historical_track.h"
@@ -84,9 +85,10 @@ void OpenWaypoints(Context& c, const std::string& path) {
 void ImportGpx(Context& c, const std::string& path) {
   const std::string file =
       path.empty() ? AskTextFile(c.desktop, &c.window, "Import a GPX Document", kGpxFile) : path;
-  GpxDocument document;
-  if (file.empty() || !ReadGpxDocument(c.desktop, &c.window, file, document)) return;
-  frmGpxImport form(c.desktop, std::move(document), file, &c.window);
+  if (file.empty()) return;
+  std::optional<GpxContents> contents = ReadGpxContents(c.desktop, &c.window, file);
+  if (!contents) return;
+  frmGpxImport form(c.desktop, std::move(*contents), &c.window);
   form.exec();
   // Files that were written before something stood in the way are there all the same.
   Take(c, form.files(), form.result() == QDialog::Accepted && form.show_files());
