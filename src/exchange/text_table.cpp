@@ -253,6 +253,18 @@ std::optional<float> DegreesOf(std::string_view cell, const Axis& axis, bool dec
   return degrees;
 }
 
+// Knots of a field, with or without the unit; empty for one that is no speed.
+std::optional<float> SpeedOf(std::string text, bool decimal_comma) {
+  if (decimal_comma) text = ReplaceAll(std::move(text), ",", ".");
+  const std::size_t end = std::min(text.find_first_not_of("+-.0123456789"), text.size());
+  const std::string unit = ToLowerAscii(Trim(text.substr(end)));
+  if (!unit.empty() && unit != "kn" && unit != "kt" && unit != "kts" && unit != "knots") {
+    return std::nullopt;
+  }
+  const std::optional<float> speed = NumberOf(text.substr(0, end));
+  return speed && *speed >= 0.0F ? speed : std::nullopt;
+}
+
 // Which columns hold what.
 struct Layout {
   std::vector<std::size_t> latitudes;
@@ -276,7 +288,7 @@ std::optional<Layout> HeadingLayout(const Row& row) {
       layout.longitudes.push_back(i);
     } else if (!layout.name && (begins("name") || begins("waypoint") || begins("mark"))) {
       layout.name = i;
-    } else if (!layout.speed && begins("speed")) {
+    } else if (!layout.speed && (begins("speed") || begins("boat speed") || begins("sog"))) {
       layout.speed = i;
     }
   }
@@ -301,6 +313,8 @@ std::optional<Layout> GuessedLayout(const Row& row, bool decimal_comma) {
       layout.longitudes.push_back(i);
     } else if (longitude) {
       numbers.push_back(i);  // a number beyond 90
+    } else if (!layout.speed && SpeedOf(Trim(text), decimal_comma)) {
+      layout.speed = i;
     } else if (!layout.name) {
       layout.name = i;
     }
@@ -316,7 +330,7 @@ std::optional<Layout> GuessedLayout(const Row& row, bool decimal_comma) {
     return std::nullopt;
   }
   if (next < numbers.size()) {
-    if (!layout.name || numbers.size() > next + 1) return std::nullopt;
+    if (!layout.name || layout.speed || numbers.size() > next + 1) return std::nullopt;
     layout.speed = numbers[next];
   }
   return layout;
@@ -394,7 +408,7 @@ class TableReader {
     const Cell& name = CellAt(row, layout_.name);
     Record record{"", {*latitude, *longitude}, std::nullopt};
     if (const std::string typed = Trim(CellAt(row, layout_.speed).text); !typed.empty()) {
-      record.speed = SpeedOf(typed);
+      record.speed = SpeedOf(typed, layout_.decimal_comma);
       if (!record.speed) return Error{"", line + "\"" + typed + "\" is no speed"};
     }
     record.name = RecordName(name.text, taken, name.quoted);
@@ -423,17 +437,6 @@ class TableReader {
     }
     if (!found) return Error{"", std::string("there is no ") + axis.what};
     return *found;
-  }
-
-  std::optional<float> SpeedOf(std::string text) const {
-    if (layout_.decimal_comma) text = ReplaceAll(std::move(text), ",", ".");
-    const std::size_t end = std::min(text.find_first_not_of("+-.0123456789"), text.size());
-    const std::string unit = ToLowerAscii(Trim(text.substr(end)));
-    if (!unit.empty() && unit != "kn" && unit != "kt" && unit != "kts" && unit != "knots") {
-      return std::nullopt;
-    }
-    const std::optional<float> speed = NumberOf(text.substr(0, end));
-    return speed && *speed >= 0.0F ? speed : std::nullopt;
   }
 
   std::string text_;
