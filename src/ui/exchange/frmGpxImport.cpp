@@ -5,7 +5,6 @@
 
 #include "platform/gpx_reader.h"
 #include "routes/route.h"
-#include "ui/forms/file_forms.h"
 #include "ui/widgets/background_work.h"
 #include "ui/widgets/qt_text.h"
 
@@ -16,9 +15,11 @@ enum Column { kWhat, kName, kPoints, kSaveAs, kRemarks, kColumns };
 
 }  // namespace
 
-frmGpxImport::frmGpxImport(Desktop& desktop, GpxContents contents, QWidget* parent)
+frmGpxImport::frmGpxImport(Desktop& desktop, GpxContents contents, MayReplace may_replace,
+                           QWidget* parent)
     : Dialog(desktop, "frmGpxImport", "Import a GPX Document", parent),
       contents_(std::move(contents)),
+      may_replace_(std::move(may_replace)),
       list_(Named<QTableWidget>("lstContents")),
       remarks_(MakeHint({})),
       show_(Named<QCheckBox>("chkShow", "Show it on the &chart")) {
@@ -139,10 +140,8 @@ bool frmGpxImport::Take(int row) {
   list_->setCurrentCell(row, kWhat);
   if (split && !messages.Ask(SplitQuestion(name, item.points))) return false;
   Taken one;
-  const auto saved = SaveGpxItem(
-      desktop().program, contents_.document, item, name, one, [&messages](const std::string& file) {
-        return messages.Ask(file + ": " + std::string(kOverwriteQuestion));
-      });
+  const auto saved =
+      SaveGpxItem(desktop().program, contents_.document, item, name, one, may_replace_);
   if (!saved) {
     Refuse(saved.error().Text(), false, list_);
     return false;

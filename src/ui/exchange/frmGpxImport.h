@@ -18,7 +18,8 @@ class frmGpxImport : public Dialog {
   Q_OBJECT
 
  public:
-  frmGpxImport(Desktop& desktop, GpxContents contents, QWidget* parent);
+  // `may_replace` asks about a file of a name that is there.
+  frmGpxImport(Desktop& desktop, GpxContents contents, MayReplace may_replace, QWidget* parent);
 
   // The files that were written, in the order of the document.
   const std::vector<std::string>& files() const { return files_; }
@@ -34,6 +35,7 @@ class frmGpxImport : public Dialog {
   bool Take(int row);
 
   const GpxContents contents_;
+  const MayReplace may_replace_;
   QTableWidget* list_;
   QLabel* remarks_;
   QCheckBox* show_;

@@ -5,7 +5,6 @@
 
 #include "core/files.h"
 #include "ui/dialogs/save_text.h"
-#include "ui/forms/file_forms.h"
 #include "ui/forms/gpx_form.h"
 #include "ui/widgets/qt_text.h"
 
@@ -16,11 +15,13 @@ constexpr int kLongestName = 120;
 
 }  // namespace
 
-frmTxtFileImport::frmTxtFileImport(Desktop& desktop, FileKind kind, QWidget* parent)
+frmTxtFileImport::frmTxtFileImport(Desktop& desktop, FileKind kind, MayReplace may_replace,
+                                   QWidget* parent)
     : Dialog(desktop, kind == FileKind::kRoute ? "frmTxtRouteImport" : "frmTxtWayImport",
              kind == FileKind::kRoute ? "Import a Route from Text" : "Import Waypoints from Text",
              parent),
       kind_(kind),
+      may_replace_(std::move(may_replace)),
       folder_(Named<QLineEdit>("txtFolder")),
       files_(new FileList),
       rows_(new TextList(desktop.clipboard, "List1")),
@@ -126,10 +127,7 @@ void frmTxtFileImport::Import() {
       !messages.Ask(SplitQuestion(name, table_->route.size()))) {
     return;
   }
-  const auto saved =
-      SaveTable(desktop().program.folders, *table_, name, [&messages](const std::string& file) {
-        return messages.Ask(file + ": " + std::string(kOverwriteQuestion));
-      });
+  const auto saved = SaveTable(desktop().program.folders, *table_, name, may_replace_);
   if (!saved) return Refuse(saved.error().Text(), false, name_);
   if (saved->empty()) return name_->setFocus();
   written_ = *saved;

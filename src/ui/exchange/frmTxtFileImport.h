@@ -18,8 +18,8 @@ class frmTxtFileImport : public Dialog {
   Q_OBJECT
 
  public:
-  // frmTxtRouteImport and frmTxtWayImport.
-  frmTxtFileImport(Desktop& desktop, FileKind kind, QWidget* parent);
+  // frmTxtRouteImport and frmTxtWayImport. `may_replace` asks about a file of a name that is there.
+  frmTxtFileImport(Desktop& desktop, FileKind kind, MayReplace may_replace, QWidget* parent);
 
   // The files that were written.
   const std::vector<std::string>& files() const { return written_; }
@@ -33,6 +33,7 @@ class frmTxtFileImport : public Dialog {
   void Import();
 
   FileKind kind_;
+  const MayReplace may_replace_;
   QLineEdit* folder_;
   FileList* files_;
   TextList* rows_;

@@ -1,9 +1,11 @@
 #include "ui/main/imports.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <optional>
 #include <vector>
 
+#include "app/edits.h"
 #include "app/historical_track.h"
 #include "core/config.h"
 #include "core/files.h"
@@ -12,9 +14,11 @@
 #include "ui/dialogs/save_text.h"
 #include "ui/exchange/frmGpxImport.h"
 #include "ui/exchange/frmTxtFileImport.h"
+#include "ui/forms/file_forms.h"
 #include "ui/main/chart_controller.h"
 #include "ui/main/route_controller.h"
 #include "ui/routes/frmLoadWay.h"
+#include "ui/routes/leaving.h"
 
 namespace skerrow {
 namespace {
@@ -46,6 +50,16 @@ bool ShowPlot(Context& c, const std::string& path) {
   return true;
 }
 
+// Asks about a file of a name that is there; where it is that of the waypoints on the chart, also
+// about those that have been moved.
+MayReplace AskToReplace(Context& c) {
+  return [&c](const std::string& file) {
+    return c.messages.Ask(file + ": " + std::string(kOverwriteQuestion)) &&
+           (file != Trim(c.program.config.waypoint_file) ||
+            MayLoseWaypoints(c.desktop, QApplication::activeWindow()));
+  };
+}
+
 void Take(Context& c, const std::vector<std::string>& paths, bool show) {
   Program& program = c.program;
   // A save of the route on the chart must not go over what has just been imported in its place.
@@ -55,9 +69,15 @@ void Take(Context& c, const std::vector<std::string>& paths, bool show) {
   const std::string* route = FirstOf(paths, ".rte");
   const std::string* marks = FirstOf(paths, ".way");
   const std::string* track = FirstOf(paths, ".trk");
+  // Waypoints in the place of the current ones have been asked about before they were written.
   const std::string current = WaypointPath(program.folders, program.config.waypoint_file);
-  if (!show && std::count(paths.begin(), paths.end(), current) > 0) OpenWaypoints(c, current);
-  if (show && marks != nullptr) OpenWaypoints(c, *marks);
+  if (std::count(paths.begin(), paths.end(), current) > 0) {
+    const Status loaded =
+        LoadCurrentWaypoints(program.folders, program.config, program.waypoints, c.messages);
+    if (!loaded) c.messages.Show(loaded.error().Text(), MessageIcon::kWarning);
+    KeepMovedWaypoints(program, c.messages);
+  }
+  if (show && marks != nullptr && *marks != current) OpenWaypoints(c, *marks);
   const bool plotted = show && track != nullptr && ShowPlot(c, *track);
   if (show && route != nullptr) {
     c.route.LoadFile(*route);
@@ -88,14 +108,14 @@ void ImportGpx(Context& c, const std::string& path) {
   if (file.empty()) return;
   std::optional<GpxContents> contents = ReadGpxContents(c.desktop, &c.window, file);
   if (!contents) return;
-  frmGpxImport form(c.desktop, std::move(*contents), &c.window);
+  frmGpxImport form(c.desktop, std::move(*contents), AskToReplace(c), &c.window);
   form.exec();
   // Files that were written before something stood in the way are there all the same.
   Take(c, form.files(), form.result() == QDialog::Accepted && form.show_files());
 }
 
 void ImportText(Context& c, FileKind kind) {
-  frmTxtFileImport form(c.desktop, kind, &c.window);
+  frmTxtFileImport form(c.desktop, kind, AskToReplace(c), &c.window);
   if (form.exec() == QDialog::Accepted) Take(c, form.files(), form.show_files());
 }
 

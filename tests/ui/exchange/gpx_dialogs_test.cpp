@@ -30,13 +30,19 @@ std::string Points(const char* kind, int count) {
 
 class GpxDialogs : public SampleDesk {
  protected:
+  MayReplace may_replace() {
+    return [this](const std::string& file) {
+      return messages.Ask(file + ": " + std::string(kOverwriteQuestion), kProgramTitle);
+    };
+  }
   std::string Document(const std::string& body) {
     return user_.Write("trip.gpx", "<gpx version=\"1.1\">" + body + "</gpx>");
   }
   std::unique_ptr<frmGpxImport> Opened(const std::string& body) {
     std::optional<GpxContents> contents = ReadGpxContents(desktop, nullptr, Document(body));
     if (!contents) return nullptr;
-    auto form = std::make_unique<frmGpxImport>(desktop, std::move(*contents), nullptr);
+    auto form =
+        std::make_unique<frmGpxImport>(desktop, std::move(*contents), may_replace(), nullptr);
     Show(*form);
     return form;
   }

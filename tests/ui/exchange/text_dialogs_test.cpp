@@ -15,6 +15,11 @@ namespace {
 
 class TextDialogs : public SampleDesk {
  protected:
+  MayReplace may_replace() {
+    return [this](const std::string& file) {
+      return messages.Ask(file + ": " + std::string(kOverwriteQuestion), kProgramTitle);
+    };
+  }
   TextDialogs() { std::filesystem::create_directories(folder_); }
 
   // What the user does in the chooser of files: looks at the offer, types a name.
@@ -54,7 +59,7 @@ TEST_F(TextDialogs, ARouteGoesOutAndComesBack) {
   ASSERT_TRUE(ReadConfig(program.folders, stored));
   EXPECT_EQ(stored.text_folder, folder_);
 
-  frmTxtFileImport in(desktop, FileKind::kRoute, nullptr);
+  frmTxtFileImport in(desktop, FileKind::kRoute, may_replace(), nullptr);
   EXPECT_EQ(in.objectName(), "frmTxtRouteImport");
   Show(in);
   EXPECT_EQ(Find<QLineEdit>(in, "txtFolder")->text().toStdString(), folder_);
@@ -83,7 +88,7 @@ TEST_F(TextDialogs, WaypointsGoOutAndComeBack) {
   ClickRow(out, "fillist", RowOfText(out, "fillist", "Sample.way"));
   Choose("Sample.csv", "Marks.txt");
   Click(out, "Save");
-  frmTxtFileImport in(desktop, FileKind::kWaypoint, nullptr);
+  frmTxtFileImport in(desktop, FileKind::kWaypoint, may_replace(), nullptr);
   EXPECT_EQ(in.objectName(), "frmTxtWayImport");
   Show(in);
   ClickRow(in, "fillist", RowOfText(in, "fillist", "Marks.txt"));
@@ -115,7 +120,7 @@ TEST_F(TextDialogs, WhatIsNoTableIsToldAndWhatIsLongIsSplit) {
   for (int i = 0; i < 101; ++i) far += "P;50," + std::to_string(100 + i) + ";-1,5\n";
   user_.Write("tables/far.TXT", far);
   user_.Write("tables/not.rte", "");
-  frmTxtFileImport in(desktop, FileKind::kRoute, nullptr);
+  frmTxtFileImport in(desktop, FileKind::kRoute, may_replace(), nullptr);
   Show(in);
   Type(in, "txtFolder", folder_.c_str());
   EXPECT_EQ(Find<QListWidget>(in, "fillist")->count(), 2);
