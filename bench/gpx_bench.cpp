@@ -17,12 +17,8 @@ GpxDocument LongTrack() {
   GpxLine line{"Day", {}, 0};
   for (int i = 0; i < kPoints; ++i) {
     const auto turn = static_cast<float>(i) / 1000.0F;
-    line.points.push_back({{50.0F + std::sin(turn), -1.5F + std::cos(turn)},
-                           "",
-                           "",
-                           kBegin + i,
-                           std::nullopt,
-                           ""});
+    line.points.push_back(
+        {{50.0F + std::sin(turn), -1.5F + std::cos(turn)}, "", "", kBegin + i, std::nullopt, ""});
   }
   GpxDocument document;
   document.tracks.push_back(std::move(line));

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "app/chart_change.h"
+#include "core/data_files.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -32,8 +33,8 @@ void LoadConfig(Program& program, Messages& messages) {
 
 void LoadProgram(Program& program, Messages& messages) {
   const Folders& folders = program.folders;
-  for (const std::string& folder :
-       {folders.SettingsData(), folders.Waypoints(), folders.Routes()}) {
+  for (const std::string& folder : {folders.SettingsData(), folders.Waypoints(), folders.Routes(),
+                                    OwnDataFolder(folders, DataFolder::kCharts)}) {
     ClearLeftovers(folder);
   }
   LoadConfig(program, messages);

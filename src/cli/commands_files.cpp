@@ -1,7 +1,5 @@
 #include <nlohmann/json.hpp>
 
-#include "charts/chart_files.h"
-#include "charts/chart_view.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "core/numbers.h"
@@ -11,75 +9,6 @@
 #include "routes/waypoint.h"
 
 namespace skerrow::cli {
-namespace {
-
-Json EntryJson(const ChartIndexEntry& entry) {
-  return {{"chartKey", entry.chart_key},
-          {"chartTitle", entry.title},
-          {"scale", Number(entry.scale)},
-          {"lowerLat", Number(entry.lower_lat)},
-          {"lowerLon", Number(entry.lower_lon)},
-          {"upperLat", Number(entry.upper_lat)},
-          {"upperLon", Number(entry.upper_lon)},
-          {"flag1", entry.flag1},
-          {"flag2", entry.flag2}};
-}
-
-Answer EntriesAnswer(const std::vector<ChartIndexEntry>& entries) {
-  Answer answer;
-  answer.json() = Json::array();
-  TextTable table({"Chart", ">Scale 1:", "South", "West", "North", "East", "Title"});
-  for (const ChartIndexEntry& entry : entries) {
-    answer.json().push_back(EntryJson(entry));
-    table.Add({entry.chart_key, FormatFixed(entry.scale, 1, 0), LatToText(entry.lower_lat),
-               LongToText(entry.lower_lon), LatToText(entry.upper_lat), LongToText(entry.upper_lon),
-               entry.title});
-  }
-  answer.text = entries.empty() ? "no charts\n" : table.Text();
-  return answer;
-}
-
-std::optional<Failure> LoadIndex(Session& session) {
-  Program& program = session.program;
-  const Status loaded =
-      LoadChartIndex(program.folders, program.config, program.charts, session.messages);
-  if (!loaded) return Failed(loaded.error());
-  return std::nullopt;
-}
-
-Json ChartJson(const ChartRecord& chart) {
-  return {{"upperLat", Number(chart.file.upper_lat)},
-          {"topPix", Number(chart.file.top_pix)},
-          {"lowerLat", Number(chart.file.lower_lat)},
-          {"bottomPix", Number(chart.file.bottom_pix)},
-          {"lowerLon", Number(chart.file.lower_lon)},
-          {"leftPix", Number(chart.file.left_pix)},
-          {"upperLon", Number(chart.file.upper_lon)},
-          {"rightPix", Number(chart.file.right_pix)},
-          {"width", Number(chart.file.width)},
-          {"height", Number(chart.file.height)},
-          {"topLat", Number(chart.top_lat)},
-          {"topRow", Number(chart.top_row)},
-          {"bottomLat", Number(chart.bottom_lat)},
-          {"bottomRow", Number(chart.bottom_row)},
-          {"westLon", Number(chart.west_lon)},
-          {"westCol", Number(chart.west_col)},
-          {"eastLon", Number(chart.east_lon)},
-          {"eastCol", Number(chart.east_col)},
-          {"topMerc", Number(chart.top_merc)},
-          {"bottomMerc", Number(chart.bottom_merc)},
-          {"mercSpan", Number(chart.merc_span)},
-          {"rowSpan", Number(chart.row_span)},
-          {"scale", Number(chart.scale)},
-          {"spare1", Number(chart.spare1)},
-          {"issue", Number(chart.issue)},
-          {"spare2", Number(chart.spare2)},
-          {"latPerRow", Number(chart.lat_per_row)},
-          {"lonPerCol", Number(chart.lon_per_col)}};
-}
-
-}  // namespace
-
 Outcome ListWaypoints(Session& session, const WaypointsWords& words) {
   Program& program = session.program;
   std::string path = WaypointPath(program.folders, program.config.waypoint_file);
@@ -144,52 +73,6 @@ Outcome ShowRoute(Session& session, const RouteWords& words) {
       {"points", points}, {"legs", legs}, {"length", Number(length)}, {"track", track}};
   answer.text = table.Text() + "Length " + FormatFixed(length, 1, 1) + " nm\n";
   return answer;
-}
-
-Outcome ListCharts(Session& session, const NoWords&) {
-  if (auto failure = LoadIndex(session)) return *failure;
-  return EntriesAnswer(session.program.charts.index);
-}
-
-Outcome ShowChart(Session& session, const ChartWords& words) {
-  Program& program = session.program;
-  const Status opened = OpenChart(program.folders, ChartPathOf(program.folders, words.key),
-                                  program.config, program.charts);
-  if (!opened) return Failed(opened.error());
-  const ChartRecord& chart = program.charts.chart;
-  Answer answer;
-  answer.json() = ChartJson(chart);
-  for (const auto& [name, value] : answer.json().items()) {
-    answer.text +=
-        name + std::string(12 - std::min<std::size_t>(name.size(), 11), ' ') + value.dump() + "\n";
-  }
-  if (const std::string& convert = words.convert; !convert.empty()) {
-    const std::size_t comma = convert.find(',');
-    if (comma == std::string::npos) {
-      return WrongUsage({"", "--convert takes LAT,LONG, not \"" + convert + "\""});
-    }
-    const Result<Position> place =
-        ParsePosition(convert.substr(0, comma), convert.substr(comma + 1));
-    if (!place) return WrongUsage(place.error());
-    const ChartView view = MakeChartView(chart, static_cast<std::int32_t>(chart.file.width),
-                                         static_cast<std::int32_t>(chart.file.height));
-    const std::int32_t column = view.LongToCol(place->longitude);
-    const std::int32_t row = view.LatToRow(place->latitude);
-    answer.json()["column"] = column;
-    answer.json()["row"] = row;
-    answer.text += LatToText(place->latitude) + "  " + LongToText(place->longitude) +
-                   " lies at column " + std::to_string(column) + ", row " + std::to_string(row) +
-                   "\n";
-  }
-  return answer;
-}
-
-Outcome FindCharts(Session& session, const PositionWords& words) {
-  const Result<Position> place = ParsePosition(words.latitude, words.longitude);
-  if (!place) return WrongUsage(place.error());
-  if (auto failure = LoadIndex(session)) return *failure;
-  ChartsAtPoint(*place, session.program.charts);
-  return EntriesAnswer(session.program.charts.at_point);
 }
 
 }  // namespace skerrow::cli

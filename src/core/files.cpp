@@ -40,18 +40,15 @@ bool IsNameBeside(std::string_view name) {
   return EndsWithNumber(name) && name.ends_with('.') && name.size() > 1;
 }
 
-// Writes all of the new file, with the rights of the old one, and flushes it.
-Status WriteWhole(const SystemFile& file, std::string_view content, const fs::file_status& old) {
-  if (Status written = file.Write(content); !written) return written;
-  if (fs::exists(old)) {
-    fs::perms rights = old.permissions();
-    // Rights that keep the owner out of the old file would keep him out of the new one.
-    if ((rights & fs::perms::owner_read) == fs::perms::none) {
-      rights |= fs::perms::owner_read | fs::perms::owner_write;
-    }
-    file.SetMode(static_cast<unsigned>(rights));
+// Gives a new file the rights of the one whose place it takes.
+void TakeRights(const SystemFile& file, const fs::file_status& old) {
+  if (!fs::exists(old)) return;
+  fs::perms rights = old.permissions();
+  // Rights that keep the owner out of the old file would keep him out of the new one.
+  if ((rights & fs::perms::owner_read) == fs::perms::none) {
+    rights |= fs::perms::owner_read | fs::perms::owner_write;
   }
-  return file.Sync();
+  file.SetMode(static_cast<unsigned>(rights));
 }
 
 }  // namespace
@@ -96,23 +93,39 @@ Status ReplaceFile(const std::string& path, std::string_view content) {
   if (fs::is_symlink(path, error)) target = fs::weakly_canonical(path, error).string();
   const fs::file_status old = fs::status(target, error);
   if (fs::exists(old) && !fs::is_regular_file(old)) return Error{path, "this is not a file"};
-  const std::string fresh = NameBeside(target);
-  // It stays open, and so locked against ClearLeftovers, until it has its own name.
-  const Result<SystemFile> file = SystemFile::CreateNew(fresh);
-  if (!file) return Error{path, file.error().reason};
-  if (const Status written = WriteWhole(*file, content, old); !written) {
-    fs::remove(fresh, error);
-    return Error{path, written.error().reason};
+  Result<NewFile> fresh = NewFile::Beside(target);
+  if (!fresh) return Error{path, fresh.error().reason};
+  Status done = fresh->file().Write(content);
+  if (done) {
+    TakeRights(fresh->file(), old);
+    done = fresh.value().Name();
   }
-  fs::rename(fresh, target, error);
-  if (error) {
-    const std::string reason = error.message();
-    fs::remove(fresh, error);
-    return Error{path, reason};
-  }
+  if (!done) return Error{path, done.error().reason};
   if (const Status kept = SystemFile::SyncFolder(FolderOf(target)); !kept) {
     return Error{path, kept.error().reason};
   }
+  return Done{};
+}
+
+Result<NewFile> NewFile::Beside(const std::string& path) {
+  std::string fresh = NameBeside(path);
+  // It stays open, and so locked against ClearLeftovers, until it has its own name.
+  Result<SystemFile> file = SystemFile::CreateNew(fresh);
+  if (!file) return Error{path, file.error().reason};
+  return NewFile(std::move(file.value()), std::move(fresh), path);
+}
+
+NewFile::~NewFile() {
+  std::error_code error;
+  if (!path_.empty()) fs::remove(path_, error);
+}
+
+Status NewFile::Name() {
+  if (Status synced = file_.Sync(); !synced) return Error{target_, synced.error().reason};
+  std::error_code error;
+  fs::rename(path_, target_, error);
+  if (error) return Error{target_, error.message()};
+  path_.clear();
   return Done{};
 }
 

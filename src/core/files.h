@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/result.h"
+#include "core/system_file.h"
 
 // Reading and writing whole files. Every reader of the program goes through ReadFile and every
 // writer through ReplaceFile, so that nothing is ever half written.
@@ -40,8 +42,41 @@ Result<std::string> ReadFile(const std::string& path, std::size_t max_size = kMa
 // there.
 Status ReplaceFile(const std::string& path, std::string_view content);
 
-// Removes the new files that a ReplaceFile in `folder` left behind when it was killed; those that
-// another process is writing stay. Gives their number.
+// A file on its way: it stands beside the name it is to have, under a name of its own, locked
+// against ClearLeftovers. What has not been given its name goes with the object.
+class NewFile {
+ public:
+  // Creates the empty file. Error: that of the system, with `path` as its path.
+  static Result<NewFile> Beside(const std::string& path);
+
+  NewFile(NewFile&& other) noexcept
+      : file_(std::move(other.file_)),
+        path_(std::exchange(other.path_, {})),
+        target_(std::move(other.target_)) {}
+  NewFile& operator=(NewFile&&) = delete;
+  ~NewFile();
+
+  // Where to write it until it has its name.
+  const std::string& path() const { return path_; }
+  // The name it is to have.
+  const std::string& target() const { return target_; }
+  const SystemFile& file() const { return file_; }
+
+  // Flushes the content to the disk and gives the file its name, whatever stood there. The folder
+  // is left for the caller to flush.
+  Status Name();
+
+ private:
+  NewFile(SystemFile file, std::string path, std::string target)
+      : file_(std::move(file)), path_(std::move(path)), target_(std::move(target)) {}
+
+  SystemFile file_;
+  std::string path_;  // empty once it has its name
+  std::string target_;
+};
+
+// Removes the new files that a ReplaceFile or a NewFile in `folder` left behind when it was killed;
+// those that another process is writing stay. Gives their number.
 int ClearLeftovers(const std::string& folder);
 
 // Adds `content` at the end of the file at `path`, creating it when missing.

@@ -1,16 +1,9 @@
 #include "ui/forms/load_chart_form.h"
 
-#include "core/data_files.h"
 #include "core/files.h"
 #include "core/text.h"
 
 namespace skerrow {
-
-std::vector<std::string> SeaAreas(const Folders& folders) {
-  std::vector<std::string> areas = ListData(folders, DataFolder::kCharts, ".xrf");
-  for (std::string& area : areas) area.resize(area.size() - std::string_view(".xrf").size());
-  return areas;
-}
 
 std::vector<ChartRow> ChartRows(const std::vector<ChartIndexEntry>& index, float scale_filter) {
   std::vector<ChartRow> rows;

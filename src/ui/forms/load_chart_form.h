@@ -7,13 +7,11 @@
 #include <vector>
 
 #include "charts/chart_files.h"
+#include "charts/chart_library.h"
 #include "core/folders.h"
 
 // Choosing a chart from the lists of sea areas and charts.
 namespace skerrow {
-
-// The sea areas: the names of the ".xrf" files of the charts folder without extension, sorted.
-std::vector<std::string> SeaAreas(const Folders& folders);
 
 // The scale filters offered, denominators; a chart passes one that is below its scale.
 inline constexpr int kScaleFilters[] = {0,     2500,   5000,   10000,  25000,  50000,

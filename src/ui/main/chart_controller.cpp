@@ -163,6 +163,43 @@ void ChartController::OpenStored(const std::string& cht_path) {
   }
 }
 
+bool ChartController::OpenChosen(const ChartChoice& choice) {
+  SaveView();
+  const auto open = [&](AppConfig& config, ChartState& charts) {
+    return ChooseChart(desktop_.program.folders, choice, config, charts);
+  };
+  if (!ChangeChart(desktop_.program, desktop_.messages, open, Show())) return false;
+  Remember(Trim(desktop_.program.config.chart_path) + ".cht");
+  return true;
+}
+
+void ChartController::Recalibrated() {
+  SaveView();
+  DrawChart(Failure::kTold);
+  desktop_.view.candidate_chart.reset();
+  desktop_.window.Changed(kAllChanged);
+}
+
+void ChartController::ReadIndexAgain() {
+  Program& program = desktop_.program;
+  const Status index =
+      LoadChartIndex(program.folders, program.config, program.charts, desktop_.messages);
+  if (!index) desktop_.messages.Show(index.error().Text(), MessageIcon::kWarning);
+  desktop_.view.candidate_chart.reset();
+  desktop_.window.Changed(kSettingsChanged);
+}
+
+void ChartController::ReadFilesAgain() {
+  Program& program = desktop_.program;
+  ReadIndexAgain();
+  // The chart is the one it was: the history has it already.
+  const std::vector<std::string> history = program.charts.history;
+  const Status chart = ReadChartSettings(program.folders, program.config, program.charts);
+  program.charts.history = history;
+  if (!chart) desktop_.messages.Show(chart.error().Text(), MessageIcon::kWarning);
+  Recalibrated();
+}
+
 void ChartController::LargerScale() {
   const Position cursor = desktop_.view.cursor;
   const std::optional<std::string> key = LargerScaleChart(cursor, desktop_.program.charts);

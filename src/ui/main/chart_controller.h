@@ -11,6 +11,7 @@
 #include "app/timers.h"
 #include "charts/chart_view.h"
 #include "ui/desktop.h"
+#include "ui/forms/load_chart_form.h"
 #include "ui/viewer/chart_viewer.h"
 
 namespace skerrow {
@@ -40,6 +41,13 @@ class ChartController final : public QObject {
   // stored path; the more or less detailed one at the cursor; the one before.
   void Choose();
   void OpenStored(const std::string& cht_path);
+  // The same of a chart named in its area's index. Whether it is shown.
+  bool OpenChosen(const ChartChoice& choice);
+  // Draws the chart anew after its calibration in force has changed.
+  void Recalibrated();
+  // Reads the index of the area, or the calibration too, again after the files have changed.
+  void ReadIndexAgain();
+  void ReadFilesAgain();
   void LargerScale();
   void SmallerScale();
   const std::vector<std::string>& recent() const { return recent_; }

@@ -25,12 +25,12 @@
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
-#include "ui/instruments/live_dialog.h"
 #include "ui/main/imports.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
 #include "ui/routes/leaving.h"
+#include "ui/widgets/live_dialog.h"
 #include "ui/widgets/qt_text.h"
 #include "ui/widgets/theme.h"
 
@@ -214,7 +214,7 @@ void frmChart::MakeActions() {
     if (command->checked != nullptr) made->setCheckable(true);
     made->setData(ToQt(command->key));
     connect(made, &QAction::triggered, this, [this, command] {
-      if (command->run != nullptr && !view_.busy) command->run(context_);
+      if (!view_.busy) command->run(context_);
       Changed(0);
       // The chart has the keyboard again, whatever was clicked.
       if (isActiveWindow()) viewer_->setFocus();
@@ -454,7 +454,7 @@ void frmChart::UpdateActions() {
   for (const Command* command : AllCommands()) {
     QAction* known = action(command->name);
     if (met != needs_shown_) {
-      known->setEnabled(command->run != nullptr && (command->needs & ~met) == 0);
+      known->setEnabled((command->needs & ~met) == 0);
     }
     if (command->checked != nullptr) known->setChecked(command->checked(context_));
     if (command->shown != nullptr) known->setVisible(command->shown(context_));
