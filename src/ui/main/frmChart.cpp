@@ -764,7 +764,10 @@ void frmChart::dragEnterEvent(QDragEnterEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   const bool files =
       std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
-  if (files && !view_.busy) event->acceptProposedAction();
+  if (!files || view_.busy) return;
+  // Never a move: the program that the file comes from would delete it.
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
 }
 
 void frmChart::dropEvent(QDropEvent* event) {
@@ -772,7 +775,8 @@ void frmChart::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls()) {
     if (url.isLocalFile()) paths.append(url.toLocalFile());
   }
-  event->acceptProposedAction();
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
   // The other program waits until the drop is over, and a dialog may come up.
   QTimer::singleShot(0, this, [this, paths] {
     activateWindow();

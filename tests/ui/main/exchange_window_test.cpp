@@ -30,8 +30,10 @@ class ExchangeWindow : public MainWindowTest {
     QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window_.get(), &enter);
     ASSERT_TRUE(enter.isAccepted());
-    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    // What a file manager proposes inside one disk; a move would delete the file.
+    QDropEvent drop(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window_.get(), &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
   }
 };
 
