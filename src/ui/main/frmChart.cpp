@@ -764,7 +764,7 @@ void frmChart::dragEnterEvent(QDragEnterEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   const bool files =
       std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
-  if (!files || view_.busy) return;
+  if (!files || view_.busy || !event->possibleActions().testFlag(Qt::CopyAction)) return;
   // Never a move: the program that the file comes from would delete it.
   event->setDropAction(Qt::CopyAction);
   event->accept();

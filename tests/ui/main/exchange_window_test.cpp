@@ -31,7 +31,8 @@ class ExchangeWindow : public MainWindowTest {
     QApplication::sendEvent(window_.get(), &enter);
     ASSERT_TRUE(enter.isAccepted());
     // What a file manager proposes inside one disk; a move would delete the file.
-    QDropEvent drop(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(at, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.setDropAction(Qt::MoveAction);
     QApplication::sendEvent(window_.get(), &drop);
     EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
   }
