@@ -21,7 +21,7 @@ SourceTexts TextsOf(frmTextExport::Source source) {
     case frmTextExport::Source::kRoute:
       return {"frmTextRouteExport", "Export a Route as Text", "&Routes", "&Points"};
     case frmTextExport::Source::kWaypoints:
-      return {"frmTextWayExport", "Export Waypoints as Text", "&Waypoint files", "&Waypoints"};
+      return {"frmTextWayExport", "Export Waypoints as Text", "&Waypoint files", "Wa&ypoints"};
     case frmTextExport::Source::kCourse:
       break;
   }

@@ -336,11 +336,13 @@ const Row kRows[] = {
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmAISSummary>(desktop, ShowPlace(), nullptr);
      }},
-    {"frmTrackSelect", "Select track", "cmdOK", "OptTrack trackFileBox cmdOK cmdCancel",
-     "optTable lblTrack", Open<frmTrackSelect>},
-    {"frmTrackDelete", "T", "", "", "", Open<frmTrackDelete>},
-    {"frmNewTrackName", "T", "", "", "", Open<frmNewTrackName>},
-    {"frmhisttrack", "T", "", "", "",
+    {"frmTrackSelect", "Select track", "cmdOK", "OptTrack optTable trackFileBox cmdOK cmdCancel",
+     "lblTrack", Open<frmTrackSelect>},
+    {"frmTrackDelete", "Delete a Track File", "cmdOK", "trackFileBox cmdOK cmdCancel", "",
+     Open<frmTrackDelete>},
+    {"frmNewTrackName", "Select track name", "cmdOK",
+     "txtNewTrackName trackFileBox cmdOK cmdCancel", "", Open<frmNewTrackName>},
+    {"frmhisttrack", "Historical Plot", "cmdExit", "List1 Option1 Option2 cmdPrint cmdExit", "",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmhisttrack>(desktop, PlotTable(), nullptr);
      }},
