@@ -96,6 +96,7 @@ TEST(Kml, RouteHasALineAndItsPoints) {
                  StyleBlock("yellowLineGreenPoly", "7f00ffff", "7f00ff00") +
                  LineMark("", "yellowLineGreenPoly", "") + kTail));
   EXPECT_EQ(KmlPointName("", 9), "WAYPOINT 09");
+  EXPECT_EQ(KmlPointName("", 10), "WAYPOINT 10");
   EXPECT_EQ(KmlPointName(" ", 12), "WAYPOINT 12");
 }
 
