@@ -403,4 +403,27 @@ struct GpxImportWords {
 // What a GPX document holds, or one thing of it as a file of the user's.
 Outcome ImportGpx(Session& session, const GpxImportWords& words);
 
+struct TextExportWords {
+  std::string file;    // a path, or a name in the user's folder of its kind
+  std::string output;  // file to write; empty prints the table
+};
+// A stored route or a waypoint file as a table for a spreadsheet.
+Outcome ExportRouteTable(Session& session, const TextExportWords& words);
+Outcome ExportWaypointTable(Session& session, const TextExportWords& words);
+
+struct TextPlanWords {
+  PlanWords plan;
+  std::string output;
+};
+// The steps of a calculated route as such a table.
+Outcome ExportPlanTable(Session& session, const TextPlanWords& words);
+
+struct TextImportWords {
+  std::string file;
+  std::string name;  // of the file to be made; empty takes the table's
+};
+// A table as a route file or a waypoint file of the user's.
+Outcome ImportRouteTable(Session& session, const TextImportWords& words);
+Outcome ImportWaypointTable(Session& session, const TextImportWords& words);
+
 }  // namespace skerrow::cli

@@ -5,8 +5,7 @@
 #include "core/files.h"
 #include "exchange/gpx.h"
 #include "exchange/kml.h"
-#include "instruments/log.h"
-#include "instruments/nmea.h"
+#include "exchange/text_table.h"
 #include "platform/gpx_reader.h"
 
 namespace skerrow::cli {
@@ -28,23 +27,40 @@ Outcome Written(const Session& session, const KmlHead& head, const Status& statu
   return answer;
 }
 
-// The fixes of a log with their dates.
-Result<GpsTrack> ReadDatedTrack(const std::string& log) {
-  Result<LogLines> lines = LogLines::Open(log);
-  if (!lines) return lines.error();
-  GpsTrack track;
-  while (true) {
-    const auto line = lines.value().Next();
-    if (!line) return line.error();
-    if (!*line) return track;
-    if ((*line)->find("RMC") == std::string_view::npos) continue;
-    const Rmc rmc = ParseRmc(**line);
-    if (rmc.state != SentenceState::kGood) continue;
-    GpsTrackPoint point{.latitude = rmc.latitude, .longitude = rmc.longitude};
-    SetTime(point, std::string(rmc.time));
-    SetDate(point, std::string(rmc.date));
-    track.push_back(point);
+// A file's name without folder and ending.
+std::string StemOf(const std::string& path) {
+  const std::string name = FileNameOf(path);
+  return name.substr(0, name.rfind('.'));
+}
+
+// A document or table, printed or written to a file.
+Outcome Delivered(const std::string& text, const char* kind, const std::string& output,
+                  std::string_view file_bytes) {
+  Answer answer;
+  answer.text = text;
+  if (output.empty()) {
+    answer.json() = {{kind, answer.text}};
+    return answer;
   }
+  if (const Status written = ReplaceFile(output, file_bytes); !written) {
+    return Failed(written.error());
+  }
+  answer.json() = {{"file", output}};
+  answer.text = output + "\n";
+  return answer;
+}
+
+// The files made and what was done to the content.
+Answer Imported(const std::vector<std::string>& files, const Taken& taken) {
+  Answer answer;
+  answer.json() = {{"files", files},
+                   {"namesCut", taken.names_cut},
+                   {"lettersLost", taken.letters_lost},
+                   {"every", taken.every},
+                   {"leftOut", taken.left_out}};
+  for (const std::string& path : files) answer.text += path + "\n";
+  for (const std::string& text : TakenTexts(taken)) answer.text += text + "\n";
+  return answer;
 }
 
 Outcome Contents(const GpxDocument& document) {
@@ -52,7 +68,8 @@ Outcome Contents(const GpxDocument& document) {
   const auto list = [&answer](const char* what, const std::vector<GpxLine>& lines) {
     Json rows = Json::array();
     for (const GpxLine& line : lines) {
-      rows.push_back({{"name", line.name}, {"points", line.points.size()}});
+      rows.push_back(
+          {{"name", line.name}, {"points", line.points.size()}, {"leftOut", line.left_out}});
       answer.text += std::string(what) + " " + std::to_string(rows.size()) + ": " + line.name +
                      ", " + std::to_string(line.points.size()) + " points\n";
     }
@@ -105,15 +122,11 @@ Outcome ExportPlanDocument(Session& session, const KmlPlanWords& words) {
 Outcome ExportGpx(Session& session, const GpxExportWords& words) {
   const Folders& folders = session.program.folders;
   GpxDocument document;
-  const auto stem = [](const std::string& path) {
-    const std::string name = FileNameOf(path);
-    return name.substr(0, name.rfind('.'));
-  };
   for (const std::string& file : words.routes) {
     const std::string path = Session::FindFile(file, {folders.Routes(), folders.Samples()});
     const auto records = ReadRouteFile(path);
     if (!records) return Failed(records.error());
-    document.routes.push_back(GpxRouteOf(stem(path), *records));
+    document.routes.push_back(GpxRouteOf(StemOf(path), *records));
   }
   for (const std::string& file : words.waypoints) {
     const auto waypoints = ReadWaypointFile(Session::FindFile(file, {folders.Waypoints()}));
@@ -123,22 +136,12 @@ Outcome ExportGpx(Session& session, const GpxExportWords& words) {
   }
   for (const std::string& file : words.tracks) {
     const std::string path = Session::FindFile(file, {folders.Tracks(), folders.Samples()});
-    const Result<GpsTrack> track = ReadDatedTrack(path);
+    Result<GpxLine> track = GpxTrackOfLog(StemOf(path), path, session.progress);
     if (!track) return Failed(track.error());
-    document.tracks.push_back(GpxTrackOf(stem(path), *track));
+    document.tracks.push_back(std::move(track.value()));
   }
-  Answer answer;
-  answer.text = WriteGpx(document);
-  if (words.output.empty()) {
-    answer.json() = {{"gpx", answer.text}};
-    return answer;
-  }
-  if (const Status written = ReplaceFile(words.output, answer.text); !written) {
-    return Failed(written.error());
-  }
-  answer.json() = {{"file", words.output}};
-  answer.text = words.output + "\n";
-  return answer;
+  const std::string text = WriteGpx(document);
+  return Delivered(text, "gpx", words.output, text);
 }
 
 Outcome ImportGpx(Session& session, const GpxImportWords& words) {
@@ -146,12 +149,11 @@ Outcome ImportGpx(Session& session, const GpxImportWords& words) {
   if (!document) return Failed(document.error());
   if (words.route.empty() && words.track.empty() && !words.waypoints) return Contents(*document);
   const Program& program = session.program;
-  const std::string file = FileNameOf(words.file);
   const auto named = [&](const std::string& own) {
     if (!words.name.empty()) return words.name;
-    return own.empty() ? file.substr(0, file.rfind('.')) : own;
+    return own.empty() ? StemOf(words.file) : own;
   };
-  GpxTaken taken;
+  Taken taken;
   Result<std::vector<std::string>> saved = std::vector<std::string>();
   if (!words.route.empty() || !words.track.empty()) {
     const bool route = !words.route.empty();
@@ -167,25 +169,62 @@ Outcome ImportGpx(Session& session, const GpxImportWords& words) {
                 ? SaveGpxRoute(program.folders, line, named(line.name), program.route_speed, taken)
                 : SaveGpxTrack(program.folders, line, named(line.name), taken);
   } else {
+    taken.left_out = document->left_out;
     saved = SaveGpxWaypoints(program.folders, document->waypoints, named(""), taken);
   }
   if (!saved) return Failed(saved.error());
-  Answer answer;
-  answer.json() = {{"files", *saved},
-                   {"namesCut", taken.names_cut},
-                   {"every", taken.every},
-                   {"leftOut", document->left_out}};
-  for (const std::string& path : *saved) answer.text += path + "\n";
-  if (taken.names_cut > 0) {
-    answer.text += std::to_string(taken.names_cut) + " names were cut to 35 characters\n";
-  }
-  if (taken.every > 1) {
-    answer.text += "of the track each point in " + std::to_string(taken.every) + " was taken\n";
-  }
-  if (document->left_out > 0) {
-    answer.text += std::to_string(document->left_out) + " points have no place and are left out\n";
-  }
-  return answer;
+  return Imported(*saved, taken);
+}
+
+Outcome ExportRouteTable(Session& session, const TextExportWords& words) {
+  const Folders& folders = session.program.folders;
+  const auto records =
+      ReadRouteFile(Session::FindFile(words.file, {folders.Routes(), folders.Samples()}));
+  if (!records) return Failed(records.error());
+  const std::string table = RouteTable(*records);
+  return Delivered(table, "table", words.output, TableFile(table));
+}
+
+Outcome ExportWaypointTable(Session& session, const TextExportWords& words) {
+  const Folders& folders = session.program.folders;
+  const auto waypoints =
+      ReadWaypointFile(Session::FindFile(words.file, {folders.Waypoints(), folders.Samples()}));
+  if (!waypoints) return Failed(waypoints.error());
+  const std::string table = WaypointTable(*waypoints);
+  return Delivered(table, "table", words.output, TableFile(table));
+}
+
+Outcome ExportPlanTable(Session& session, const TextPlanWords& words) {
+  Outcome plan = PlanRoute(session, words.plan);
+  if (std::holds_alternative<Failure>(plan)) return plan;
+  const std::string table = CourseTable(session.program.passage);
+  return Delivered(table, "table", words.output, TableFile(table));
+}
+
+Outcome ImportRouteTable(Session& session, const TextImportWords& words) {
+  const Program& program = session.program;
+  const Result<std::string> text = ReadFile(words.file);
+  if (!text) return Failed(text.error());
+  Taken taken;
+  const auto records = ReadRouteTable(*text, program.route_speed, taken);
+  if (!records) return Failed({words.file, records.error().reason});
+  const auto saved = SaveRouteFiles(program.folders, *records,
+                                    words.name.empty() ? StemOf(words.file) : words.name);
+  if (!saved) return Failed(saved.error());
+  return Imported(*saved, taken);
+}
+
+Outcome ImportWaypointTable(Session& session, const TextImportWords& words) {
+  const Program& program = session.program;
+  const Result<std::string> text = ReadFile(words.file);
+  if (!text) return Failed(text.error());
+  Taken taken;
+  const auto waypoints = ReadWaypointTable(*text, taken);
+  if (!waypoints) return Failed({words.file, waypoints.error().reason});
+  const auto saved = SaveWaypointFiles(program.folders, *waypoints,
+                                       words.name.empty() ? StemOf(words.file) : words.name);
+  if (!saved) return Failed(saved.error());
+  return Imported(*saved, taken);
 }
 
 }  // namespace skerrow::cli

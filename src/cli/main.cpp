@@ -366,6 +366,29 @@ void AddKmlCommands(CLI::App& app, Chosen& chosen) {
       });
 }
 
+void AddTextCommands(CLI::App& exports, CLI::App& imports, Chosen& chosen) {
+  constexpr const char* kOutput = "file to write; printed when left out";
+  const auto take = [](CLI::App& sub, TextExportWords& words) {
+    sub.add_option("FILE", words.file, "a path, or a name in your folder of its kind")->required();
+    sub.add_option("--output", words.output, kOutput);
+  };
+  CLI::App& out = AddGroup(exports, "text", "tables for a spreadsheet");
+  Add(out, "route", "a stored route", chosen, ExportRouteTable, take);
+  Add(out, "waypoints", "a waypoint file", chosen, ExportWaypointTable, take);
+  Add(out, "plan", "the steps of a calculated route", chosen, ExportPlanTable,
+      [](CLI::App& sub, TextPlanWords& words) {
+        TakePlan(sub, words.plan);
+        sub.add_option("--output", words.output, kOutput);
+      });
+  const auto bring = [](CLI::App& sub, TextImportWords& words) {
+    sub.add_option("FILE", words.file, "table")->required();
+    sub.add_option("--name", words.name, "name of the file to be made");
+  };
+  CLI::App& in = AddGroup(imports, "text", "tables of a spreadsheet");
+  Add(in, "route", "as a route", chosen, ImportRouteTable, bring);
+  Add(in, "waypoints", "as a waypoint file", chosen, ImportWaypointTable, bring);
+}
+
 void AddExportCommands(CLI::App& app, Chosen& chosen) {
   CLI::App& group = AddGroup(app, "export", "files for other programs");
   AddKmlCommands(group, chosen);
@@ -381,6 +404,7 @@ void AddExportCommands(CLI::App& app, Chosen& chosen) {
         sub.add_option("--output", words.output, "file to write; printed when left out");
       });
   CLI::App& import = AddGroup(app, "import", "files of other programs");
+  AddTextCommands(group, import, chosen);
   Add(import, "gpx", "what a GPX document holds, or one thing of it", chosen, ImportGpx,
       [](CLI::App& sub, GpxImportWords& words) {
         sub.add_option("FILE", words.file, "GPX document")->required();

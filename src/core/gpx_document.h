@@ -16,6 +16,7 @@ struct GpxPoint {
   std::string description;
   std::optional<double> time;  // seconds since 1970, UTC
   std::optional<float> speed;  // knots
+  std::string arrival;         // of a planned route: "2026-12-05T08:10", the program's own time
 
   friend bool operator==(const GpxPoint&, const GpxPoint&) = default;
 };
@@ -23,6 +24,7 @@ struct GpxPoint {
 struct GpxLine {
   std::string name;
   std::vector<GpxPoint> points;
+  std::size_t left_out = 0;  // its points without a place on the globe; when read
 
   friend bool operator==(const GpxLine&, const GpxLine&) = default;
 };
@@ -31,7 +33,7 @@ struct GpxDocument {
   std::vector<GpxPoint> waypoints;
   std::vector<GpxLine> routes;
   std::vector<GpxLine> tracks;  // the segments of a track one after the other
-  std::size_t left_out = 0;     // points without a place on the globe; when read
+  std::size_t left_out = 0;     // waypoints without a place on the globe; when read
 
   friend bool operator==(const GpxDocument&, const GpxDocument&) = default;
 };

@@ -7,9 +7,12 @@
 
 #include "core/folders.h"
 #include "core/gpx_document.h"
+#include "core/progress.h"
 #include "core/result.h"
+#include "exchange/user_files.h"
 #include "instruments/gps_fix.h"
 #include "instruments/plot_file.h"
+#include "passage/passage_state.h"
 #include "routes/route.h"
 #include "routes/waypoint.h"
 
@@ -29,31 +32,34 @@ GpxLine GpxRouteOf(std::string name, std::span<const RouteRecord> records);
 std::vector<GpxPoint> GpxPointsOf(std::span<const Waypoint> waypoints);
 GpxLine GpxTrackOf(std::string name, std::span<const GpsTrackPoint> track);
 
-// What was done to bring points into the program's own files.
-struct GpxTaken {
-  std::size_t names_cut = 0;  // to the 35 characters of a record
-  std::size_t every = 1;      // of a track, each n-th point, since a plot file holds no more
-};
+// The route with the results of its calculation: what to steer from each point, and when the boat
+// is there. Without results, for another number of legs, it is the route alone.
+GpxLine GpxPlanOf(std::string name, std::span<const RoutePoint> points,
+                  std::span<const LegReport> legs);
+// The good fixes of a log, with their times. Errors: missing, unreadable, a stop by `progress`.
+Result<GpxLine> GpxTrackOfLog(std::string name, const std::string& log, Progress& progress);
+// A plot file's records; comments are names, and texts that are a time of a date become one.
+GpxLine GpxTrackOfPlot(std::string name, std::span<const PlotRecord> records);
 
-// A route's entries in parts of at most `most` points; the last point of a part begins the next.
-// A point that tells no speed has `speed` [kn].
-std::vector<std::vector<RouteRecord>> RoutesOfGpx(const GpxLine& line, float speed,
-                                                  std::size_t most, GpxTaken& taken);
-std::vector<Waypoint> WaypointsOfGpx(std::span<const GpxPoint> points, GpxTaken& taken);
+// A route's entries. A point that tells no speed has `speed` [kn].
+std::vector<RouteRecord> RouteOfGpx(const GpxLine& line, float speed, Taken& taken);
+std::vector<Waypoint> WaypointsOfGpx(std::span<const GpxPoint> points, Taken& taken);
+inline constexpr std::size_t kMostTrackPoints = 32767;  // what the readers of a plot file count
 // At most `most` points, evenly thinned; the last point stays.
-std::vector<PlotRecord> PlotOfGpx(const GpxLine& line, std::size_t most, GpxTaken& taken);
+std::vector<PlotRecord> PlotOfGpx(const GpxLine& line, std::size_t most, Taken& taken);
 
-// Writes a route, waypoints or a track into the user's folder of its kind under `name`: a route of
-// more points than a route takes in parts, "NAME", "NAME 2" and so on. Gives the paths written.
-// Errors: no points; a name that is none; a file of that name, which stays; what stands in the way
-// of writing.
+// Each writes one thing of a document into the user's folder of its kind, as SaveRouteFiles and its
+// like do. Error, besides theirs: a route of which points have no place on the globe, since without
+// them it would lead over what it was laid round.
 Result<std::vector<std::string>> SaveGpxRoute(const Folders& folders, const GpxLine& line,
-                                              const std::string& name, float speed,
-                                              GpxTaken& taken);
+                                              std::string_view name, float speed, Taken& taken,
+                                              const MayReplace& may_replace = {});
 Result<std::vector<std::string>> SaveGpxWaypoints(const Folders& folders,
                                                   std::span<const GpxPoint> points,
-                                                  const std::string& name, GpxTaken& taken);
+                                                  std::string_view name, Taken& taken,
+                                                  const MayReplace& may_replace = {});
 Result<std::vector<std::string>> SaveGpxTrack(const Folders& folders, const GpxLine& line,
-                                              const std::string& name, GpxTaken& taken);
+                                              std::string_view name, Taken& taken,
+                                              const MayReplace& may_replace = {});
 
 }  // namespace skerrow

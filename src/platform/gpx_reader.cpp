@@ -1,8 +1,9 @@
 #include "platform/gpx_reader.h"
 
-#include <cctype>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 
 #include <pugixml.hpp>
 
@@ -52,6 +53,8 @@ void TakeExtensions(const pugi::xml_node& node, GpxPoint& point, int depth = 0) 
     const std::string_view name = child.name();
     if (name == "skerrow:speed") {
       point.speed = NumberOf(child.text().get());
+    } else if (name == "skerrow:arrival") {
+      point.arrival = TextOf(child);
     } else if (!point.speed && LocalName(name) == "speed") {
       // Metres a second, as the recorders of many makers have it.
       if (const auto speed = NumberOf(child.text().get())) {
@@ -63,13 +66,13 @@ void TakeExtensions(const pugi::xml_node& node, GpxPoint& point, int depth = 0) 
   }
 }
 
-void AddPoint(const pugi::xml_node& node, std::vector<GpxPoint>& points, GpxDocument& document) {
+void AddPoint(const pugi::xml_node& node, std::vector<GpxPoint>& points, std::size_t& left_out) {
   const std::optional<Position> place = PlaceOf(node);
   if (!place) {
-    ++document.left_out;
+    ++left_out;
     return;
   }
-  GpxPoint point{*place, "", "", std::nullopt, std::nullopt};
+  GpxPoint point{*place, "", "", std::nullopt, std::nullopt, ""};
   for (const pugi::xml_node& child : node.children()) {
     const std::string_view name = LocalName(child.name());
     if (name == "name") {
@@ -85,17 +88,47 @@ void AddPoint(const pugi::xml_node& node, std::vector<GpxPoint>& points, GpxDocu
   points.push_back(std::move(point));
 }
 
-GpxLine LineOf(const pugi::xml_node& node, GpxDocument& document) {
+// How far the reading is.
+class Reading {
+ public:
+  Reading(Progress& progress, std::size_t size) : progress_(progress), size_(size) {}
+
+  // Asked at each point; false when the reading is to stop.
+  bool GoOn(const pugi::xml_node& node) {
+    if (stopped_ || ++points_ % kPointsAStep != 0) return !stopped_;
+    // In another encoding than UTF-8 the place in the text is not known.
+    const auto at = static_cast<double>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
+    stopped_ = !progress_.Step(kParsed + (100.0 - kParsed) * at / static_cast<double>(size_));
+    return !stopped_;
+  }
+  // The elements stand; what is left are their points.
+  bool Parsed() { return progress_.Step(kParsed); }
+  bool stopped() const { return stopped_; }
+
+ private:
+  static constexpr std::size_t kPointsAStep = 1000;
+  static constexpr double kParsed = 40.0;  // percent; the share of the time that parsing takes
+
+  Progress& progress_;
+  std::size_t size_;
+  std::size_t points_ = 0;
+  bool stopped_ = false;
+};
+
+GpxLine LineOf(const pugi::xml_node& node, Reading& reading) {
   GpxLine line;
   for (const pugi::xml_node& child : node.children()) {
     const std::string_view name = LocalName(child.name());
     if (name == "name") {
       line.name = TextOf(child);
     } else if (name == "rtept") {
-      AddPoint(child, line.points, document);
+      if (!reading.GoOn(child)) break;
+      AddPoint(child, line.points, line.left_out);
     } else if (name == "trkseg") {
       for (const pugi::xml_node& point : child.children()) {
-        if (LocalName(point.name()) == "trkpt") AddPoint(point, line.points, document);
+        if (LocalName(point.name()) != "trkpt") continue;
+        if (!reading.GoOn(point)) break;
+        AddPoint(point, line.points, line.left_out);
       }
     }
   }
@@ -104,32 +137,46 @@ GpxLine LineOf(const pugi::xml_node& node, GpxDocument& document) {
 
 }  // namespace
 
-Result<GpxDocument> ReadGpx(std::string_view text) {
+Result<GpxDocument> ReadGpx(std::string_view text, Progress& progress) {
   pugi::xml_document xml;
   const pugi::xml_parse_result parsed = xml.load_buffer(text.data(), text.size());
   if (!parsed) return Error{"", std::string("this is no XML: ") + parsed.description()};
   const pugi::xml_node root = xml.document_element();
   if (LocalName(root.name()) != "gpx") return Error{"", "this is no GPX document"};
+  Reading reading(progress, text.size());
+  if (!reading.Parsed()) return Error{"", kGpxStopped};
   GpxDocument document;
   for (const pugi::xml_node& child : root.children()) {
     const std::string_view name = LocalName(child.name());
     if (name == "wpt") {
-      AddPoint(child, document.waypoints, document);
+      if (!reading.GoOn(child)) break;
+      AddPoint(child, document.waypoints, document.left_out);
     } else if (name == "rte") {
-      document.routes.push_back(LineOf(child, document));
+      document.routes.push_back(LineOf(child, reading));
     } else if (name == "trk") {
-      document.tracks.push_back(LineOf(child, document));
+      document.tracks.push_back(LineOf(child, reading));
     }
   }
+  if (reading.stopped()) return Error{"", kGpxStopped};
+  return document;
+}
+
+Result<GpxDocument> ReadGpx(std::string_view text) {
+  NoProgress progress;
+  return ReadGpx(text, progress);
+}
+
+Result<GpxDocument> ReadGpxFile(const std::string& path, Progress& progress) {
+  const Result<std::string> text = ReadFile(path, kMostGpxBytes);
+  if (!text) return text.error();
+  Result<GpxDocument> document = ReadGpx(*text, progress);
+  if (!document) return Error{path, document.error().reason};
   return document;
 }
 
 Result<GpxDocument> ReadGpxFile(const std::string& path) {
-  const Result<std::string> text = ReadFile(path, kMostGpxBytes);
-  if (!text) return text.error();
-  Result<GpxDocument> document = ReadGpx(*text);
-  if (!document) return Error{path, document.error().reason};
-  return document;
+  NoProgress progress;
+  return ReadGpxFile(path, progress);
 }
 
 }  // namespace skerrow

@@ -1,4 +1,7 @@
-// The commands "export kml", "export gpx" and "import gpx", by the real program.
+// The commands "export kml", "export gpx" and "export text" with their imports, by the real
+// program.
+
+#include <cstdlib>
 
 #include "cli/command_line.h"
 
@@ -48,6 +51,7 @@ TEST_F(GpxCommands, ARouteComesBackToTheSameBytes) {
   const auto holds = Json("import gpx " + gpx);
   EXPECT_EQ(holds["routes"][0]["name"], "Sample");
   EXPECT_EQ(holds["routes"][0]["points"], 6);
+  EXPECT_EQ(holds["routes"][0]["leftOut"], 0);
   EXPECT_EQ(holds["tracks"][0]["points"], 240);
   const auto made = Json("import gpx " + gpx + " --route 1 --name Back");
   EXPECT_EQ(FileBytes(made["files"][0].get<std::string>()),
@@ -58,6 +62,37 @@ TEST_F(GpxCommands, ARouteComesBackToTheSameBytes) {
   ExpectError("import gpx " + gpx + " --route 0", 2, "route");
   ExpectError("import gpx " + gpx + " --waypoints", 1, "it has no points");
   ExpectError("import gpx none.gpx", 1, "none.gpx: the file does not exist");
+}
+
+class TextCommands : public CommandLine {};
+
+TEST_F(TextCommands, RoutesAndWaypointsComeBackToTheSameBytes) {
+  ASSERT_EQ(Run("waypoints").status, 0);  // makes the sample file
+  const std::pair<const char*, std::string> kinds[] = {
+      {"route Sample.rte", SKERROW_SOURCE_DIR "/program/Samples/Sample.rte"},
+      {"waypoints Sample.way", user_.File("documents/SkerrowHelm/Waypoints/Sample.way")}};
+  for (const auto& [words, source] : kinds) {
+    const std::string table = user_.File("table.csv");
+    EXPECT_EQ(Json("export text " + std::string(words) + " --output " + table)["file"], table);
+    EXPECT_EQ(Json("export text " + std::string(words))["table"], FileBytes(table));
+    const std::string kind = std::string(words).substr(0, std::string(words).find(' '));
+    // As in a country of decimal commas.
+    ::setenv("LC_ALL", "de_DE.UTF-8", 1);
+    const auto made = Json("import text " + kind + " " + table + " --name Back");
+    EXPECT_EQ(Json("export text " + std::string(words))["table"], FileBytes(table));
+    ::unsetenv("LC_ALL");
+    EXPECT_EQ(FileBytes(made["files"][0].get<std::string>()), FileBytes(source));
+    EXPECT_EQ(made["leftOut"], 0);
+    ExpectError("import text " + kind + " " + table + " --name Back", 1,
+                "there is a file of this name");
+  }
+  EXPECT_TRUE(Run("export text plan Sample.rte --date 2026-12-05 --time 06:30")
+                  .out.starts_with("Leg,Date,Time,Steer,Latitude,"));
+  user_.Write("bad.csv", "Name,Lat,Lon\nA,95,0\n");
+  ExpectError("import text route " + user_.File("bad.csv"), 1,
+              "bad.csv: line 2: \"95\" is no latitude");
+  ExpectError("import text waypoints none.csv", 1, "none.csv: the file does not exist");
+  ExpectError("export text route None.rte", 1, "None.rte: the file does not exist");
 }
 
 }  // namespace

@@ -80,25 +80,28 @@ constexpr KmlHead kEmpty{};
 
 TEST(Kml, RouteHasALineAndItsPoints) {
   std::vector<RouteRecord> records = {{"Needles ", 50.5F, -1.25F, 6.5F},
-                                      {"  ", 49.75F, 0.125F, 0.0F}};
+                                      {"  ", 49.75F, 0.125F, 0.0F},
+                                      {"Slow", 49.5F, 0.25F, 0.4F}};
   const std::string expected =
       Head("7f00ff00", "7f00ff00", "To France") +
       StyleBlock("yellowLineGreenPoly", "7f00ffff", "7f00ff00") +
       LineMark("To France", "yellowLineGreenPoly",
-               "-1.2500000,50.5000000,1\n0.1250000,49.7500000,1\n") +
+               "-1.2500000,50.5000000,1\n0.1250000,49.7500000,1\n0.2500000,49.5000000,1\n") +
       PointMark("Needles @ 6.5kn", "Needles", "-1.2500000,50.5000000") +
-      PointMark("WAYPOINT 02 @ 5.3kn", "WAYPOINT 02", "0.1250000,49.7500000") + kTail;
+      PointMark("WAYPOINT 02 @ 5.3kn", "WAYPOINT 02", "0.1250000,49.7500000") +
+      PointMark("Slow @ 0.4kn", "Slow", "0.2500000,49.5000000") + kTail;
   EXPECT_EQ(LinesOf(RouteKml(records, 5.25F, {"Trip", "To France"})), Rows(expected));
   EXPECT_EQ(LinesOf(RouteKml({}, 5.0F, {"Trip", ""})),
             Rows(Head("7f00ff00", "7f00ff00", "") +
                  StyleBlock("yellowLineGreenPoly", "7f00ffff", "7f00ff00") +
                  LineMark("", "yellowLineGreenPoly", "") + kTail));
   EXPECT_EQ(KmlPointName("", 9), "WAYPOINT 09");
+  EXPECT_EQ(KmlPointName("", 10), "WAYPOINT 10");
   EXPECT_EQ(KmlPointName(" ", 12), "WAYPOINT 12");
 }
 
 TEST(Kml, WaypointsAreMarksAlone) {
-  const std::vector<Waypoint> waypoints = {{"Buoy", 50.0F, -1.0F}, {"", 0.0F, 1.0F}};
+  const std::vector<Waypoint> waypoints = {{" Buoy ", 50.0F, -1.0F}, {"", 0.0F, 1.0F}};
   EXPECT_EQ(LinesOf(WaypointsKml(waypoints, {"Trip", "Mine"})),
             Rows(Head("7f00ffff", "ffffffff", "Mine") +
                  PointMark("Buoy", "Buoy", "-1.0000000,50.0000000") +

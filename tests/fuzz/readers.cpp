@@ -10,6 +10,8 @@
 #include "charts/chart_files.h"
 #include "charts/chart_view.h"
 #include "core/config.h"
+#include "core/text.h"
+#include "exchange/text_table.h"
 #include "instruments/ais_decoder.h"
 #include "instruments/ais_targets.h"
 #include "instruments/nmea_checksum.h"
@@ -458,6 +460,27 @@ void Plot(Place& place, const std::string& bytes) {
   }
 }
 
+// What is read of a table can be, and is read again from the table that is made of it.
+void Text(Place&, const std::string& bytes) {
+  Taken taken;
+  if (const auto marks = ReadWaypointTable(bytes, taken)) {
+    for (const Waypoint& mark : *marks) {
+      Require(std::fabs(mark.latitude) <= 90.0F && std::fabs(mark.longitude) <= 180.0F);
+      Require(ToAnsi(mark.name).size() <= 35);
+    }
+    const auto again = ReadWaypointTable(TableFile(WaypointTable(*marks)), taken);
+    Require(again.ok() && *again == *marks);
+  }
+  if (const auto route = ReadRouteTable(bytes, 5.0F, taken)) {
+    for (const RouteRecord& record : *route) {
+      Require(std::fabs(record.latitude) <= 90.0F && std::fabs(record.longitude) <= 180.0F);
+      Require(record.speed >= 0.0F && std::isfinite(record.speed));
+    }
+    const auto again = ReadRouteTable(TableFile(RouteTable(*route)), 5.0F, taken);
+    Require(again.ok() && *again == *route);
+  }
+}
+
 using Feeder = void (*)(Place&, const std::string&);
 
 // One folder serves all inputs of a reader.
@@ -483,10 +506,11 @@ const std::vector<FuzzReader>& FuzzReaders() {
                                                   {"grib", InItsPlace<Grib>, 0, 0, 200},
                                                   {"store", InItsPlace<WindFile>, 0, 5, 0},
                                                   {"polar", InItsPlace<PolarText>, 40, 0, 0},
+                                                  {"ais", InItsPlace<Ais>, 60, 0, 0},
+                                                  {"plot", InItsPlace<Plot>, 56, 2, 0},
                                                   {"nmea", InItsPlace<Sentences>, 10, 0, 20},
                                                   {"log", InItsPlace<Logs>, 10, 0, 20},
-                                                  {"ais", InItsPlace<Ais>, 60, 0, 0},
-                                                  {"plot", InItsPlace<Plot>, 56, 2, 0}};
+                                                  {"text", InItsPlace<Text>, 40, 0, 0}};
   return readers;
 }
 

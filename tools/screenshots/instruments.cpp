@@ -7,7 +7,13 @@
 #include "app/reception.h"
 #include "core/files.h"
 #include "instruments/plot_file.h"
+#include "routes/record_files.h"
 #include "ui/exchange/frmGoogleExport.h"
+#include "ui/exchange/frmGpxExport.h"
+#include "ui/exchange/frmGpxImport.h"
+#include "ui/exchange/frmTextExport.h"
+#include "ui/exchange/frmTxtFileImport.h"
+#include "ui/forms/text_form.h"
 #include "ui/instruments/frmAISGPSConfig.h"
 #include "ui/instruments/frmAISLog.h"
 #include "ui/instruments/frmAISSummary.h"
@@ -110,6 +116,21 @@ void KeepTracks(const Album& album, Studio& studio) {
   album.Keep(single, "frmSingwayup");
 }
 
+// A document as a plotter writes it.
+std::unique_ptr<frmGpxImport> ImportOfATrip(Desktop& desktop) {
+  GpxContents contents{"Plotter.gpx", {}, {}};
+  GpxDocument& document = contents.document;
+  const GpxPoint point{{50.5F, -1.5F}, "Needles", "", std::nullopt, std::nullopt, ""};
+  document.routes = {{"Cowes to Poole", std::vector<GpxPoint>(12, point), 0},
+                     {"Round Britain", std::vector<GpxPoint>(240, point), 0},
+                     {"Damaged", std::vector<GpxPoint>(3, point), 1}};
+  document.waypoints.assign(46, point);
+  document.waypoints.front().name = "A name that is longer than the field of a file";
+  document.tracks = {{"Day one", std::vector<GpxPoint>(90000, point), 0}};
+  contents.items = GpxItemsOf(document, contents.path);
+  return std::make_unique<frmGpxImport>(desktop, std::move(contents), nullptr, nullptr);
+}
+
 void KeepExchange(const Album& album, Studio& studio) {
   Desktop desktop = studio.desktop();
   const std::pair<KmlKind, const char*> kinds[] = {{KmlKind::kRoute, "frmGoogleRouteExport"},
@@ -120,6 +141,28 @@ void KeepExchange(const Album& album, Studio& studio) {
     Select(form, "fillist", 0);
     album.Keep(form, name);
   }
+  frmGpxExport out(desktop, nullptr);
+  Select(out, "lstRoutes", 0);
+  Select(out, "lstWaypoints", 0);
+  album.Keep(out, "frmGpxExport");
+  album.Keep(*ImportOfATrip(desktop), "frmGpxImport");
+  using Source = frmTextExport::Source;
+  for (const auto& [source, name] : {std::pair(Source::kRoute, "frmTextRouteExport"),
+                                     std::pair(Source::kWaypoints, "frmTextWayExport"),
+                                     std::pair(Source::kCourse, "frmCOGexport")}) {
+    frmTextExport form(desktop, source, nullptr);
+    if (source != Source::kCourse) Select(form, "fillist", 0);
+    album.Keep(form, name);
+  }
+  const Folders& folders = studio.program.folders;
+  const std::string tables = JoinPath(folders.documents, "Tables");
+  const std::string route = ListFiles(folders.Routes(), FileKind::kRoute).front();
+  (void)MakeFolder(tables);
+  (void)ReplaceFile(JoinPath(tables, "Trip.csv"), *TableOfFile(folders, FileKind::kRoute, route));
+  studio.program.config.text_folder = tables;
+  frmTxtFileImport in(desktop, FileKind::kRoute, nullptr, nullptr);
+  Select(in, "fillist", 0);
+  album.Keep(in, "frmTxtRouteImport");
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ KindTexts TextsOf(KmlKind kind) {
       return {"frmGoogleRouteExport", "Export a Route to a KML Viewer", "&Routes", "&Points"};
     case KmlKind::kWaypoints:
       return {"frmGoogleWayExport", "Export Waypoints to a KML Viewer", "&Waypoint files",
-              "&Waypoints"};
+              "Wa&ypoints"};
     case KmlKind::kTrack:
       break;
   }

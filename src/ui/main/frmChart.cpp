@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
@@ -23,10 +25,10 @@
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
+#include "ui/main/imports.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
-#include "ui/routes/frmLoadWay.h"
 #include "ui/routes/leaving.h"
 #include "ui/widgets/live_dialog.h"
 #include "ui/widgets/qt_text.h"
@@ -158,6 +160,7 @@ frmChart::frmChart(Program& program, Messages& messages, SettingsStore& settings
   viewer_->setFocusPolicy(Qt::StrongFocus);
   viewer_->setAccessibleName("Chart");
   setCentralWidget(viewer_);
+  setAcceptDrops(true);
   viewer_->SetEvents(&events_);
   viewer_->SetOverlayPainter(
       [this](DrawingSurface& surface, const ViewGeometry& area) { PaintOverlays(surface, area); });
@@ -211,7 +214,7 @@ void frmChart::MakeActions() {
     if (command->checked != nullptr) made->setCheckable(true);
     made->setData(ToQt(command->key));
     connect(made, &QAction::triggered, this, [this, command] {
-      if (command->run != nullptr && !view_.busy) command->run(context_);
+      if (!view_.busy) command->run(context_);
       Changed(0);
       // The chart has the keyboard again, whatever was clicked.
       if (isActiveWindow()) viewer_->setFocus();
@@ -379,18 +382,15 @@ void frmChart::OpenFile(const std::string& path) {
   if (kind == ".rte") {
     route_.LoadFile(path);
   } else if (kind == ".way") {
-    route_.WithWaypoints([&] {
-      const Status opened = OpenWaypointFile(desktop_, path);
-      if (!opened) {
-        desktop_.messages.Show(opened.error().Text(), MessageIcon::kWarning, kProgramTitle);
-      }
-    });
+    OpenWaypoints(context_, path);
+  } else if (kind == ".gpx") {
+    ImportGpx(context_, path);
   } else if (kind == kLogEnding) {
     ReplayFile(path);
   } else if (kind == ".cht" || kind == ".l55") {
     chart_.OpenStored(path.substr(0, path.rfind('.')) + ".cht");
   } else {
-    desktop_.messages.Show(path + ": this is no route, waypoint, chart or log file",
+    desktop_.messages.Show(path + ": this is no route, waypoint, GPX, chart or log file",
                            MessageIcon::kWarning, kProgramTitle);
   }
   Changed(kAllChanged);
@@ -454,7 +454,7 @@ void frmChart::UpdateActions() {
   for (const Command* command : AllCommands()) {
     QAction* known = action(command->name);
     if (met != needs_shown_) {
-      known->setEnabled(command->run != nullptr && (command->needs & ~met) == 0);
+      known->setEnabled((command->needs & ~met) == 0);
     }
     if (command->checked != nullptr) known->setChecked(command->checked(context_));
     if (command->shown != nullptr) known->setVisible(command->shown(context_));
@@ -758,6 +758,30 @@ void frmChart::contextMenuEvent(QContextMenuEvent* event) {
   if (view_.busy || (!by_key && viewer_->QWidget::geometry().contains(event->pos()))) return;
   if (chart_.HasPlaces()) view_.last_click = view_.cursor;
   ShowPopUp(event->globalPos());
+}
+
+void frmChart::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  const bool files =
+      std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
+  if (!files || view_.busy || !event->possibleActions().testFlag(Qt::CopyAction)) return;
+  // Never a move: the program that the file comes from would delete it.
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+}
+
+void frmChart::dropEvent(QDropEvent* event) {
+  QStringList paths;
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile()) paths.append(url.toLocalFile());
+  }
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  // The other program waits until the drop is over, and a dialog may come up.
+  QTimer::singleShot(0, this, [this, paths] {
+    activateWindow();
+    for (const QString& path : paths) OpenFile(FromQt(path));
+  });
 }
 
 void frmChart::closeEvent(QCloseEvent* event) {

@@ -42,8 +42,9 @@ class frmChart final : public QMainWindow, public MainWindowPort {
 
   // Shows the first chart and starts the timers; the program's data have been loaded.
   void Start();
-  // Opens a file named on the command line: a route, a waypoint file, a chart's settings, or a log,
-  // which is replayed.
+  // Opens a file named on the command line or dropped on the window: a route, a waypoint file, a
+  // chart's settings, a GPX document, of which the user chooses what to take, or a log, which is
+  // replayed.
   void OpenFile(const std::string& path);
   // Replays a log, where it lies on the chart: a path, or the name of one in the tracks folder or
   // among the samples.
@@ -64,6 +65,8 @@ class frmChart final : public QMainWindow, public MainWindowPort {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -33,12 +33,21 @@
 #include "ui/dialogs/frmroutehistory.h"
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/dialogs/frmtimdat.h"
+#include "ui/exchange/frmGoogleExport.h"
+#include "ui/exchange/frmGpxExport.h"
+#include "ui/exchange/frmGpxImport.h"
+#include "ui/exchange/frmTextExport.h"
+#include "ui/exchange/frmTxtFileImport.h"
 #include "ui/instruments/frmAISGPSConfig.h"
 #include "ui/instruments/frmAISLog.h"
 #include "ui/instruments/frmAISSummary.h"
 #include "ui/instruments/frmCommsInfo.h"
 #include "ui/instruments/frmGPSLog.h"
+#include "ui/instruments/frmNewTrackName.h"
+#include "ui/instruments/frmTrackDelete.h"
+#include "ui/instruments/frmTrackSelect.h"
 #include "ui/instruments/frmgpsdetail.h"
+#include "ui/instruments/frmhisttrack.h"
 #include "ui/routes/frmFileDelete.h"
 #include "ui/routes/frmLoadWay.h"
 #include "ui/routes/frmNewWay.h"
@@ -90,6 +99,16 @@ Opened Open(Desktop& desktop) {
 template <typename Form, FileKind kind>
 Opened OpenKind(Desktop& desktop) {
   return std::make_unique<Form>(desktop, kind, nullptr);
+}
+
+template <typename Form, typename Kind, Kind kind>
+Opened Export(Desktop& desktop) {
+  return std::make_unique<Form>(desktop, kind, nullptr);
+}
+
+template <FileKind kind>
+Opened OpenImport(Desktop& desktop) {
+  return std::make_unique<frmTxtFileImport>(desktop, kind, nullptr, nullptr);
 }
 
 PortList UkPorts(const Desktop& desktop) { return *ListPorts(desktop.program.folders, "UK.hc"); }
@@ -316,6 +335,47 @@ const Row kRows[] = {
      "lblCount lblTime lblName cmdMark cmdClearMark cmdCopyDetails cmdShow",
      [](Desktop& desktop) -> Opened {
        return std::make_unique<frmAISSummary>(desktop, ShowPlace(), nullptr);
+     }},
+    {"frmTrackSelect", "Select track", "cmdOK", "OptTrack optTable trackFileBox cmdOK cmdCancel",
+     "lblTrack", Open<frmTrackSelect>},
+    {"frmTrackDelete", "Delete a Track File", "cmdOK", "trackFileBox cmdOK cmdCancel", "",
+     Open<frmTrackDelete>},
+    {"frmNewTrackName", "Select track name", "cmdOK",
+     "txtNewTrackName trackFileBox cmdOK cmdCancel", "", Open<frmNewTrackName>},
+    {"frmhisttrack", "Historical Plot", "cmdExit", "List1 Option1 Option2 cmdPrint cmdExit", "",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmhisttrack>(desktop, PlotTable(), nullptr);
+     }},
+    {"frmGoogleRouteExport", "Export a Route to a KML Viewer", "Save",
+     "fillist List1 txtFileName txtDescription Save cmdCancel", "",
+     Export<frmGoogleExport, KmlKind, KmlKind::kRoute>},
+    {"frmGoogleWayExport", "Export Waypoints to a KML Viewer", "Save",
+     "fillist List1 txtFileName txtDescription Save cmdCancel", "",
+     Export<frmGoogleExport, KmlKind, KmlKind::kWaypoints>},
+    {"frmGoogleTrackExport", "Export a Track to a KML Viewer", "Save",
+     "fillist List1 txtFileName txtDescription Save cmdCancel", "",
+     Export<frmGoogleExport, KmlKind, KmlKind::kTrack>},
+    {"frmTextRouteExport", "Export a Route as Text", "Save", "fillist List1 Save cmdCancel", "",
+     Export<frmTextExport, frmTextExport::Source, frmTextExport::Source::kRoute>},
+    {"frmTextWayExport", "Export Waypoints as Text", "Save", "fillist List1 Save cmdCancel", "",
+     Export<frmTextExport, frmTextExport::Source, frmTextExport::Source::kWaypoints>},
+    {"frmCOGexport", "Export Course Over Ground as Text", "Save", "List1 Save cmdCancel", "",
+     Export<frmTextExport, frmTextExport::Source, frmTextExport::Source::kCourse>},
+    {"frmTxtRouteImport", "Import a Route from Text", "cmdOK",
+     "txtFolder cmdBrowse fillist List1 txtFileName chkShow cmdOK cmdCancel", "lblRemarks",
+     OpenImport<FileKind::kRoute>},
+    {"frmTxtWayImport", "Import Waypoints from Text", "cmdOK",
+     "txtFolder cmdBrowse fillist List1 txtFileName chkShow cmdOK cmdCancel", "lblRemarks",
+     OpenImport<FileKind::kWaypoint>},
+    {"frmGpxExport", "Export as GPX", "Save",
+     "chkCurrentRoute lstRoutes lstWaypoints lstTracks Save cmdCancel", "", Open<frmGpxExport>},
+    {"frmGpxImport", "Import a GPX Document", "cmdOK",
+     "lstContents chkShow cmdSelectAll cmdSelectNone cmdOK cmdCancel", "lblSummary lblRemarks",
+     [](Desktop& desktop) -> Opened {
+       GpxContents contents{"a.gpx", {}, {}};
+       contents.document.waypoints.resize(2);
+       contents.items = GpxItemsOf(contents.document, contents.path);
+       return std::make_unique<frmGpxImport>(desktop, contents, nullptr, nullptr);
      }},
     {"frmUnsaved", "Unsaved Changes", "cmdSave", "cmdDiscard cmdSave cmdCancel", "",
      [](Desktop& desktop) -> Opened {

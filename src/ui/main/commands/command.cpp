@@ -8,7 +8,7 @@ std::vector<const Command*> AllCommands() {
        {FileCommands(), ChartCommands(), ChartToolCommands(), RouteCommands(), TimeCommands(),
         WaypointCommands(), ViewCommands(), TideCommands(), StreamCommands(), DriftCommands(),
         WindCommands(), GpsCommands(), AisCommands(), TrackCommands(), ExchangeCommands(),
-        HelpCommands(), LaterCommands()}) {
+        HelpCommands()}) {
     for (const Command& command : rows) all.push_back(&command);
   }
   return all;

@@ -50,7 +50,6 @@ struct Command {
   std::string_view tip;      // what it does, for the tool tip and the status bar; may be empty
   std::string_view key;      // as the tool tip and the menu show it; the key table binds it
   std::uint32_t needs = kNoNeed;
-  // Null: the subsystem is not there yet, and the command stands disabled.
   void (*run)(Context&) = nullptr;
   // The check mark; null for commands that have none.
   bool (*checked)(const Context&) = nullptr;
@@ -75,8 +74,6 @@ std::span<const Command> GpsCommands();
 std::span<const Command> AisCommands();
 std::span<const Command> TrackCommands();
 std::span<const Command> ExchangeCommands();
-// What belongs to subsystems that are not there yet.
-std::span<const Command> LaterCommands();
 
 // All rows.
 std::vector<const Command*> AllCommands();
