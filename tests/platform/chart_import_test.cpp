@@ -5,7 +5,7 @@
 #include <cpl_conv.h>
 #include <cpl_string.h>
 #include <filesystem>
-#include <fstream>
+#include <functional>
 #include <gdal.h>
 #include <gdal_alg.h>
 #include <gtest/gtest.h>
@@ -587,7 +587,8 @@ TEST_F(ChartImportTest, ThePreviewShowsTheFile) {
   MakeFile(path, {32630, {430000, 20, 0, 5640000, 0, -20}, Paint::kPalette});
   const auto source = OpenChartSource(path);
   ASSERT_TRUE(source);
-  const Result<RgbPicture> picture = (*source)->Preview(220);
+  NoProgress progress;
+  const Result<RgbPicture> picture = (*source)->Preview(220, progress);
   ASSERT_TRUE(picture);
   EXPECT_EQ(picture->width, 220);
   EXPECT_EQ(picture->height, 160);
