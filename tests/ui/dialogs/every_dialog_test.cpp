@@ -13,6 +13,7 @@
 #include "platform/polars.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
+#include "ui/charts/frmImportChart.h"
 #include "ui/charts/frmLoadChart.h"
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmCalcCOG.h"
@@ -133,8 +134,11 @@ const Row kRows[] = {
      "txtTime lsthrs lstmins lstDay lstMonth lstYear cmdOK cmdCancel", "Predictedday",
      Open<frmtimdat>},
     {"frmLoadChart", "Select Chart", "cmdOK",
-     "lstAreas cmbScale txtScale txtSearch cmdSearch List1 cmdOK cmdCancel",
-     "lblChartNumber GdViewer1", Open<frmLoadChart>},
+     "lstAreas cmbScale txtScale txtSearch cmdSearch List1 cmdImport cmdOK cmdCancel",
+     "lblChartNumber GdViewer1 cmdRemove", Open<frmLoadChart>},
+    {"frmImportChart", "Import Chart", "cmdBrowse",
+     "cmdBrowse txtTitle cmbArea txtScale txtKey cmdCancel",
+     "txtFile lblDetails lblAreaHint GdViewer1 cmdImport", Open<frmImportChart>},
     {"frmQuickInstructions", "Quick Instructions", "cmdOK", "txtInstructions cmdOK", "",
      Open<frmQuickInstructions>},
     {"frmConfigure", "General Settings", "cmdOK",

@@ -17,6 +17,7 @@
 #include "ui/dialogs/frmtimdat.h"
 #include "ui/forms/report_look.h"
 #include "ui/widgets/date_services.h"
+#include "ui/widgets/picture_preview.h"
 #include "ui/widgets/print_lines.h"
 
 namespace skerrow::testing {
