@@ -89,8 +89,8 @@ int Lightness(const std::array<std::uint8_t, 3>& colour) {
   return colour[0] + colour[1] + colour[2];
 }
 
-// The palette of a band with transparent entries turned to paper; the index of white, which is
-// added where there is room and none is there.
+// The palette of a band with transparent entries turned to paper. Paper is white, which is added
+// where there is none and room for it; else the lightest colour.
 void TakePalette(GDALColorTableH table, ColourBands& bands) {
   const int count = std::min(GDALGetColorEntryCount(table), 256);
   for (int i = 0; i < count; ++i) {
