@@ -36,6 +36,12 @@ constexpr double kTransformError = 0.125;
 // Charts on paper are scanned and sold at 254 dots an inch: a pixel is 0.1 mm of paper.
 constexpr double kMetresOfPaper = 0.0001;
 
+// Pictures are PNG: they keep palettes, which lossless WebP doesn't and which open in half its time
+// and a quarter of its memory; they have no limit of 16,383 pixels and are written row by row. The
+// level is the one that keeps up with the warping on the grain of a scan; higher ones take three
+// times as long, for 15 % less, and open no faster.
+constexpr char kCompression[] = "ZLEVEL=2";
+
 constexpr int kStripRows = 256;
 constexpr int kTileColumns = 1024;
 constexpr int kPreviewSide = 400;  // pixels, as the previews that come with the program
@@ -633,7 +639,7 @@ Status GdalChartSource::WriteSheet(const std::string& picture, const std::string
   }
   // No side files beside ours.
   CPLSetThreadLocalConfigOption("GDAL_PAM_ENABLED", "NO");
-  std::optional<std::string> fault = Encode("PNG", options->hDstDS, picture, {"ZLEVEL=6"}, watched);
+  std::optional<std::string> fault = Encode("PNG", options->hDstDS, picture, {kCompression}, watched);
   if (!fault) {
     NoProgress not_shown;
     const Handle memory = MemoryPicture(small.Made());

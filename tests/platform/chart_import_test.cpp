@@ -432,6 +432,24 @@ class KapChart : public ChartImportTest {
           return static_cast<int>(painted[static_cast<std::size_t>(y * kAcross + x)]);
         }));
   }
+  // Every mark arrives, so many seconds north and east of where the reference points alone put it.
+  void ExpectMarks(const std::string& chart, double north, double east) {
+    const Sheet sheet = ReadSheet(chart + ".l55");
+    const ChartView view = ViewOf(chart, sheet);
+    int found = 0;
+    for (const Spot& spot : Spots(kAcross, kDown)) {
+      if (spot.x < 60 || spot.y < 60 || spot.x > 840 || spot.y > 1040) continue;
+      const Position place = At(spot.x + 0.5, spot.y + 0.5);
+      const int column = view.LongToCol(static_cast<float>(place.longitude + east / 3600.0));
+      const int line = view.LatToRow(static_cast<float>(place.latitude + north / 3600.0));
+      const auto middle = DarkMiddle(sheet, column, line);
+      ASSERT_TRUE(middle);
+      ++found;
+      EXPECT_NEAR(middle->first, column, 1.0);
+      EXPECT_NEAR(middle->second, line, 1.0);
+    }
+    EXPECT_GE(found, 12);
+  }
 };
 
 TEST_F(KapChart, HeaderCollarAndPositions) {
@@ -451,20 +469,7 @@ TEST_F(KapChart, HeaderCollarAndPositions) {
     for (int x = 3; x < sheet.width - 3; ++x) red += sheet.At(x, y) == 255 ? 1 : 0;
   }
   EXPECT_EQ(red, 0);
-  const ChartView view = ViewOf(chart, sheet);
-  int found = 0;
-  for (const Spot& spot : Spots(kAcross, kDown)) {
-    if (spot.x < 60 || spot.y < 60 || spot.x > 840 || spot.y > 1040) continue;
-    const Position place = At(spot.x + 0.5, spot.y + 0.5);
-    const int column = view.LongToCol(place.longitude);
-    const int line = view.LatToRow(place.latitude);
-    const auto middle = DarkMiddle(sheet, column, line);
-    ASSERT_TRUE(middle);
-    ++found;
-    EXPECT_NEAR(middle->first, column, 1.0);
-    EXPECT_NEAR(middle->second, line, 1.0);
-  }
-  EXPECT_GE(found, 12);
+  ExpectMarks(chart, 0.0, 0.0);
 }
 
 // Two minutes to the north and one to the west, about 2.6 pixels and 1.3; edges lie on whole
@@ -474,7 +479,7 @@ TEST_F(KapChart, TheShiftOfItsDatumIsApplied) {
   ChartSourceInfo shifted;
   ChartSourceInfo untold;
   (void)Import(Write(), &plain);
-  (void)Import(Write("EUROPEAN 1950", "DTM/120.0,-60.0\r\n"), &shifted);
+  ExpectMarks(Import(Write("EUROPEAN 1950", "DTM/120.0,-60.0\r\n"), &shifted), 120.0, -60.0);
   (void)Import(Write("EUROPEAN 1950"), &untold);
   EXPECT_NEAR(shifted.bounds.north - plain.bounds.north, 120.0 / 3600.0, 0.004);
   EXPECT_NEAR(shifted.bounds.west - plain.bounds.west, -60.0 / 3600.0, 0.004);

@@ -26,6 +26,7 @@ frmImportChart::frmImportChart(Desktop& desktop, QWidget* parent)
       file_(Named<QLineEdit>("txtFile")),
       browse_(Named<QPushButton>("cmdBrowse", "&Choose File…")),
       details_(MakeHint("")),
+      notes_(Named<QLabel>("lblNotes")),
       areas_(Named<QComboBox>("cmbArea")),
       area_hint_(MakeHint("")),
       key_box_(Named<QLineEdit>("txtKey")),
@@ -94,6 +95,10 @@ QLayout* frmImportChart::MakeFields() {
   row->addWidget(browse_);
   column->addLayout(row);
   column->addWidget(details_);
+  notes_->setWordWrap(true);
+  notes_->setProperty("warning", true);
+  notes_->hide();
+  column->addWidget(notes_);
   auto* grid = new QGridLayout;
   grid->addWidget(MakeLabel("&Title:", title_), 0, 0);
   grid->addWidget(title_, 0, 1, 1, 3);
@@ -214,6 +219,7 @@ void frmImportChart::ShowSource() {
   const ChartSource* source = importer_.source();
   import_->setEnabled(source != nullptr);
   preview_->Set(importer_.preview());
+  notes_->setVisible(source != nullptr && !source->info().notes.empty());
   if (source == nullptr) {
     details_->setText(
         "A chart that tells its own place is brought onto a sheet of this program; a plain scan is "
@@ -224,6 +230,9 @@ void frmImportChart::ShowSource() {
   QStringList lines;
   for (const std::string& line : ImportLines(info)) lines << ToQt(line);
   details_->setText(lines.join('\n'));
+  QStringList notes;
+  for (const std::string& note : info.notes) notes << ToQt(note);
+  notes_->setText(notes.join('\n'));
   title_->setText(ToQt(info.title));
   scale_->SetText(info.scale > 0.0 ? FormatFixed(info.scale, 1, 0) : "");
   import_->setDefault(true);

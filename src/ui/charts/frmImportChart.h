@@ -55,6 +55,7 @@ class frmImportChart : public Dialog {
   QLineEdit* file_;
   QPushButton* browse_;
   QLabel* details_;
+  QLabel* notes_;
   QComboBox* areas_;
   QLabel* area_hint_;
   QLineEdit* key_box_;

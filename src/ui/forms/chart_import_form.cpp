@@ -25,7 +25,6 @@ std::vector<std::string> ImportLines(const ChartSourceInfo& info) {
                         ? "Taken pixel for pixel"
                         : "Becomes a sheet of " + pixels(info.sheet.width, info.sheet.height));
   }
-  lines.insert(lines.end(), info.notes.begin(), info.notes.end());
   return lines;
 }
 

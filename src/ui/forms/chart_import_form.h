@@ -16,8 +16,7 @@
 // What the dialog that brings charts in says, and its work.
 namespace skerrow {
 
-// What is known of a chart's file, a line each: its kind and size, its borders, what is made of it,
-// and what the user should know.
+// What is known of a chart's file, a line each: its kind and size, its borders, what is made of it.
 std::vector<std::string> ImportLines(const ChartSourceInfo& info);
 
 // The fields of the dialog as they stand.

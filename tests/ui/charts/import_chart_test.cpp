@@ -52,7 +52,8 @@ TEST_F(ImportWindow, AChartIsLookedAtNamedAndBroughtIn) {
   const QString details = Find<QLabel>(form, "lblDetails")->text();
   EXPECT_TRUE(details.contains("50.34.83N  001.30.03W  to  50.42.03N  001.22.83W"))
       << details.toStdString();
-  EXPECT_TRUE(details.contains("WGS 84")) << details.toStdString();
+  const auto* notes = Find<QLabel>(form, "lblNotes");
+  EXPECT_TRUE(notes->isVisible() && notes->text().contains("WGS 84"));
   // What stands in the way is told, and the field has the keyboard.
   const struct {
     const char* box;

@@ -138,7 +138,7 @@ const Row kRows[] = {
      "lblChartNumber GdViewer1 cmdRemove", Open<frmLoadChart>},
     {"frmImportChart", "Import Chart", "cmdBrowse",
      "cmdBrowse txtTitle cmbArea txtScale txtKey cmdCancel",
-     "txtFile lblDetails lblAreaHint GdViewer1 cmdImport", Open<frmImportChart>},
+     "txtFile lblDetails lblNotes lblAreaHint GdViewer1 cmdImport", Open<frmImportChart>},
     {"frmQuickInstructions", "Quick Instructions", "cmdOK", "txtInstructions cmdOK", "",
      Open<frmQuickInstructions>},
     {"frmConfigure", "General Settings", "cmdOK",
