@@ -136,7 +136,7 @@ TEST(TextTable, WhatCannotBeIsToldWithItsLine) {
       {"B,50.60.00N,0,5", "line 3: \"50.60.00N\" is no latitude"},
       {"B,50.30N,0,5", "line 3: \"50.30N\" is no latitude"},
       {"B,50.30.00E,0,5", "line 3: \"50.30.00E\" is no latitude"},
-      {"B,50 61 N,0,5", "line 3: \"50 61 N\" is no latitude"},
+      {"B,50 60 N,0,5", "line 3: \"50 60 N\" is no latitude"},
       {"B,50 30.5 10 N,0,5", "line 3: \"50 30.5 10 N\" is no latitude"},
       {"B,50", "line 3: there is no longitude"},
       {"\"B\nC\",,0,5", "line 3: there is no latitude"},

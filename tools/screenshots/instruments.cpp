@@ -148,10 +148,9 @@ void KeepExchange(const Album& album, Studio& studio) {
   album.Keep(*ImportOfATrip(desktop), "frmGpxImport");
   using Source = frmTextExport::Source;
   for (const auto& [source, name] : {std::pair(Source::kRoute, "frmTextRouteExport"),
-                                     std::pair(Source::kWaypoints, "frmTextWayExport"),
-                                     std::pair(Source::kCourse, "frmCOGexport")}) {
+                                     std::pair(Source::kWaypoints, "frmTextWayExport")}) {
     frmTextExport form(desktop, source, nullptr);
-    if (source != Source::kCourse) Select(form, "fillist", 0);
+    Select(form, "fillist", 0);
     album.Keep(form, name);
   }
   const Folders& folders = studio.program.folders;

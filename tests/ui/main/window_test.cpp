@@ -886,7 +886,7 @@ TEST_F(Window, FilesOfTheCommandLineAreTakenOrRefused) {
        ": the chart is not calibrated, a calibration latitude lies at or beyond a pole"},
       {write("bad.way", std::string(7, 'x')), ": there is no waypoint in it"},
       {user_.File("gone.way"), ": the file does not exist"},
-      {write("notes.txt", ""), ": this is no route, waypoint, chart or log file"}};
+      {write("notes.txt", ""), ": this is no route, waypoint, GPX, chart or log file"}};
   OnDialog([](QWidget* unsaved) { Click(unsaved, "cmdDiscard"); });
   for (const auto& [file, reason] : bad) {
     messages_.Expect(file + reason);
