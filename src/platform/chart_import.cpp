@@ -639,7 +639,8 @@ Status GdalChartSource::WriteSheet(const std::string& picture, const std::string
   }
   // No side files beside ours.
   CPLSetThreadLocalConfigOption("GDAL_PAM_ENABLED", "NO");
-  std::optional<std::string> fault = Encode("PNG", options->hDstDS, picture, {kCompression}, watched);
+  std::optional<std::string> fault =
+      Encode("PNG", options->hDstDS, picture, {kCompression}, watched);
   if (!fault) {
     NoProgress not_shown;
     const Handle memory = MemoryPicture(small.Made());
