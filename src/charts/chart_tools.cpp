@@ -1,12 +1,17 @@
 #include "charts/chart_tools.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
+#include "charts/chart_library.h"
+#include "charts/chart_view.h"
 #include "core/data_files.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/position.h"
 #include "core/record.h"
 #include "core/text.h"
 
@@ -18,6 +23,9 @@ constexpr std::string_view kIndexEnding = ".xrf";
 // The provider of charts that are a skipper's own, and the format of their images.
 constexpr const char* kProvider = "Skerrow Helm";
 constexpr const char* kImageFormat = "Raster";
+
+// Borders that share less are those of another calibration, not of a corrected one.
+constexpr double kLeastSharedBorders = 0.5;
 
 // The bytes of a record in which the fields that differ between `before` and `after` are new. All
 // others stay as they are, down to what is hidden behind the end of a text.
@@ -70,17 +78,38 @@ Status PatchEntry(const Folders& folders, IndexList& list, std::size_t row,
       Patched(list.file.Record(before.record), before.entry, entry, kChartIndexFields));
 }
 
+// The share of the larger of two entries' borders that both have in common, 0 to 1.
+double SharedBorders(const ChartIndexEntry& a, const ChartIndexEntry& b) {
+  const auto span = [](float low, float high) {
+    return std::max(static_cast<double>(high) - low, 0.0);
+  };
+  const auto area = [&](const ChartIndexEntry& entry) {
+    return span(entry.lower_lat, entry.upper_lat) * span(entry.lower_lon, entry.upper_lon);
+  };
+  const double shared =
+      span(std::max(a.lower_lat, b.lower_lat), std::min(a.upper_lat, b.upper_lat)) *
+      span(std::max(a.lower_lon, b.lower_lon), std::min(a.upper_lon, b.upper_lon));
+  const double larger = std::max(area(a), area(b));
+  return larger > 0.0 ? shared / larger : 0.0;
+}
+
+std::string BordersText(const ChartIndexEntry& entry) {
+  return LatToText(entry.lower_lat) + "  " + LongToText(entry.lower_lon) + "  to  " +
+         LatToText(entry.upper_lat) + "  " + LongToText(entry.upper_lon);
+}
+
 // Whether a text fits into so many bytes of a record without a loss.
 bool Fits(const std::string& text, std::size_t size) {
   const std::string bytes = ToAnsi(text);
   return bytes.size() <= size && FromAnsi(bytes) == text;
 }
 
-// The issue mark of a chart as its file has it.
+// The issue mark of a chart as its file has it; none where it is 0, as that of an own chart.
 std::string IssueOf(const Folders& folders, std::string_view chart_key) {
   const Result<std::optional<ChartFileRecord>> chart =
       ReadCalibration(folders, ChartPathOf(folders, chart_key), Calibration::kWorking);
-  return chart && chart.value() ? IssueMark(chart.value()->issue) : "";
+  if (!chart || !chart.value() || chart.value()->issue == 0.0F) return "";
+  return IssueMark(chart.value()->issue);
 }
 
 // A field of a comma-separated line (RFC 4180).
@@ -218,6 +247,38 @@ Status SetIndexScale(const Folders& folders, IndexList& list, std::size_t row, f
   ChartIndexEntry entry = list.rows[row].entry;
   entry.scale = scale;
   return PatchEntry(folders, list, row, entry);
+}
+
+std::optional<StrayEntry> FindStrayEntry(const Folders& folders, std::string_view chart_key,
+                                         const ChartRecord& chart) {
+  const ChartView view = MakeChartView(chart, static_cast<std::int32_t>(chart.file.width),
+                                       static_cast<std::int32_t>(chart.file.height));
+  const auto [south, north] =
+      std::minmax({view.RowToLat(0.0), view.RowToLat(static_cast<double>(chart.file.height))});
+  const auto [west, east] = std::minmax({chart.west_lon, chart.east_lon});
+  for (const std::string& area : SeaAreas(folders)) {
+    Result<IndexList> list = ListIndex(folders, area);
+    if (!list) continue;
+    for (std::size_t row = 0; row < list->rows.size(); ++row) {
+      const ChartIndexEntry& entry = list->rows[row].entry;
+      if (Trim(entry.chart_key) != chart_key) continue;
+      ChartIndexEntry placed = entry;
+      placed.scale = chart.scale;
+      placed.lower_lat = south;
+      placed.lower_lon = west;
+      placed.upper_lat = north;
+      placed.upper_lon = east;
+      if (SharedBorders(entry, placed) >= kLeastSharedBorders) continue;
+      return StrayEntry{std::move(list.value()), row, std::move(placed)};
+    }
+  }
+  return std::nullopt;
+}
+
+std::string StrayEntryQuestion(const StrayEntry& stray) {
+  return "The index of " + stray.list.sea_area + " has this chart elsewhere,\n" +
+         BordersText(stray.list.rows[stray.row].entry) +
+         "\nShall it have the borders of this calibration?\n" + BordersText(stray.placed);
 }
 
 std::vector<CatalogueLine> ChartCatalogue(const Folders& folders,

@@ -80,6 +80,23 @@ Status DeleteIndexEntry(const Folders& folders, IndexList& list, std::size_t row
 // Stores a scale in a row's entry and leaves the rest of it alone, right or wrong.
 Status SetIndexScale(const Folders& folders, IndexList& list, std::size_t row, float scale);
 
+// An entry that has its chart elsewhere than the calibration does, as that of a scan that has been
+// calibrated since it was brought in.
+struct StrayEntry {
+  IndexList list;
+  std::size_t row = 0;
+  ChartIndexEntry placed;  // the entry with the scale of the calibration and the image's borders
+};
+
+// The entry of a chart, in whichever index has it, when its borders and those of the image by
+// `chart` have less than half of the larger of the two in common. Indexes that cannot be read are
+// passed over.
+std::optional<StrayEntry> FindStrayEntry(const Folders& folders, std::string_view chart_key,
+                                         const ChartRecord& chart);
+
+// The question whether the entry is to follow, with the borders it has and would have.
+std::string StrayEntryQuestion(const StrayEntry& stray);
+
 // ---------------------------------------------------------------- texts about the charts
 
 // What a catalogue tells of a chart.
@@ -89,7 +106,7 @@ struct CatalogueLine {
   std::string title;
   std::string provider;
   std::string format;
-  std::string issue;       // "5/1200"; empty where the calibration cannot be read
+  std::string issue;       // "5/1200"; empty where the calibration has none or cannot be read
   std::string sheet;       // "Main panel", or "Panel" and its text
   float lower_lat = 0.0F;  // degrees
   float lower_lon = 0.0F;

@@ -92,7 +92,8 @@ struct CalibrateWords {
   std::vector<std::string> points;  // row, column, latitude, longitude of one or both corners
   bool restore = false;             // the calibration as delivered
 };
-// Changes the calibration of a chart in its file, which keeps the one delivered, and shows it.
+// Changes the calibration of a chart in its file, which keeps the one delivered, and shows it. An
+// entry of an index that has the chart elsewhere follows.
 Outcome CalibrateChart(Session& session, const CalibrateWords& words);
 
 struct ChartImportWords {

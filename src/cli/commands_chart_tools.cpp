@@ -156,6 +156,13 @@ Outcome CalibrateChart(Session& session, const CalibrateWords& words) {
   if (auto failure = TakeFields(words, chart)) return *failure;
   const Status saved = SaveCalibration(folders, path, chart, Delivered::kKept);
   if (!saved) return Failed(saved.error());
+  if (const Result<ChartRecord> worked_out = WorkOutChart(chart)) {
+    std::optional<StrayEntry> stray = FindStrayEntry(folders, words.key, *worked_out);
+    if (stray && session.messages.Ask(StrayEntryQuestion(*stray), kProgramTitle)) {
+      const Status placed = ModifyIndexEntry(folders, stray->list, stray->row, stray->placed);
+      if (!placed) return Failed(placed.error());
+    }
+  }
   return ShowChart(session, {words.key, ""});
 }
 

@@ -59,7 +59,8 @@ class ChartSource {
   virtual const ChartSourceInfo& info() const = 0;
 
   // The file's picture as it is, reduced so that its longer side has at most `longest` pixels.
-  virtual Result<RgbPicture> Preview(int longest) = 0;
+  // Errors: kImportCancelled, unreadable.
+  virtual Result<RgbPicture> Preview(int longest, Progress& progress) = 0;
 
   // Writes the sheet's picture, and a small one of it, over the files at the two paths. Errors:
   // kImportCancelled, an unreadable source, a file that cannot be written. What was written up to

@@ -10,7 +10,7 @@
 namespace skerrow {
 namespace {
 
-constexpr std::size_t kLongestHeader = 256 * 1024;
+constexpr std::size_t kLongestHeader = std::size_t{256} * 1024;
 constexpr char kHeaderEnd = 0x1a;
 
 // The lines of a header, those that go on in the next one joined.

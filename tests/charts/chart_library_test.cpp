@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "charts/chart_view.h"
@@ -24,7 +25,7 @@ class FakeSource final : public ChartSource {
     info_.sheet = {400, 300, 51.0F, 50.0F, -2.0F, 0.0F};
   }
   const ChartSourceInfo& info() const override { return info_; }
-  Result<RgbPicture> Preview(int) override { return RgbPicture{}; }
+  Result<RgbPicture> Preview(int, Progress&) override { return RgbPicture{}; }
   Status WriteSheet(const std::string& picture, const std::string& preview,
                     Progress& progress) override {
     if (before_writing) before_writing();

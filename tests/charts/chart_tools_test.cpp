@@ -232,6 +232,40 @@ TEST_F(ChartTools, TheLastDeletionLeavesAnEmptyIndexThatCanBeFilledAgain) {
   EXPECT_EQ(IndexFile(), Bytes(entry));
 }
 
+// A scan has been placed about 0, 0 until it is calibrated.
+TEST_F(ChartTools, AnEntryElsewhereIsFoundAndFollows) {
+  ChartIndexEntry scan = Entry("a", "Scan", 1);
+  scan.lower_lat = scan.lower_lon = -0.01F;
+  scan.upper_lat = scan.upper_lon = 0.01F;
+  Index(Bytes(Entry("b", "Other", 5)) + Bytes(scan));
+  folder_.Write("program/Charts/Another.xrf", Bytes(Entry("c", "C", 5)));
+  const ChartRecord chart = *WorkOutChart(Channel());
+  std::optional<StrayEntry> stray = FindStrayEntry(folders_, "a", chart);
+  ASSERT_TRUE(stray);
+  EXPECT_EQ(stray->row, 1U);
+  // The image's edges: 100 rows beyond both lines by Mercator, 50 columns beyond the lines.
+  EXPECT_NEAR(stray->placed.upper_lat, 51.06524, 2e-5);
+  EXPECT_NEAR(stray->placed.lower_lat, 48.93190, 2e-5);
+  EXPECT_NEAR(stray->placed.lower_lon, -5.075, 1e-5);
+  EXPECT_NEAR(stray->placed.upper_lon, 1.075, 1e-5);
+  EXPECT_EQ(StrayEntryQuestion(*stray),
+            "The index of Area has this chart elsewhere,\n"
+            "00.00.60S  000.00.60W  to  00.00.60N  000.00.60E\n"
+            "Shall it have the borders of this calibration?\n"
+            "48.55.91N  005.04.50W  to  51.03.91N  001.04.50E");
+  ASSERT_TRUE(ModifyIndexEntry(folders_, stray->list, stray->row, stray->placed));
+  EXPECT_EQ(bytes::GetFloat(IndexFile(), 102 + 80), 500000.0F);
+  EXPECT_FALSE(FindStrayEntry(folders_, "a", chart));
+  // Borders at the calibration lines, as indexes have them, are no other place.
+  EXPECT_TRUE(FindStrayEntry(folders_, "b", chart)) << "a third as wide";
+  ChartIndexEntry lines = Entry("b", "Other", 5);
+  lines.lower_lon = -5.0F;
+  lines.upper_lon = 1.0F;
+  Index(Bytes(lines));
+  EXPECT_FALSE(FindStrayEntry(folders_, "b", chart));
+  EXPECT_FALSE(FindStrayEntry(folders_, "none", chart));
+}
+
 TEST_F(ChartTools, EntriesThatNoIndexCanHold) {
   const float nan = std::nanf("");
   const std::string long_key(17, 'k');

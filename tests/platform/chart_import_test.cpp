@@ -5,7 +5,7 @@
 #include <cpl_conv.h>
 #include <cpl_string.h>
 #include <filesystem>
-#include <fstream>
+#include <functional>
 #include <gdal.h>
 #include <gdal_alg.h>
 #include <gtest/gtest.h>
@@ -46,7 +46,11 @@ enum class Paint { kRgb, kGrey, kPalette, kAlpha, kBits };
 std::vector<std::uint8_t> Painted(int width, int height, int bands, std::uint8_t light,
                                   std::uint8_t dark) {
   const auto plane = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-  std::vector<std::uint8_t> pixels(plane * static_cast<std::size_t>(bands), light);
+  std::vector<std::uint8_t> pixels;
+  // Each band a shade darker than the one before.
+  for (int band = 0; band < bands; ++band) {
+    pixels.insert(pixels.end(), plane, static_cast<std::uint8_t>(light - 20 * band));
+  }
   for (const Spot& spot : Spots(width, height)) {
     for (int dy = -2; dy <= 2; ++dy) {
       for (int dx = -2; dx <= 2; ++dx) {
@@ -93,8 +97,8 @@ void MakeFile(const std::string& path, const Made& made) {
   }
   if (made.paint == Paint::kPalette) {
     GDALColorTableH table = GDALCreateColorTable(GPI_RGB);
-    const GDALColorEntry entries[] = {{10, 0, 20, 255}, {200, 230, 255, 255}, {255, 255, 255, 255}};
-    for (int i = 0; i < 3; ++i) GDALSetColorEntry(table, i, &entries[i]);
+    const GDALColorEntry entries[] = {{10, 0, 20, 255}, {200, 230, 255, 255}};
+    for (int i = 0; i < 2; ++i) GDALSetColorEntry(table, i, &entries[i]);
     GDALSetRasterColorTable(GDALGetRasterBand(memory, 1), table);
     GDALDestroyColorTable(table);
   }
@@ -126,17 +130,21 @@ void MakeFile(const std::string& path, const Made& made) {
   GDALClose(memory);
 }
 
+using Rgb = std::array<int, 3>;
+constexpr Rgb kPaper = {255, 255, 255};
+
 // A picture as the viewer has it.
 struct Sheet {
   int width = 0;
   int height = 0;
   int bands = 0;
-  std::vector<std::uint8_t> grey;  // the lightest channel of each pixel
+  std::vector<Rgb> pixels;
 
-  std::uint8_t At(int x, int y) const {
-    return grey[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                static_cast<std::size_t>(x)];
+  const Rgb& Colour(int x, int y) const {
+    return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                  static_cast<std::size_t>(x)];
   }
+  int At(int x, int y) const { return Colour(x, y)[0]; }
 };
 
 Sheet ReadSheet(const std::string& path) {
@@ -146,13 +154,22 @@ Sheet ReadSheet(const std::string& path) {
   sheet.width = GDALGetRasterXSize(file);
   sheet.height = GDALGetRasterYSize(file);
   sheet.bands = GDALGetRasterCount(file);
-  sheet.grey.resize(static_cast<std::size_t>(sheet.width) * static_cast<std::size_t>(sheet.height));
-  EXPECT_EQ(GDALRasterIO(GDALGetRasterBand(file, 1), GF_Read, 0, 0, sheet.width, sheet.height,
-                         sheet.grey.data(), sheet.width, sheet.height, GDT_Byte, 0, 0),
-            CE_None);
-  if (GDALColorTableH table = GDALGetRasterColorTable(GDALGetRasterBand(file, 1))) {
-    for (std::uint8_t& value : sheet.grey) {
-      value = static_cast<std::uint8_t>(GDALGetColorEntry(table, value)->c1);
+  sheet.pixels.resize(static_cast<std::size_t>(sheet.width) *
+                      static_cast<std::size_t>(sheet.height));
+  std::vector<std::uint8_t> read(sheet.pixels.size());
+  for (int channel = 0; channel < 3; ++channel) {
+    GDALRasterBandH band = GDALGetRasterBand(file, std::min(channel + 1, sheet.bands));
+    EXPECT_EQ(GDALRasterIO(band, GF_Read, 0, 0, sheet.width, sheet.height, read.data(), sheet.width,
+                           sheet.height, GDT_Byte, 0, 0),
+              CE_None);
+    GDALColorTableH table = GDALGetRasterColorTable(band);
+    for (std::size_t i = 0; i < read.size(); ++i) {
+      int value = read[i];
+      if (table != nullptr) {
+        const GDALColorEntry* entry = GDALGetColorEntry(table, value);
+        value = channel == 0 ? entry->c1 : channel == 1 ? entry->c2 : entry->c3;
+      }
+      sheet.pixels[i][static_cast<std::size_t>(channel)] = value;
     }
   }
   GDALClose(file);
@@ -277,6 +294,18 @@ TEST_F(ChartImportTest, PositionsArriveWithinAPixelFromEveryProjection) {
     EXPECT_EQ(found, static_cast<int>(Spots(kWidth, kHeight).size()));
     EXPECT_LT(worst, 1.0);
     EXPECT_EQ(sheet.bands, row.made.paint == Paint::kRgb ? 3 : 1);
+    // The last rows too have their colours, and so has the preview.
+    const Rgb light = row.made.paint == Paint::kRgb       ? Rgb{240, 220, 200}
+                      : row.made.paint == Paint::kGrey    ? Rgb{240, 240, 240}
+                      : row.made.paint == Paint::kPalette ? Rgb{200, 230, 255}
+                                                          : Rgb{255, 255, 255};
+    EXPECT_TRUE(sheet.Colour(sheet.width / 2 + 40, sheet.height - 40) == light ||
+                sheet.Colour(sheet.width / 2 + 40, sheet.height - 40) == kPaper);
+    EXPECT_EQ(sheet.Colour(sheet.width / 2 + 40, sheet.height * 3 / 4 + 60), light);
+    const Sheet preview = ReadSheet(chart + ".tif");
+    for (std::size_t i = 0; i < 3; ++i) {
+      EXPECT_NEAR(preview.Colour(preview.width / 2 + 12, preview.height / 2 + 12)[i], light[i], 2);
+    }
     // A pixel is as high as it is wide.
     const double middle = (info.bounds.north + info.bounds.south) / 2.0;
     const double high = (info.bounds.north - info.bounds.south) / sheet.height;
@@ -293,7 +322,7 @@ TEST_F(ChartImportTest, AMercatorSheetIsTakenPixelForPixel) {
   const Sheet after = ReadSheet(chart + ".l55");
   EXPECT_EQ(after.width, kWidth);
   EXPECT_EQ(after.height, kHeight);
-  EXPECT_EQ(before.grey, after.grey);
+  EXPECT_EQ(before.pixels, after.pixels);
   const Sheet preview = ReadSheet(chart + ".tif");
   EXPECT_EQ(preview.width, 400);
   EXPECT_EQ(preview.height, 291);
@@ -302,11 +331,17 @@ TEST_F(ChartImportTest, AMercatorSheetIsTakenPixelForPixel) {
 }
 
 TEST_F(ChartImportTest, WhatIsNoChartIsPaper) {
+  // A palette without white gets one where it has room.
+  const std::string turned = folder_.File("turned.png");
+  MakeFile(turned, {0, {}, Paint::kPalette, 500, 300, "PNG"});
+  folder_.Write("turned.pgw", "0.001\n0.001\n0.001\n-0.001\n-2.0\n50.9\n");
+  const Sheet palette = ReadSheet(Import(turned) + ".l55");
+  EXPECT_EQ(palette.Colour(2, 2), kPaper);
   const std::string path = folder_.File("half.tif");
   MakeFile(path, {32630, {430000, 20, 0, 5640000, 0, -20}, Paint::kAlpha});
   const Sheet sheet = ReadSheet(Import(path) + ".l55");
   EXPECT_EQ(sheet.bands, 3);
-  EXPECT_EQ(sheet.At(2, 2), 255);                                    // outside the turned sheet
+  EXPECT_EQ(sheet.Colour(2, 2), kPaper);                             // outside the turned sheet
   EXPECT_EQ(sheet.At(sheet.width / 4, sheet.height / 2 + 30), 255);  // transparent
   EXPECT_EQ(sheet.At(sheet.width * 3 / 4, sheet.height / 2 + 30), 240);
 }
@@ -397,6 +432,24 @@ class KapChart : public ChartImportTest {
           return static_cast<int>(painted[static_cast<std::size_t>(y * kAcross + x)]);
         }));
   }
+  // Every mark arrives, so many seconds north and east of where the reference points alone put it.
+  void ExpectMarks(const std::string& chart, double north, double east) {
+    const Sheet sheet = ReadSheet(chart + ".l55");
+    const ChartView view = ViewOf(chart, sheet);
+    int found = 0;
+    for (const Spot& spot : Spots(kAcross, kDown)) {
+      if (spot.x < 60 || spot.y < 60 || spot.x > 840 || spot.y > 1040) continue;
+      const Position place = At(spot.x + 0.5, spot.y + 0.5);
+      const int column = view.LongToCol(static_cast<float>(place.longitude + east / 3600.0));
+      const int line = view.LatToRow(static_cast<float>(place.latitude + north / 3600.0));
+      const auto middle = DarkMiddle(sheet, column, line);
+      ASSERT_TRUE(middle);
+      ++found;
+      EXPECT_NEAR(middle->first, column, 1.0);
+      EXPECT_NEAR(middle->second, line, 1.0);
+    }
+    EXPECT_GE(found, 12);
+  }
 };
 
 TEST_F(KapChart, HeaderCollarAndPositions) {
@@ -416,20 +469,7 @@ TEST_F(KapChart, HeaderCollarAndPositions) {
     for (int x = 3; x < sheet.width - 3; ++x) red += sheet.At(x, y) == 255 ? 1 : 0;
   }
   EXPECT_EQ(red, 0);
-  const ChartView view = ViewOf(chart, sheet);
-  int found = 0;
-  for (const Spot& spot : Spots(kAcross, kDown)) {
-    if (spot.x < 60 || spot.y < 60 || spot.x > 840 || spot.y > 1040) continue;
-    const Position place = At(spot.x + 0.5, spot.y + 0.5);
-    const int column = view.LongToCol(place.longitude);
-    const int line = view.LatToRow(place.latitude);
-    const auto middle = DarkMiddle(sheet, column, line);
-    ASSERT_TRUE(middle);
-    ++found;
-    EXPECT_NEAR(middle->first, column, 1.0);
-    EXPECT_NEAR(middle->second, line, 1.0);
-  }
-  EXPECT_GE(found, 12);
+  ExpectMarks(chart, 0.0, 0.0);
 }
 
 // Two minutes to the north and one to the west, about 2.6 pixels and 1.3; edges lie on whole
@@ -439,7 +479,7 @@ TEST_F(KapChart, TheShiftOfItsDatumIsApplied) {
   ChartSourceInfo shifted;
   ChartSourceInfo untold;
   (void)Import(Write(), &plain);
-  (void)Import(Write("EUROPEAN 1950", "DTM/120.0,-60.0\r\n"), &shifted);
+  ExpectMarks(Import(Write("EUROPEAN 1950", "DTM/120.0,-60.0\r\n"), &shifted), 120.0, -60.0);
   (void)Import(Write("EUROPEAN 1950"), &untold);
   EXPECT_NEAR(shifted.bounds.north - plain.bounds.north, 120.0 / 3600.0, 0.004);
   EXPECT_NEAR(shifted.bounds.west - plain.bounds.west, -60.0 / 3600.0, 0.004);
@@ -474,7 +514,7 @@ TEST_F(ChartImportTest, AScanComesAsItIs) {
   ASSERT_EQ(info.notes.size(), 1U);
   EXPECT_NE(info.notes[0].find("calibrate it"), std::string::npos);
   const Sheet sheet = ReadSheet(chart + ".l55");
-  EXPECT_EQ(sheet.grey, ReadSheet(path).grey);
+  EXPECT_EQ(sheet.pixels, ReadSheet(path).pixels);
   // A world file in degrees places it; one in metres of nobody knows what does not.
   folder_.Write("scan.pgw", "0.001\n0\n0\n-0.001\n-2.0\n50.9\n");
   (void)Import(path, &info);
@@ -587,7 +627,8 @@ TEST_F(ChartImportTest, ThePreviewShowsTheFile) {
   MakeFile(path, {32630, {430000, 20, 0, 5640000, 0, -20}, Paint::kPalette});
   const auto source = OpenChartSource(path);
   ASSERT_TRUE(source);
-  const Result<RgbPicture> picture = (*source)->Preview(220);
+  NoProgress progress;
+  const Result<RgbPicture> picture = (*source)->Preview(220, progress);
   ASSERT_TRUE(picture);
   EXPECT_EQ(picture->width, 220);
   EXPECT_EQ(picture->height, 160);

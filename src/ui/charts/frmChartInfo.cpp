@@ -206,8 +206,21 @@ void frmChartInfo::Save() {
   Use(*chart);
   shown_ = chart->file;
   panel_->SetTexts(TextsOf(shown_));
+  LetIndexFollow(*chart);
   desktop().window.Tell("Saved the calibration of " + FileNameOf(NativePath(chart_path_)));
   redraw_();
+}
+
+void frmChartInfo::LetIndexFollow(const ChartRecord& chart) {
+  Program& program = desktop().program;
+  std::optional<StrayEntry> stray =
+      FindStrayEntry(program.folders, FileNameOf(NativePath(chart_path_)), chart);
+  if (!stray || !desktop().messages.Ask(StrayEntryQuestion(*stray))) return;
+  const Status placed = ModifyIndexEntry(program.folders, stray->list, stray->row, stray->placed);
+  if (!placed) return Refuse(placed.error().Text());
+  const Status index =
+      LoadChartIndex(program.folders, program.config, program.charts, desktop().messages);
+  if (!index) Refuse(index.error().Text());
 }
 
 void frmChartInfo::Restore() {

@@ -36,6 +36,8 @@ class frmChartInfo : public LiveDialog {
   void Accept();
   void Save();
   void Restore();
+  // Offers to change the entry of the index where that has the chart elsewhere.
+  void LetIndexFollow(const ChartRecord& chart);
   // The calibration of the boxes; refusals are told.
   std::optional<ChartRecord> Read();
   // Puts a calibration in force.

@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 #include <utility>
 
+#include "charts/chart_library.h"
 #include "core/text.h"
 #include "platform/images.h"
 #include "ui/widgets/qt_text.h"

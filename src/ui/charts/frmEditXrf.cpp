@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "charts/chart_library.h"
 #include "core/text.h"
 #include "ui/forms/load_chart_form.h"
 #include "ui/widgets/qt_text.h"

@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "ui/charts/frmImportChart.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {
@@ -29,13 +30,16 @@ frmLoadChart::frmLoadChart(Desktop& desktop, QWidget* parent)
   right->addWidget(preview_, 1);
   columns->addLayout(right, 3);
   body()->addLayout(columns, 1);
+  QPushButton* import = AddLeftButton("cmdImport", "&Import…", "Bring a chart of another maker in");
+  remove_ = AddLeftButton("cmdRemove", "&Remove…", "Takes one of your own charts away");
   ok_ = AddButton("cmdOK", "OK");
   ok_->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", "Cancel");
   connect(ok_, &QPushButton::clicked, this, [this] { Accept(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
-  for (const std::string& area : SeaAreas(desktop.program.folders)) areas_->addItem(ToQt(area));
+  connect(import, &QPushButton::clicked, this, [this] { Import(); });
+  connect(remove_, &QPushButton::clicked, this, [this] { Remove(); });
   SetFilter(filter_);
   connect(areas_, &QListWidget::currentRowChanged, this, [this] { LoadArea(); });
   connect(list_, &QListWidget::currentRowChanged, this, [this] { ShowChart(); });
@@ -49,12 +53,7 @@ frmLoadChart::frmLoadChart(Desktop& desktop, QWidget* parent)
     FillCharts();
   });
   connect(search_, &QLineEdit::textEdited, this, [this] { Search(); });
-  const auto current = areas_->findItems(ToQt(Trim(config_.sea_area)), Qt::MatchExactly);
-  if (!current.isEmpty()) {
-    areas_->setCurrentItem(current.front());
-  } else {
-    areas_->setCurrentRow(0);
-  }
+  ListAreas();
   list_->setFocus();
   resize(880, 600);
 }
@@ -93,6 +92,55 @@ QLayout* frmLoadChart::MakeChoices() {
   return column;
 }
 
+void frmLoadChart::ListAreas() {
+  {
+    const QSignalBlocker quiet(areas_);
+    areas_->clear();
+    for (const std::string& area : SeaAreas(desktop().program.folders)) areas_->addItem(ToQt(area));
+    const auto current = areas_->findItems(ToQt(Trim(config_.sea_area)), Qt::MatchExactly);
+    areas_->setCurrentItem(current.isEmpty() ? areas_->item(0) : current.front());
+  }
+  LoadArea();
+}
+
+const ChartIndexEntry* frmLoadChart::Selected() const {
+  const int row = list_->currentRow();
+  return row < 0 ? nullptr : &charts_.index[rows_[static_cast<std::size_t>(row)].entry];
+}
+
+void frmLoadChart::Import() {
+  const std::optional<ImportedChart> chart = AskForChart(desktop(), this);
+  if (!chart) return;
+  config_.sea_area = chart->area;
+  SetFilter(0.0F);
+  ListAreas();
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (Trim(charts_.index[rows_[i].entry].chart_key) == chart->key) {
+      list_->setCurrentRow(static_cast<int>(i));
+    }
+  }
+  list_->setFocus();
+}
+
+void frmLoadChart::Remove() {
+  const ChartIndexEntry* entry = Selected();
+  if (entry == nullptr) return;
+  Program& program = desktop().program;
+  const std::string key = Trim(entry->chart_key);
+  if (IsChartOnShow(program.folders, program.config, key)) {
+    return Refuse("This is the chart on show. Open another one, then remove it.", false, list_);
+  }
+  if (!desktop().messages.Ask("Remove the chart " + key + ", " + Trim(entry->title) +
+                              "?\n\nIts picture and its calibration are deleted.")) {
+    return;
+  }
+  if (const Status removed = RemoveChart(program.folders, key); !removed) {
+    desktop().messages.Show(removed.error().Text(), MessageIcon::kWarning);
+  }
+  ListAreas();
+  list_->setFocus();
+}
+
 void frmLoadChart::LoadArea() {
   if (areas_->currentItem() == nullptr) return;
   config_.sea_area = FromQt(areas_->currentItem()->text());
@@ -129,6 +177,7 @@ void frmLoadChart::FillCharts() {
 void frmLoadChart::ShowChart() {
   const int row = list_->currentRow();
   ok_->setEnabled(row >= 0);
+  remove_->setEnabled(row >= 0 && IsOwnChart(desktop().program.folders, Selected()->chart_key));
   if (row < 0) {
     number_->setText("No chart");
     preview_->Open({});

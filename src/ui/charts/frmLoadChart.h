@@ -26,6 +26,11 @@ class frmLoadChart : public Dialog {
   void SetFilter(float scale);
   void ShowChart();
   void Search();
+  void ListAreas();
+  void Import();
+  void Remove();
+  // The entry of the selected row; null when none is.
+  const ChartIndexEntry* Selected() const;
   void Accept();
 
   AppConfig config_;  // for the areas looked at; the program's own waits for OK
@@ -40,6 +45,7 @@ class frmLoadChart : public Dialog {
   QLabel* number_;
   PicturePreview* preview_;
   QPushButton* ok_ = nullptr;
+  QPushButton* remove_ = nullptr;
 };
 
 }  // namespace skerrow

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "core/files.h"
 #include "core/text.h"
@@ -129,8 +130,44 @@ void ChartController::Remember(const std::string& cht_path) {
   desktop_.window.Changed(kAllChanged);
 }
 
+std::vector<std::string> ChartController::ChartsThere() const {
+  std::vector<std::string> there;
+  std::copy_if(recent_.begin(), recent_.end(), std::back_inserter(there), FileIsThere);
+  return there;
+}
+
+void ChartController::ForgetRemoved(const std::vector<std::string>& there) {
+  for (const std::string& path : there) {
+    if (FileIsThere(path)) continue;
+    std::erase(recent_, path);
+    std::erase_if(desktop_.program.charts.history,
+                  [&](const std::string& chart) { return chart + ".cht" == path; });
+  }
+}
+
+void ChartController::ReloadIndex() {
+  Program& program = desktop_.program;
+  const Status read =
+      LoadChartIndex(program.folders, program.config, program.charts, desktop_.messages);
+  if (!read) desktop_.messages.Show(read.error().Text(), MessageIcon::kWarning);
+}
+
+void ChartController::ShowWhole(const std::string& sea_area, const std::string& chart_key) {
+  Program& program = desktop_.program;
+  SaveView();
+  const ChartChoice choice = {sea_area, chart_key, program.config.chart_scale_choice};
+  const auto open = [&](AppConfig& config, ChartState& charts) {
+    return ChooseChart(program.folders, choice, config, charts);
+  };
+  if (!ChangeChart(program, desktop_.messages, open, Show())) return;
+  ReloadIndex();
+  viewer_.ZoomToRect({0, 0, viewer_.image_width(), viewer_.image_height()});
+  Remember(Trim(program.config.chart_path) + ".cht");
+}
+
 void ChartController::Choose() {
   SaveView();
+  const std::vector<std::string> there = ChartsThere();
   const bool had_place = HasPlaces();
   Position middle;
   double ground_scale = 0.0;  // view pixels to a degree of longitude
@@ -147,7 +184,10 @@ void ChartController::Choose() {
     if (dialog.exec() != QDialog::Accepted) return Error{};
     return Done{};
   };
-  if (!ChangeChart(desktop_.program, desktop_.messages, open, Show())) return;
+  const bool changed = ChangeChart(desktop_.program, desktop_.messages, open, Show());
+  ForgetRemoved(there);
+  ReloadIndex();
+  if (!changed) return desktop_.window.Changed(kSettingsChanged);
   if (had_place && HasPlaces() && OnChart(middle)) {
     viewer_.SetZoom(std::clamp(ground_scale / View().pixels_per_degree, kFarthestZoom,
                                static_cast<double>(kLargestZoom)));

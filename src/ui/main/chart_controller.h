@@ -48,6 +48,8 @@ class ChartController final : public QObject {
   // Reads the index of the area, or the calibration too, again after the files have changed.
   void ReadIndexAgain();
   void ReadFilesAgain();
+  // The chart of that key in a sea area, all of it.
+  void ShowWhole(const std::string& sea_area, const std::string& chart_key);
   void LargerScale();
   void SmallerScale();
   const std::vector<std::string>& recent() const { return recent_; }
@@ -94,6 +96,11 @@ class ChartController final : public QObject {
   }
   void RestoreView();
   void Remember(const std::string& cht_path);
+  // Forgets recent charts that have been removed since `there` was taken.
+  std::vector<std::string> ChartsThere() const;
+  void ForgetRemoved(const std::vector<std::string>& there);
+  // The index of the area, which may have a chart more or fewer.
+  void ReloadIndex();
   // The key of the most detailed chart whose borders hold all of `places`.
   std::optional<std::string> ChartHolding(const std::vector<Position>& places) const;
   bool OnChart(Position position) const;

@@ -12,6 +12,7 @@ constexpr MenuRow Line(int depth) { return {depth, {}, {}, {}}; }
 constexpr MenuRow kMenuBar[] = {
     Menu(0, "&File"),
     Item(1, "mnuSelectChartVisually"),
+    Item(1, "mnuImportChart"),
     Item(1, "mnuSelectPrinter"),
     Line(1),
     Menu(1, "&Waypoints"),

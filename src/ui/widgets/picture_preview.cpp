@@ -78,6 +78,18 @@ void PicturePreview::Open(const std::string& path) {
   });
 }
 
+void PicturePreview::Set(const RgbPicture& picture) {
+  Drop();
+  pixmap_ = {};
+  note_.clear();
+  if (picture.width > 0 && picture.height > 0) {
+    const QImage image(picture.pixels.data(), picture.width, picture.height, 3 * picture.width,
+                       QImage::Format_RGB888);
+    pixmap_ = QPixmap::fromImage(image);
+  }
+  update();
+}
+
 void PicturePreview::Show(const QImage& image) {
   job_.reset();
   pixmap_ = QPixmap::fromImage(image);

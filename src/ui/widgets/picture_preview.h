@@ -8,6 +8,8 @@
 #include <memory>
 #include <string>
 
+#include "core/chart_source.h"
+
 namespace skerrow {
 
 // A picture file fitted into the widget; dimmed at night. A file that is missing or no picture
@@ -21,6 +23,8 @@ class PicturePreview : public QWidget {
 
   // Begins to open the picture at `path` in place of the one before; an empty path shows nothing.
   void Open(const std::string& path);
+  // Shows a picture at hand; an empty one shows nothing.
+  void Set(const RgbPicture& picture);
   bool empty() const { return pixmap_.isNull(); }
   // Whether the picture asked for last is still being opened.
   bool opening() const { return job_ != nullptr; }

@@ -156,6 +156,28 @@ TEST_F(ChartToolWindows, TheMenuSavesAndRestores) {
   EXPECT_FALSE(std::filesystem::exists(program.folders.Charts() + "/9999-1.cht"));
 }
 
+TEST_F(ChartToolWindows, TheIndexFollowsAChartThatHasMoved) {
+  const auto form = Info();
+  const auto save = [&] { form->findChild<QAction*>("mnuSave")->trigger(); };
+  Type(*form, "txtLowerLon", "026.36.00W");
+  Type(*form, "txtUpperLon", "017.33.00W");
+  const std::string xrf = Xrf();
+  const std::string question =
+      "The index of Sample Chart has this chart elsewhere,\n"
+      "48.00.00N  006.36.00W  to  51.39.00N  002.27.00E\n"
+      "Shall it have the borders of this calibration?\n"
+      "47.50.20N  026.50.62W  to  51.48.06N  017.18.38W";
+  messages.ExpectQuestion(question, false);
+  save();
+  EXPECT_EQ(Xrf(), xrf);
+  messages.ExpectQuestion(question, true);
+  save();
+  EXPECT_NEAR(bytes::GetFloat(Xrf(), 88), -26.8437, 1e-3);
+  EXPECT_EQ(Xrf().substr(102), xrf.substr(102));
+  EXPECT_NEAR(program.charts.index[0].upper_lon, -17.3063, 1e-3);
+  save();
+}
+
 // Two clicks with typed positions calibrate a chart; a third place is told by them at once.
 TEST_F(ChartToolWindows, TwoClicksCalibrate) {
   ShowChart();

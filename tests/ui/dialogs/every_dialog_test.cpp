@@ -16,6 +16,7 @@
 #include "ui/charts/frmChartInfo.h"
 #include "ui/charts/frmEditChart.h"
 #include "ui/charts/frmEditXrf.h"
+#include "ui/charts/frmImportChart.h"
 #include "ui/charts/frmLoadChart.h"
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmCalcCOG.h"
@@ -165,8 +166,8 @@ const Row kRows[] = {
      "txtTime lsthrs lstmins lstDay lstMonth lstYear cmdOK cmdCancel", "Predictedday",
      Open<frmtimdat>},
     {"frmLoadChart", "Select Chart", "cmdOK",
-     "lstAreas cmbScale txtScale txtSearch cmdSearch List1 cmdOK cmdCancel",
-     "lblChartNumber GdViewer1", Open<frmLoadChart>},
+     "lstAreas cmbScale txtScale txtSearch cmdSearch List1 cmdImport cmdOK cmdCancel",
+     "lblChartNumber GdViewer1 cmdRemove", Open<frmLoadChart>},
     {"frmChartInfo", "Calibrate Chart", "cmdOK",
      "txtUpperLat txtTopPix txtLowerLon txtLeftPix cmdPickUpper txtLowerLat txtBottomPix "
      "txtUpperLon txtRightPix cmdPickLower txtScale txtWidth txtHeight cmdOK cmdCancel",
@@ -184,6 +185,9 @@ const Row kRows[] = {
      "lstAreas List1 txtChartNo txtChartName txtChartScale txtUpperLat txtLowerLat txtLowerLon "
      "txtUpperLon cmdInsert cmdModify cmdDelete cmdOK",
      "", Open<frmEditXrf>},
+    {"frmImportChart", "Import Chart", "cmdBrowse",
+     "cmdBrowse txtTitle cmbArea txtScale txtKey cmdCancel",
+     "txtFile lblDetails lblNotes lblAreaHint GdViewer1 cmdImport", Open<frmImportChart>},
     {"frmQuickInstructions", "Quick Instructions", "cmdOK", "txtInstructions cmdOK", "",
      Open<frmQuickInstructions>},
     {"frmConfigure", "General Settings", "cmdOK",
