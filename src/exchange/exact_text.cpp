@@ -21,10 +21,11 @@ std::string DateAndMinute(DayAndYear date, float hours) {
     minutes -= kMinutesOfADay;
     date = AddHours(date, 0.0F, 24.0F).date;
   }
+  const int hour = minutes / 60;
   MonthDate day;
   DayOfYearToDate(date.day, date.year, day);
   return FormatFixed(date.year, 4, 0) + "-" + FormatFixed(day.month, 2, 0) + "-" +
-         FormatFixed(day.day_of_month, 2, 0) + "T" + FormatFixed(minutes / 60, 2, 0) + ":" +
+         FormatFixed(day.day_of_month, 2, 0) + "T" + FormatFixed(hour, 2, 0) + ":" +
          FormatFixed(minutes % 60, 2, 0);
 }
 

@@ -305,14 +305,13 @@ std::optional<Layout> GuessedLayout(const Row& row, bool decimal_comma) {
     const std::string& text = row.cells[i].text;
     const bool latitude = DegreesOf(text, kLatitude, decimal_comma).has_value();
     const bool longitude = DegreesOf(text, kLongitude, decimal_comma).has_value();
-    if (latitude && longitude) {
-      numbers.push_back(i);
-    } else if (latitude) {
+    const bool paired = longitude && layout.latitudes.size() > layout.longitudes.size();
+    if (latitude && !longitude) {
       layout.latitudes.push_back(i);
-    } else if (longitude && layout.latitudes.size() > layout.longitudes.size()) {
+    } else if (!latitude && paired) {
       layout.longitudes.push_back(i);
     } else if (longitude) {
-      numbers.push_back(i);  // a number beyond 90
+      numbers.push_back(i);  // either, or a number beyond 90
     } else if (!layout.speed && SpeedOf(Trim(text), decimal_comma)) {
       layout.speed = i;
     } else if (!layout.name) {
@@ -427,8 +426,9 @@ class TableReader {
       const std::optional<float> degrees = DegreesOf(text, axis, layout_.decimal_comma);
       if (!degrees) return Error{"", "\"" + text + "\" is no " + axis.what};
       if (found && std::fabs(*degrees - *found) > kSamePlaceDegrees) {
-        return Error{"", std::string("the ") + axis.what + "s \"" + found_text + "\" and \"" +
-                             text + "\" are not the same"};
+        std::string reason = std::string("the ") + axis.what;
+        reason.append("s \"").append(found_text).append("\" and \"").append(text);
+        return Error{"", reason.append("\" are not the same")};
       }
       if (!found) {
         found = degrees;
