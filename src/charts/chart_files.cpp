@@ -105,12 +105,18 @@ std::string AreaIndexFile(const Folders& folders, std::string_view sea_area) {
   return FindData(folders, DataFolder::kCharts, Trim(sea_area) + ".xrf");
 }
 
+Error MissingChartFile(std::string_view operation, const std::string& path) {
+  std::string text = "Does not exist in ";
+  text.append(operation).append("\n").append(path);
+  return {"", text};
+}
+
 Status ReadChartSettings(const Folders& folders, AppConfig& config, ChartState& state) {
   config.chart_path = Trim(config.chart_path);
   const std::string path = CalibrationFile(folders, config.chart_path);
   const Result<std::string> content = ReadFile(path, kMaxChartFileBytes);
   if (!content && !FileReadable(path)) {
-    return Error{"", "Does not exist in Mod. ReadChartSettings\n" + path};
+    return MissingChartFile(kReadChartSettings, path);
   }
   if (!content) return content.error();
   if (content->empty()) return NotCalibrated(path, "the file is empty");
@@ -195,13 +201,14 @@ Status OpenPreviousChart(const Folders& folders, AppConfig& config, ChartState& 
   return opened;
 }
 
-std::string ChartIssueText(float issue) {
+std::string IssueMark(float issue) {
   if (!std::isfinite(issue)) issue = 0.0F;
   const double whole = WholePartDown(issue);
   const auto rest = static_cast<float>((issue - whole) * 10000.0);
-  return "Chart issued " + std::to_string(RoundToInteger(whole)) + "/" +
-         std::to_string(RoundToInteger(rest));
+  return std::to_string(RoundToInteger(whole)) + "/" + std::to_string(RoundToInteger(rest));
 }
+
+std::string ChartIssueText(float issue) { return "Chart issued " + IssueMark(issue); }
 
 std::string ChartTitleOf(const ChartState& state, std::string_view chart_path) {
   const std::string path = ToLowerAscii(chart_path);

@@ -149,11 +149,16 @@ Result<std::string> WritableCalibration(const Folders& folders, std::string_view
 // The file that the index of a sea area is read from.
 std::string AreaIndexFile(const Folders& folders, std::string_view sea_area);
 
+// What a missing file is told with: "Does not exist in " and the operation, and the path on a new
+// line.
+inline constexpr std::string_view kReadChartSettings = "Mod. ReadChartSettings";
+inline constexpr std::string_view kListClickSettings = "List Click Settings";
+Error MissingChartFile(std::string_view operation, const std::string& path);
+
 // Reads the settings of the chart of ChartPath, trimming that field, and adds the path to the
 // history. Fields beyond the end of a short file keep what the record held. Errors, with record
-// and history as they were: "Does not exist in Mod. ReadChartSettings" and the path on a new line;
-// an unreadable file; "the chart is not calibrated" with the reason, for an empty file and for one
-// that WorkOutChart refuses.
+// and history as they were: a missing file (MissingChartFile); an unreadable file; "the chart is
+// not calibrated" with the reason, for an empty file and for one that WorkOutChart refuses.
 Status ReadChartSettings(const Folders& folders, AppConfig& config, ChartState& state);
 
 // Reads the index of the sea area of `config`, trimming that field. Titles and keys end at their
@@ -191,7 +196,8 @@ Status OpenChart(const Folders& folders, std::string_view chart_path, AppConfig&
 // text: the history is empty.
 Status OpenPreviousChart(const Folders& folders, AppConfig& config, ChartState& state);
 
-// "Chart issued 5/1200" from the issue mark 5.12.
+// "5/1200" from the issue mark 5.12, and "Chart issued 5/1200".
+std::string IssueMark(float issue);
 std::string ChartIssueText(float issue);
 
 // The title of the first chart of the index whose key occurs in the part of `chart_path` behind

@@ -80,6 +80,21 @@ Outcome ShowChart(Session& session, const ChartWords& words);
 // The charts at a position, the most detailed first.
 Outcome FindCharts(Session& session, const PositionWords& words);
 
+// The catalogue lines of the charts of the sea area.
+Outcome ListChartBounds(Session& session, const NoWords& words);
+
+struct CalibrateWords {
+  std::string key;
+  // Positions as ParsePosition takes them, rows and columns in image pixels; empty ones stay.
+  std::string upper_lat, lower_lat, left_long, right_long;
+  std::string top_row, bottom_row, left_column, right_column;
+  std::string scale, width, height;
+  std::vector<std::string> points;  // row, column, latitude, longitude of one or both corners
+  bool restore = false;             // the calibration as delivered
+};
+// Changes the calibration of a chart in its file, which keeps the one delivered, and shows it.
+Outcome CalibrateChart(Session& session, const CalibrateWords& words);
+
 struct ChartImportWords {
   std::string file;
   std::string area;   // an area there is, or a new one

@@ -10,6 +10,7 @@
 
 #include "cli/commands.h"
 #include "cli/session.h"
+#include "core/version.h"
 
 namespace {
 
@@ -119,6 +120,9 @@ void AddFileCommands(CLI::App& app, Chosen& chosen) {
       [](CLI::App& sub, RouteWords& words) {
         sub.add_option("FILE", words.file, "route file")->required();
       });
+}
+
+void AddChartCommands(CLI::App& app, Chosen& chosen) {
   CLI::App& chart = AddGroup(app, "chart", "the charts of the sea area");
   Add(chart, "list", "all charts", chosen, ListCharts, TakeNothing);
   Add(chart, "show", "the calibration of a chart", chosen, ShowChart,
@@ -128,6 +132,26 @@ void AddFileCommands(CLI::App& app, Chosen& chosen) {
       });
   Add(chart, "at", "the charts at a position, most detailed first", chosen, FindCharts,
       TakePosition);
+  Add(chart, "bounds", "the charts as lines of a catalogue", chosen, ListChartBounds, TakeNothing);
+  Add(chart, "calibrate", "change the calibration of a chart", chosen, CalibrateChart,
+      [](CLI::App& sub, CalibrateWords& words) {
+        sub.add_option("KEY", words.key, "key of the chart, such as 9999-1")->required();
+        sub.add_option("--upper-lat", words.upper_lat, "latitude of the upper line");
+        sub.add_option("--top-row", words.top_row, "its image row");
+        sub.add_option("--lower-lat", words.lower_lat, "latitude of the lower line");
+        sub.add_option("--bottom-row", words.bottom_row, "its image row");
+        sub.add_option("--left-long", words.left_long, "longitude of the left line");
+        sub.add_option("--left-column", words.left_column, "its image column");
+        sub.add_option("--right-long", words.right_long, "longitude of the right line");
+        sub.add_option("--right-column", words.right_column, "its image column");
+        sub.add_option("--scale", words.scale, "natural scale, the denominator");
+        sub.add_option("--width", words.width, "width of the image, pixels");
+        sub.add_option("--height", words.height, "height of the image, pixels");
+        sub.add_option("--point", words.points,
+                       "ROW COLUMN LAT LONG of a point; twice, for two corners")
+            ->expected(4, 8);
+        sub.add_flag("--restore", words.restore, "the calibration as delivered");
+      });
   Add(chart, "import", "bring a chart of another maker in", chosen, ImportChartFile,
       [](CLI::App& sub, ChartImportWords& words) {
         sub.add_option("FILE", words.file, "GeoTIFF, BSB/KAP, MBTiles, PNG or JPEG")->required();
@@ -490,9 +514,11 @@ int main(int argc, char** argv) {
       ->expected(1)
       ->take_all();
   app.add_flag("--json", options.json, "answer in JSON");
+  app.set_version_flag("--version", "skerrow-cli " + std::string(kVersion));
   AddConfigCommands(app, chosen);
   AddPlaceCommands(app, chosen);
   AddFileCommands(app, chosen);
+  AddChartCommands(app, chosen);
   AddTideCommands(app, chosen);
   AddDiamondCommands(app, chosen);
   AddPassageCommands(app, chosen);
@@ -506,7 +532,7 @@ int main(int argc, char** argv) {
   try {
     app.parse(Words(argc, argv));
   } catch (const CLI::ParseError& error) {
-    if (error.get_exit_code() == 0) return app.exit(error);  // --help
+    if (error.get_exit_code() == 0) return app.exit(error);  // --help, --version
     return Report(Failure{kWrongUsage, std::string(error.what()) + " (--help tells more)"},
                   options);
   }

@@ -1,22 +1,17 @@
 #include "core/data_files.h"
 
-#include <fcntl.h>
 #include <filesystem>
 #include <set>
 #include <system_error>
-#include <unistd.h>
 
 #include "core/files.h"
+#include "core/system_file.h"
 #include "core/text.h"
 
 namespace skerrow {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool FolderWritable(const std::string& folder) {
-  return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
-}
 
 }  // namespace
 
@@ -46,7 +41,7 @@ Result<std::string> WritableData(const Folders& folders, DataFolder folder, std:
   std::string own = JoinPath(OwnDataFolder(folders, folder), name);
   if (FileIsThere(own)) return own;
   std::string installed = JoinPath(ProgramDataFolder(folders, folder), name);
-  if (FolderWritable(FolderOf(installed))) return installed;
+  if (SystemFile::FolderWritable(FolderOf(installed))) return installed;
   if (Status made = MakeFolder(FolderOf(own)); !made) return made.error();
   if (FileIsThere(installed)) {
     const Result<std::string> content = ReadFile(installed);

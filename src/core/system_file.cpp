@@ -74,6 +74,10 @@ bool SystemFile::IsAbandoned(const std::string& path) {
   return file && ::flock(file->descriptor_, LOCK_EX | LOCK_NB) == 0;
 }
 
+bool SystemFile::FolderWritable(const std::string& folder) {
+  return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
 Status SystemFile::SyncFolder(const std::string& folder) {
   const SystemFile opened(
       ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), folder);

@@ -27,6 +27,9 @@ class SystemFile {
   // Whether the file at `path` is regular and no CreateNew, of this process or another, holds it.
   static bool IsAbandoned(const std::string& path);
 
+  // Whether this process may create files in a folder.
+  static bool FolderWritable(const std::string& folder);
+
   // Flushes the entries of a folder to the disk, so that a rename in it lasts.
   static Status SyncFolder(const std::string& folder);
 

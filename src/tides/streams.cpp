@@ -63,6 +63,15 @@ void LinkDiamondsToPorts(TideState& state) {
   }
 }
 
+// Makes what follows from the diamonds.
+void UseDiamonds(TideState& state) {
+  state.labels.clear();
+  for (const Diamond& diamond : state.diamonds) state.labels.push_back(DiamondLabel(diamond));
+  state.index = std::make_shared<DiamondIndex>(state.diamonds);
+  state.tidal_streams.clear();
+  LinkDiamondsToPorts(state);
+}
+
 // Takes the state of the tide at a port into a reading; false when there is no tide to read.
 bool TakeTide(const DayTides& day, int port, float hours, StreamReading& reading) {
   const int minute = MinuteOfDay(hours);
@@ -105,17 +114,21 @@ void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tid
                   Messages& messages) {
   state.diamonds = KeepCharted(
       ReadDiamondsAndTell(DiamondFilePath(folders, tidal_area), "LoadDiamondsError ", messages));
-  state.labels.clear();
-  for (const Diamond& diamond : state.diamonds) state.labels.push_back(DiamondLabel(diamond));
-  state.index = std::make_shared<DiamondIndex>(state.diamonds);
-  state.tidal_streams.clear();
-  LinkDiamondsToPorts(state);
+  UseDiamonds(state);
 }
 
 void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view file_name,
                     Messages& messages) {
-  state.sl_diamonds = ReadDiamondsAndTell(FindData(folders, DataFolder::kTidalStreams, file_name),
-                                          "LoadSlDiamondsError ", messages);
+  LoadSlDiamondFile(state, FindData(folders, DataFolder::kTidalStreams, file_name), messages);
+}
+
+void LoadSlDiamondFile(TideState& state, const std::string& path, Messages& messages) {
+  state.sl_diamonds = ReadDiamondsAndTell(path, "LoadSlDiamondsError ", messages);
+}
+
+void AppendDiamond(TideState& state, const Diamond& diamond) {
+  state.diamonds.push_back(diamond);
+  UseDiamonds(state);
 }
 
 void FindRefPorts(TideState& state, const Folders& folders, std::string_view tidal_area) {

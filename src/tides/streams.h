@@ -76,6 +76,13 @@ void LoadDiamonds(TideState& state, const Folders& folders, std::string_view tid
 void LoadSlDiamonds(TideState& state, const Folders& folders, std::string_view file_name,
                     Messages& messages);
 
+// The same of the file at `path`, wherever it lies.
+void LoadSlDiamondFile(TideState& state, const std::string& path, Messages& messages);
+
+// Adds a diamond to those loaded, behind them. Where no reference port of the area is its own,
+// nothing is known of its stream.
+void AppendDiamond(TideState& state, const Diamond& diamond);
+
 // Finds the reference ports that the sea area's diamonds name. A file that cannot be opened leaves
 // them as they were.
 void FindRefPorts(TideState& state, const Folders& folders, std::string_view tidal_area);

@@ -14,7 +14,11 @@
 #include "passage/wind_on_route.h"
 #include "platform/polars.h"
 #include "routes/waypoint.h"
+#include "ui/charts/frmChartInfo.h"
+#include "ui/charts/frmEditChart.h"
+#include "ui/charts/frmEditXrf.h"
 #include "ui/charts/frmLoadChart.h"
+#include "ui/charts/frmSelectL25.h"
 #include "ui/dialogs/Frmdisclaimer.h"
 #include "ui/dialogs/frmCalcCOG.h"
 #include "ui/dialogs/frmCalcMOB.h"
@@ -222,6 +226,16 @@ void KeepSettings(const Album& album, Studio& studio) {
   settings.findChild<QPushButton*>("pctTidalStreamCol")->click();
   frmLoadChart charts(desktop, nullptr);
   album.Keep(charts, "frmLoadChart");
+  frmChartInfo info(
+      desktop, studio.window().viewer(), [] {}, nullptr);
+  album.Keep(info, "frmChartInfo");
+  frmEditChart edit(
+      desktop, [](const ChartChoice&) { return false; }, nullptr);
+  album.Keep(edit, "frmEditChart");
+  frmEditXrf index(desktop, nullptr);
+  album.Keep(index, "frmEditXrf");
+  frmSelectL25 diamonds(studio.program.folders, nullptr);
+  album.Keep(diamonds, "frmSelectL25");
   DesktopMessages messages;
   album.KeepNext("message");
   messages.Ask(

@@ -88,6 +88,14 @@ std::vector<std::string> ListTideAreas(const Folders& folders) {
   return names;
 }
 
+const char* TideAreaRefusal(std::string_view name) {
+  if (name.empty()) {
+    return "Select a file by clicking a name in the list, followed by the OK button";
+  }
+  return name.ends_with(".hc") || name.ends_with(".HC") ? nullptr
+                                                        : "Problem with the area file name";
+}
+
 int PortNear(const PortList& ports, Position place, float range) {
   for (auto row = ports.rows.rbegin(); row != ports.rows.rend(); ++row) {
     if (RangeOnly(place, {row->port.latitude, row->port.longitude}) < range) return row->position;

@@ -33,6 +33,10 @@ Result<PortList> ListPorts(const Folders& folders, std::string_view file_name);
 // The names of the ".hc" files of the TS folder, in alphabetical order.
 std::vector<std::string> ListTideAreas(const Folders& folders);
 
+// Why a name cannot be the area file to use: none is chosen, or it is no ".hc" file. Null for one
+// that can.
+const char* TideAreaRefusal(std::string_view name);
+
 // The position of the last port of a list within `range` nautical miles of a place; 0: none is.
 int PortNear(const PortList& ports, Position place, float range);
 

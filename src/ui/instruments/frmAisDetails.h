@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ui/forms/ais_forms.h"
-#include "ui/instruments/live_dialog.h"
+#include "ui/widgets/live_dialog.h"
 #include "ui/widgets/text_list.h"
 
 namespace skerrow {

@@ -6,9 +6,9 @@
 #include <QPushButton>
 
 #include "ui/forms/link_form.h"
-#include "ui/instruments/live_dialog.h"
 #include "ui/instruments/port_box.h"
 #include "ui/instruments/received_box.h"
+#include "ui/widgets/live_dialog.h"
 
 namespace skerrow {
 

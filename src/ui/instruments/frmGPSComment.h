@@ -4,7 +4,7 @@
 #include <array>
 
 #include "instruments/log.h"
-#include "ui/instruments/live_dialog.h"
+#include "ui/widgets/live_dialog.h"
 
 namespace skerrow {
 

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "ui/forms/link_form.h"
-#include "ui/instruments/live_dialog.h"
 #include "ui/instruments/received_box.h"
+#include "ui/widgets/live_dialog.h"
 
 namespace skerrow {
 

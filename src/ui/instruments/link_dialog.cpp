@@ -6,7 +6,7 @@
 #include "instruments/log.h"
 #include "instruments/plot_file.h"
 #include "instruments/serial_link.h"
-#include "ui/instruments/live_dialog.h"
+#include "ui/widgets/live_dialog.h"
 #include "ui/widgets/qt_text.h"
 
 namespace skerrow {

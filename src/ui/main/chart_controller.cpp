@@ -145,24 +145,11 @@ void ChartController::ForgetRemoved(const std::vector<std::string>& there) {
   }
 }
 
-void ChartController::ReloadIndex() {
-  Program& program = desktop_.program;
-  const Status read =
-      LoadChartIndex(program.folders, program.config, program.charts, desktop_.messages);
-  if (!read) desktop_.messages.Show(read.error().Text(), MessageIcon::kWarning);
-}
-
 void ChartController::ShowWhole(const std::string& sea_area, const std::string& chart_key) {
-  Program& program = desktop_.program;
-  SaveView();
-  const ChartChoice choice = {sea_area, chart_key, program.config.chart_scale_choice};
-  const auto open = [&](AppConfig& config, ChartState& charts) {
-    return ChooseChart(program.folders, choice, config, charts);
-  };
-  if (!ChangeChart(program, desktop_.messages, open, Show())) return;
-  ReloadIndex();
+  const float filter = desktop_.program.config.chart_scale_choice;
+  if (!OpenChosen({sea_area, chart_key, filter})) return;
+  ReadIndexAgain();
   viewer_.ZoomToRect({0, 0, viewer_.image_width(), viewer_.image_height()});
-  Remember(Trim(program.config.chart_path) + ".cht");
 }
 
 void ChartController::Choose() {
@@ -186,8 +173,8 @@ void ChartController::Choose() {
   };
   const bool changed = ChangeChart(desktop_.program, desktop_.messages, open, Show());
   ForgetRemoved(there);
-  ReloadIndex();
-  if (!changed) return desktop_.window.Changed(kSettingsChanged);
+  ReadIndexAgain();
+  if (!changed) return;
   if (had_place && HasPlaces() && OnChart(middle)) {
     viewer_.SetZoom(std::clamp(ground_scale / View().pixels_per_degree, kFarthestZoom,
                                static_cast<double>(kLargestZoom)));
@@ -201,6 +188,43 @@ void ChartController::OpenStored(const std::string& cht_path) {
   if (ChangeToStoredChart(desktop_.program, desktop_.messages, cht_path, Show())) {
     Remember(cht_path);
   }
+}
+
+bool ChartController::OpenChosen(const ChartChoice& choice) {
+  SaveView();
+  const auto open = [&](AppConfig& config, ChartState& charts) {
+    return ChooseChart(desktop_.program.folders, choice, config, charts);
+  };
+  if (!ChangeChart(desktop_.program, desktop_.messages, open, Show())) return false;
+  Remember(Trim(desktop_.program.config.chart_path) + ".cht");
+  return true;
+}
+
+void ChartController::Recalibrated() {
+  SaveView();
+  DrawChart(Failure::kTold);
+  desktop_.view.candidate_chart.reset();
+  desktop_.window.Changed(kAllChanged);
+}
+
+void ChartController::ReadIndexAgain() {
+  Program& program = desktop_.program;
+  const Status index =
+      LoadChartIndex(program.folders, program.config, program.charts, desktop_.messages);
+  if (!index) desktop_.messages.Show(index.error().Text(), MessageIcon::kWarning);
+  desktop_.view.candidate_chart.reset();
+  desktop_.window.Changed(kSettingsChanged);
+}
+
+void ChartController::ReadFilesAgain() {
+  Program& program = desktop_.program;
+  ReadIndexAgain();
+  // The chart is the one it was: the history has it already.
+  const std::vector<std::string> history = program.charts.history;
+  const Status chart = ReadChartSettings(program.folders, program.config, program.charts);
+  program.charts.history = history;
+  if (!chart) desktop_.messages.Show(chart.error().Text(), MessageIcon::kWarning);
+  Recalibrated();
 }
 
 void ChartController::LargerScale() {

@@ -11,6 +11,7 @@
 #include "app/timers.h"
 #include "charts/chart_view.h"
 #include "ui/desktop.h"
+#include "ui/forms/load_chart_form.h"
 #include "ui/viewer/chart_viewer.h"
 
 namespace skerrow {
@@ -42,6 +43,13 @@ class ChartController final : public QObject {
   void OpenStored(const std::string& cht_path);
   // The chart of that key in a sea area, all of it.
   void ShowWhole(const std::string& sea_area, const std::string& chart_key);
+  // The same of a chart named in its area's index. Whether it is shown.
+  bool OpenChosen(const ChartChoice& choice);
+  // Draws the chart anew after its calibration in force has changed.
+  void Recalibrated();
+  // Reads the index of the area, or the calibration too, again after the files have changed.
+  void ReadIndexAgain();
+  void ReadFilesAgain();
   void LargerScale();
   void SmallerScale();
   const std::vector<std::string>& recent() const { return recent_; }
@@ -91,8 +99,6 @@ class ChartController final : public QObject {
   // Forgets recent charts that have been removed since `there` was taken.
   std::vector<std::string> ChartsThere() const;
   void ForgetRemoved(const std::vector<std::string>& there);
-  // The index of the area, which may have a chart more or fewer.
-  void ReloadIndex();
   // The key of the most detailed chart whose borders hold all of `places`.
   std::optional<std::string> ChartHolding(const std::vector<Position>& places) const;
   bool OnChart(Position position) const;

@@ -23,12 +23,12 @@
 #include "ui/dialogs/frmrouteinfo.h"
 #include "ui/forms/file_forms.h"
 #include "ui/icons/icons.h"
-#include "ui/instruments/live_dialog.h"
 #include "ui/main/readout.h"
 #include "ui/overlays/live_overlays.h"
 #include "ui/overlays/overlays.h"
 #include "ui/routes/frmLoadWay.h"
 #include "ui/routes/leaving.h"
+#include "ui/widgets/live_dialog.h"
 #include "ui/widgets/qt_text.h"
 #include "ui/widgets/theme.h"
 

@@ -1,7 +1,11 @@
 #include <QApplication>
+#include <clocale>
+#include <cstdio>
+#include <string_view>
 
 #include "app/program.h"
 #include "core/clock.h"
+#include "core/version.h"
 #include "platform/clipboard.h"
 #include "platform/serial.h"
 #include "platform/settings_store.h"
@@ -13,11 +17,47 @@
 #include "ui/widgets/desktop_messages.h"
 #include "ui/widgets/theme.h"
 
+namespace {
+
+constexpr const char* kUsage =
+    "Usage: skerrow [--device PATH]... [--replay LOG] [FILE]...\n"
+    "Passage planning for small craft. A planning aid, not for navigation.\n\n"
+    "  FILE           a route, waypoint file, chart, GPX document or log to open\n"
+    "  --device PATH  a serial device that the system does not list\n"
+    "  --replay LOG   play a log, by its path or its name\n"
+    "  --help         tell this and end\n"
+    "  --version      tell the version and end\n\n"
+    "skerrow-cli has the whole engine without a window.\n";
+
+// Answers --help and --version, which need no display. False when neither was asked.
+bool Answered(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view word = argv[i];
+    if (word == "--help" || word == "-h") {
+      std::fputs(kUsage, stdout);
+      return true;
+    }
+    if (word == "--version") {
+      std::printf("skerrow %.*s\n", static_cast<int>(skerrow::kVersion.size()),
+                  skerrow::kVersion.data());
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
 // The desktop program: the start form, then the main window.
 int main(int argc, char** argv) {
   using namespace skerrow;  // NOLINT: this file is the program
+  if (Answered(argc, argv)) return 0;
   QApplication application(argc, argv);
+  // The toolkit takes over the user's locale; the numbers of files keep their points in every
+  // library.
+  std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("Skerrow Helm");
+  QGuiApplication::setDesktopFileName("org.skerrow.Helm");  // by which a desktop finds the icon
   ApplyTheme(false);
   QApplication::setWindowIcon(ApplicationIcon());
 

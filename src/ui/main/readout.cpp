@@ -63,10 +63,11 @@ std::string RouteNameText(const Program& program) {
 }
 
 std::array<std::string, 5> StatusPanels(const Program& program, const ViewState& view) {
+  const std::string& told = view.eta.empty() ? view.harvest_text : view.eta;
   const float distance = program.route.points.size() > 1 ? program.route.distance : 0.0F;
   return {ModeText(view),
           "Chart in use = " + ChartTitleOf(program.charts, program.config.chart_path),
-          view.eta.empty() ? "Waypoints = " + BaseName(program.config.waypoint_file) : view.eta,
+          told.empty() ? "Waypoints = " + BaseName(program.config.waypoint_file) : told,
           distance > 0.0F ? "Route= " + FormatFixed(distance, 1, 1) + "nm" : "",
           view.link_status.empty() ? ChartIssueText(program.charts.chart.issue) : view.link_status};
 }

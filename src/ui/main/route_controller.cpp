@@ -151,6 +151,7 @@ void RouteController::Escape() {
     return;
   }
   time_.DropAnimation();
+  time_.Release();
   ResetSituation(desktop_.program, desktop_.messages);
   ResetModes();
   view.candidate_chart.reset();

@@ -13,7 +13,7 @@ TimeController::TimeController(Desktop& desktop, ChartViewer& viewer, ChartContr
   timer1_.setInterval(kTimer1Interval);
   connect(&timer1_, &QTimer::timeout, this, [this] {
     emit Second();
-    if (desktop_.view.busy) return;
+    if (desktop_.view.busy || held_) return;
     const float hours = desktop_.program.selected_time.hours;
     const LinkState& link = desktop_.program.link;
     Timer1Tick(desktop_.program, link.gps_enabled || link.ais_enabled, *this);
@@ -30,6 +30,11 @@ TimeController::TimeController(Desktop& desktop, ChartViewer& viewer, ChartContr
 void TimeController::Stop() {
   timer1_.stop();
   animate_timer_.stop();
+}
+
+void TimeController::Release() {
+  held_ = false;
+  desktop_.view.harvest_text.clear();
 }
 
 void TimeController::Animate(AnimationDirection direction) {
@@ -104,6 +109,7 @@ void TimeController::ShowNearestTrackPoint() {
 
 void TimeController::ToRealtime() {
   DropAnimation();
+  Release();
   ReturnToRealtime(desktop_.program, desktop_.messages);
   desktop_.window.Changed(kRouteChanged | kTimeChanged);
 }

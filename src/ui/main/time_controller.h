@@ -23,6 +23,10 @@ class TimeController final : public QObject, public TimerWindow {
   void Stop();
   // The clock's timer alone.
   void Rest() { timer1_.stop(); }
+  // Lets the selected time and the streams stand while diamonds are harvested, until Release or a
+  // return to real time. The seconds go on: the alarm of the vessels around hangs on them.
+  void Hold() { held_ = true; }
+  void Release();
 
   void Animate(AnimationDirection direction);
   void PauseAnimation();
@@ -60,6 +64,7 @@ class TimeController final : public QObject, public TimerWindow {
   QWidget& window_;
   QTimer timer1_;
   QTimer animate_timer_;
+  bool held_ = false;
 };
 
 }  // namespace skerrow

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -80,6 +81,10 @@ struct ViewState {
   bool snap_active = false;
   Position snap;
   std::string snap_name;
+
+  // The diamond on show of those loaded from a chosen file, counted from 0, and what is told of it.
+  std::optional<std::size_t> harvest_diamond;
+  std::string harvest_text;
 
   // A calculated course is on show.
   bool calculation_on_show = false;

@@ -20,11 +20,16 @@ frmTidesSeaArea::frmTidesSeaArea(Desktop& desktop, QWidget* parent)
   QPushButton* ok = AddButton("cmdOK", "OK");
   ok->setDefault(true);
   QPushButton* cancel = AddButton("cmdCancel", "Cancel");
-  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+  connect(ok, &QPushButton::clicked, this, [this] { Accept(); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(list_, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+  connect(list_, &QListWidget::itemDoubleClicked, this, [this] { Accept(); });
   list_->setFocus();
   resize(320, 320);
+}
+
+void frmTidesSeaArea::Accept() {
+  if (const char* refusal = TideAreaRefusal(FileName())) return Refuse(refusal, false, list_);
+  accept();
 }
 
 std::string frmTidesSeaArea::FileName() const {

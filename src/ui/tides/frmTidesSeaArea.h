@@ -18,6 +18,8 @@ class frmTidesSeaArea : public Dialog {
   std::string FileName() const;
 
  private:
+  void Accept();
+
   QListWidget* list_;
 };
 

@@ -13,6 +13,9 @@
 #include "platform/polars.h"
 #include "support/hands.h"
 #include "support/sample_desk.h"
+#include "ui/charts/frmChartInfo.h"
+#include "ui/charts/frmEditChart.h"
+#include "ui/charts/frmEditXrf.h"
 #include "ui/charts/frmImportChart.h"
 #include "ui/charts/frmLoadChart.h"
 #include "ui/dialogs/Frmdisclaimer.h"
@@ -97,6 +100,16 @@ PolarRows SampleRows(const Desktop& desktop) {
   return *polars->Read(polars->SetUps()->front());
 }
 
+// The calibration beside a chart of its own.
+struct ChartBeside {
+  ChartViewer viewer;
+};
+struct InfoWithChart : ChartBeside, frmChartInfo {
+  explicit InfoWithChart(Desktop& desktop)
+      : frmChartInfo(
+            desktop, viewer, [] {}, nullptr) {}
+};
+
 const Row kRows[] = {
     {"frmcalcroute", "Route Calculation", "Cmdrteok",
      "List1 txtroutestartname txtroutestartlat txtroutestartlong txtroutedestname txtroutedestlat "
@@ -139,6 +152,23 @@ const Row kRows[] = {
     {"frmImportChart", "Import Chart", "cmdBrowse",
      "cmdBrowse txtTitle cmbArea txtScale txtKey cmdCancel",
      "txtFile lblDetails lblNotes lblAreaHint GdViewer1 cmdImport", Open<frmImportChart>},
+    {"frmChartInfo", "Calibrate Chart", "cmdOK",
+     "txtUpperLat txtTopPix txtLowerLon txtLeftPix cmdPickUpper txtLowerLat txtBottomPix "
+     "txtUpperLon txtRightPix cmdPickLower txtScale txtWidth txtHeight cmdOK cmdCancel",
+     "lblEdges lblCheck",
+     [](Desktop& desktop) -> Opened { return std::make_unique<InfoWithChart>(desktop); }},
+    {"frmEditChart", "Chart Settings", "cmdOK",
+     "cmbAreas txtSearch cmdSearch List1 txtUpperLat txtTopPix txtLowerLon txtLeftPix txtLowerLat "
+     "txtBottomPix txtUpperLon txtRightPix txtScale txtWidth txtHeight cmdAcceptChanges cmdOK",
+     "lblChartNumber GdViewer1 lblSize",
+     [](Desktop& desktop) -> Opened {
+       return std::make_unique<frmEditChart>(
+           desktop, [](const ChartChoice&) { return false; }, nullptr);
+     }},
+    {"frmEditXrf", "Sea Area Index", "cmdOK",
+     "lstAreas List1 txtChartNo txtChartName txtChartScale txtUpperLat txtLowerLat txtLowerLon "
+     "txtUpperLon cmdInsert cmdModify cmdDelete cmdOK",
+     "", Open<frmEditXrf>},
     {"frmQuickInstructions", "Quick Instructions", "cmdOK", "txtInstructions cmdOK", "",
      Open<frmQuickInstructions>},
     {"frmConfigure", "General Settings", "cmdOK",

@@ -115,6 +115,8 @@ TEST_F(TideFormTest, KeepsPortAndAreaInTheSettings) {
   EXPECT_EQ(Trim(stored.tide_port_name), "Calais");
   EXPECT_EQ(program.config.tide_port_number, 1);
   EXPECT_EQ(ListTideAreas(program.folders), (std::vector<std::string>{"France.hc", "UK.hc"}));
+  for (const char* name : {"UK.hc", "UK.HC"}) EXPECT_EQ(TideAreaRefusal(name), nullptr) << name;
+  EXPECT_STREQ(TideAreaRefusal("UK.Hc"), "Problem with the area file name");
 }
 
 TEST_F(TideFormTest, TheDepthAtThePlaceStandsBelowEachWater) {

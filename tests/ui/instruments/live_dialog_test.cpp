@@ -1,4 +1,4 @@
-#include "ui/instruments/live_dialog.h"
+#include "ui/widgets/live_dialog.h"
 
 #include "support/hands.h"
 #include "support/sample_desk.h"

@@ -314,6 +314,11 @@ TEST_F(TideWindow, AnotherAreaOpensItsFirstPortAndAsksWhich) {
   std::string first;
   testing::WithNextDialog([&](QDialog& dialog) {
     EXPECT_EQ(dialog.objectName(), "frmTidesSeaArea");
+    testing::Find<QListWidget>(dialog, "lstAreas")->setCurrentRow(-1);
+    messages.Expect("Select a file by clicking a name in the list, followed by the OK button",
+                    MessageIcon::kWarning);
+    testing::Click(dialog, "cmdOK");
+    EXPECT_TRUE(dialog.isVisible());
     testing::ClickRow(dialog, "lstAreas", testing::RowOfText(dialog, "lstAreas", "Few.hc"));
     testing::WithNextDialog([&](QDialog& names) {
       EXPECT_EQ(testing::Find<QListWidget>(names, "lstPorts")->count(), 2);

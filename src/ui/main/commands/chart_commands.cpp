@@ -1,4 +1,5 @@
 
+#include "charts/chart_tools.h"
 #include "ui/main/chart_controller.h"
 #include "ui/main/chart_mouse.h"
 #include "ui/main/commands/command.h"
@@ -16,11 +17,21 @@ void Zoom(Context& c) {
   c.chart.ZoomTo(Percent / 100.0);
 }
 
+// With the tools shown the key also copies the list of the charts there.
+void LargerScaleByKey(Context& c) {
+  if (c.view.tools_shown && c.chart.HasPlaces()) {
+    ChartsAtPoint(c.view.cursor, c.program.charts);
+    const std::string charts = ChartListText(c.program.charts.at_point);
+    if (!charts.empty()) c.desktop.clipboard.SetText(charts);
+  }
+  c.chart.LargerScale();
+}
+
 constexpr Command kCommands[] = {
     {"mnuSelectChartVisually", "Change Chart", "openchart", "Choose another chart from the list",
      "", kNoNeed, [](Context& c) { c.chart.Choose(); }},
     {"keyLargerScale", "Larger Scale", "", "The most detailed chart at the cursor", "=", kNoNeed,
-     [](Context& c) { c.chart.LargerScale(); }},
+     LargerScaleByKey},
     {"keySmallerScale", "Smaller Scale", "", "Back to the chart before, or a smaller scale", "-",
      kNoNeed, [](Context& c) { c.chart.SmallerScale(); }},
     {"mnuPUZoomToChart", "Zoom to &Larger Scale Chart", "", "The most detailed chart here", "=",

@@ -5,10 +5,10 @@ namespace skerrow {
 std::vector<const Command*> AllCommands() {
   std::vector<const Command*> all;
   for (const std::span<const Command> rows :
-       {FileCommands(), ChartCommands(), ChartImportCommands(), RouteCommands(), TimeCommands(),
-        WaypointCommands(), ViewCommands(), TideCommands(), StreamCommands(), DriftCommands(),
-        WindCommands(), GpsCommands(), AisCommands(), TrackCommands(), ExchangeCommands(),
-        HelpCommands(), LaterCommands()}) {
+       {FileCommands(), ChartCommands(), ChartImportCommands(), ChartToolCommands(),
+        RouteCommands(), TimeCommands(), WaypointCommands(), ViewCommands(), TideCommands(),
+        StreamCommands(), DriftCommands(), WindCommands(), GpsCommands(), AisCommands(),
+        TrackCommands(), ExchangeCommands(), HelpCommands(), LaterCommands()}) {
     for (const Command& command : rows) all.push_back(&command);
   }
   return all;

@@ -62,6 +62,7 @@ struct Command {
 std::span<const Command> FileCommands();
 std::span<const Command> ChartCommands();
 std::span<const Command> ChartImportCommands();
+std::span<const Command> ChartToolCommands();
 std::span<const Command> RouteCommands();
 std::span<const Command> TimeCommands();
 std::span<const Command> WaypointCommands();

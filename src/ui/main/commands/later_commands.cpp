@@ -17,13 +17,6 @@ constexpr Command kCommands[] = {
     {"mnuFileCOGExport", "&Course Over Ground as Text", "", "", ""},
     {"mnutxtRouteImport", "&Routes from Text", "", "", ""},
     {"mnutxtWayImport", "Wa&ypoints from Text", "", "", ""},
-    {"keyChartInfo", "Calibrate Chart", "", "", "C", kNeedsTools},
-    {"mnuChartEdit", "Chart &Settings", "", "", "", kNeedsTools},
-    {"mnuXrfEdit", "Sea Area &Index", "", "", ""},
-    {"mnuChartBoundaries", "Chart &Boundaries", "", "", ""},
-    {"keyLoadDiamonds", "Load Diamonds", "", "", "F8", kNeedsTools},
-    {"keyNextDiamond", "Next Diamond", "", "", "F11", kNeedsTools},
-    {"keyKeepDiamond", "Keep Diamond", "", "", "F12", kNeedsTools},
 };
 
 }  // namespace

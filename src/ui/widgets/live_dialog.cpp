@@ -1,4 +1,4 @@
-#include "ui/instruments/live_dialog.h"
+#include "ui/widgets/live_dialog.h"
 
 #include <QScreen>
 #include <QShowEvent>

@@ -2,13 +2,14 @@
 
 #include <QLabel>
 #include <QTimer>
+#include <utility>
 
 #include "ui/widgets/dialog.h"
 
 namespace skerrow {
 
-// A dialog over what the instruments tell: it stands beside the chart and follows while it is
-// shown.
+// A dialog over what changes by itself, as the instruments do: it stands beside the chart and
+// follows while it is shown.
 class LiveDialog : public Dialog {
   Q_OBJECT
 
@@ -32,12 +33,13 @@ class LiveDialog : public Dialog {
   bool placed_ = false;
 };
 
-// Shows the dialog of a kind beside the chart, the one that is open or a new one.
-template <typename Form>
-void ShowBeside(Desktop& desktop, QWidget& window) {
+// Shows the dialog of a kind beside the chart, the one that is open or a new one that is made of
+// `arguments` besides.
+template <typename Form, typename... Arguments>
+void ShowBeside(Desktop& desktop, QWidget& window, Arguments&&... arguments) {
   auto* form = window.findChild<Form*>();
   if (form == nullptr) {
-    form = new Form(desktop, &window);
+    form = new Form(desktop, std::forward<Arguments>(arguments)..., &window);
     form->setAttribute(Qt::WA_DeleteOnClose);
   }
   form->show();
