@@ -408,8 +408,8 @@ Status GdalChartSource::WorkOut(std::int64_t max_pixels) {
   if (!bands) return bands.error();
   layers_ = std::move(bands.value());
   notes_.clear();
-  placement_ = PlacementOf(dataset_.get(), header_, notes_);
-  cutline_ = CutlineOf(dataset_.get(), placement_, header_);
+  placement_ = PlacementOf(dataset_.get(), notes_);
+  cutline_ = CutlineOf(dataset_.get(), placement_);
   const double width = GDALGetRasterXSize(dataset_.get());
   const double height = GDALGetRasterYSize(dataset_.get());
   Box box{0.0, 0.0, width, height};
@@ -462,11 +462,24 @@ std::string FirstOf(const std::string& text, std::size_t bytes) {
   return Trim(FromAnsi(ansi));
 }
 
+// The sheet of a chart by the shift of its header, which the library passes over: the edges move by
+// so many seconds, and everything between them with them.
+ChartSheet OnWgs84(ChartSheet sheet, const ChartHeader& header) {
+  const auto moved = [](float degrees, double seconds) {
+    return static_cast<float>(degrees + seconds / 3600.0);
+  };
+  sheet.top_lat = moved(sheet.top_lat, header.shift_north);
+  sheet.bottom_lat = moved(sheet.bottom_lat, header.shift_north);
+  sheet.west_lon = moved(sheet.west_lon, header.shift_east);
+  sheet.east_lon = moved(sheet.east_lon, header.shift_east);
+  return sheet;
+}
+
 void GdalChartSource::TellInfo() {
   ChartSourceInfo& info = info_;
   info.kind = KindOf(dataset_.get());
   info.placed = placement_.placed;
-  info.sheet = plan_.sheet;
+  info.sheet = OnWgs84(plan_.sheet, header_);
   info.notes = notes_;
   const char* name =
       info.kind == "MBTiles" ? GDALGetMetadataItem(dataset_.get(), "name", nullptr) : nullptr;
@@ -475,8 +488,8 @@ void GdalChartSource::TellInfo() {
   constexpr std::size_t kLongestTitle = 64;
   info.title = FirstOf(title, kLongestTitle);
   if (info.placed) {
-    info.bounds = {plan_.sheet.bottom_lat, plan_.sheet.west_lon, plan_.sheet.top_lat,
-                   plan_.sheet.east_lon};
+    info.bounds = {info.sheet.bottom_lat, info.sheet.west_lon, info.sheet.top_lat,
+                   info.sheet.east_lon};
     const double middle = (info.bounds.south + info.bounds.north) / 2.0;
     info.scale =
         TwoDigits(plan_.to[1] * std::cos(middle * M_PI / 180.0) / plan_.reduction / kMetresOfPaper);

@@ -86,17 +86,13 @@ Straight LayStraight(std::vector<GDAL_GCP> points, OGRSpatialReferenceH from, in
 // Places a source by its reference points. A straight rule in the plane of the chart is what its
 // maker had; one laid through latitudes and longitudes would be off in the middle by the curve of
 // the Mercator scale.
-Placement PlaceByPoints(void* dataset, const ChartHeader& header) {
+Placement PlaceByPoints(void* dataset) {
   Placement placement;
   std::vector<GDAL_GCP> points(GDALGetGCPs(dataset),
                                GDALGetGCPs(dataset) + GDALGetGCPCount(dataset));
   OGRSpatialReferenceH told = GDALGetGCPSpatialRef(dataset);
   Handle system = told != nullptr ? CopyOf(told) : SystemOf(4326);
   if (system == nullptr) return placement;
-  for (GDAL_GCP& point : points) {
-    point.dfGCPX += header.shift_east / 3600.0;
-    point.dfGCPY += header.shift_north / 3600.0;
-  }
   placement.placed = true;
   for (const int epsg : {3395, 4326}) {
     Straight rule = LayStraight(points, system.get(), epsg);
@@ -302,8 +298,8 @@ std::optional<Plan> AlignedPlan(const Placement& placement, const Handle& transf
 
 }  // namespace
 
-Placement PlacementOf(void* dataset, const ChartHeader& header, std::vector<std::string>& notes) {
-  if (GDALGetGCPCount(dataset) >= 3) return PlaceByPoints(dataset, header);
+Placement PlacementOf(void* dataset, std::vector<std::string>& notes) {
+  if (GDALGetGCPCount(dataset) >= 3) return PlaceByPoints(dataset);
   Placement placement;
   Affine affine{};
   if (GDALGetGeoTransform(dataset, affine.data()) != CE_None) return placement;
@@ -350,7 +346,7 @@ Handle MakeTransformer(const Placement& placement, const Affine& to) {
       placement.system.get(), placement.affine.data(), mercator.get(), to.data(), nullptr));
 }
 
-std::vector<Point> CutlineOf(void* dataset, const Placement& placement, const ChartHeader& header) {
+std::vector<Point> CutlineOf(void* dataset, const Placement& placement) {
   const char* text = GDALGetMetadataItem(dataset, "BSB_CUTLINE", nullptr);
   if (text == nullptr || !placement.placed) return {};
   OGRGeometryH made = nullptr;
@@ -362,10 +358,9 @@ std::vector<Point> CutlineOf(void* dataset, const Placement& placement, const Ch
   OGRGeometryH ring = OGR_G_GetGeometryRef(told.get(), 0);
   std::vector<Point> corners;
   for (int i = 0; i < OGR_G_GetPointCount(ring); ++i) {
-    const double latitude = OGR_G_GetY(ring, i) + header.shift_north / 3600.0;
+    const double latitude = OGR_G_GetY(ring, i);
     if (std::fabs(latitude) > kHighestLatitude) return {};
-    corners.push_back({(OGR_G_GetX(ring, i) + header.shift_east / 3600.0) / kDegreesPerMetre,
-                       MetresOf(latitude)});
+    corners.push_back({OGR_G_GetX(ring, i) / kDegreesPerMetre, MetresOf(latitude)});
   }
   // Its sides are straight on the chart's paper, and so between pixels.
   std::vector<Point> pixels;

@@ -9,7 +9,6 @@
 
 #include "core/chart_source.h"
 #include "core/result.h"
-#include "platform/chart_header.h"
 
 // Where the pixels of a chart's file lie, and the sheet that is to be made of them. Objects of the
 // library of formats go by handles here; `dataset` is an open file of it.
@@ -52,7 +51,7 @@ struct Placement {
 };
 
 // Finds the place that a file tells; what the user should know of it goes to `notes`.
-Placement PlacementOf(void* dataset, const ChartHeader& header, std::vector<std::string>& notes);
+Placement PlacementOf(void* dataset, std::vector<std::string>& notes);
 
 // From pixels of the source to those of a picture that `to` lays on the Mercator plane, or on the
 // plane of the pixels for a plain scan. Null when the projection is not known.
@@ -60,7 +59,7 @@ Handle MakeTransformer(const Placement& placement, const Affine& to);
 
 // The ring of the part of a source that is chart and not collar, in its pixels; empty for all of
 // it.
-std::vector<Point> CutlineOf(void* dataset, const Placement& placement, const ChartHeader& header);
+std::vector<Point> CutlineOf(void* dataset, const Placement& placement);
 
 // How a source becomes a sheet.
 struct Plan {

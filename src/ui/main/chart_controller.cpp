@@ -145,24 +145,11 @@ void ChartController::ForgetRemoved(const std::vector<std::string>& there) {
   }
 }
 
-void ChartController::ReloadIndex() {
-  Program& program = desktop_.program;
-  const Status read =
-      LoadChartIndex(program.folders, program.config, program.charts, desktop_.messages);
-  if (!read) desktop_.messages.Show(read.error().Text(), MessageIcon::kWarning);
-}
-
 void ChartController::ShowWhole(const std::string& sea_area, const std::string& chart_key) {
-  Program& program = desktop_.program;
-  SaveView();
-  const ChartChoice choice = {sea_area, chart_key, program.config.chart_scale_choice};
-  const auto open = [&](AppConfig& config, ChartState& charts) {
-    return ChooseChart(program.folders, choice, config, charts);
-  };
-  if (!ChangeChart(program, desktop_.messages, open, Show())) return;
-  ReloadIndex();
+  const float filter = desktop_.program.config.chart_scale_choice;
+  if (!OpenChosen({sea_area, chart_key, filter})) return;
+  ReadIndexAgain();
   viewer_.ZoomToRect({0, 0, viewer_.image_width(), viewer_.image_height()});
-  Remember(Trim(program.config.chart_path) + ".cht");
 }
 
 void ChartController::Choose() {
@@ -186,8 +173,8 @@ void ChartController::Choose() {
   };
   const bool changed = ChangeChart(desktop_.program, desktop_.messages, open, Show());
   ForgetRemoved(there);
-  ReloadIndex();
-  if (!changed) return desktop_.window.Changed(kSettingsChanged);
+  ReadIndexAgain();
+  if (!changed) return;
   if (had_place && HasPlaces() && OnChart(middle)) {
     viewer_.SetZoom(std::clamp(ground_scale / View().pixels_per_degree, kFarthestZoom,
                                static_cast<double>(kLargestZoom)));
