@@ -83,8 +83,8 @@ void PicturePreview::Set(const RgbPicture& picture) {
   pixmap_ = {};
   note_.clear();
   if (picture.width > 0 && picture.height > 0) {
-    const QImage image(picture.pixels.data(), picture.width, picture.height, 3 * picture.width,
-                       QImage::Format_RGB888);
+    const QImage image(picture.pixels.data(), picture.width, picture.height,
+                       qsizetype{3} * picture.width, QImage::Format_RGB888);
     pixmap_ = QPixmap::fromImage(image);
   }
   update();
