@@ -202,13 +202,16 @@ Status OpenPreviousChart(const Folders& folders, AppConfig& config, ChartState& 
 }
 
 std::string IssueMark(float issue) {
-  if (!std::isfinite(issue)) issue = 0.0F;
+  if (!std::isfinite(issue) || issue == 0.0F) return "";
   const double whole = WholePartDown(issue);
   const auto rest = static_cast<float>((issue - whole) * 10000.0);
   return std::to_string(RoundToInteger(whole)) + "/" + std::to_string(RoundToInteger(rest));
 }
 
-std::string ChartIssueText(float issue) { return "Chart issued " + IssueMark(issue); }
+std::string ChartIssueText(float issue) {
+  const std::string mark = IssueMark(issue);
+  return mark.empty() ? "" : "Chart issued " + mark;
+}
 
 std::string ChartTitleOf(const ChartState& state, std::string_view chart_path) {
   const std::string path = ToLowerAscii(chart_path);

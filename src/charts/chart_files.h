@@ -196,7 +196,8 @@ Status OpenChart(const Folders& folders, std::string_view chart_path, AppConfig&
 // text: the history is empty.
 Status OpenPreviousChart(const Folders& folders, AppConfig& config, ChartState& state);
 
-// "5/1200" from the issue mark 5.12, and "Chart issued 5/1200".
+// "5/1200" from the issue mark 5.12, and "Chart issued 5/1200"; both empty for a chart without a
+// mark, as those are that a skipper brings in: 0, or no number.
 std::string IssueMark(float issue);
 std::string ChartIssueText(float issue);
 

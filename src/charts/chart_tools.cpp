@@ -104,12 +104,11 @@ bool Fits(const std::string& text, std::size_t size) {
   return bytes.size() <= size && FromAnsi(bytes) == text;
 }
 
-// The issue mark of a chart as its file has it; none where it is 0, as that of an own chart.
+// The issue mark of a chart as its file has it.
 std::string IssueOf(const Folders& folders, std::string_view chart_key) {
   const Result<std::optional<ChartFileRecord>> chart =
       ReadCalibration(folders, ChartPathOf(folders, chart_key), Calibration::kWorking);
-  if (!chart || !chart.value() || chart.value()->issue == 0.0F) return "";
-  return IssueMark(chart.value()->issue);
+  return chart && chart.value() ? IssueMark(chart.value()->issue) : "";
 }
 
 // A field of a comma-separated line (RFC 4180).

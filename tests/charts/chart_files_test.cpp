@@ -66,12 +66,12 @@ TEST_F(ChartFilesTest, WorksTheCalibrationOut) {
 
 // The fraction counts in ten-thousandths, as near as a single holds it.
 TEST(ChartIssue, WholePartAndFraction) {
-  const std::pair<float, const char*> rows[] = {{5.12F, "5/1200"}, {12.2003F, "12/2003"},
-                                                {0.5F, "0/5000"},  {7.0F, "7/0"},
-                                                {NAN, "0/0"},      {1.00004F, "1/0"}};
+  const std::pair<float, const char*> rows[] = {
+      {5.12F, "5/1200"}, {12.2003F, "12/2003"}, {0.5F, "0/5000"}, {7.0F, "7/0"}, {1.00004F, "1/0"}};
   for (const auto& [issue, text] : rows) {
     EXPECT_EQ(ChartIssueText(issue), std::string("Chart issued ") + text);
   }
+  EXPECT_EQ(ChartIssueText(0.0F) + ChartIssueText(NAN), "");
 }
 
 TEST_F(ChartFilesTest, PlacesOfTheFields) {
