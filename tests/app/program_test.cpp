@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "cli/command_line.h"
 #include "core/record.h"
 #include "instruments/sentences.h"

@@ -1,5 +1,6 @@
 // "chart bounds" and "chart calibrate", by the real program on a copy of the sample installation.
 
+#include <algorithm>
 #include <filesystem>
 
 #include "cli/command_line.h"

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 
 #include "cli/command_line.h"

@@ -1,5 +1,6 @@
 // The commands "ports", "listen" and "upload --device", by the real program.
 
+#include <algorithm>
 #include <future>
 
 #include "cli/command_line.h"

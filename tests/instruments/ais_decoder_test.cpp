@@ -1,5 +1,6 @@
 #include "instruments/ais_decoder.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 #include "instruments/serial_link.h"
 
+#include <algorithm>
 #include <deque>
 #include <gtest/gtest.h>
 #include <map>

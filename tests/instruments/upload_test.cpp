@@ -1,5 +1,6 @@
 #include "instruments/upload.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "instruments/sentences.h"

@@ -1,5 +1,6 @@
 #include "platform/chart_import.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cpl_conv.h>

@@ -1,5 +1,6 @@
 #include "platform/serial.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "instruments/nmea_sentences.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>

@@ -1,6 +1,7 @@
 // The harmonic stations of the sample area were worked out from the export of its diamonds over
 // March 2026: diamond, export, constants, stream.
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 

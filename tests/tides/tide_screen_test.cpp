@@ -1,5 +1,6 @@
 #include "tides/tide_screen.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>

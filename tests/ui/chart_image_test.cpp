@@ -1,5 +1,6 @@
 #include "ui/viewer/chart_image.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>

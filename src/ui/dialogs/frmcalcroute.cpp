@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QTimer>
+#include <algorithm>
 
 #include "core/numbers.h"
 #include "passage/wind_on_route.h"

@@ -2,6 +2,7 @@
 
 #include <QFormLayout>
 #include <QStyle>
+#include <algorithm>
 
 #include "core/date_order.h"
 #include "ui/forms/calc_route_form.h"

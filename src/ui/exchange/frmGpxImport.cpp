@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QShortcut>
+#include <algorithm>
 
 #include "platform/gpx_reader.h"
 #include "routes/route.h"

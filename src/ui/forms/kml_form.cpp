@@ -1,5 +1,7 @@
 #include "ui/forms/kml_form.h"
 
+#include <algorithm>
+
 #include "core/calendar.h"
 #include "core/numbers.h"
 #include "core/text.h"

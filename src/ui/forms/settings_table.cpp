@@ -1,5 +1,6 @@
 #include "ui/forms/settings_table.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/numbers.h"

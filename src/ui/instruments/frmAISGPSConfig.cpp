@@ -3,6 +3,7 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <algorithm>
 
 #include "instruments/serial_link.h"
 #include "ui/forms/link_form.h"

@@ -2,6 +2,7 @@
 
 #include <QFormLayout>
 #include <QGroupBox>
+#include <algorithm>
 
 #include "instruments/log.h"
 #include "instruments/plot_file.h"

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QToolButton>
+#include <algorithm>
 #include <utility>
 
 #include "core/numbers.h"

@@ -12,6 +12,7 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QTreeView>
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,6 +1,7 @@
 // The reception from the menu to the chart, over pseudo-terminals and a server on this computer.
 
 #include <QComboBox>
+#include <algorithm>
 
 #include "instruments/nmea_sentences.h"
 #include "platform/serial.h"

@@ -1,5 +1,6 @@
 #include "ui/overlays/wind_overlays.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <set>
