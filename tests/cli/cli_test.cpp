@@ -15,10 +15,10 @@
 #include "cli/arguments.h"
 #include "cli/command_line.h"
 #include "core/config.h"
-#include "record-tables/record_tables.h"
 #include "routes/route.h"
 #include "routes/waypoint.h"
 #include "support/temp_folder.h"
+#include "tools/record-tables/record_tables.h"
 
 namespace skerrow::cli {
 namespace {

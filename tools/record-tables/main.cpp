@@ -1,6 +1,6 @@
 #include <cstdio>
 
-#include "record-tables/record_tables.h"
+#include "tools/record-tables/record_tables.h"
 
 // Prints the record tables of docs/FILES.md.
 int main() {

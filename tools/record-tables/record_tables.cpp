@@ -1,4 +1,4 @@
-#include "record-tables/record_tables.h"
+#include "tools/record-tables/record_tables.h"
 
 #include "charts/chart_files.h"
 #include "core/config.h"
