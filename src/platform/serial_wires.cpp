@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cctype>
 #include <chrono>
+#include <poll.h>
 #include <utility>
 
 namespace skerrow {
@@ -199,7 +200,7 @@ class SerialWire final : public QtWire {
     connect(&port_, &QSerialPort::readyRead, this, [this] { ReceiveAll(); });
     connect(&port_, &QSerialPort::bytesWritten, this, [this] { Send(); });
     connect(&port_, &QSerialPort::errorOccurred, this, [this](auto error) { Judge(error); });
-    connect(&look_, &QTimer::timeout, this, [this] { LookAtLines(); });
+    connect(&look_, &QTimer::timeout, this, [this] { Look(); });
   }
 
   int SetRate(int rate) override { return port_.setBaudRate(rate) ? kFine : kWrongRate; }
@@ -231,7 +232,8 @@ class SerialWire final : public QtWire {
     }
     open_ = true;
     Opened();
-    LookAtLines();
+    Look();
+    if (open_) look_.start(kLineInterval);
   }
   void Close() override {
     look_.stop();
@@ -247,9 +249,13 @@ class SerialWire final : public QtWire {
                    error != QSerialPort::WriteError)) {
       return;
     }
+    End(port_.errorString());
+  }
+
+  void End(const QString& reason) {
     open_ = false;
     ReceiveRest();
-    Die(kSystemError, port_.errorString());
+    Die(kSystemError, reason);
   }
 
   // What came before the end.
@@ -257,26 +263,32 @@ class SerialWire final : public QtWire {
     while (port_.bytesAvailable() > 0) Receive(port_.read(kReadAtOnce));
   }
 
-  void LookAtLines() {
-    if (!open_) return;
+  // A device that is pulled out hangs up. Not every version of the toolkit tells that as an error.
+  bool HungUp() {
+    pollfd device{port_.handle(), 0, 0};
+    return poll(&device, 1, 0) > 0 && (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+  }
+
+  void Look() {
+    if (open_ && HungUp()) End(QStringLiteral("The device has gone"));
+    if (!open_ || !has_lines_) return;
     port_.clearError();
     const QSerialPort::PinoutSignals pins = port_.pinoutSignals();
-    if (port_.error() != QSerialPort::NoError) return;  // a device without lines
+    has_lines_ = port_.error() == QSerialPort::NoError;
+    if (!has_lines_) return;
     using P = QSerialPort;
     constexpr std::array<P::PinoutSignal, kLines> kPins = {
         P::DataCarrierDetectSignal, P::DataSetReadySignal,      P::ClearToSendSignal,
         P::RingIndicatorSignal,     P::DataTerminalReadySignal, P::RequestToSendSignal};
-    {
-      const std::lock_guard lock(state_.mutex);
-      for (std::size_t i = 0; i < kLines; ++i) state_.lines[i] = pins.testFlag(kPins[i]);
-    }
-    look_.start(kLineInterval);
+    const std::lock_guard lock(state_.mutex);
+    for (std::size_t i = 0; i < kLines; ++i) state_.lines[i] = pins.testFlag(kPins[i]);
   }
 
   QString path_;
   QSerialPort port_{this};
   QTimer look_{this};
   bool open_ = false;
+  bool has_lines_ = true;  // until the device says otherwise
 };
 
 class TcpWire final : public QtWire {
