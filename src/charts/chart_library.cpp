@@ -5,6 +5,7 @@
 #include <cmath>
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <system_error>
 
 #include "core/data_files.h"
@@ -123,6 +124,25 @@ std::string KnownArea(const Folders& folders, const std::string& area) {
   return area;
 }
 
+// The keys of all charts, of the program and the user, in lower case: those of the files and of the
+// entries.
+std::set<std::string> TakenKeys(const Folders& folders) {
+  std::set<std::string> taken;
+  for (const std::string_view ending : kEndings) {
+    for (const std::string& name : ListData(folders, kCharts, ending)) {
+      taken.insert(ToLowerAscii(Trim(name.substr(0, name.size() - ending.size()))));
+    }
+  }
+  for (const std::string& area : SeaAreas(folders)) {
+    const auto index = ReadRecords(AreaIndexFile(folders, area), kChartIndexFields);
+    if (!index) continue;
+    for (const auto& entry : index->records) {
+      if (entry) taken.insert(ToLowerAscii(Trim(entry->chart_key)));
+    }
+  }
+  return taken;
+}
+
 // Files that go again unless they are kept.
 class MadeFiles {
  public:
@@ -160,25 +180,14 @@ Status CheckChartTitle(std::string_view title) {
 }
 
 bool ChartKeyTaken(const Folders& folders, std::string_view key) {
-  for (const std::string_view ending : kEndings) {
-    for (const std::string& name : ListData(folders, kCharts, ending)) {
-      if (SameKey(name.substr(0, name.size() - ending.size()), key)) return true;
-    }
-  }
-  for (const std::string& area : SeaAreas(folders)) {
-    const auto index = ReadRecords(AreaIndexFile(folders, area), kChartIndexFields);
-    if (!index) continue;
-    for (const auto& entry : index->records) {
-      if (entry && SameKey(entry->chart_key, key)) return true;
-    }
-  }
-  return false;
+  return TakenKeys(folders).contains(ToLowerAscii(Trim(key)));
 }
 
 std::string FreeChartKey(const Folders& folders) {
+  const std::set<std::string> taken = TakenKeys(folders);
   for (int number = 1001; number < 10000; ++number) {
     std::string key = std::to_string(number) + "-1";
-    if (!ChartKeyTaken(folders, key)) return key;
+    if (!taken.contains(key)) return key;
   }
   return "";
 }

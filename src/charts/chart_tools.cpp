@@ -250,8 +250,11 @@ Status SetIndexScale(const Folders& folders, IndexList& list, std::size_t row, f
 
 std::optional<StrayEntry> FindStrayEntry(const Folders& folders, std::string_view chart_key,
                                          const ChartRecord& chart) {
-  const ChartView view = MakeChartView(chart, static_cast<std::int32_t>(chart.file.width),
-                                       static_cast<std::int32_t>(chart.file.height));
+  // A size that was typed may be beyond any picture's.
+  const auto pixels = [](float size) {
+    return static_cast<std::int32_t>(std::clamp(size, 1.0F, 1.0e9F));
+  };
+  const ChartView view = MakeChartView(chart, pixels(chart.file.width), pixels(chart.file.height));
   const auto [south, north] =
       std::minmax({view.RowToLat(0.0), view.RowToLat(static_cast<double>(chart.file.height))});
   const auto [west, east] = std::minmax({chart.west_lon, chart.east_lon});
