@@ -8,6 +8,7 @@
 
 #include "charts/chart_library.h"
 #include "charts/chart_view.h"
+#include "core/csv.h"
 #include "core/data_files.h"
 #include "core/files.h"
 #include "core/numbers.h"
@@ -109,12 +110,6 @@ std::string IssueOf(const Folders& folders, std::string_view chart_key) {
   const Result<std::optional<ChartFileRecord>> chart =
       ReadCalibration(folders, ChartPathOf(folders, chart_key), Calibration::kWorking);
   return chart && chart.value() ? IssueMark(chart.value()->issue) : "";
-}
-
-// A field of a comma-separated line (RFC 4180).
-std::string Quoted(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-  return '"' + ReplaceAll(text, "\"", "\"\"") + '"';
 }
 
 }  // namespace
@@ -317,7 +312,7 @@ std::string CatalogueText(const std::vector<CatalogueLine>& lines) {
   for (const CatalogueLine& line : lines) {
     for (const std::string* field : {&line.number, &line.panel, &line.title, &line.provider,
                                      &line.format, &line.issue, &line.sheet}) {
-      text.append(Quoted(*field)).append(",");
+      text.append(CsvField(*field)).append(",");
     }
     for (const float border : {line.lower_lat, line.lower_lon, line.upper_lat}) {
       text.append(FormatFixed(border, 1, 5)).append(",");

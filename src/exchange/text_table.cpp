@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "core/calendar.h"
+#include "core/csv.h"
 #include "core/numbers.h"
 #include "core/plane_sailing.h"
 #include "core/position.h"
@@ -22,15 +23,6 @@ constexpr std::string_view kPlaceHeadings =
 constexpr float kSamePlaceDegrees = 0.0004F;
 
 // ---- Writing
-
-// A field, in quotation marks where it could be taken for something else.
-std::string Field(std::string_view text) {
-  const bool blanks = !text.empty() && (text.front() == ' ' || text.back() == ' ');
-  if (!blanks && text.find_first_of("\",;\t\r\n") == std::string_view::npos) {
-    return std::string(text);
-  }
-  return "\"" + ReplaceAll(std::string(text), "\"", "\"\"") + "\"";
-}
 
 std::string Place(Position place) {
   std::string text = ExactText(place.latitude);
@@ -451,7 +443,7 @@ constexpr const char* kNoLines = "it has no points";
 std::string RouteTable(std::span<const RouteRecord> records) {
   std::string table = "Name," + std::string(kPlaceHeadings) + ",Speed (kn)\r\n";
   for (const RouteRecord& record : records) {
-    table.append(Field(record.name)).append(",");
+    table.append(CsvField(record.name)).append(",");
     table.append(Place({record.latitude, record.longitude})).append(",");
     table.append(ExactText(record.speed)).append("\r\n");
   }
@@ -461,7 +453,7 @@ std::string RouteTable(std::span<const RouteRecord> records) {
 std::string WaypointTable(std::span<const Waypoint> waypoints) {
   std::string table = "Name," + std::string(kPlaceHeadings) + "\r\n";
   for (const Waypoint& waypoint : waypoints) {
-    table.append(Field(waypoint.name)).append(",").append(Place(waypoint.At())).append("\r\n");
+    table.append(CsvField(waypoint.name)).append(",").append(Place(waypoint.At())).append("\r\n");
   }
   return table;
 }
@@ -517,7 +509,7 @@ std::string CourseTable(const PassageState& passage) {
                                   step.rate,
                                   step.direction};
     for (const std::string& field : fields) table.append(field).append(",");
-    table.append(Field(step.diamond)).append("\r\n");
+    table.append(CsvField(step.diamond)).append("\r\n");
   }
   return table;
 }

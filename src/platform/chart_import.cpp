@@ -185,6 +185,7 @@ Result<ColourBands> LayersOf(GDALDatasetH dataset, const std::string& path) {
   if (!bands.palette.empty()) bands.colours = Colours::kPalette;
   return bands;
 }
+
 // The sheet as a dataset of the library, for its encoders.
 class SheetDataset final : public GDALDataset {
  public:
@@ -252,6 +253,7 @@ class SheetDataset final : public GDALDataset {
   StripReader* reader_;
   std::function<void(int band, int y, const std::uint8_t*)> seen_;
 };
+
 // Stops at the first step that is refused, and knows it.
 class Watched final : public Progress {
  public:

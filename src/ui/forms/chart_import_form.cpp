@@ -59,18 +59,6 @@ std::string NewAreaHint(const Folders& folders, std::string_view area) {
   return "A new sea area. It has no tidal streams until a file of diamonds has its name.";
 }
 
-class ChartImporter::Teller final : public Progress {
- public:
-  explicit Teller(ChartImporter& importer) : importer_(importer) {}
-  bool Step(double percent) override {
-    importer_.percent_ = percent;
-    return !importer_.cancelled_;
-  }
-
- private:
-  ChartImporter& importer_;
-};
-
 ChartImporter::~ChartImporter() { Stop(); }
 
 void ChartImporter::Stop() {
@@ -80,14 +68,11 @@ void ChartImporter::Stop() {
 
 void ChartImporter::Start(std::function<void(Progress&)> work) {
   Stop();
-  cancelled_ = false;
-  percent_ = 0.0;
+  told_.Begin();
   error_.reset();
-  chart_.clear();
   working_ = true;
   thread_ = std::thread([this, work = std::move(work)] {
-    Teller teller(*this);
-    work(teller);
+    work(told_);
     working_ = false;
   });
 }
@@ -114,12 +99,8 @@ void ChartImporter::Read(std::string path) {
 void ChartImporter::Import(ImportRequest request) {
   Start([this, request = std::move(request)](Progress& progress) {
     if (source_ == nullptr) return;
-    Result<std::string> chart = ImportChart(folders_, *source_, request, progress);
-    if (chart) {
-      chart_ = std::move(chart.value());
-    } else {
-      error_ = chart.error();
-    }
+    const Result<std::string> chart = ImportChart(folders_, *source_, request, progress);
+    if (!chart) error_ = chart.error();
   });
 }
 

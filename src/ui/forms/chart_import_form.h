@@ -12,6 +12,7 @@
 #include "charts/chart_library.h"
 #include "core/chart_source.h"
 #include "core/folders.h"
+#include "core/thread_progress.h"
 
 // What the dialog that brings charts in says, and its work.
 namespace skerrow {
@@ -56,35 +57,30 @@ class ChartImporter {
   // Begins to bring the file that was read in.
   void Import(ImportRequest request);
   // Stops what is going on at its next step.
-  void Cancel() { cancelled_ = true; }
+  void Cancel() { told_.Stop(); }
 
   bool working() const { return working_; }
-  double percent() const { return percent_; }
+  double percent() const { return told_.percent(); }
 
   // What came of it, while it is not working. Without a source no file has been read.
   const ChartSource* source() const { return source_.get(); }
   const RgbPicture& preview() const { return preview_; }
   // Of the last work; its reason is kImportCancelled when the user stopped it.
   const std::optional<Error>& error() const { return error_; }
-  // The chart that was brought in, without extension; empty before.
-  const std::string& chart() const { return chart_; }
 
   // The longest side of the preview, pixels.
   static constexpr int kPreviewSide = 1000;
 
  private:
-  class Teller;
   void Start(std::function<void(Progress&)> work);
   void Stop();
 
   const Folders folders_;
-  std::atomic<bool> cancelled_ = false;
+  ThreadProgress told_;
   std::atomic<bool> working_ = false;
-  std::atomic<double> percent_ = 0.0;
   std::unique_ptr<ChartSource> source_;
   RgbPicture preview_;
   std::optional<Error> error_;
-  std::string chart_;
   std::thread thread_;
 };
 

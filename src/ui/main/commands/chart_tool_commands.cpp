@@ -11,12 +11,8 @@
 #include "ui/dialogs/save_text.h"
 #include "ui/forms/chart_tool_forms.h"
 #include "ui/main/chart_controller.h"
-#include "ui/main/chart_mouse.h"
 #include "ui/main/commands/command.h"
 #include "ui/main/context.h"
-#include "ui/main/look_controller.h"
-#include "ui/main/mob_controller.h"
-#include "ui/main/route_controller.h"
 #include "ui/main/time_controller.h"
 
 namespace skerrow {
